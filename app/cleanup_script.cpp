@@ -1,0 +1,27 @@
+#include "app/cleanup_script.h"
+
+#include <QDir>
+#include <QFile>
+
+CleanupScript LocateCleanupScript(const QString &programDir)
+{
+    const QString pattern = QStringLiteral("%1/%2");
+    const QString name = QStringLiteral("clearKTR.bat");
+    // Both texts in one call: a second call would also fill a marker within a directory's name.
+    return {pattern.arg(programDir, name), pattern.arg(QDir::tempPath(), name)};
+}
+
+void StageCleanupScript(const CleanupScript &script)
+{
+    if (QFile::exists(script.staged)) {
+        QFile::remove(script.staged);
+    }
+    QFile::copy(script.source, script.staged);
+}
+
+QString CleanupCommand(const CleanupScript &script, const QString &programDir)
+{
+    const QString parent = QDir::cleanPath(programDir + QStringLiteral("/../"));
+    return QStringLiteral("%1 \"%2\"")
+        .arg(QDir::toNativeSeparators(script.staged), QDir::toNativeSeparators(parent));
+}

@@ -1,0 +1,67 @@
+#include "app/environment.h"
+
+#include "platform/files.h"
+#include "platform/module_path.h"
+#include "platform/text.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <string>
+
+namespace {
+
+constexpr std::size_t kPathCapacity = 260;
+
+void EnterProgramDirectory()
+{
+    const std::wstring executable = platform::ExecutablePathWide(kPathCapacity);
+    const std::size_t cut = executable.rfind(platform::kNativeSeparatorWide);
+    // Deliberately without effect: what is handed over is what remains at the cut, not before it.
+    platform::ChangeDirectory(cut == std::wstring::npos ? nullptr : L"");
+
+    const QString directory =
+        QDir::toNativeSeparators(QString::fromStdWString(executable.substr(0, cut)));
+    QDir::setCurrent(directory);
+    QCoreApplication::addLibraryPath(directory);
+}
+
+void RemoveWhenNotEmpty(const char *variable)
+{
+    if (!qgetenv(variable).isEmpty()) {
+        qunsetenv(variable);
+    }
+}
+
+void ConfigureScaling()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    qputenv("QT_AUTO_SCREEN_SCALE_FACTOR", "");
+}
+
+// The software renderer loads no graphics driver, so it looks and works the same on remote desktops
+// and virtual machines, and it starts in a third of the time. A backend that is asked for by name
+// keeps its say. Nothing may stay on disk, hence no cache of compiled QML.
+void ChooseRenderer()
+{
+    if (qgetenv("QT_QUICK_BACKEND").isEmpty()) {
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+    }
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
+}
+
+} // namespace
+
+void PrepareEnvironment()
+{
+    EnterProgramDirectory();
+    RemoveWhenNotEmpty("QT_PLUGIN_PATH");
+    RemoveWhenNotEmpty("QML2_IMPORT_PATH");
+    ConfigureScaling();
+    ChooseRenderer();
+}

@@ -1,0 +1,79 @@
+#include "app/cleanup_script.h"
+#include "app/environment.h"
+#include "app/instance_guard.h"
+#include "app/language.h"
+#include "app/process_utils.h"
+#include "app/program.h"
+#include "app/window_handle_file.h"
+#include "controller/uninstall_mgr.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+#include <QResource>
+#include <QUrl>
+
+#include <cstdlib>
+
+// The telemetry library is loaded already: its binding is built before main, in every start.
+int RunProgram(int argc, char **argv)
+{
+    if (CheckAlreadyRunning()) {
+        ActivateRunningInstance();
+        return 0;
+    }
+    PrepareEnvironment();
+    QGuiApplication application(argc, argv);
+    const QString programDir = QCoreApplication::applicationDirPath();
+
+    const CleanupScript cleanupScript = LocateCleanupScript(programDir);
+    StageCleanupScript(cleanupScript);
+
+    ApplyApplicationFont();
+    QResource::registerResource(programDir + QStringLiteral("/UninstallUI.rcc"));
+
+    CUninstallMgr uninstallMgr;
+    QQmlApplicationEngine engine;
+    engine.rootContext()->setContextProperty(QStringLiteral("uninstallMgr"), &uninstallMgr);
+
+    const QString iconPath =
+        QDir::cleanPath(QStringLiteral("%1/../res/install_box.ico").arg(programDir));
+    QGuiApplication::setWindowIcon(QIcon(iconPath));
+
+    const QUrl mainUrl(QStringLiteral("qrc:/Main.qml"), QUrl::TolerantMode);
+    // Queued: the loop that this ends does not run yet when a load fails.
+    QObject::connect(
+        &engine,
+        &QQmlApplicationEngine::objectCreated,
+        &application,
+        [mainUrl](QObject *object, const QUrl &url) {
+            if (object == nullptr && url == mainUrl) {
+                QCoreApplication::exit(-1);
+            }
+        },
+        Qt::QueuedConnection);
+    engine.load(mainUrl);
+    PublishWindowHandle(engine);
+
+    QGuiApplication::exec();
+
+    // What the user interface decided counts, not the loop's result: a load that failed and a
+    // window that the system closed leave a code that launches nothing.
+    if (uninstallMgr.getExitCode() == 0) {
+        KillTelemetryHelper();
+        LaunchCleanupCommand(CleanupCommand(cleanupScript, programDir));
+    }
+    ReleaseInstanceMutex();
+    RemoveWindowHandleFile();
+    QCoreApplication::quit();
+    // Ends here, so that nothing above is destroyed: there is no orderly way out of a half-dead
+    // engine that would be worth the user's wait.
+    std::exit(0);
+}
+
+int main(int argc, char **argv)
+{
+    return RunProgram(argc, argv);
+}

@@ -1,0 +1,73 @@
+#include "app/process_utils.h"
+
+#include "platform/launch.h"
+#include "platform/module_path.h"
+#include "platform/processes.h"
+#include "platform/text.h"
+
+#include <QDir>
+
+#include <array>
+
+namespace {
+
+constexpr std::size_t kPathCapacity = 260;
+constexpr std::array<const wchar_t *, 1> kTelemetryHelpers = {L"SkyrelWrapExe.exe"};
+
+bool LiesIn(const platform::OpenedProcess &process, const std::wstring &dir)
+{
+    const auto path = process.ImagePath(kPathCapacity);
+    return path && platform::EqualsIgnoringCase(DirectoryOf(*path), dir);
+}
+
+} // namespace
+
+std::wstring DirectoryOf(const std::wstring &path)
+{
+    const wchar_t separators[] = {platform::kNativeSeparatorWide, L'/', L'\0'};
+    const std::size_t cut = path.find_last_of(separators);
+    return cut == std::wstring::npos ? std::wstring() : path.substr(0, cut);
+}
+
+std::wstring GetModuleDirW()
+{
+    return DirectoryOf(platform::ExecutablePathWide(kPathCapacity));
+}
+
+bool KillProcessInDir(const std::wstring &name, const std::wstring &dir)
+{
+    const auto processes = platform::SnapshotProcesses();
+    if (!processes) {
+        return false;
+    }
+    bool terminated = false;
+    for (const platform::ProcessEntry &entry : *processes) {
+        if (!platform::EqualsIgnoringCase(entry.imageName, name)) {
+            continue;
+        }
+        const platform::OpenedProcess process = platform::OpenedProcess::Open(entry.id);
+        if (process && LiesIn(process, dir)) {
+            process.Terminate(0);
+            terminated = true;
+        }
+    }
+    return terminated;
+}
+
+void KillTelemetryHelper()
+{
+    const std::wstring moduleDir = GetModuleDirW();
+    for (const wchar_t *imageName : kTelemetryHelpers) {
+        KillProcessInDir(imageName, moduleDir);
+    }
+}
+
+void LaunchCleanupCommand(const QString &command)
+{
+    platform::LaunchOptions options;
+    options.show = platform::ShowWindow::Hidden;
+    options.priority = platform::PriorityClass::Idle;
+    options.priorityBoost = false;
+    platform::LaunchDetached(
+        command.toLocal8Bit().toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), options);
+}

@@ -1,0 +1,63 @@
+#include "app/window_handle_file.h"
+
+#include "platform/files.h"
+#include "platform/module_path.h"
+#include "platform/text.h"
+#include "platform/window.h"
+
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+#include <QtEndian>
+
+#include <array>
+#include <fstream>
+
+namespace {
+
+constexpr std::size_t kPathCapacity = 260;
+using HandleBytes = std::array<char, sizeof(platform::WindowHandle)>;
+
+platform::WindowHandle ReadWindowHandle()
+{
+    HandleBytes bytes = {};
+    std::ifstream file(GetHwndFilePath(), std::ios::binary);
+    file.read(bytes.data(), bytes.size());
+    const bool complete = file.gcount() == static_cast<std::streamsize>(bytes.size());
+    return complete ? qFromLittleEndian<platform::WindowHandle>(bytes.data()) : 0;
+}
+
+} // namespace
+
+std::string GetHwndFilePath()
+{
+    const std::string executable = platform::ExecutablePath(kPathCapacity);
+    const std::string directory =
+        executable.substr(0, executable.rfind(platform::kNativeSeparator));
+    return directory + platform::kNativeSeparator + "hwndFile.ini";
+}
+
+void PublishWindowHandle(const QQmlApplicationEngine &engine)
+{
+    const QList<QObject *> rootObjects = engine.rootObjects();
+    if (rootObjects.isEmpty()) {
+        return;
+    }
+    auto *const window = qobject_cast<QQuickWindow *>(rootObjects.first());
+    HandleBytes bytes = {};
+    qToLittleEndian<platform::WindowHandle>(window->winId(), bytes.data());
+    std::ofstream file(GetHwndFilePath(), std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), bytes.size());
+}
+
+void ActivateRunningInstance()
+{
+    const platform::WindowHandle window = ReadWindowHandle();
+    if (window != 0 && platform::WindowExists(window)) {
+        platform::BringToFront(window);
+    }
+}
+
+void RemoveWindowHandleFile()
+{
+    platform::RemoveFile(GetHwndFilePath());
+}

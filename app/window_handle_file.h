@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <string>
+
+class QQmlApplicationEngine;
+
+/// Full path (narrow encoding) of the file through which a second start finds the running window:
+/// "hwndFile.ini" beside the executable, eight bytes, the native handle in little-endian order.
+std::string GetHwndFilePath();
+
+/// Writes the native handle of the engine's first window to the file; no file without a window.
+void PublishWindowHandle(const QQmlApplicationEngine &engine);
+
+/// Brings the window that the file names to the front. No effect when the file is missing or names
+/// no existing window; a file of fewer than eight bytes names none. Works without a Qt application.
+void ActivateRunningInstance();
+
+/// Deletes the file.
+void RemoveWindowHandleFile();

@@ -1,0 +1,35 @@
+# What every target of ours shares: warnings as errors, the source root as include path, sanitizers.
+
+if(WIN32)
+    set(KTR_PLATFORM windows)
+else()
+    set(KTR_PLATFORM posix)
+endif()
+
+function(ktr_target_defaults target)
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    # A parameter may bear the name of the member that it sets: both names are given by an interface.
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Werror
+        $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow> -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+        -Wformat=2 -Wcast-align -Wundef)
+    if(WIN32)
+        target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0A00
+            _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
+        # One file per program: no run-time DLL of the compiler beside it.
+        target_link_options(${target} PRIVATE -static)
+    endif()
+    if(KTR_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE}
+            -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE})
+    endif()
+endfunction()
+
+# Code that uses Qt, with the macros that keep its accidental costs visible.
+function(ktr_qt_target_defaults target)
+    ktr_target_defaults(${target})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS)
+endfunction()

@@ -1,0 +1,33 @@
+#include "controller/task_list.h"
+
+#include <QProcess>
+#include <QStringList>
+
+namespace {
+
+// A process object that is destroyed while its process runs complains on standard error.
+void EndQuietly(QProcess &process)
+{
+    constexpr int kKillGraceMs = 1000;
+    if (process.state() != QProcess::NotRunning) {
+        process.kill();
+        process.waitForFinished(kKillGraceMs);
+    }
+}
+
+} // namespace
+
+bool TaskListShows(const QString &imageName, const TaskListQuery &query)
+{
+    const QStringList arguments = {QStringLiteral("/NH"),
+                                   QStringLiteral("/FO"),
+                                   QStringLiteral("CSV"),
+                                   QStringLiteral("/FI"),
+                                   QStringLiteral("IMAGENAME eq %1").arg(imageName)};
+    QProcess tasklist;
+    tasklist.start(query.program, arguments, QIODevice::ReadWrite);
+    tasklist.waitForFinished(query.timeAllowedMs);
+    const QString output = QString::fromUtf8(tasklist.readAllStandardOutput());
+    EndQuietly(tasklist);
+    return output.contains(imageName, Qt::CaseSensitive);
+}

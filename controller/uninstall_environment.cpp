@@ -1,0 +1,37 @@
+#include "controller/uninstall_environment.h"
+
+#include "controller/task_list.h"
+#include "platform/window.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QProcess>
+#include <QSysInfo>
+#include <QThread>
+
+UninstallEnvironment UninstallEnvironment::System()
+{
+    UninstallEnvironment system;
+    system.isProcessRunning = [](const QString &imageName) {
+        return TaskListShows(imageName);
+    };
+    system.startDetached = [](const QString &program, const QStringList &arguments) {
+        QProcess::startDetached(program, arguments);
+    };
+    system.sleep = [](unsigned long milliseconds) {
+        QThread::msleep(milliseconds);
+    };
+    system.processEvents = [] {
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    };
+    system.kernelVersion = [] {
+        return QSysInfo::kernelVersion();
+    };
+    system.dropShadowEnabled = [] {
+        return platform::DropShadowEnabled();
+    };
+    system.openUrl = [](const QUrl &url) {
+        QDesktopServices::openUrl(url);
+    };
+    return system;
+}

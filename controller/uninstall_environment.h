@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+#include <functional>
+
+/// What the controller asks of the world around it. The program takes `System()`; a test replaces
+/// what it wants to watch.
+struct UninstallEnvironment
+{
+    /// Whether a process with this image name runs.
+    std::function<bool(const QString &imageName)> isProcessRunning;
+    /// Starts a program of its own life; a failure shows only in the task list.
+    std::function<void(const QString &program, const QStringList &arguments)> startDetached;
+    /// Sleeps on the calling thread without processing events.
+    std::function<void(unsigned long milliseconds)> sleep;
+    /// Lets the application process its pending events once.
+    std::function<void()> processEvents;
+    std::function<QString()> kernelVersion;
+    std::function<bool()> dropShadowEnabled;
+    /// Hands a link to the user's default handler.
+    std::function<void(const QUrl &url)> openUrl;
+    /// Takes one usage event; empty as long as nobody takes them.
+    std::function<void(const QString &window,
+                       const QString &activity,
+                       const QString &attribute,
+                       const QString &source)>
+        sendUsageEvent;
+
+    /// The real world.
+    static UninstallEnvironment System();
+};

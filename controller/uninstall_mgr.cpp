@@ -1,0 +1,145 @@
+#include "controller/uninstall_mgr.h"
+
+#include "controller/reason_list.h"
+#include "controller/ui_utility.h"
+#include "controller/uninstall_progress.h"
+#include "controller/window_shadow.h"
+
+#include <QDir>
+
+#include <utility>
+
+namespace {
+
+constexpr char kUninstallerName[] = "uninstall.exe";
+constexpr char kProductImageName[] = "KTRUI.exe";
+constexpr int kStartUpPolls = 25;
+constexpr unsigned long kStartUpPauseMs = 200;
+constexpr int kProgressIntervalMs = 200;
+
+} // namespace
+
+CUninstallMgr::CUninstallMgr()
+    : CUninstallMgr(UninstallEnvironment::System())
+{
+}
+
+CUninstallMgr::CUninstallMgr(UninstallEnvironment environment)
+    : environment(std::move(environment))
+{
+    connect(&progressTimer, &QTimer::timeout, this, &CUninstallMgr::slotTimeOut);
+}
+
+void CUninstallMgr::doUninstall()
+{
+    // The working directory, not the executable's: start-up has made them agree.
+    const QString uninstaller = QDir::cleanPath(
+        QStringLiteral("%1/%2").arg(QDir::currentPath(), QLatin1String(kUninstallerName)));
+    environment.startDetached(uninstaller, {QStringLiteral("/SP-"), QStringLiteral("/VERYSILENT")});
+    if (WaitForUninstaller()) {
+        progressTimer.start(kProgressIntervalMs);
+    }
+}
+
+bool CUninstallMgr::WaitForUninstaller()
+{
+    for (int poll = 0; poll < kStartUpPolls; ++poll) {
+        if (isProcessRunning(QLatin1String(kUninstallerName))) {
+            return true;
+        }
+        environment.sleep(kStartUpPauseMs);
+        environment.processEvents();
+    }
+    return false;
+}
+
+void CUninstallMgr::slotTimeOut()
+{
+    const int progress =
+        NextProgress(valProgress, isProcessRunning(QLatin1String(kUninstallerName)));
+    if (progress < kProgressEnd) {
+        setValProgress(progress);
+    } else if (progress == kProgressEnd) {
+        progressTimer.stop();
+        setValProgress(kProgressEnd);
+    }
+}
+
+QVariantList CUninstallMgr::getReasonList()
+{
+    return ShuffledReasons();
+}
+
+void CUninstallMgr::setExitCode(int exitCode)
+{
+    this->exitCode = exitCode;
+}
+
+QVariantMap CUninstallMgr::getPreferentialLink(int /*type*/)
+{
+    // Offers come from the remote configuration alone, and no client of it is built in yet.
+    return {};
+}
+
+void CUninstallMgr::openLink(const QString &strUrl)
+{
+    if (!strUrl.isEmpty()) {
+        environment.openUrl(QUrl(strUrl, QUrl::TolerantMode));
+    }
+}
+
+void CUninstallMgr::sendUserInfo(const QString &w,
+                                 const QString &a,
+                                 const QString &attr,
+                                 const QString &src)
+{
+    if (environment.sendUsageEvent) {
+        environment.sendUsageEvent(w, a, attr, src);
+    }
+}
+
+bool CUninstallMgr::isKTRRunning()
+{
+    return isProcessRunning(QLatin1String(kProductImageName));
+}
+
+bool CUninstallMgr::isProcessRunning(const QString &imageName)
+{
+    return environment.isProcessRunning(imageName);
+}
+
+int CUninstallMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
+{
+    QWindow *const window = parent != nullptr ? parent : defaultParentWindow;
+    std::unique_ptr<QEventLoop> &loop = eventLoops[window];
+    if (!loop) {
+        loop = std::make_unique<QEventLoop>();
+    }
+    if (!b) {
+        loop->exit(exitCode);
+        return -1;
+    }
+    // A running loop would refuse with the same result, but with a warning.
+    return loop->isRunning() ? -1 : loop->exec(QEventLoop::AllEvents);
+}
+
+bool CUninstallMgr::showWindowShadow()
+{
+    return KernelQualifiesForShadow(environment.kernelVersion()) && environment.dropShadowEnabled();
+}
+
+int CUninstallMgr::getExitCode() const
+{
+    return exitCode;
+}
+
+int CUninstallMgr::getValProgress() const
+{
+    return valProgress;
+}
+
+void CUninstallMgr::setValProgress(int value)
+{
+    valProgress = value;
+    Q_EMIT sigValProgressChanged();
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace platform {
+
+/// Target of the `exe` link in the open `/proc` folder of a process, without the mark that the
+/// kernel appends once the file is deleted. No value when the kernel does not tell it; `errno` is
+/// ENOENT for a process that has ended (and for a kernel thread).
+std::optional<std::string> ReadExecutableLink(int processFolder);
+
+/// Part of `path` after its last slash.
+std::string FileNameOf(const std::string &path);
+
+} // namespace platform

@@ -1,0 +1,39 @@
+#include "platform/module_path.h"
+
+#include "platform/posix/executable_link.h"
+#include "platform/posix/file_descriptor.h"
+#include "platform/posix/narrow_text.h"
+
+#include <fcntl.h>
+
+namespace platform {
+namespace {
+
+std::string OwnExecutable()
+{
+    const FileDescriptor self(::open("/proc/self", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    return self ? ReadExecutableLink(self.Get()).value_or(std::string()) : std::string();
+}
+
+/// What fits into `capacity` with a terminating zero.
+template<class Text> Text Cut(Text text, std::size_t capacity)
+{
+    if (text.size() >= capacity) {
+        text.resize(capacity == 0 ? 0 : capacity - 1);
+    }
+    return text;
+}
+
+} // namespace
+
+std::string ExecutablePath(std::size_t capacity)
+{
+    return Cut(OwnExecutable(), capacity);
+}
+
+std::wstring ExecutablePathWide(std::size_t capacity)
+{
+    return Cut(ToWide(OwnExecutable()), capacity);
+}
+
+} // namespace platform

@@ -1,0 +1,121 @@
+#include "platform/named_mutex.h"
+
+#include "platform/posix/file_descriptor.h"
+#include "platform/posix/narrow_text.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <utility>
+
+namespace platform {
+namespace {
+
+// Whatever is neither a lack of permission nor another owner. A plain `errno` would not do: its 5
+// means something else.
+constexpr std::uint32_t kErrorGeneralFailure = 31;
+
+std::string LockFilePath(const std::string &name)
+{
+    const char *const folder = std::getenv("XDG_RUNTIME_DIR");
+    const bool set = folder != nullptr && *folder != '\0';
+    return std::string(set ? folder : "/tmp") + '/' + name + ".lock";
+}
+
+/// Opens the lock file and creates it only when it is absent: in a shared folder the kernel may
+/// refuse to open somebody else's existing file with the wish to create it.
+FileDescriptor OpenLockFile(const std::string &path)
+{
+    // Not blocking, so that a pipe of that name cannot hold the start up.
+    constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
+    constexpr int kAttempts = 8; // the file may appear between the two calls
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        FileDescriptor file(::open(path.c_str(), kFlags));
+        if (file || errno != ENOENT) {
+            return file;
+        }
+        file = FileDescriptor(::open(path.c_str(), kFlags | O_CREAT | O_EXCL, kMode));
+        if (file) {
+            // Never deleted, so a strict mask must not lock other users out for good.
+            ::fchmod(file.Get(), kMode);
+            return file;
+        }
+        if (errno != EEXIST) {
+            return file;
+        }
+    }
+    return {};
+}
+
+bool LockWithoutWaiting(int file)
+{
+    int result = 0;
+    do {
+        result = ::flock(file, LOCK_EX | LOCK_NB);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+} // namespace
+
+struct NamedMutex::State
+{
+    FileDescriptor file;
+};
+
+NamedMutex::NamedMutex() = default;
+NamedMutex::NamedMutex(std::unique_ptr<State> state)
+    : state_(std::move(state))
+{
+}
+NamedMutex::NamedMutex(NamedMutex &&other) noexcept = default;
+NamedMutex &NamedMutex::operator=(NamedMutex &&other) noexcept = default;
+NamedMutex::~NamedMutex() = default;
+
+NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
+{
+    const std::string narrowName = ToNarrow(name);
+    error = kErrorGeneralFailure;
+    if (narrowName.empty() || narrowName.find('/') != std::string::npos) {
+        return {};
+    }
+    FileDescriptor file = OpenLockFile(LockFilePath(narrowName));
+    if (!file) {
+        if (errno == EACCES || errno == EPERM) {
+            error = kErrorAccessDenied;
+        }
+        return {};
+    }
+    if (LockWithoutWaiting(file.Get())) {
+        error = kErrorNone;
+    } else if (errno == EWOULDBLOCK) {
+        error = kErrorAlreadyExists;
+    } else {
+        return {};
+    }
+    auto state = std::make_unique<State>();
+    state->file = std::move(file);
+    return NamedMutex(std::move(state));
+}
+
+NamedMutex::operator bool() const
+{
+    return state_ != nullptr;
+}
+
+void NamedMutex::Release()
+{
+    // The lock stands for the mutex's existence, not for its ownership: another process finds a
+    // mutex that nobody owns until its handle is closed. Ownership as such is seen by nobody, since
+    // nobody waits for it.
+}
+
+void NamedMutex::Close()
+{
+    state_.reset();
+}
+
+} // namespace platform

@@ -1,0 +1,91 @@
+#include "platform/posix/narrow_text.h"
+
+#include <array>
+#include <climits>
+#include <clocale>
+#include <cwchar>
+
+namespace platform {
+namespace {
+
+constexpr wchar_t kEscapeBase = 0xDC00;
+constexpr wchar_t kEscapeLast = 0xDCFF;
+
+/// The environment's encoding, for the calling thread, as long as it lives. The global locale is no
+/// help: it is "C" until somebody calls `setlocale`, which is long after the first use here.
+class EnvironmentLocale
+{
+public:
+    EnvironmentLocale()
+        : previous_(::uselocale(Environment()))
+    {
+    }
+    ~EnvironmentLocale()
+    {
+        ::uselocale(previous_);
+    }
+    EnvironmentLocale(const EnvironmentLocale &) = delete;
+    EnvironmentLocale &operator=(const EnvironmentLocale &) = delete;
+    EnvironmentLocale(EnvironmentLocale &&) = delete;
+    EnvironmentLocale &operator=(EnvironmentLocale &&) = delete;
+
+private:
+    static locale_t Environment()
+    {
+        static const locale_t environment = [] {
+            const locale_t named = ::newlocale(LC_CTYPE_MASK, "", nullptr);
+            return named != nullptr ? named : ::newlocale(LC_CTYPE_MASK, "C", nullptr);
+        }();
+        return environment;
+    }
+
+    locale_t previous_;
+};
+
+} // namespace
+
+std::wstring ToWide(std::string_view bytes)
+{
+    const EnvironmentLocale locale;
+    std::wstring text;
+    text.reserve(bytes.size());
+    std::mbstate_t state{};
+    while (!bytes.empty()) {
+        wchar_t character = 0;
+        const std::size_t length = std::mbrtowc(&character, bytes.data(), bytes.size(), &state);
+        const bool broken = length > bytes.size(); // both error results are huge
+        if (broken) {
+            state = {};
+            character =
+                static_cast<wchar_t>(kEscapeBase + static_cast<unsigned char>(bytes.front()));
+        }
+        text.push_back(character);
+        bytes.remove_prefix(broken || length == 0 ? 1 : length);
+    }
+    return text;
+}
+
+std::string ToNarrow(std::wstring_view text)
+{
+    const EnvironmentLocale locale;
+    std::string bytes;
+    bytes.reserve(text.size());
+    std::mbstate_t state{};
+    for (const wchar_t character : text) {
+        std::array<char, MB_LEN_MAX> encoded{};
+        if (character >= kEscapeBase && character <= kEscapeLast) {
+            bytes.push_back(static_cast<char>(character - kEscapeBase));
+            continue;
+        }
+        const std::size_t length = std::wcrtomb(encoded.data(), character, &state);
+        if (length > encoded.size()) {
+            state = {};
+            bytes.push_back('?');
+        } else {
+            bytes.append(encoded.data(), length);
+        }
+    }
+    return bytes;
+}
+
+} // namespace platform

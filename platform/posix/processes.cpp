@@ -1,0 +1,133 @@
+#include "platform/processes.h"
+
+#include "platform/posix/executable_link.h"
+#include "platform/posix/file_descriptor.h"
+#include "platform/posix/narrow_text.h"
+
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <dirent.h>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/syscall.h>
+#include <utility>
+
+namespace platform {
+namespace {
+
+FileDescriptor OpenProcessFolder(ProcessId id)
+{
+    const std::string path = "/proc/" + std::to_string(id);
+    return FileDescriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+/// Folders of processes have a number for a name; 0 for the others.
+ProcessId ProcessIdOf(std::string_view folderName)
+{
+    ProcessId id = 0;
+    const char *const end = folderName.data() + folderName.size();
+    const auto [stop, error] = std::from_chars(folderName.data(), end, id);
+    return error == std::errc() && stop == end ? id : 0;
+}
+
+struct CloseFolder
+{
+    void operator()(DIR *folder) const
+    {
+        ::closedir(folder);
+    }
+};
+
+/// Signals the process whose `/proc` folder is open, which a re-used identifier cannot redirect.
+/// Only a kernel that does not know the call leaves the identifier as the second-best way.
+bool Signal(int processFolder, ProcessId id, int signal)
+{
+    if (::syscall(SYS_pidfd_send_signal, processFolder, signal, nullptr, 0U) == 0) {
+        return true;
+    }
+    if (errno != ENOSYS && errno != EBADF) {
+        return false;
+    }
+    return ::kill(static_cast<pid_t>(id), signal) == 0;
+}
+
+/// A process that has ended but whose parent has not asked for its status still has its folder.
+bool HasEnded(int processFolder)
+{
+    return !ReadExecutableLink(processFolder) && (errno == ENOENT || errno == ESRCH);
+}
+
+} // namespace
+
+std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
+{
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir("/proc"));
+    if (!folder) {
+        return std::nullopt;
+    }
+    std::vector<ProcessEntry> entries;
+    while (const dirent *const item = ::readdir(folder.get())) {
+        const ProcessId id = ProcessIdOf(item->d_name);
+        const FileDescriptor process = id != 0 ? OpenProcessFolder(id) : FileDescriptor();
+        const auto path = process ? ReadExecutableLink(process.Get()) : std::nullopt;
+        // No path: a kernel thread, one that has just ended, or one that we may not look at.
+        if (path) {
+            entries.push_back({id, ToWide(FileNameOf(*path))});
+        }
+    }
+    if (entries.empty()) {
+        return std::nullopt;
+    }
+    return entries;
+}
+
+struct OpenedProcess::State
+{
+    FileDescriptor folder;
+    ProcessId id;
+};
+
+OpenedProcess::OpenedProcess(std::unique_ptr<State> state)
+    : state_(std::move(state))
+{
+}
+OpenedProcess::OpenedProcess(OpenedProcess &&other) noexcept = default;
+OpenedProcess &OpenedProcess::operator=(OpenedProcess &&other) noexcept = default;
+OpenedProcess::~OpenedProcess() = default;
+
+OpenedProcess OpenedProcess::Open(ProcessId id)
+{
+    FileDescriptor folder = OpenProcessFolder(id);
+    constexpr int kOnlyAsk = 0;
+    if (!folder || HasEnded(folder.Get()) || !Signal(folder.Get(), id, kOnlyAsk)) {
+        return OpenedProcess(nullptr);
+    }
+    return OpenedProcess(std::make_unique<State>(State{std::move(folder), id}));
+}
+
+OpenedProcess::operator bool() const
+{
+    return state_ != nullptr;
+}
+
+std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const
+{
+    const auto path = state_ ? ReadExecutableLink(state_->folder.Get()) : std::nullopt;
+    if (!path) {
+        return std::nullopt;
+    }
+    std::wstring text = ToWide(*path);
+    if (text.size() >= capacity) {
+        return std::nullopt;
+    }
+    return text;
+}
+
+bool OpenedProcess::Terminate(std::uint32_t) const
+{
+    return state_ && !HasEnded(state_->folder.Get()) &&
+           Signal(state_->folder.Get(), state_->id, SIGKILL);
+}
+
+} // namespace platform

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+using ProcessId = std::uint32_t;
+
+struct ProcessEntry
+{
+    ProcessId id = 0;
+    std::wstring imageName; ///< file name of the executable, without its directory
+};
+
+/// All processes that run now, in the system's order. No value when the system gives no snapshot or
+/// the snapshot has no first entry.
+std::optional<std::vector<ProcessEntry>> SnapshotProcesses();
+
+/// A process opened with the rights to ask for its path and to end it, and no others.
+class OpenedProcess
+{
+public:
+    /// Empty when there is no such process or when it may not be opened.
+    static OpenedProcess Open(ProcessId id);
+
+    OpenedProcess(OpenedProcess &&other) noexcept;
+    OpenedProcess &operator=(OpenedProcess &&other) noexcept;
+    OpenedProcess(const OpenedProcess &) = delete;
+    OpenedProcess &operator=(const OpenedProcess &) = delete;
+    ~OpenedProcess();
+
+    explicit operator bool() const;
+
+    /// Full path of the executable. No value when the system does not tell it or when it does not
+    /// fit into `capacity` characters with its terminating zero.
+    std::optional<std::wstring> ImagePath(std::size_t capacity) const;
+
+    /// Ends the process at once with `exitCode` (which Linux cannot pass on). False on failure.
+    bool Terminate(std::uint32_t exitCode) const;
+
+private:
+    struct State;
+    explicit OpenedProcess(std::unique_ptr<State> state);
+    std::unique_ptr<State> state_;
+};
+
+} // namespace platform

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+
+/// Text primitives that differ between systems.
+namespace platform {
+
+/// The separator at which the system's own paths are cut and joined.
+extern const char kNativeSeparator;
+extern const wchar_t kNativeSeparatorWide;
+
+/// Whether both texts are equal when the case of letters is ignored (`_wcsicmp`). Any thread.
+bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right);
+
+} // namespace platform

@@ -1,0 +1,34 @@
+#include "platform/module_path.h"
+
+#include <windows.h>
+
+namespace platform {
+namespace {
+
+/// Reads into a zero-filled buffer and takes what stands before the first zero: the call itself may
+/// fill the buffer to its last place.
+template<class Text, class Read> Text ReadBounded(std::size_t capacity, Read read)
+{
+    if (capacity == 0) {
+        return {};
+    }
+    Text buffer(capacity, 0);
+    read(nullptr, buffer.data(), static_cast<DWORD>(capacity));
+    buffer.back() = 0;
+    buffer.resize(buffer.find(typename Text::value_type(0)));
+    return buffer;
+}
+
+} // namespace
+
+std::string ExecutablePath(std::size_t capacity)
+{
+    return ReadBounded<std::string>(capacity, ::GetModuleFileNameA);
+}
+
+std::wstring ExecutablePathWide(std::size_t capacity)
+{
+    return ReadBounded<std::wstring>(capacity, ::GetModuleFileNameW);
+}
+
+} // namespace platform

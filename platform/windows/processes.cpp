@@ -1,0 +1,77 @@
+#include "platform/processes.h"
+
+#include "platform/windows/handle.h"
+
+#include <tlhelp32.h>
+#include <utility>
+
+namespace platform {
+
+std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
+{
+    const SnapshotHandle snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    if (!snapshot) {
+        return std::nullopt;
+    }
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof(entry);
+    static_assert(sizeof(entry) == 568, "the wide process entry of 64-bit Windows");
+    if (::Process32FirstW(snapshot.Get(), &entry) == FALSE) {
+        return std::nullopt;
+    }
+    std::vector<ProcessEntry> entries;
+    do {
+        entries.push_back({entry.th32ProcessID, entry.szExeFile});
+    } while (::Process32NextW(snapshot.Get(), &entry) != FALSE);
+    return entries;
+}
+
+struct OpenedProcess::State
+{
+    ObjectHandle handle;
+};
+
+OpenedProcess::OpenedProcess(std::unique_ptr<State> state)
+    : state_(std::move(state))
+{
+}
+OpenedProcess::OpenedProcess(OpenedProcess &&other) noexcept = default;
+OpenedProcess &OpenedProcess::operator=(OpenedProcess &&other) noexcept = default;
+OpenedProcess::~OpenedProcess() = default;
+
+OpenedProcess OpenedProcess::Open(ProcessId id)
+{
+    constexpr DWORD kRights = PROCESS_TERMINATE | PROCESS_QUERY_LIMITED_INFORMATION;
+    ObjectHandle handle(::OpenProcess(kRights, FALSE, id));
+    if (!handle) {
+        return OpenedProcess(nullptr);
+    }
+    auto state = std::make_unique<State>();
+    state->handle = std::move(handle);
+    return OpenedProcess(std::move(state));
+}
+
+OpenedProcess::operator bool() const
+{
+    return state_ != nullptr;
+}
+
+std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const
+{
+    constexpr DWORD kWin32PathForm = 0;
+    std::wstring path(capacity, L'\0');
+    auto length = static_cast<DWORD>(capacity);
+    if (!state_ || ::QueryFullProcessImageNameW(
+                       state_->handle.Get(), kWin32PathForm, path.data(), &length) == FALSE) {
+        return std::nullopt;
+    }
+    path.resize(length);
+    return path;
+}
+
+bool OpenedProcess::Terminate(std::uint32_t exitCode) const
+{
+    return state_ && ::TerminateProcess(state_->handle.Get(), exitCode) != FALSE;
+}
+
+} // namespace platform

@@ -1,0 +1,83 @@
+import QtQuick 2.14
+import QtQuick.Window 2.14
+import QtQuick.Controls 2.5
+import QtQuick.Layouts 1.15
+import "."
+
+// The one window: a frameless card with a drawn title bar and, where the system draws shadows, a
+// shadow of its own round it. Every way out through the interface hands an exit code over first; a
+// close by the system hands over none, so there is no onClosing here.
+ApplicationWindow {
+    id: window
+
+    property var burOffset: uninstallMgr.showWindowShadow() ? 15 : 0
+    property var exitCode: -2
+    readonly property int pageHome: 0
+
+    function titleClose(code) {
+        uninstallMgr.setExitCode(code)
+        close()
+    }
+
+    flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint
+    color: "#00000000"
+    visible: true
+    width: 640 + 2 * burOffset
+    height: 408 + 2 * burOffset
+
+    Rectangle {
+        id: bgRect
+
+        width: window.width - 2 * window.burOffset
+        height: window.height - 2 * window.burOffset
+        anchors.centerIn: parent
+        radius: window.burOffset
+    }
+
+    BorderImage {
+        anchors.fill: bgRect
+        anchors.margins: -window.burOffset
+        border.left: window.burOffset
+        border.top: window.burOffset
+        border.right: window.burOffset
+        border.bottom: window.burOffset
+        horizontalTileMode: BorderImage.Stretch
+        verticalTileMode: BorderImage.Stretch
+        source: "qrc:/pic_shadow.png"
+        visible: window.burOffset > 0
+    }
+
+    Image {
+        id: bgImage
+
+        anchors.left: bgRect.left
+        anchors.top: bgRect.top
+        source: "qrc:/home_bg.png"
+    }
+
+    WinTitle {
+        id: wintitle
+
+        anchors.left: bgRect.left
+        anchors.top: bgRect.top
+        anchors.right: bgRect.right
+        onClosed: window.titleClose(window.exitCode)
+    }
+
+    StackLayout {
+        anchors.left: bgRect.left
+        anchors.leftMargin: 32
+        anchors.right: bgRect.right
+        anchors.rightMargin: 32
+        anchors.top: wintitle.bottom
+        anchors.topMargin: 8
+        anchors.bottom: bgRect.bottom
+        currentIndex: window.pageHome
+
+        HomePage {
+            id: hPage
+
+            onUninstalling: wintitle.closeBtnDisable(running)
+        }
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick 2.14
+import "."
+import "public.js" as Public
+
+// The filled push button. Its table may have a gradient, which then replaces the plain fill.
+ZoRoundButtonLegacy {
+    id: root
+
+    readonly property var tableGradient: properties.gradient
+
+    // An empty stop keeps the gradient's colours defined while the table has none.
+    function stopColor(position) {
+        if (!tableGradient) {
+            return "#00000000"
+        }
+        return enabledOr({ enabled: tableGradient.stops[position] }, "#00000000")
+    }
+
+    bgGradient: enabled && tableGradient ? twoStops : null
+
+    // The filled look is not for its user to choose: this wins over what was declared.
+    Component.onCompleted: properties = Public.drpInfo
+
+    Gradient {
+        id: twoStops
+        orientation: root.tableGradient && root.tableGradient.orientation !== undefined
+                     ? root.tableGradient.orientation : Gradient.Horizontal
+        GradientStop {
+            position: 0
+            color: root.stopColor(0)
+        }
+        GradientStop {
+            position: 1
+            color: root.stopColor(1)
+        }
+    }
+}

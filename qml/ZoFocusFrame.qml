@@ -1,0 +1,11 @@
+import QtQuick 2.12
+
+// The mark round a control that has the keyboard focus. Controls show it only for focus that came
+// from the keyboard, so it never appears for someone who uses the mouse.
+Rectangle {
+    color: "#00000000"
+    radius: 3
+    border.width: 1
+    border.color: "#1F6FFF"
+    Accessible.ignored: true
+}

@@ -1,0 +1,135 @@
+import QtQuick 2.6
+import QtQuick.Controls 1.4
+import QtQuick.Controls.Styles 1.4
+import "."
+
+// A button that is a picture: one image per state, found by name, on an optional background.
+// Give it an Accessible.name, since it shows no text.
+Button {
+    id: root
+
+    property string resName: ""
+    property color bgColorNormal: "#00000000"
+    property color bgColorOnHover: "#00000000"
+    property color bgColorOnChecked: "#00000000"
+    property color bgColorOnPress: "#00000000"
+    property bool ltRadius: false
+    property bool rtRadius: false
+    property bool lbRadius: false
+    property bool rbRadius: false
+    property real btnRadius: 0
+    property int index: 0
+    property bool pressAble: true
+    property bool imghcenter: false
+
+    // In both functions the last state that applies wins.
+    function getBgSource() {
+        if (resName === "") {
+            return ""
+        }
+        var state = "normal"
+        if (hovered) {
+            state = "hover"
+        }
+        if (pressed) {
+            state = pressAble ? "press" : "hover"
+        }
+        if (!enabled) {
+            state = "disable"
+        }
+        return "qrc:/" + resName + "_" + state + ".png"
+    }
+
+    function getBgColor() {
+        var color = bgColorNormal
+        if (hovered) {
+            color = bgColorOnHover
+        }
+        if (pressed) {
+            color = bgColorOnPress
+        }
+        if (checked) {
+            color = bgColorOnChecked
+        }
+        return color
+    }
+
+    Keys.onReturnPressed: activate(event)
+    Keys.onEnterPressed: activate(event)
+
+    function activate(event) {
+        if (!event.isAutoRepeat) {
+            clicked()
+        }
+    }
+
+    style: ButtonStyle {
+        padding {
+            left: 0
+            top: 0
+            right: 0
+            bottom: 0
+        }
+        label: null
+        background: Rectangle {
+            id: ground
+
+            color: root.getBgColor()
+            radius: root.btnRadius
+            border.width: 0
+
+            Component.onCompleted: {
+                if (root.width < image.width) {
+                    root.width = image.width
+                }
+                if (root.height < image.height) {
+                    root.height = image.height
+                }
+            }
+
+            // Each square makes one corner sharp again.
+            Rectangle {
+                width: root.btnRadius
+                height: root.btnRadius
+                color: ground.color
+                visible: !root.ltRadius
+            }
+            Rectangle {
+                anchors.right: parent.right
+                width: root.btnRadius
+                height: root.btnRadius
+                color: ground.color
+                visible: !root.rtRadius
+            }
+            Rectangle {
+                anchors.bottom: parent.bottom
+                width: root.btnRadius
+                height: root.btnRadius
+                color: ground.color
+                visible: !root.lbRadius
+            }
+            Rectangle {
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
+                width: root.btnRadius
+                height: root.btnRadius
+                color: ground.color
+                visible: !root.rbRadius
+            }
+
+            Image {
+                id: image
+                anchors.verticalCenter: parent.verticalCenter
+                anchors.horizontalCenter: root.imghcenter ? parent.horizontalCenter : undefined
+                source: root.getBgSource()
+                width: source == "" ? 0 : implicitWidth
+            }
+        }
+    }
+
+    ZoFocusFrame {
+        anchors.fill: parent
+        anchors.margins: -4
+        visible: root.activeFocus
+    }
+}

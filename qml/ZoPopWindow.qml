@@ -1,0 +1,247 @@
+import QtQuick 2.12
+import QtQuick.Window 2.14
+import "."
+import QtQuick.Layouts 1.14
+import "public.js" as Public
+
+// A frameless, application-modal window with a title bar, a body and a row of push buttons. It is
+// used once: closing it, in whatever way, destroys it.
+Window {
+    id: popupwin
+
+    enum BUTTONMASK { NONEBUTTON, CLOSEBUTTON, MAXBUTTON }
+
+    property Component content: null
+    property var buttons: []
+    property int defaultIndex: 0
+    property int leftMargin: 32
+    property int rightMargin: 32
+    property int topMargin: 24
+    property alias contentColor: background.color
+    property int btnWidth: 100
+    property int btnHeight: 28
+    property alias states: background.states
+    property alias state: background.state
+    property int titleHeight: 32
+    property color bgColor: "#f8f9fa"
+    property color titleColor: "#e9ebf0"
+    property bool haveBorder: true
+    property bool centerInParent: false
+    property bool showParentMask: true
+    property int buttonMask: ZoPopWindow.CLOSEBUTTON
+    property bool busy: false
+    property alias radius: background.radius
+    property alias titleRightMargin: closeButton.anchors.rightMargin
+
+    readonly property int borderw: haveBorder ? Public.winBorderWidth : 0
+
+    signal buttonClicked(int index)
+    signal closeClicked()
+
+    function open() {
+        visible = true
+    }
+
+    function close() {
+        destroy()
+    }
+
+    // Rebuilds the button row from a list of texts. The old buttons stay children of the row until
+    // the event loop runs again, hence the detour over visible and the last button's own variable.
+    function setButtons(list) {
+        for (var old = row.children.length - 1; old > 0; --old) {
+            row.children[old].visible = false
+            row.children[old].destroy()
+        }
+        var button = null
+        for (var i = 0; i < list.length; ++i) {
+            button = (i === defaultIndex ? defaultButton : plainButton).createObject(row, {
+                index: i, text: list[i], height: btnHeight, implicitWidth: btnWidth
+            })
+            button.Layout.preferredWidth = button.width
+            button.Layout.preferredHeight = button.height
+            button.Layout.alignment = Qt.AlignRight
+        }
+        if (button !== null) {
+            button.Layout.rightMargin = rightMargin
+        }
+        row.visible = list.length > 0
+    }
+
+    // Keys that no control inside has used; message boxes close on some of them.
+    function keyPressed(event) {
+    }
+
+    function mainWindow() {
+        return typeof window === "undefined" ? null : window
+    }
+
+    function tellMainWindow(shown) {
+        var main = mainWindow()
+        if (main && typeof main.notifyPopup === "function") {
+            main.notifyPopup(popupwin, shown)
+        }
+    }
+
+    width: 600
+    height: 240
+    modality: Qt.ApplicationModal
+    flags: Qt.FramelessWindowHint | Qt.Window
+    color: "#00000000"
+
+    onButtonsChanged: setButtons(buttons)
+    onVisibleChanged: {
+        var main = mainWindow()
+        if (visible && !centerInParent && main) {
+            x = main.x + (main.width - width) / 2
+            y = main.y + (main.height - height) / 2
+        }
+        if (visible) {
+            requestActivate()
+        }
+        tellMainWindow(visible)
+    }
+    // The window manager only hides a window; a waiting caller is released by destruction. The
+    // event is called `close` here too.
+    onClosing: popupwin.close()
+    Component.onDestruction: tellMainWindow(false)
+
+    Component {
+        id: defaultButton
+        ZoDefaultRoundButton {
+            property int index: 0
+            onClicked: popupwin.buttonClicked(index)
+        }
+    }
+
+    Component {
+        id: plainButton
+        ZoRoundButton {
+            property int index: 0
+            onClicked: popupwin.buttonClicked(index)
+        }
+    }
+
+    Rectangle {
+        id: background
+        anchors.fill: parent
+        radius: popupwin.mainWindow() && popupwin.mainWindow().blur > 0 ? Public.winRadius : 0
+        color: popupwin.bgColor
+        border.width: popupwin.borderw
+        border.color: Public.winBorderColor
+        focus: true
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: popupwin.title
+        Keys.onPressed: popupwin.keyPressed(event)
+
+        Rectangle {
+            id: titleBar
+            anchors {
+                left: parent.left
+                top: parent.top
+                right: parent.right
+                margins: popupwin.borderw
+            }
+            height: popupwin.titleHeight - popupwin.borderw
+            radius: background.radius
+            color: popupwin.titleColor
+
+            // Squares the lower corners.
+            Rectangle {
+                anchors {
+                    left: parent.left
+                    right: parent.right
+                    bottom: parent.bottom
+                }
+                height: parent.radius
+                color: parent.color
+            }
+
+            MouseArea {
+                property point clickPos: "0,0"
+
+                anchors.fill: parent
+                acceptedButtons: Qt.LeftButton
+                onPressed: clickPos = Qt.point(mouse.x, mouse.y)
+                onPositionChanged: {
+                    popupwin.setX(popupwin.x + mouse.x - clickPos.x)
+                    popupwin.setY(popupwin.y + mouse.y - clickPos.y)
+                }
+            }
+
+            Text {
+                anchors {
+                    left: parent.left
+                    leftMargin: 16
+                    right: closeButton.left
+                    rightMargin: 16
+                    verticalCenter: parent.verticalCenter
+                }
+                text: popupwin.title
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                font.pixelSize: 14
+                color: "#555b66"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+
+            // A disabled button lets the mouse through: without this a press on it would drag.
+            MouseArea {
+                anchors.fill: closeButton
+                visible: closeButton.visible
+            }
+
+            ZoImageButton {
+                id: closeButton
+                anchors.right: parent.right
+                anchors.rightMargin: 16
+                anchors.verticalCenter: parent.verticalCenter
+                resName: "ico_popup_close"
+                visible: (popupwin.buttonMask & ZoPopWindow.CLOSEBUTTON) !== 0
+                enabled: !popupwin.busy
+                Accessible.name: qsTr("Close")
+                onClicked: {
+                    popupwin.closeClicked()
+                    popupwin.close()
+                }
+            }
+        }
+
+        Loader {
+            anchors {
+                left: parent.left
+                leftMargin: popupwin.leftMargin
+                top: titleBar.bottom
+                topMargin: popupwin.topMargin
+                right: parent.right
+                rightMargin: popupwin.rightMargin
+                bottom: parent.bottom
+                bottomMargin: row.height + popupwin.borderw
+            }
+            sourceComponent: popupwin.content
+            onLoaded: {
+                if (item.color !== undefined) {
+                    item.color = background.color
+                }
+            }
+        }
+
+        RowLayout {
+            id: row
+            anchors {
+                left: parent.left
+                right: parent.right
+                bottom: parent.bottom
+                bottomMargin: 20
+            }
+            spacing: 16
+            visible: false
+
+            Item {
+                Layout.fillWidth: true
+            }
+        }
+    }
+}

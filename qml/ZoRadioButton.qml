@@ -1,0 +1,85 @@
+import QtQuick 2.14
+import QtQuick.Controls 2.14
+import "."
+
+// A radio button with a thin ring that becomes a thick one when checked.
+RadioButton {
+    id: control
+
+    property color textColor: "#090A0A"
+    property int fontSize: 14
+
+    padding: 0
+    hoverEnabled: true
+
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: text
+
+    Accessible.onPressAction: choose()
+    Accessible.onToggleAction: choose()
+
+    // Space is built in; the arrow keys move between the buttons of a group without choosing.
+    Keys.onReturnPressed: enterPressed(event)
+    Keys.onEnterPressed: enterPressed(event)
+    Keys.onUpPressed: event.accepted = focusNeighbour(false)
+    Keys.onDownPressed: event.accepted = focusNeighbour(true)
+
+    function choose() {
+        if (!checked) {
+            checked = true
+            toggled()
+        }
+    }
+
+    function enterPressed(event) {
+        if (!event.isAutoRepeat) {
+            choose()
+            clicked()
+        }
+    }
+
+    function focusNeighbour(forward) {
+        var next = nextItemInFocusChain(forward)
+        if (!ButtonGroup.group || next.ButtonGroup.group !== ButtonGroup.group) {
+            return false
+        }
+        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+        return true
+    }
+
+    indicator: Rectangle {
+        implicitWidth: 14
+        implicitHeight: 14
+        x: control.leftPadding
+        // On a whole pixel, or the ring would be drawn blurred.
+        y: Math.round((control.height - height) / 2)
+        radius: 7
+        border.color: control.hovered || control.checked ? "#0079ff" : "#9aa6b3"
+        border.width: control.checked ? 4 : 1
+    }
+
+    // The control stretches its content item, so the label has its own width inside of it.
+    contentItem: Item {
+        implicitWidth: label.implicitWidth
+        implicitHeight: label.implicitHeight
+
+        Text {
+            id: label
+            anchors.verticalCenter: parent.verticalCenter
+            width: control.width - leftPadding
+            leftPadding: control.indicator.width + 8
+            text: control.text
+            textFormat: Text.PlainText
+            font.pixelSize: control.fontSize
+            color: control.textColor
+            opacity: control.enabled ? 1.0 : 0.3
+        }
+
+        ZoFocusFrame {
+            x: label.leftPadding - 4
+            width: label.contentWidth + 8
+            height: parent.height
+            visible: control.visualFocus
+        }
+    }
+}

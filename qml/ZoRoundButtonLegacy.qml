@@ -1,0 +1,11 @@
+import QtQuick 2.14
+import "."
+import "public.js" as Public
+
+// The push button with a label colour that its user can set.
+ZoRoundButton {
+    property color textColor: enabledOr(properties.textColor, "#000000")
+
+    properties: Public.rplInfo
+    labelColor: textColor
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// What all stand-ins share: each is told what to do by `<own name>.txt` beside it, and all of them
+/// write one journal, so that a test can read what happened in the order in which it happened.
+///
+/// A line of the text file is `key=value`; `#` starts a comment line; a key may be repeated. It is
+/// read once, when the stand-in starts. Relative paths in it count from the stand-in's folder. The
+/// key `journal` names another journal.
+///
+/// A line of the journal is `image TAB event TAB key=value TAB key=value ... LF`, in UTF-8. `%`,
+/// control characters and bytes that are not UTF-8 are written as `%XX`, so one occurrence is
+/// always one line. A list is `key=[item][item]`, brackets inside an item being escaped too.
+namespace standin {
+
+/// `key=value` as the journal has it.
+std::string Field(std::string_view key, std::string_view value);
+std::string Field(std::string_view key, long long value);
+std::string Field(std::string_view key, const std::filesystem::path &value);
+
+/// `key=[item][item]`; an empty list gives `key=`.
+std::string ListField(std::string_view key, const std::vector<std::string> &items);
+
+/// `text` with `%`, control characters, bytes that are not UTF-8 and those in `more` as `%XX`.
+std::string Escape(std::string_view text, std::string_view more = {});
+
+/// The reverse of `Escape`; a `%` that no two hexadecimal digits follow stays.
+std::string Unescape(std::string_view text);
+
+/// One stand-in: its place, its settings, its pen.
+class StandIn
+{
+public:
+    /// `self` is the full path of the executable or library.
+    explicit StandIn(const std::filesystem::path &self);
+
+    const std::string &Name() const;
+    const std::filesystem::path &Folder() const;
+
+    /// The last value of `key`, or `fallback` when there is none.
+    std::string Text(std::string_view key, std::string_view fallback = {}) const;
+    /// All values of `key`, in the order of the file.
+    std::vector<std::string> All(std::string_view key) const;
+    /// The last value as a number; `fallback` when there is none or it is not a number.
+    long Number(std::string_view key, long fallback) const;
+    /// The last value as a path, empty when there is none.
+    std::filesystem::path Path(std::string_view key) const;
+
+    /// A file of the pretend installation that belongs to this stand-in's folder, for locks. Beside
+    /// the stand-in when that is not in a pretend installation.
+    std::filesystem::path StateFile(std::string_view name) const;
+
+    /// Appends one line. Without a pretend installation and without the key `journal`, no effect.
+    void Note(std::string_view event, std::initializer_list<std::string> fields) const;
+    void Note(std::string_view event, const std::vector<std::string> &fields) const;
+
+    /// Waits while `condition` holds, but no longer than the pretend installation exists, so that
+    /// no test leaves a process behind.
+    void WaitWhile(const std::function<bool()> &condition) const;
+
+    /// Waits while `hold_file` exists, when it names an existing file; else for `run_ms`
+    /// milliseconds, or `fallbackMs` when that is not set. A negative time is for ever.
+    void Hold(long fallbackMs) const;
+
+private:
+    void ReadSettings(const std::filesystem::path &file);
+
+    std::string name_;
+    std::filesystem::path folder_;
+    std::filesystem::path root_; ///< folder of the mark file, empty when there is none
+    std::string mark_;           ///< what the mark file said at the start
+    std::vector<std::pair<std::string, std::string>> settings_;
+};
+
+} // namespace standin

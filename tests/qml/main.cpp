@@ -1,0 +1,51 @@
+#include "recording_mgr.h"
+#include "ui_probe.h"
+#include "warning_watch.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QtQuickTest>
+
+#include <cstdio>
+#include <memory>
+
+/// Prepares each run of a test file: the application's warnings are watched, and every engine gets
+/// the recording controller and the probe.
+class TestSetup : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void applicationAvailable()
+    {
+        QCoreApplication::instance()->installEventFilter(&m_watch);
+        QAccessible::setActive(true);
+    }
+
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        engine->rootContext()->setContextProperty(QStringLiteral("uninstallMgr"), &m_mgr);
+        engine->rootContext()->setContextProperty(QStringLiteral("probe"), &m_probe);
+    }
+
+private:
+    WarningWatch m_watch;
+    RecordingMgr m_mgr;
+    UiProbe m_probe;
+};
+
+/// Runs the test file given with -input; fails on a failed test and on any warning.
+int main(int argc, char **argv)
+{
+    TestSetup setup;
+    const int result = quick_test_main_with_setup(argc, argv, "ktr_qml", KTR_QML_TEST_DIR, &setup);
+    const QStringList warnings = WarningWatch::warnings();
+    for (const QString &warning : warnings) {
+        std::fprintf(stderr, "unexpected warning: %s\n", qPrintable(warning));
+    }
+    return warnings.isEmpty() ? result : 1;
+}
+
+#include "main.moc"

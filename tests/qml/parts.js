@@ -1,0 +1,59 @@
+// Finding the parts of a control by what they are, and bringing a control into a state.
+.pragma library
+
+// Every item below `item` of a type, in the order in which they are drawn: a type of ours by its
+// name, one of the toolkit by its class name without the "QQuick" in front.
+function all(item, type) {
+    var found = []
+    for (var i = 0; i < item.children.length; ++i) {
+        var child = item.children[i]
+        var kind = child.toString()
+        if (kind.indexOf("QQuick" + type) === 0 || kind.indexOf(type + "_QML") === 0) {
+            found.push(child)
+        }
+        found = found.concat(all(child, type))
+    }
+    return found
+}
+
+function text(item) {
+    return all(item, "Text")[0]
+}
+
+// The first plain rectangle: a control's background.
+function ground(item) {
+    return all(item, "Rectangle")[0]
+}
+
+function cursorArea(item) {
+    return all(item, "MouseArea").filter(function(area) {
+        return area.acceptedButtons === Qt.NoButton
+    })[0]
+}
+
+// The mark of the keyboard focus.
+function focusFrame(item) {
+    return all(item, "ZoFocusFrame")[0]
+}
+
+// Moves the real pointer so that the control is in the state named.
+function enter(test, control, state) {
+    var words = state.split(" while ")
+    var pointer = words[words.length - 1]
+    if (pointer === "hovered" || pointer === "pressed") {
+        test.mouseMove(control, control.width / 2, control.height / 2)
+        test.tryCompare(control, "hovered", true)
+    }
+    if (pointer === "pressed") {
+        test.mousePress(control, control.width / 2, control.height / 2)
+        test.tryCompare(control, "pressed", true)
+    }
+    if (words[0] === "disabled") {
+        control.enabled = false
+    }
+}
+
+function leave(test, control) {
+    test.mouseRelease(control, control.width / 2, control.height / 2)
+    test.mouseMove(test, test.width - 1, test.height - 1)
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QVariantMap>
+
+/// What QML itself cannot see, for tests as `probe`: cursor shapes, the accessible tree, other
+/// windows of the program, and the system's way of closing one.
+class UiProbe : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The cursor that the window of `item` shows at present.
+    Q_INVOKABLE int cursorShape(QObject *itemOrWindow) const;
+    /// role (QAccessible::Role), name, description, focusable, disabled, checked and value of an
+    /// item as assistive tools see it; empty when they do not see it at all.
+    Q_INVOKABLE QVariantMap accessible(QObject *item) const;
+    /// Carries out the "Press" action as an assistive tool does; false when there is none.
+    Q_INVOKABLE bool pressAccessible(QObject *item) const;
+    /// The visible windows of the program that are application-modal: pop-ups.
+    Q_INVOKABLE QVariantList popups() const;
+    /// The colour, as "#rrggbb", that an item draws at a place of its own; empty when it draws none
+    /// there or could not be drawn within five seconds.
+    Q_INVOKABLE QString pixel(QObject *item, int x, int y) const;
+    /// Objects below another one that are no items, such as animations, by the name of their class.
+    Q_INVOKABLE QVariantList below(QObject *object, const QString &className) const;
+    /// Closes a window as a window manager does.
+    Q_INVOKABLE void closeBySystem(QObject *window) const;
+    /// Sends a key event that says it is a repetition of a held key.
+    Q_INVOKABLE void repeatKey(QObject *window, int key) const;
+    /// A touch at a place in the window: begin, and end at the same place.
+    Q_INVOKABLE void tap(QObject *window, qreal x, qreal y) const;
+};

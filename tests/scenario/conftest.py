@@ -1,0 +1,130 @@
+"""Fixtures of the scenarios: a display for each worker, a sandbox and a program for each test."""
+
+from __future__ import annotations
+
+import re
+from pathlib import Path
+from typing import Callable, Iterator
+
+import pytest
+
+from driver import evidence
+from driver.display import Display
+from driver.installation import REPOSITORY, assemble
+from driver.program import RunningProgram
+from driver.sandbox import Sandbox
+
+# What the client of the remote configuration logs, and nothing else, belongs on standard error.
+# A text that is logged as such stands between quotation marks.
+_ALLOWED_ON_STDERR = (
+    r"CVantorConfigInstance::.*",
+    r"load vantoronlineconfig\.dll error!",
+    r"vantoronlineconfig create  fun error!",
+    r"vantoronlineconfig init failure!",
+    r"vantoronlineconfig need Create!",
+    r'"?.* query error!"?',
+    r'"?.* has No value!"?',
+    r'"?.* is too long! length:\d+"?',
+    # The toolkit asks for the frame of a closing pop-up while the window manager destroys it: a race
+    # between those two that exists on X11 only and that no program can avoid.
+    r"qt\.qpa\.xcb: QXcbConnection: XCB error: 3 \(BadWindow\).*TranslateCoords.*",
+)
+
+_SANDBOX = pytest.StashKey[Sandbox]()
+_FAILED = pytest.StashKey[bool]()
+_KEPT = pytest.StashKey[Path]()
+
+
+def pytest_addoption(parser: pytest.Parser) -> None:
+    parser.addoption(
+        "--keep-failures-in", type=Path, default=REPOSITORY / "build" / "scenario-failures",
+        help="where the remains of failed scenarios are kept",
+    )
+
+
+@pytest.fixture(scope="session")
+def display() -> Iterator[Display]:
+    """A display with a window manager, shared by the tests of one worker."""
+    with Display() as private:
+        yield private
+
+
+@pytest.fixture
+def lay_out() -> Callable[[Path], None]:
+    """How a sandbox is filled; a test module overrides it to put something else there."""
+    return assemble
+
+
+@pytest.fixture
+def sandbox(
+    request: pytest.FixtureRequest, display: Display, lay_out: Callable[[Path], None]
+) -> Iterator[Sandbox]:
+    """A pretend installation for this test only, checked when the test is over.
+
+    Whoever still runs in it then, other than what the test started itself, is a fault, and so is
+    any unexpected line that a program printed on standard error.
+    """
+    display.reset()
+    installation = Sandbox(display, lay_out)
+    request.node.stash[_SANDBOX] = installation
+    try:
+        yield installation
+        if request.node.stash.get(_FAILED, False):
+            return
+        installation.end_started()
+        faults = [f"still running: {left}" for left in installation.leftovers()]
+        faults += _unexpected_output(request.node, installation)
+        if faults:
+            kept = _keep(request.node)
+            pytest.fail("\n".join([*faults, f"kept in {kept}"]), pytrace=False)
+    finally:
+        display.reset()
+        installation.cleanup()
+
+
+@pytest.fixture
+def program(sandbox: Sandbox) -> RunningProgram:
+    """The program, started, its window shown, active and painted."""
+    started = sandbox.start()
+    started.ready()
+    return started
+
+
+@pytest.hookimpl(hookwrapper=True)
+def pytest_runtest_makereport(item: pytest.Item, call: pytest.CallInfo[None]):
+    """Keeps what is left of a failed scenario while it is still to be seen, and says where."""
+    outcome = yield
+    report = outcome.get_result()
+    if not report.failed or call.when == "teardown":
+        return
+    item.stash[_FAILED] = True
+    if _SANDBOX in item.stash:
+        try:
+            report.sections.append(("kept", f"remains of the scenario: {_keep(item)}"))
+        except Exception as error:  # The failure itself matters more than its remains.
+            report.sections.append(("kept", f"the remains could not be kept: {error!r}"))
+
+
+def _keep(item: pytest.Item) -> Path:
+    """Keeps the remains of an item's sandbox, in a folder named after it, replacing older ones."""
+    if _KEPT not in item.stash:
+        name = re.sub(r"[^A-Za-z0-9_.-]+", "_", item.nodeid.rpartition("/")[2]).strip("_")
+        folder = item.config.getoption("keep_failures_in") / name[:120]
+        item.stash[_KEPT] = evidence.keep(item.stash[_SANDBOX], folder)
+    return item.stash[_KEPT]
+
+
+def _unexpected_output(item: pytest.Item, installation: Sandbox) -> list[str]:
+    """The lines on standard error that nothing allows."""
+    if item.get_closest_marker("stderr_unchecked") is not None:
+        return []
+    patterns = [*_ALLOWED_ON_STDERR]
+    for marker in item.iter_markers("stderr_allowed"):
+        patterns += marker.args
+    allowed = re.compile("|".join(f"(?:{pattern})" for pattern in patterns))
+    return [
+        f"on standard error of {program!r}: {line}"
+        for program in installation.programs
+        for line in program.stderr.splitlines()
+        if not allowed.fullmatch(line)
+    ]

@@ -1,0 +1,78 @@
+"""Points and rectangles, in pixels."""
+
+from __future__ import annotations
+
+from dataclasses import dataclass
+
+
+@dataclass(frozen=True)
+class Point:
+    """A position."""
+
+    x: int
+    y: int
+
+    def moved(self, dx: int, dy: int) -> "Point":
+        """The point that lies `dx`, `dy` further."""
+        return Point(self.x + dx, self.y + dy)
+
+
+@dataclass(frozen=True)
+class Rect:
+    """An area; its right and bottom edges are the first column and row outside."""
+
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def left(self) -> int:
+        return self.x
+
+    @property
+    def top(self) -> int:
+        return self.y
+
+    @property
+    def right(self) -> int:
+        return self.x + self.width
+
+    @property
+    def bottom(self) -> int:
+        return self.y + self.height
+
+    @property
+    def origin(self) -> Point:
+        return Point(self.x, self.y)
+
+    @property
+    def size(self) -> tuple[int, int]:
+        return self.width, self.height
+
+    @property
+    def centre(self) -> Point:
+        return Point(self.x + self.width // 2, self.y + self.height // 2)
+
+    def moved(self, dx: int, dy: int) -> "Rect":
+        """The area of the same size that lies `dx`, `dy` further."""
+        return Rect(self.x + dx, self.y + dy, self.width, self.height)
+
+    def inset(self, margin: int) -> "Rect":
+        """The area without a margin on all four sides."""
+        return Rect(
+            self.x + margin, self.y + margin, self.width - 2 * margin, self.height - 2 * margin
+        )
+
+    def contains(self, point: Point) -> bool:
+        """Whether the point lies inside."""
+        return self.left <= point.x < self.right and self.top <= point.y < self.bottom
+
+
+Place = Point | Rect
+"""Something that can be pointed at: a rectangle stands for its centre."""
+
+
+def point_of(place: Place) -> Point:
+    """The point itself, or the centre of the rectangle."""
+    return place.centre if isinstance(place, Rect) else place

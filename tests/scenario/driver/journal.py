@@ -1,0 +1,62 @@
+"""What the stand-ins have written down."""
+
+from __future__ import annotations
+
+import re
+from dataclasses import dataclass
+from urllib.parse import unquote
+
+_ITEM = re.compile(r"\[([^\[\]]*)\]")
+
+
+@dataclass(frozen=True)
+class Entry:
+    """One occurrence: who, what, and its particulars (still escaped; use `text` and `items`)."""
+
+    image: str
+    event: str
+    fields: dict[str, str]
+
+    def text(self, key: str) -> str:
+        """A particular as text; `KeyError` when it is not there."""
+        return unquote(self.fields[key])
+
+    def number(self, key: str) -> int:
+        """A particular as a number."""
+        return int(self.text(key))
+
+    def items(self, key: str) -> list[str]:
+        """A particular that is a list."""
+        raw = self.fields[key]
+        if _ITEM.sub("", raw):
+            raise ValueError(f"{key}={raw} is not a list")
+        return [unquote(item) for item in _ITEM.findall(raw)]
+
+    def pairs(self, key: str = "pairs") -> dict[str, str]:
+        """A particular that is a list of `name=value`."""
+        return dict(item.partition("=")[::2] for item in self.items(key))
+
+    def matches(self, image: str | None = None, event: str | None = None, **texts: object) -> bool:
+        """Whether it is by that image, of that kind, and has those particulars."""
+        return (
+            image in (None, self.image)
+            and event in (None, self.event)
+            and all(
+                key in self.fields and self.text(key) == str(value)
+                for key, value in texts.items()
+            )
+        )
+
+
+def parse(content: bytes) -> list[Entry]:
+    """The entries of a journal; a last line that is still being written is left out."""
+    whole = content[: content.rfind(b"\n") + 1].decode("utf-8")
+    return [_parse_line(line) for line in whole.split("\n") if line]
+
+
+def _parse_line(line: str) -> Entry:
+    parts = line.split("\t")
+    if len(parts) < 2:
+        raise ValueError(f"not a line of a journal: {line!r}")
+    fields = dict(part.partition("=")[::2] for part in parts[2:])
+    return Entry(unquote(parts[0]), parts[1], fields)

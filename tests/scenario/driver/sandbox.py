@@ -1,0 +1,230 @@
+"""A pretend installation of the product for one test, with everything that runs in it."""
+
+from __future__ import annotations
+
+import shutil
+import struct
+import tempfile
+from contextlib import AbstractContextManager
+from pathlib import Path
+from typing import Callable, Iterable
+
+from driver import tree, wait
+from driver.display import Display
+from driver.installation import assemble, configure
+from driver.journal import Entry, parse
+from driver.program import RunningProgram, Started
+from driver.system import Native, Process
+
+FOLDERS = ("Dravik", "home", "tmp", "run")
+"""What the program could leave something in."""
+
+
+class Sandbox:
+    """One pretend installation: below a new temporary folder, which `cleanup` removes, or at `root`."""
+
+    def __init__(
+        self,
+        display: Display,
+        lay_out: Callable[[Path], None] = assemble,
+        system: Native | None = None,
+        root: Path | None = None,
+    ) -> None:
+        self.display = display
+        self.system = system or Native()
+        # Short, since the program's own paths have a limit, and real, since /proc tells real paths.
+        self._temporary = root is None
+        self.root = (root or Path(tempfile.mkdtemp(prefix="ktr-"))).resolve()
+        try:
+            lay_out(self.root)
+            for folder in ("home", "tmp", "run", "logs", "hold", "elsewhere"):
+                (self.root / folder).mkdir(exist_ok=True)
+            (self.root / "run").chmod(0o700)  # as is the custom for this folder
+        except BaseException:
+            self.cleanup()
+            raise
+        self.bin = self.root / "Dravik" / "bin"
+        self.home = self.root / "home"
+        self.temp = self.root / "tmp"
+        self.programs: list[RunningProgram] = []
+        self.stand_ins: list[Started] = []
+
+    # Stand-ins ---------------------------------------------------------------------------------
+
+    def configure(self, name: str, **settings: object) -> None:
+        """Tells a stand-in what to do from its next start on.
+
+        Given keys replace those in its text file; a list repeats the key, None removes it.
+        """
+        configure(self.locate(name), **settings)
+
+    def locate(self, name: str) -> Path:
+        """The stand-in or delivered file of that name; `FileNotFoundError` when there is none."""
+        for folder in (self.bin, self.root / "tools", self.root / "config"):
+            for file in (folder / name, folder / (name + self.system.executable_suffix)):
+                if file.exists():
+                    return file
+        raise FileNotFoundError(f"nothing is called {name} in {self.root}")
+
+    def hold(self, name: str) -> Path:
+        """Lets a stand-in run, from its next start on, until the returned file is deleted."""
+        file = self.root / "hold" / name
+        file.touch()
+        self.configure(name, hold_file=file)
+        return file
+
+    def spawn(
+        self, name: str, inside: bool = True, called: str | None = None, **settings: object
+    ) -> Started:
+        """Starts a stand-in as something else than the program would.
+
+        `inside` the program directory, or in a folder elsewhere; `called` another name (letters
+        of another case, say), for which a copy is made. Settings are as for `configure`.
+        """
+        source = self.locate(name)
+        executable = (self.bin if inside else self.root / "elsewhere") / (called or name)
+        if executable != source:
+            shutil.copy2(source, executable)
+        configure(executable, **settings)
+        started = Started(
+            self.system.command(executable, []), self.environment(), self.root,
+            self._log(executable.name),
+        )
+        self.stand_ins.append(started)
+        return started
+
+    # The program -------------------------------------------------------------------------------
+
+    @property
+    def program_file(self) -> Path:
+        """The executable under test."""
+        return self.bin / self.system.program_name
+
+    def environment(self) -> dict[str, str]:
+        """The whole environment of every program that is started here."""
+        return self.system.environment(self.root, self.display.name)
+
+    def start(
+        self, arguments: Iterable[str] = (), environment: dict[str, str | None] | None = None
+    ) -> RunningProgram:
+        """Starts the program; `environment` adds variables, or removes those given as None."""
+        variables: dict[str, str | None] = {**self.environment(), **(environment or {})}
+        program = RunningProgram(
+            self.system.command(self.program_file, list(arguments)),
+            {name: value for name, value in variables.items() if value is not None},
+            self.root, self._log(self.program_file.name), self.display, self.system,
+        )
+        self.programs.append(program)
+        return program
+
+    # What has happened -------------------------------------------------------------------------
+
+    def journal(
+        self, image: str | None = None, event: str | None = None, **texts: object
+    ) -> list[Entry]:
+        """What the stand-ins have noted so far, or those entries that match."""
+        try:
+            content = (self.root / "journal.log").read_bytes()
+        except FileNotFoundError:
+            content = b""
+        return [entry for entry in parse(content) if entry.matches(image, event, **texts)]
+
+    def wait_for_journal(
+        self, wanted: Callable[[Entry], object], what: str,
+        deadline: float = wait.DEADLINE,
+    ) -> Entry:
+        """Waits for the first entry that `wanted` likes."""
+        entries = wait.until(
+            self.journal, f"{what} in the journal", deadline,
+            accept=lambda seen: any(wanted(entry) for entry in seen),
+        )
+        return next(entry for entry in entries if wanted(entry))
+
+    def wait_noted(
+        self, image: str, event: str, deadline: float = wait.DEADLINE, **texts: object
+    ) -> Entry:
+        """Waits for an entry by its image, its event and its particulars."""
+        return self.wait_for_journal(
+            lambda entry: entry.matches(image, event, **texts),
+            f"{image} {event} {texts or ''}".strip(), deadline,
+        )
+
+    def processes(self, name: str | None = None) -> list[Process]:
+        """The running processes of this installation, or those of one exact image name."""
+        found = self.system.processes(self.root)
+        return [process for process in found if name in (None, process.name)]
+
+    def wait_processes(
+        self, name: str, count: int, deadline: float = wait.DEADLINE
+    ) -> list[Process]:
+        """Waits until so many processes of that image name run."""
+        return wait.until(
+            lambda: self.processes(name), f"{count} processes {name}", deadline,
+            accept=lambda seen: len(seen) == count,
+        )
+
+    def snapshot(self, folders: tuple[str, ...] = FOLDERS) -> tree.Tree:
+        """What lies in the installation and in the user's folders, for `tree.compare`."""
+        return tree.snapshot(self.root, folders)
+
+    # The instance's lock and handle ------------------------------------------------------------
+
+    @property
+    def handle_file(self) -> Path:
+        """Where the program publishes its window."""
+        return self.bin / "hwndFile.ini"
+
+    def read_handle(self) -> int | None:
+        """The published window identifier; None without a file. Other sizes than 8 fail."""
+        try:
+            content = self.handle_file.read_bytes()
+        except FileNotFoundError:
+            return None
+        return struct.unpack("<Q", content)[0]
+
+    def write_handle(self, content: int | bytes) -> None:
+        """Replaces the handle file by a number in its form, or by any bytes."""
+        data = struct.pack("<Q", content) if isinstance(content, int) else content
+        self.handle_file.write_bytes(data)
+
+    def instance_lock_held(self) -> bool:
+        """Whether an instance is running, as the next one would find out."""
+        return self.system.instance_lock_held(self.root)
+
+    def holding_instance_lock(self) -> AbstractContextManager[None]:
+        """Behaves like an instance without a window, for a `with` statement."""
+        return self.system.holding_instance_lock(self.root)
+
+    # The end -----------------------------------------------------------------------------------
+
+    def end_started(self) -> None:
+        """Ends what the test itself has started here and is still running."""
+        for started in (*self.programs, *self.stand_ins):
+            started.kill()
+
+    def leftovers(self, deadline: float = 10.0) -> list[Process]:
+        """Who still runs here, after giving them a while to end by themselves."""
+        try:
+            wait.until(
+                lambda: self.system.offspring(self.root), "no process to be left", deadline,
+                accept=lambda seen: not seen,
+            )
+        except wait.TimedOut:
+            return self.system.offspring(self.root)
+        return []
+
+    def cleanup(self) -> None:
+        """Ends every process of this installation and removes it."""
+        def end_all() -> list[Process]:
+            processes = self.system.offspring(self.root)
+            for process in processes:
+                self.system.end(process)
+            return processes
+
+        wait.until(end_all, "all processes of the sandbox to end", accept=lambda left: not left)
+        if self._temporary:
+            shutil.rmtree(self.root, ignore_errors=True)
+
+    def _log(self, name: str) -> Path:
+        number = len(self.programs) + len(self.stand_ins) + 1
+        return self.root / "logs" / f"{number}-{name}"

@@ -1,0 +1,153 @@
+"""Everything that depends on where the program under test runs.
+
+`Native` is the Linux executable. The Windows executable gets a class with the same members: how
+a program is started, what its environment is, which processes there are, who holds the lock.
+"""
+
+from __future__ import annotations
+
+import fcntl
+import os
+import signal
+from contextlib import contextmanager
+from dataclasses import dataclass
+from pathlib import Path
+from typing import Iterator
+
+MUTEX = "ktr_uninstall_version_2023_Ostrel_Torvan"
+"""The name by which running instances find each other."""
+
+_DELETED = " (deleted)"
+
+_PASSED_THROUGH = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
+"""The only variables that a program under test gets from outside: settings of sanitizers."""
+
+
+@dataclass(frozen=True)
+class Process:
+    """A process: its id, and the executable file that it runs."""
+
+    pid: int
+    executable: Path
+
+    @property
+    def name(self) -> str:
+        """The image name."""
+        return self.executable.name
+
+    def __str__(self) -> str:
+        return f"{self.pid} {self.executable}"
+
+
+class Native:
+    """The Linux executable, started as it is."""
+
+    program_name = "UninstallUI"
+    executable_suffix = ""
+
+    def command(self, executable: Path, arguments: list[str]) -> list[str]:
+        """The command line that starts an executable."""
+        return [str(executable), *arguments]
+
+    def environment(self, root: Path, display: str) -> dict[str, str]:
+        """The whole environment of a program in the sandbox at `root`; nothing else leaks in."""
+        passed = {name: os.environ[name] for name in _PASSED_THROUGH if name in os.environ}
+        return {
+            **passed,
+            "PATH": f"{root}/tools:/usr/local/bin:/usr/bin:/bin",
+            "LD_LIBRARY_PATH": f"{root}/config",
+            "HOME": f"{root}/home",
+            "TMPDIR": f"{root}/tmp",
+            "XDG_RUNTIME_DIR": f"{root}/run",
+            "DISPLAY": display,
+            "QT_QPA_PLATFORM": "xcb",
+            "LC_ALL": "C.UTF-8",
+        }
+
+    def owners(self, pid: int) -> set[int]:
+        """The processes whose windows belong to a program that was started with this id."""
+        return {pid}
+
+    def processes(self, root: Path) -> list[Process]:
+        """All processes whose executable lies below a directory, by the real path."""
+        return [process for process in _all_processes() if _below(process.executable, root)]
+
+    def offspring(self, root: Path) -> list[Process]:
+        """All processes that belong to the sandbox at `root`.
+
+        Besides those whose executable lies in it these are interpreters of its scripts and
+        programs of the system that one of its programs started: the private run-time folder in
+        their environment gives them away.
+        """
+        mark = b"XDG_RUNTIME_DIR=" + os.fsencode(root) + b"/run\0"
+        return [
+            process
+            for process in _all_processes()
+            if process.pid != os.getpid()
+            and (_below(process.executable, root) or mark in _environment_of(process.pid))
+        ]
+
+    def end(self, process: Process) -> None:
+        """Ends a process at once; one that has gone already is fine."""
+        try:
+            os.kill(process.pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+
+    def lock_file(self, root: Path) -> Path:
+        """The file whose lock stands for the named mutex."""
+        return root / "run" / f"{MUTEX}.lock"
+
+    def instance_lock_held(self, root: Path) -> bool:
+        """Whether somebody holds the single-instance lock.
+
+        The lock is tried and given back at once: do not ask while another program starts.
+        """
+        try:
+            descriptor = os.open(self.lock_file(root), os.O_RDONLY | os.O_CLOEXEC)
+        except FileNotFoundError:
+            return False
+        try:
+            fcntl.flock(descriptor, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            return True
+        finally:
+            os.close(descriptor)
+        return False
+
+    @contextmanager
+    def holding_instance_lock(self, root: Path) -> Iterator[None]:
+        """Holds the single-instance lock as an instance without a window would."""
+        flags = os.O_RDWR | os.O_CREAT | os.O_CLOEXEC
+        descriptor = os.open(self.lock_file(root), flags, 0o644)
+        try:
+            fcntl.flock(descriptor, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            yield
+        finally:
+            os.close(descriptor)
+
+
+def _all_processes() -> list[Process]:
+    """All live processes whose executable may be read; zombies have none."""
+    found = []
+    for entry in os.listdir("/proc"):
+        if not entry.isdigit():
+            continue
+        try:
+            executable = os.readlink(f"/proc/{entry}/exe")
+        except OSError:
+            continue
+        found.append(Process(int(entry), Path(executable.removesuffix(_DELETED))))
+    return sorted(found, key=lambda process: process.pid)
+
+
+def _below(path: Path, root: Path) -> bool:
+    return root in path.parents
+
+
+def _environment_of(pid: int) -> bytes:
+    try:
+        with open(f"/proc/{pid}/environ", "rb") as stream:
+            return stream.read()
+    except OSError:
+        return b""

@@ -1,0 +1,49 @@
+"""The one way of waiting: for a condition, with a deadline, and with a telling failure."""
+
+from __future__ import annotations
+
+import time
+from typing import Callable, TypeVar
+
+DEADLINE = 60.0
+"""Seconds that anything may take by default: generous, since test machines are slow and noisy."""
+
+PAUSE = 0.02
+"""Seconds between two looks at a condition."""
+
+Value = TypeVar("Value")
+
+
+class TimedOut(AssertionError):
+    """An awaited condition did not come true in time."""
+
+
+class Doomed(AssertionError):
+    """An awaited condition cannot come true any more; raised by predicates to give up early."""
+
+
+def until(
+    look: Callable[[], Value],
+    what: str,
+    deadline: float = DEADLINE,
+    accept: Callable[[Value], object] = bool,
+) -> Value:
+    """Calls `look` until `accept` likes what it returns, and returns that.
+
+    `what` completes the sentence "waited for ...". After `deadline` seconds `TimedOut` is raised,
+    naming what was awaited and what was seen last. At least one look is taken.
+    """
+    end = time.monotonic() + deadline
+    while True:
+        seen = look()
+        if accept(seen):
+            return seen
+        if time.monotonic() >= end:
+            raise TimedOut(f"waited {deadline:g} s for {what}; last seen: {_short(seen)}")
+        time.sleep(PAUSE)
+
+
+def _short(value: object) -> str:
+    """The representation of a value, cut in its middle when it is long."""
+    text = repr(value)
+    return text if len(text) <= 2000 else f"{text[:1000]} ... {text[-1000:]}"

@@ -1,0 +1,134 @@
+"""Every way to close the window in every state: possible or not, with the clean-up or without."""
+
+import pytest
+
+from driver import layout
+from steps import (
+    expect_end, uninstall, wait_buttons_disabled, wait_climbing, wait_complete, wait_given_up,
+)
+
+
+def idle(sandbox, program):
+    """Nothing has been started."""
+    return lambda: program.window().click(layout.CANCEL), False
+
+
+def box_up(sandbox, program):
+    """The product runs and the warning is shown."""
+    sandbox.spawn("KTRUI.exe")
+    sandbox.wait_noted("KTRUI.exe", "start")
+    uninstall(program.window())
+    box = program.box()
+
+    def go_on():
+        box.click(layout.BOX_OK)
+        box.wait_gone()
+        program.window().click(layout.CANCEL)
+
+    return go_on, False
+
+
+def start_up_wait(sandbox, program):
+    """The uninstaller was started and has not been seen yet."""
+    hold = sandbox.hold("uninstall.exe")
+    sandbox.configure("tasklist", hide="uninstall.exe")
+    uninstall(program.window())
+    sandbox.wait_noted("uninstall.exe", "start")
+    wait_buttons_disabled(program.window())
+
+    def go_on():
+        sandbox.configure("tasklist", hide=None)
+        if program.windows():
+            wait_climbing(program.window())
+        hold.unlink()
+        if program.windows():
+            wait_complete(program.window())
+            program.window().click(layout.CANCEL)
+
+    return go_on, True
+
+
+def running(sandbox, program):
+    """The bar climbs."""
+    hold = sandbox.hold("uninstall.exe")
+    uninstall(program.window())
+    wait_climbing(program.window())
+
+    def go_on():
+        hold.unlink()
+        if program.windows():
+            wait_complete(program.window())
+            program.window().click(layout.CANCEL)
+
+    return go_on, True
+
+
+def failed_start(sandbox, program):
+    """The uninstaller was never seen."""
+    sandbox.configure("uninstall.exe", mode="never")
+    sandbox.configure("tasklist", hide="uninstall.exe", note=1)
+    uninstall(program.window())
+    wait_given_up(sandbox)
+    wait_buttons_disabled(program.window())
+    return lambda: program.windows() and program.window().close(), False
+
+
+def complete(sandbox, program):
+    """The uninstaller has gone."""
+    sandbox.configure("uninstall.exe", run_ms=500)
+    uninstall(program.window())
+    wait_complete(program.window())
+    return lambda: None, True
+
+
+PATHS = {
+    "title bar": lambda window: window.click(layout.TITLE_CLOSE),
+    "Cancel/OK": lambda window: window.click(layout.CANCEL),
+    "window manager": lambda window: window.close(),
+}
+
+# Does this path close the window in this state, and does the clean-up follow? Where it does not
+# close, the run goes on to its own end, and the clean-up follows when that end is "complete".
+CLOSES, CLOSES_AND_CLEANS, STAYS = "closes", "closes and cleans up", "stays"
+TABLE = {
+    (idle, "title bar"): CLOSES,
+    (idle, "Cancel/OK"): CLOSES,
+    (idle, "window manager"): CLOSES,
+    (box_up, "title bar"): STAYS,
+    (box_up, "Cancel/OK"): STAYS,
+    (box_up, "window manager"): STAYS,
+    (start_up_wait, "title bar"): STAYS,
+    (start_up_wait, "Cancel/OK"): STAYS,
+    (start_up_wait, "window manager"): CLOSES,
+    (running, "title bar"): STAYS,
+    (running, "Cancel/OK"): STAYS,
+    (running, "window manager"): CLOSES,
+    (failed_start, "title bar"): STAYS,
+    (failed_start, "Cancel/OK"): STAYS,
+    (failed_start, "window manager"): CLOSES,
+    (complete, "title bar"): CLOSES_AND_CLEANS,
+    (complete, "Cancel/OK"): CLOSES_AND_CLEANS,
+    (complete, "window manager"): CLOSES,
+}
+
+
+@pytest.mark.parametrize(
+    ("state", "path"), TABLE, ids=[f"{state.__name__}-{path}" for state, path in TABLE]
+)
+def test_close(sandbox, program, state, path):
+    expected = TABLE[state, path]
+    go_on, reaches_the_end = state(sandbox, program)
+    window = program.window()
+    PATHS[path](window)
+    if expected == STAYS:
+        # Each way on needs a window that has seen the attempt and is still there.
+        go_on()
+        expect_end(sandbox, program, cleanup=reaches_the_end)
+        return
+    window.wait_gone()
+    if state is start_up_wait:
+        go_on()
+    expect_end(sandbox, program, cleanup=expected == CLOSES_AND_CLEANS)
+    if state is running:
+        assert sandbox.processes("uninstall.exe"), "the uninstaller lives on"
+        go_on()

@@ -1,0 +1,90 @@
+"""One window at a time: what a second start does."""
+
+import struct
+
+import pytest
+
+from driver import layout, wait
+
+
+def second_start_ends(sandbox):
+    """A second start opens no window and ends with status 0."""
+    second = sandbox.start()
+    assert second.wait_exit() == 0
+    assert not second.windows()
+
+
+def test_brings_a_minimised_window_to_the_front(sandbox, program):
+    window = program.ready()
+    assert sandbox.read_handle() == window.identifier
+    window.minimise()
+    with sandbox.display.windows.bystander():
+        second_start_ends(sandbox)
+        wait.until(lambda: not window.iconified and window.visible, "the window to be restored")
+        wait.until(lambda: window.active, "the window to be active")
+        wait.until(lambda: window.topmost, "the window to be on top")
+        assert "_NET_WM_STATE_ABOVE" not in window.states
+    # The first instance's file and lock are its own still.
+    assert sandbox.read_handle() == window.identifier
+    assert sandbox.instance_lock_held()
+
+
+def test_raises_a_covered_window(sandbox, program):
+    window = program.ready()
+    with sandbox.display.windows.bystander():
+        assert not window.topmost
+        second_start_ends(sandbox)
+        wait.until(lambda: window.active and window.topmost, "the window in front")
+
+
+def test_before_the_window_exists_it_does_nothing_at_all(sandbox):
+    with sandbox.holding_instance_lock():
+        before = sandbox.snapshot()
+        second_start_ends(sandbox)
+        assert not before.keys() ^ sandbox.snapshot().keys()
+    assert not (sandbox.temp / "clearKTR.bat").exists()
+    # The telemetry library is loaded in every start all the same.
+    sandbox.wait_noted("SkyrelWrap.DLL", "load")
+
+
+def test_a_new_start_works_when_the_first_has_ended(sandbox, program):
+    program.window().click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    again = sandbox.start()
+    again.ready().click(layout.CANCEL)
+    assert again.wait_exit() == 0
+
+
+def _raw(number: int) -> bytes:
+    return struct.pack("<Q", number)
+
+
+@pytest.mark.parametrize(
+    ("content", "activates"),
+    [
+        pytest.param(lambda window: _raw(window), True, id="exact"),
+        pytest.param(lambda window: _raw(window) + b"more", True, id="longer"),
+        pytest.param(lambda window: _raw(window)[:7], False, id="seven bytes"),
+        pytest.param(lambda window: _raw(window)[:4], False, id="four bytes"),
+        pytest.param(lambda window: b"", False, id="empty"),
+        pytest.param(lambda window: _raw(0), False, id="zero"),
+        pytest.param(lambda window: _raw(0x7FFFFFF), False, id="stale"),
+        pytest.param(lambda window: _raw(window + (1 << 32)), False, id="beyond 32 bits"),
+        pytest.param(None, False, id="missing"),
+    ],
+)
+def test_handle_file(sandbox, program, content, activates):
+    window = program.ready()
+    if content is None:
+        sandbox.handle_file.unlink()
+    else:
+        sandbox.write_handle(content(window.identifier))
+    with sandbox.display.windows.bystander() as bystander:
+        second_start_ends(sandbox)
+        if activates:
+            wait.until(lambda: window.active, "the window to be active")
+        else:
+            # The second start has ended: whatever it asked of the window manager came before this.
+            window.minimise()
+            assert not window.active
+            assert bystander.visible

@@ -1,0 +1,134 @@
+"""Environment, companions, files: what the program touches besides its window."""
+
+from pathlib import Path
+
+import pytest
+
+from driver import layout, tree
+from driver.system import MUTEX
+from steps import expect_end, uninstall, wait_complete
+
+VARIABLES = (
+    "QT_PLUGIN_PATH", "QML2_IMPORT_PATH", "QT_AUTO_SCREEN_SCALE_FACTOR", "QML_DISABLE_DISK_CACHE",
+)
+
+
+@pytest.mark.parametrize(
+    ("given", "seen"),
+    [
+        ({"QT_PLUGIN_PATH": "/nowhere", "QML2_IMPORT_PATH": "/nowhere"}, "unset"),
+        ({"QT_PLUGIN_PATH": "", "QML2_IMPORT_PATH": ""}, "empty"),
+        ({"QT_PLUGIN_PATH": None, "QML2_IMPORT_PATH": None}, "unset"),
+    ],
+    ids=["set", "empty", "absent"],
+)
+def test_environment_as_the_uninstaller_sees_it(sandbox, given, seen):
+    sandbox.configure("uninstall.exe", run_ms=500, env=",".join(VARIABLES))
+    program = sandbox.start(environment={**given, "QT_AUTO_SCREEN_SCALE_FACTOR": "1"})
+    window = program.ready()
+    uninstall(window)
+    entry = sandbox.wait_noted("uninstall.exe", "start")
+    assert entry.text("env.QT_PLUGIN_PATH") == seen
+    assert entry.text("env.QML2_IMPORT_PATH") == seen
+    assert entry.text("env.QT_AUTO_SCREEN_SCALE_FACTOR") == "empty"
+    assert entry.text("env.QML_DISABLE_DISK_CACHE") == "set:1"
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_arguments_are_ignored(sandbox):
+    program = sandbox.start(["--help", "/S", "file"])
+    program.ready().click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+
+
+def test_companions_of_other_folders_survive(sandbox, program):
+    hold = sandbox.root / "hold" / "companion"
+    hold.touch()
+    outside = sandbox.spawn("SkyrelWrapExe.exe", inside=False, hold_file=hold)
+    shouting = sandbox.spawn("SkyrelWrapExe.exe", called="SKYRELWRAPEXE.EXE", hold_file=hold)
+    sandbox.wait_processes("SKYRELWRAPEXE.EXE", 1)
+    sandbox.configure("uninstall.exe", run_ms=500)
+    window = program.window()
+    uninstall(window)
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    assert shouting.wait_exit() == -9
+    sandbox.wait_noted("clearKTR.bat", "start")
+    assert [process.pid for process in sandbox.processes("SkyrelWrapExe.exe")] == [outside.pid]
+    hold.unlink()
+    assert outside.wait_exit() == 0
+
+
+def test_nothing_is_left_on_disk_but_the_described_files(sandbox):
+    before = sandbox.snapshot()
+    program = sandbox.start()
+    program.ready()
+    while_running = tree.compare(before, sandbox.snapshot())
+    assert while_running.added == [
+        "Dravik/bin/hwndFile.ini", f"run/{MUTEX}.lock", "tmp/clearKTR.bat",
+    ]
+    assert not while_running.changed and not while_running.removed
+    program.window().click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+    after = tree.compare(before, sandbox.snapshot())
+    assert after.added == [f"run/{MUTEX}.lock", "tmp/clearKTR.bat"]
+    assert not after.changed and not after.removed
+
+
+def test_the_staged_script_is_a_fresh_copy(sandbox):
+    (sandbox.temp / "clearKTR.bat").write_text("something older")
+    program = sandbox.start()
+    program.ready()
+    staged = sandbox.temp / "clearKTR.bat"
+    assert staged.read_bytes() == (sandbox.bin / "clearKTR.bat").read_bytes()
+    assert staged.stat().st_mode & 0o111
+    program.window().click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+
+
+def test_a_missing_script_makes_the_clean_up_fail_silently(sandbox):
+    (sandbox.bin / "clearKTR.bat").unlink()
+    sandbox.configure("uninstall.exe", run_ms=500)
+    program = sandbox.start()
+    window = program.ready()
+    assert not (sandbox.temp / "clearKTR.bat").exists()
+    uninstall(window)
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    sandbox.wait_processes("SkyrelWrapExe.exe", 0)
+    assert not sandbox.journal("clearKTR.bat")
+
+
+def test_a_missing_telemetry_library_changes_nothing(sandbox):
+    (sandbox.bin / "SkyrelWrap.DLL").unlink()
+    program = sandbox.start()
+    program.ready().click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    assert not sandbox.journal("SkyrelWrapExe.exe")
+
+
+@pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
+def test_a_window_that_cannot_be_created_ends_the_program(sandbox):
+    # The platform plug-in is found as ever, the QML modules are not.
+    plugins = next(Path("/usr/lib").glob("*/qt5/plugins"))
+    (sandbox.bin / "qt.conf").write_text(
+        f"[Paths]\nPlugins={plugins}\nQml2Imports=/nowhere\nImports=/nowhere\n"
+    )
+    program = sandbox.start()
+    assert program.wait_exit() == 0
+    assert "Main.qml" in program.stderr
+    assert not sandbox.handle_file.exists()
+    assert not sandbox.instance_lock_held()
+    sandbox.wait_noted("SkyrelWrapExe.exe", "end")
+    assert not sandbox.journal("clearKTR.bat")
+
+
+def test_no_graphics_driver_is_loaded(sandbox, program):
+    maps = Path(f"/proc/{program.pid}/maps").read_text()
+    assert "libQt5Quick" in maps
+    assert "_dri.so" not in maps
+    assert "libgallium" not in maps

@@ -1,0 +1,186 @@
+"""The main job: the product is uninstalled while the user watches."""
+
+import os
+
+from driver import layout, wait
+from steps import (
+    expect_end, uninstall, wait_buttons_disabled, wait_climbing, wait_complete, wait_given_up,
+)
+
+
+def test_uninstalls_to_completion(sandbox, program):
+    hold = sandbox.hold("uninstall.exe")
+    window = program.window()
+    assert window.geometry.size == layout.CARD.size
+    sandbox.wait_noted("SkyrelWrapExe.exe", "start")
+    uninstall(window)
+
+    started = sandbox.wait_noted("uninstall.exe", "start")
+    assert started.items("args") == ["/SP-", "/VERYSILENT"]
+    assert started.text("cwd") == str(sandbox.bin)
+    wait_buttons_disabled(window)
+    first = wait_climbing(window)
+    assert first < 1.0
+    wait_climbing(window, first)
+
+    hold.unlink()
+    sandbox.wait_noted("uninstall.exe", "end")
+    wait_complete(window)
+    # The uninstall button has gone: its place is white.
+    window.wait_colour(layout.face(layout.UNINSTALL), layout.WHITE)
+    assert program.running
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+    assert len(sandbox.journal("uninstall.exe", "start")) == 1
+
+
+def test_clean_up_runs_hidden_idle_and_in_the_temp_directory(sandbox, program):
+    sandbox.configure("uninstall.exe", run_ms=1000)
+    window = program.window()
+    uninstall(window)
+    wait_complete(window)
+    window.click(layout.TITLE_CLOSE)
+    expect_end(sandbox, program, cleanup=True)
+    entry = sandbox.wait_noted("clearKTR.bat", "start")
+    assert entry.text("script") == str(sandbox.temp / "clearKTR.bat")
+    assert entry.text("cwd") == str(sandbox.temp)
+    assert entry.text("nice") == "19"
+    assert entry.text("policy") == "5"
+    assert entry.number("sid") != os.getsid(0), "a session of its own"
+    for stream in ("stdin", "stdout", "stderr"):
+        assert entry.text(stream) == "/dev/null"
+    assert len(sandbox.journal("clearKTR.bat")) == 1
+
+
+def test_the_uninstaller_inherits_no_lock(sandbox, program):
+    hold = sandbox.hold("uninstall.exe")
+    uninstall(program.window())
+    entry = sandbox.wait_noted("uninstall.exe", "start")
+    assert entry.items("fds") == []
+    program.window().close()
+    assert program.wait_exit() == 0
+    # The uninstaller lives on, and the lock is free.
+    assert sandbox.processes("uninstall.exe")
+    assert not sandbox.instance_lock_held()
+    hold.unlink()
+
+
+def test_a_running_product_is_warned_about_and_may_be_closed(sandbox, program):
+    product = sandbox.spawn("KTRUI.exe")
+    sandbox.wait_noted("KTRUI.exe", "start")
+    sandbox.configure("uninstall.exe", run_ms=1000)
+    window = program.window()
+    uninstall(window)
+    box = program.box()
+    assert box.geometry == layout.box_on(window.geometry)
+    assert not sandbox.journal("uninstall.exe")
+
+    box.click(layout.BOX_OK)
+    box.wait_gone()
+    # Nothing has changed: idle, both buttons enabled, and it can be tried again.
+    window.hover(layout.TITLE_GRIP)
+    window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
+    window.wait_colour(layout.face(layout.UNINSTALL), layout.UNINSTALL_NORMAL)
+    uninstall(window)
+    again = program.box()
+    assert again != box
+    again.click(layout.BOX_CLOSE)
+    again.wait_gone()
+    assert not sandbox.journal("uninstall.exe")
+
+    product.kill()
+    uninstall(window)
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_the_box_closes_by_keyboard_and_by_the_window_manager(sandbox, program):
+    sandbox.spawn("KTRUI.exe")
+    sandbox.wait_noted("KTRUI.exe", "start")
+    window = program.window()
+    keyboard = sandbox.display.input
+    for close in (
+        lambda box: keyboard.key("Escape"),
+        lambda box: keyboard.key("Return"),
+        lambda box: box.close(),
+        lambda box: keyboard.alt_f4(),
+    ):
+        window.click(layout.UNINSTALL)
+        box = program.box()
+        wait.until(lambda: box.active, "the box to be active")
+        close(box)
+        box.wait_gone()
+        wait.until(lambda: window.active, "the main window to be active again")
+    assert program.running
+    assert not sandbox.journal("uninstall.exe")
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+
+
+def test_a_product_of_another_letter_case_is_not_the_product(sandbox, program):
+    sandbox.spawn("KTRUI.exe", called="ktrui.exe")
+    sandbox.wait_processes("ktrui.exe", 1)
+    sandbox.configure("uninstall.exe", run_ms=500)
+    window = program.window()
+    uninstall(window)
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_without_an_uninstaller_only_a_system_close_ends_it(sandbox, program):
+    (sandbox.bin / "uninstall.exe").unlink()
+    sandbox.configure("tasklist", note=1)
+    window = program.window()
+    uninstall(window)
+    wait_given_up(sandbox)
+    wait_buttons_disabled(window)
+    assert window.bar_fraction() == 0.0
+    window.click(layout.CANCEL)
+    window.click(layout.TITLE_CLOSE)
+    # A window that answers a drag has seen the clicks before it.
+    window.drag(layout.TITLE_GRIP, 40, 30)
+    assert program.running
+    assert window.bar_fraction() == 0.0
+    window.close()
+    expect_end(sandbox, program, cleanup=False)
+
+
+def test_an_uninstaller_of_another_folder_holds_the_bar(sandbox, program):
+    sandbox.configure("uninstall.exe", run_ms=300)
+    other = sandbox.spawn("uninstall.exe", inside=False, hold_file=sandbox.root / "hold" / "x")
+    window = program.window()
+    (sandbox.root / "hold" / "x").touch()
+    other.kill()
+    other = sandbox.spawn("uninstall.exe", inside=False, hold_file=sandbox.root / "hold" / "x")
+    uninstall(window)
+    sandbox.wait_noted("uninstall.exe", "start", cwd=sandbox.bin)
+    reached = wait_climbing(window, 0.03)
+    wait_climbing(window, reached)
+    (sandbox.root / "hold" / "x").unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_the_window_is_dragged_by_its_title_also_during_the_run(sandbox, program):
+    window = program.window()
+    before = window.geometry
+    window.drag(layout.TITLE_GRIP, 120, 90)
+    assert window.geometry == before.moved(120, 90)
+    # The enabled close button is no grip.
+    window.drag(layout.TITLE_CLOSE, 60, 60, follows=False)
+    assert program.running
+    hold = sandbox.hold("uninstall.exe")
+    uninstall(window)
+    wait_climbing(window)
+    moved = window.geometry
+    # Nor is the disabled one; the drag by the bar that follows shows that its press has been seen.
+    window.drag(layout.TITLE_CLOSE, 70, 70, follows=False)
+    window.drag(layout.TITLE_GRIP, -50, -40)
+    assert window.geometry == moved.moved(-50, -40)
+    hold.unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)

@@ -1,0 +1,188 @@
+#include "app/process_utils.h"
+#include "platform/module_path.h"
+#include "platform/text.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+// The child ends when its standard input does.
+struct EndChild
+{
+    void operator()(QProcess *process) const
+    {
+        process->closeWriteChannel();
+        process->waitForFinished(60000);
+        delete process;
+    }
+};
+using Child = std::unique_ptr<QProcess, EndChild>;
+
+// Real processes of chosen names in chosen folders.
+class ProcessUtils : public testing::Test
+{
+protected:
+    QString Folder(const QString &name)
+    {
+        const QString path = QFileInfo(root_.path()).canonicalFilePath() + QLatin1Char('/') + name;
+        EXPECT_TRUE(QDir().mkpath(path));
+        return path;
+    }
+
+    static Child Run(const QString &folder, const QString &name)
+    {
+        const QString program = folder + QLatin1Char('/') + name;
+        QFile::remove(program);
+        EXPECT_TRUE(QFile::copy(QStringLiteral(APP_CHILD), program));
+        return Start(program);
+    }
+
+    static Child Start(const QString &program)
+    {
+        Child process(new QProcess);
+        process->start(program, QStringList());
+        EXPECT_TRUE(process->waitForReadyRead(60000)) << program.toStdString();
+        return process;
+    }
+
+    static bool Runs(QProcess &process)
+    {
+        return !process.waitForFinished(0);
+    }
+    static bool Ended(QProcess &process)
+    {
+        return process.state() == QProcess::NotRunning || process.waitForFinished(60000);
+    }
+    static std::wstring Native(const QString &path)
+    {
+        return QDir::toNativeSeparators(path).toStdWString();
+    }
+
+    QTemporaryDir root_;
+};
+
+TEST(DirectoryOfPath, EndsBeforeTheLastSeparator)
+{
+    EXPECT_EQ(DirectoryOf(L"/a/b/c.exe"), L"/a/b");
+    EXPECT_EQ(DirectoryOf(L"/c.exe"), L"");
+    EXPECT_EQ(DirectoryOf(L"/a/b/"), L"/a/b");
+    EXPECT_EQ(DirectoryOf(L"c.exe"), L"");
+    EXPECT_EQ(DirectoryOf(L""), L"");
+    const std::wstring native(1, platform::kNativeSeparatorWide);
+    EXPECT_EQ(DirectoryOf(L"C:" + native + L"x/y" + native + L"c.exe"), L"C:" + native + L"x/y");
+}
+
+TEST(ModuleDirectory, IsTheExecutablesFolderWithoutATrailingSeparator)
+{
+    EXPECT_EQ(QDir::fromNativeSeparators(QString::fromStdWString(GetModuleDirW())),
+              QCoreApplication::applicationDirPath());
+}
+
+TEST_F(ProcessUtils, EndsOnlyTheNamedImageInTheNamedDirectory)
+{
+    const QString inside = Folder(QStringLiteral("inside"));
+    const QString outside = Folder(QStringLiteral("outside"));
+    const QString below = Folder(QStringLiteral("inside/below"));
+    const auto target = Run(inside, QStringLiteral("helper.exe"));
+    const auto second = Run(inside, QStringLiteral("helper.exe.x"));
+    const auto elsewhere = Run(outside, QStringLiteral("helper.exe"));
+    const auto deeper = Run(below, QStringLiteral("helper.exe"));
+
+    EXPECT_TRUE(KillProcessInDir(L"helper.exe", Native(inside)));
+    EXPECT_TRUE(Ended(*target));
+    EXPECT_TRUE(Runs(*second));
+    EXPECT_TRUE(Runs(*elsewhere));
+    EXPECT_TRUE(Runs(*deeper));
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside)));
+}
+
+TEST_F(ProcessUtils, EndsEveryMatchingProcess)
+{
+    const QString inside = Folder(QStringLiteral("inside"));
+    const auto first = Run(inside, QStringLiteral("helper.exe"));
+    const auto second = Start(inside + QStringLiteral("/helper.exe"));
+    EXPECT_TRUE(KillProcessInDir(L"helper.exe", Native(inside)));
+    EXPECT_TRUE(Ended(*first));
+    EXPECT_TRUE(Ended(*second));
+}
+
+TEST_F(ProcessUtils, ComparesNameAndDirectoryWithoutCase)
+{
+    const QString inside = Folder(QStringLiteral("InSide"));
+    const auto target = Run(inside, QStringLiteral("HELPER.exe"));
+    EXPECT_TRUE(KillProcessInDir(L"helper.EXE", Native(inside.toUpper())));
+    EXPECT_TRUE(Ended(*target));
+}
+
+TEST_F(ProcessUtils, ComparesTheDirectoryAsPlainText)
+{
+    const QString inside = Folder(QStringLiteral("inside"));
+    const auto target = Run(inside, QStringLiteral("helper.exe"));
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside + QLatin1Char('/'))));
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside + QStringLiteral("/../inside"))));
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", std::wstring()));
+    EXPECT_TRUE(Runs(*target));
+}
+
+TEST_F(ProcessUtils, APathBeyondTheLimitIsPassedOver)
+{
+    const QString inside =
+        Folder(QString(100, QLatin1Char('a')) + QLatin1Char('/') + QString(200, QLatin1Char('b')));
+    const auto target = Run(inside, QStringLiteral("helper.exe"));
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside)));
+    EXPECT_TRUE(Runs(*target));
+}
+
+TEST_F(ProcessUtils, TelemetryHelpersOfTheProgramDirectoryAreEndedAndOthersAreNot)
+{
+    const QString programDir = QCoreApplication::applicationDirPath();
+    const auto inside = Run(programDir, QStringLiteral("SKYRELwrapexe.exe"));
+    const auto outside = Run(Folder(QStringLiteral("other")), QStringLiteral("SkyrelWrapExe.exe"));
+    KillTelemetryHelper();
+    EXPECT_TRUE(Ended(*inside));
+    EXPECT_TRUE(Runs(*outside));
+    QFile::remove(programDir + QStringLiteral("/SKYRELwrapexe.exe"));
+}
+
+TEST_F(ProcessUtils, TheCleanupCommandRunsInTheTempDirectory)
+{
+    const QString folder = Folder(QStringLiteral("launch"));
+    const QString script = folder + QStringLiteral("/clear.sh");
+    QFile file(script);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("#!/bin/sh\n{ pwd; nice; printf '%s\\n' \"$#\" \"$1\"; } > \"$1/out.new\"\n"
+               "mv \"$1/out.new\" \"$1/out\"\n");
+    file.close();
+    file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+
+    LaunchCleanupCommand(QStringLiteral("%1 \"%2\"").arg(script, folder));
+    QFile out(folder + QStringLiteral("/out"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return out.exists(); }, 60000));
+    ASSERT_TRUE(out.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromLocal8Bit(out.readAll()).split(QLatin1Char('\n'));
+    EXPECT_EQ(QFileInfo(lines.value(0)).canonicalFilePath(),
+              QFileInfo(QDir::tempPath()).canonicalFilePath());
+    EXPECT_EQ(lines.value(1), QStringLiteral("19"));
+    EXPECT_EQ(lines.value(2), QStringLiteral("1"));
+    EXPECT_EQ(lines.value(3), folder);
+}
+
+TEST_F(ProcessUtils, ACommandThatCannotBeLaunchedHasNoEffect)
+{
+    testing::internal::CaptureStderr();
+    LaunchCleanupCommand(QStringLiteral("/no/such/script \"x\""));
+    LaunchCleanupCommand(QString());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+} // namespace

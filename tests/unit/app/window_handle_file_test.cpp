@@ -1,0 +1,68 @@
+#include "app/window_handle_file.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class WindowHandleFile : public testing::Test
+{
+protected:
+    QByteArray Read()
+    {
+        QFile file(path_);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void TearDown() override
+    {
+        RemoveWindowHandleFile();
+    }
+
+    const QString path_ = QCoreApplication::applicationDirPath() + QStringLiteral("/hwndFile.ini");
+};
+
+TEST_F(WindowHandleFile, LiesBesideTheExecutable)
+{
+    EXPECT_EQ(QString::fromLocal8Bit(GetHwndFilePath().c_str()), path_);
+}
+
+TEST_F(WindowHandleFile, HoldsTheHandleInEightBytesAndGoesAway)
+{
+    // An older and longer file is replaced, not overwritten in part.
+    QFile old(path_);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("twelve bytes");
+    old.close();
+
+    QQmlApplicationEngine engine;
+    engine.loadData("import QtQuick.Window 2.14\nWindow {}");
+    ASSERT_EQ(engine.rootObjects().size(), 1);
+    PublishWindowHandle(engine);
+
+    quint64 handle = qobject_cast<QQuickWindow *>(engine.rootObjects().first())->winId();
+    ASSERT_NE(handle, 0U);
+    QByteArray littleEndian;
+    for (int byte = 0; byte < 8; ++byte) {
+        littleEndian.append(static_cast<char>(handle & 0xFFU));
+        handle >>= 8U;
+    }
+    EXPECT_EQ(Read(), littleEndian);
+
+    RemoveWindowHandleFile();
+    EXPECT_FALSE(QFile::exists(path_));
+    RemoveWindowHandleFile();
+}
+
+TEST_F(WindowHandleFile, IsNotWrittenWithoutAWindow)
+{
+    const QQmlApplicationEngine engine;
+    PublishWindowHandle(engine);
+    EXPECT_FALSE(QFile::exists(path_));
+}
+
+} // namespace

@@ -1,0 +1,107 @@
+#include "controller/uninstall_mgr.h"
+#include "tests/unit/controller/world.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class MessageWait : public testing::Test
+{
+protected:
+    // What runs inside the wait that starts next.
+    template<typename Action> static void Inside(Action action)
+    {
+        QTimer::singleShot(0, std::move(action));
+    }
+
+    World world_;
+    CUninstallMgr manager_{world_.Environment()};
+};
+
+TEST_F(MessageWait, ReturnsTheCodeThatEndsIt)
+{
+    int ending = 0;
+    Inside([&] { ending = manager_.popMsgBox(false, 2); });
+    EXPECT_EQ(manager_.popMsgBox(true), 2);
+    EXPECT_EQ(ending, -1);
+}
+
+TEST_F(MessageWait, EndsWithMinusOneWhenNoCodeIsGiven)
+{
+    Inside([&] { manager_.popMsgBox(false); });
+    EXPECT_EQ(manager_.popMsgBox(true, 7), -1);
+}
+
+TEST_F(MessageWait, EndingAnIdleWaitHasNoLastingEffect)
+{
+    EXPECT_EQ(manager_.popMsgBox(false, 5), -1);
+    Inside([&] { manager_.popMsgBox(false, 3); });
+    EXPECT_EQ(manager_.popMsgBox(true), 3);
+}
+
+TEST_F(MessageWait, IsReused)
+{
+    for (const int code : {1, 2, 3}) {
+        Inside([&] { manager_.popMsgBox(false, code); });
+        EXPECT_EQ(manager_.popMsgBox(true), code);
+    }
+}
+
+TEST_F(MessageWait, CannotBeEnteredTwice)
+{
+    int second = 0;
+    Inside([&] {
+        second = manager_.popMsgBox(true);
+        manager_.popMsgBox(false, 4);
+    });
+    EXPECT_EQ(manager_.popMsgBox(true), 4);
+    EXPECT_EQ(second, -1);
+}
+
+TEST_F(MessageWait, EachWindowHasItsOwn)
+{
+    QWindow first;
+    QWindow second;
+    int inner = 0;
+    Inside([&] {
+        Inside([&] {
+            manager_.popMsgBox(false, 20, &second);
+            manager_.popMsgBox(false, 10, &first);
+        });
+        inner = manager_.popMsgBox(true, -1, &second);
+    });
+    EXPECT_EQ(manager_.popMsgBox(true, -1, &first), 10);
+    EXPECT_EQ(inner, 20);
+}
+
+TEST_F(MessageWait, AnotherWindowsEndDoesNotEndIt)
+{
+    QWindow other;
+    bool otherEnded = false;
+    Inside([&] {
+        manager_.popMsgBox(false, 1, &other);
+        otherEnded = true;
+        Inside([&] { manager_.popMsgBox(false, 9); });
+    });
+    EXPECT_EQ(manager_.popMsgBox(true), 9);
+    EXPECT_TRUE(otherEnded);
+}
+
+TEST_F(MessageWait, ProcessesAllEvents)
+{
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (++ticks == 3) {
+            manager_.popMsgBox(false, ticks);
+        }
+    });
+    timer.start(1);
+    EXPECT_EQ(manager_.popMsgBox(true), 3);
+}
+
+} // namespace

@@ -1,0 +1,171 @@
+#include "controller/uninstall_mgr.h"
+#include "tests/unit/controller/world.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QMetaObject>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const char *const kAsk = "ask uninstall.exe";
+
+class UninstallRun : public testing::Test
+{
+protected:
+    // One tick as the timer makes it.
+    void Tick()
+    {
+        QMetaObject::invokeMethod(&manager_, "slotTimeOut", Qt::DirectConnection);
+    }
+
+    // The controller's only timer is its member, hence not a child: seen by its effect.
+    bool TimerTicks()
+    {
+        world_.Forget();
+        return QTest::qWaitFor([this] { return !world_.Asked().isEmpty(); }, 1000);
+    }
+
+    static QString Start()
+    {
+        return QStringLiteral("start %1/uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::currentPath());
+    }
+
+    World world_;
+    CUninstallMgr manager_{world_.Environment()};
+    QSignalSpy changed_{&manager_, &CUninstallMgr::sigValProgressChanged};
+};
+
+TEST_F(UninstallRun, SeenAtOnceStartsTheTimerWithoutAPause)
+{
+    world_.PollsAnswer({true});
+    manager_.doUninstall();
+    EXPECT_EQ(world_.Asked(), (QStringList{Start(), QLatin1String(kAsk)}));
+    EXPECT_EQ(changed_.count(), 0);
+    EXPECT_TRUE(TimerTicks());
+}
+
+TEST_F(UninstallRun, AsksThenSleepsThenLetsEventsThrough)
+{
+    world_.PollsAnswer({false, false, true});
+    manager_.doUninstall();
+    EXPECT_EQ(world_.Asked(),
+              (QStringList{Start(),
+                           QLatin1String(kAsk),
+                           QStringLiteral("sleep 200"),
+                           QStringLiteral("pump"),
+                           QLatin1String(kAsk),
+                           QStringLiteral("sleep 200"),
+                           QStringLiteral("pump"),
+                           QLatin1String(kAsk)}));
+}
+
+TEST_F(UninstallRun, NeverSeenGivesUpAfterTwentyFivePollsWithoutASignal)
+{
+    world_.PollsAnswer({false});
+    manager_.doUninstall();
+    EXPECT_EQ(world_.Asked().filter(QLatin1String(kAsk)).size(), 25);
+    EXPECT_EQ(world_.Asked().filter(QStringLiteral("sleep 200")).size(), 25);
+    EXPECT_EQ(world_.Asked().filter(QStringLiteral("pump")).size(), 25);
+    EXPECT_EQ(world_.Asked().size(), 1 + 25 * 3);
+    EXPECT_EQ(manager_.getValProgress(), 0);
+    EXPECT_EQ(changed_.count(), 0);
+    EXPECT_FALSE(TimerTicks());
+}
+
+TEST_F(UninstallRun, SeenAtTheTwentyFifthPollStillCounts)
+{
+    QList<bool> answers;
+    for (int poll = 0; poll < 24; ++poll) {
+        answers << false;
+    }
+    world_.PollsAnswer(answers << true);
+    manager_.doUninstall();
+    EXPECT_TRUE(TimerTicks());
+}
+
+TEST_F(UninstallRun, TheWorkingDirectoryNamesTheUninstaller)
+{
+    const QString before = QDir::currentPath();
+    const QTemporaryDir elsewhere;
+    ASSERT_TRUE(QDir::setCurrent(elsewhere.path()));
+    world_.PollsAnswer({true});
+    manager_.doUninstall();
+    EXPECT_EQ(world_.Asked().first(), Start());
+    EXPECT_TRUE(world_.Asked().first().contains(QDir(elsewhere.path()).dirName()));
+    QDir::setCurrent(before);
+}
+
+TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
+{
+    world_.PollsAnswer({true});
+    manager_.doUninstall();
+    world_.Forget();
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return changed_.count() > 0; }, 60000));
+    EXPECT_GE(sinceStart.elapsed(), 190);
+    EXPECT_EQ(manager_.getValProgress(), 1);
+}
+
+TEST_F(UninstallRun, ClimbsByOneHoldsAtNinetyNineAndEndsOnce)
+{
+    world_.PollsAnswer({true});
+    for (int tick = 1; tick <= 99; ++tick) {
+        Tick();
+        ASSERT_EQ(manager_.getValProgress(), tick);
+    }
+    for (int tick = 0; tick < 5; ++tick) {
+        Tick();
+        ASSERT_EQ(manager_.getValProgress(), 99);
+    }
+    EXPECT_EQ(changed_.count(), 104);
+    world_.PollsAnswer({false});
+    Tick();
+    EXPECT_EQ(manager_.getValProgress(), 100);
+    EXPECT_EQ(changed_.count(), 105);
+}
+
+TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
+{
+    world_.PollsAnswer({true, false});
+    manager_.doUninstall();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager_.getValProgress() == 100; }, 60000));
+    EXPECT_EQ(changed_.count(), 1);
+    EXPECT_FALSE(TimerTicks());
+    EXPECT_EQ(changed_.count(), 1);
+}
+
+TEST_F(UninstallRun, TheTimerHasStoppedWhenTheEndIsAnnounced)
+{
+    world_.PollsAnswer({true, false});
+    auto *const timer = manager_.findChild<QTimer *>();
+    EXPECT_EQ(timer, nullptr) << "the timer is a member without a parent";
+    int asksAtTheEnd = -1;
+    QObject::connect(&manager_, &CUninstallMgr::sigValProgressChanged, [&] {
+        world_.Forget();
+        // Were the timer still active, it would fire inside this wait.
+        QTest::qWait(500);
+        asksAtTheEnd = world_.Asked().size();
+    });
+    manager_.doUninstall();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return asksAtTheEnd >= 0; }, 60000));
+    EXPECT_EQ(asksAtTheEnd, 0);
+}
+
+// Past the end the described branches leave the value alone.
+TEST_F(UninstallRun, BeyondTheEndNothingIsSet)
+{
+    world_.PollsAnswer({true});
+    manager_.setValProgress(150);
+    Tick();
+    EXPECT_EQ(manager_.getValProgress(), 150);
+    EXPECT_EQ(changed_.count(), 1);
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "controller/uninstall_environment.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <utility>
+
+/// A world for the controller that writes down, in order, what it was asked for.
+class World
+{
+public:
+    /// The next polls answer these in turn; after the last one, the last one stays.
+    void PollsAnswer(QList<bool> answers)
+    {
+        answers_ = std::move(answers);
+    }
+
+    /// Runs whenever the controller lets events be processed.
+    std::function<void()> whileProcessingEvents = [] {
+    };
+    QString kernelVersion;
+    bool dropShadow = false;
+
+    const QStringList &Asked() const
+    {
+        return asked_;
+    }
+    void Forget()
+    {
+        asked_.clear();
+    }
+
+    UninstallEnvironment Environment()
+    {
+        UninstallEnvironment environment;
+        environment.isProcessRunning = [this](const QString &name) {
+            asked_ << QStringLiteral("ask ") + name;
+            const bool answer = !answers_.isEmpty() && answers_.first();
+            if (answers_.size() > 1) {
+                answers_.removeFirst();
+            }
+            return answer;
+        };
+        environment.startDetached = [this](const QString &program, const QStringList &arguments) {
+            asked_
+                << QStringLiteral("start %1 [%2]").arg(program, arguments.join(QLatin1Char('|')));
+        };
+        environment.sleep = [this](unsigned long milliseconds) {
+            asked_ << QStringLiteral("sleep %1").arg(milliseconds);
+        };
+        environment.processEvents = [this] {
+            asked_ << QStringLiteral("pump");
+            whileProcessingEvents();
+        };
+        environment.kernelVersion = [this] {
+            return kernelVersion;
+        };
+        environment.dropShadowEnabled = [this] {
+            asked_ << QStringLiteral("shadow?");
+            return dropShadow;
+        };
+        environment.openUrl = [this](const QUrl &url) {
+            asked_ << QStringLiteral("open ") + QString::fromLatin1(url.toEncoded());
+        };
+        environment.sendUsageEvent = [this](const QString &window,
+                                            const QString &activity,
+                                            const QString &attribute,
+                                            const QString &source) {
+            asked_ << QStringLiteral("event [%1][%2][%3][%4]")
+                          .arg(window, activity, attribute, source);
+        };
+        return environment;
+    }
+
+private:
+    QList<bool> answers_;
+    QStringList asked_;
+};

@@ -1,0 +1,86 @@
+#include "platform/processes.h"
+#include "tests/unit/platform/support/child.h"
+#include "tests/unit/platform/support/waiting.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace {
+
+using contract::StartedChild;
+using platform::OpenedProcess;
+
+constexpr std::size_t kLongPath = 4096;
+
+/// Waits until the child has ended, without taking its status, which would let it go.
+void WaitForZombie(platform::ProcessId id)
+{
+    siginfo_t ended = {};
+    ASSERT_EQ(::waitid(P_PID, id, &ended, WEXITED | WNOWAIT), 0);
+}
+
+TEST(PosixProcesses, ADeletedProgramKeepsItsName)
+{
+    const contract::ScratchFolder folder;
+    contract::CopyChildProgram(folder / "short lived");
+    StartedChild child(folder / "short lived");
+    std::filesystem::remove(folder / "short lived");
+    EXPECT_EQ(contract::ImageNameOf(child.Process().Id()), L"short lived");
+    EXPECT_EQ(OpenedProcess::Open(child.Process().Id()).ImagePath(kLongPath),
+              (folder / "short lived").wstring());
+    EXPECT_EQ(child.Ask({"path"}), (folder / "short lived").string());
+}
+
+TEST(PosixProcesses, AProcessThatNobodyHasWaitedForIsGoneAllTheSame)
+{
+    StartedChild child;
+    const auto id = child.Process().Id();
+    const OpenedProcess before = OpenedProcess::Open(id);
+    ASSERT_TRUE(before);
+    child.Ask({"exit", "0"});
+    WaitForZombie(id);
+    EXPECT_FALSE(contract::IsRunning(id));
+    EXPECT_FALSE(OpenedProcess::Open(id));
+    EXPECT_FALSE(before.Terminate(0));
+    EXPECT_EQ(before.ImagePath(kLongPath), std::nullopt);
+}
+
+TEST(PosixProcesses, TerminateOfAnEndedProcessFails)
+{
+    StartedChild child;
+    const OpenedProcess process = OpenedProcess::Open(child.Process().Id());
+    ASSERT_TRUE(process);
+    child.Process().EndAtOnce();
+    EXPECT_FALSE(process.Terminate(0));
+}
+
+TEST(PosixProcesses, AProcessOfAnotherUserCannotBeOpened)
+{
+    StartedChild child;
+    EXPECT_EQ(child.Ask({"unprivileged", "open-process", "1"}), "empty");
+}
+
+TEST(PosixProcesses, KernelThreadsAreNotListed)
+{
+    const auto processes = platform::SnapshotProcesses();
+    ASSERT_TRUE(processes);
+    for (const auto &process : *processes) {
+        EXPECT_FALSE(process.imageName.empty()) << process.id;
+    }
+}
+
+TEST(PosixProcesses, NamesOfBrokenBytesStayApart)
+{
+    const contract::ScratchFolder folder;
+    contract::CopyChildProgram(folder / "broken\xff");
+    contract::CopyChildProgram(folder / "broken\xfe");
+    StartedChild first(folder / "broken\xff");
+    StartedChild second(folder / "broken\xfe");
+    const std::wstring firstName = contract::ImageNameOf(first.Process().Id());
+    const std::wstring secondName = contract::ImageNameOf(second.Process().Id());
+    EXPECT_FALSE(firstName.empty());
+    EXPECT_FALSE(secondName.empty());
+    EXPECT_NE(firstName, secondName);
+}
+
+} // namespace

@@ -1,0 +1,8 @@
+ktr_add_contract_test(platform_posix_test
+    posix/command_line_test.cpp
+    posix/file_descriptor_test.cpp
+    posix/launch_test.cpp
+    posix/named_mutex_test.cpp
+    posix/narrow_text_test.cpp
+    posix/processes_test.cpp
+    posix/window_test.cpp)

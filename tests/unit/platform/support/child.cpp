@@ -1,0 +1,105 @@
+#include "tests/unit/platform/support/child.h"
+
+#include "tests/unit/platform/support/waiting.h"
+
+#include <algorithm>
+
+namespace contract {
+
+std::filesystem::path ChildProgram()
+{
+    return OwnProgram().parent_path() / ("contract_child" + ProgramExtension());
+}
+
+void CopyChildProgram(const std::filesystem::path &to)
+{
+    std::filesystem::create_directories(to.parent_path());
+    std::filesystem::copy_file(ChildProgram(), to);
+}
+
+std::filesystem::path FixtureLibrary()
+{
+    return OwnProgram().parent_path() / "contract_library.dll";
+}
+
+Child::Child()
+    : mailbox_(folder_.Path())
+{
+}
+
+std::string Child::Ask(const Lines &command)
+{
+    Send(command);
+    return AwaitAnswer();
+}
+
+void Child::Send(const Lines &command)
+{
+    mailbox_.Send(command);
+}
+
+std::string Child::AwaitAnswer()
+{
+    return mailbox_.AwaitAnswer();
+}
+
+const std::filesystem::path &Child::Folder() const
+{
+    return folder_.Path();
+}
+
+StartedChild::StartedChild(const std::filesystem::path &program)
+{
+    const ScopedVariable mailbox(kMailboxVariable, Folder().string());
+    process_.emplace(program, Lines{});
+    Ask({"id"}); // it runs
+}
+
+StartedChild::~StartedChild()
+{
+    process_.reset(); // before the folder goes
+}
+
+DetachedChild::~DetachedChild()
+{
+    if (id_ != 0) {
+        Send({"exit", "0"});
+        WaitUntil([this] { return !IsRunning(id_); });
+    }
+}
+
+void DetachedChild::Launch(const std::string &commandLine,
+                           const std::filesystem::path &workingDirectory,
+                           const platform::LaunchOptions &options)
+{
+    {
+        const ScopedVariable mailbox(kMailboxVariable, Folder().string());
+        platform::LaunchDetached(commandLine, workingDirectory.string(), options);
+    }
+    AwaitStart();
+}
+
+void DetachedChild::AwaitStart()
+{
+    const std::string answer = Ask({"id"});
+    id_ = static_cast<platform::ProcessId>(std::strtoul(answer.c_str(), nullptr, 10));
+}
+
+std::wstring ImageNameOf(platform::ProcessId id)
+{
+    const auto processes = platform::SnapshotProcesses();
+    if (!processes) {
+        return {};
+    }
+    const auto found = std::find_if(processes->begin(),
+                                    processes->end(),
+                                    [id](const auto &process) { return process.id == id; });
+    return found != processes->end() ? found->imageName : std::wstring();
+}
+
+bool IsRunning(platform::ProcessId id)
+{
+    return !ImageNameOf(id).empty();
+}
+
+} // namespace contract

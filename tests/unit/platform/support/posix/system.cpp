@@ -1,0 +1,170 @@
+#include "tests/unit/platform/support/system.h"
+
+#include "platform/posix/file_descriptor.h"
+#include "tests/unit/platform/support/scratch_folder.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <sched.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace contract {
+namespace {
+
+constexpr uid_t kNobody = 65534;
+
+/// Root without its rights: the kernel would let it open everything.
+class Unprivileged : public Held
+{
+public:
+    Unprivileged()
+    {
+        if (dropped_) {
+            (void)::setresuid(kNobody, kNobody, 0); // the saved one leads back
+        }
+    }
+    ~Unprivileged() override
+    {
+        if (dropped_) {
+            (void)::setresuid(0, 0, 0);
+        }
+    }
+    Unprivileged(const Unprivileged &) = delete;
+    Unprivileged &operator=(const Unprivileged &) = delete;
+    Unprivileged(Unprivileged &&) = delete;
+    Unprivileged &operator=(Unprivileged &&) = delete;
+
+private:
+    bool dropped_ = ::geteuid() == 0;
+};
+
+class ExclusiveFile : public Held
+{
+public:
+    explicit ExclusiveFile(platform::FileDescriptor file)
+        : file_(std::move(file))
+    {
+    }
+
+private:
+    platform::FileDescriptor file_;
+};
+
+std::string DescriptorFacts()
+{
+    std::string facts;
+    for (const auto &item : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::read_symlink(item.path(), error);
+        // The folder that is being read is open as well.
+        if (!error && target.string().find("/fd") == std::string::npos) {
+            facts += "descriptor " + item.path().filename().string() + ' ' + target.string() + '\n';
+        }
+    }
+    return facts;
+}
+
+} // namespace
+
+platform::ProcessId OwnProcessId()
+{
+    return static_cast<platform::ProcessId>(::getpid());
+}
+
+std::filesystem::path OwnProgram()
+{
+    return std::filesystem::read_symlink("/proc/self/exe");
+}
+
+std::string ProgramExtension()
+{
+    return {};
+}
+
+std::uint32_t LastError()
+{
+    return static_cast<std::uint32_t>(errno);
+}
+
+void SetLastError(std::uint32_t error)
+{
+    errno = static_cast<int>(error);
+}
+
+ScopedVariable::ScopedVariable(std::string name, const std::string &value)
+    : name_(std::move(name))
+{
+    if (const char *const previous = std::getenv(name_.c_str())) {
+        wasSet_ = true;
+        previous_ = previous;
+    }
+    ::setenv(name_.c_str(), value.c_str(), 1);
+}
+
+ScopedVariable::~ScopedVariable()
+{
+    if (wasSet_) {
+        ::setenv(name_.c_str(), previous_.c_str(), 1);
+    } else {
+        ::unsetenv(name_.c_str());
+    }
+}
+
+std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder)
+{
+    const std::filesystem::path file = lockFolder / (name + ".lock");
+    WriteFile(file, "");
+    std::filesystem::permissions(file, std::filesystem::perms::none);
+    return std::make_unique<Held>();
+}
+
+std::unique_ptr<Held> ObstructMutex(const std::string &, const std::filesystem::path &lockFolder)
+{
+    std::filesystem::remove_all(lockFolder);
+    return std::make_unique<Held>();
+}
+
+std::unique_ptr<Held> DropPrivileges()
+{
+    return std::make_unique<Unprivileged>();
+}
+
+std::unique_ptr<Held> OpenExclusivelyInheritable(const std::filesystem::path &path)
+{
+    // Without O_CLOEXEC, on purpose.
+    platform::FileDescriptor file(::open(path.c_str(), O_RDWR | O_CREAT, S_IRUSR | S_IWUSR));
+    if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+        return nullptr;
+    }
+    return std::make_unique<ExclusiveFile>(std::move(file));
+}
+
+std::string OwnPriority()
+{
+    constexpr int kLowest = 19;
+    const int nice = ::getpriority(PRIO_PROCESS, 0);
+    const int policy = ::sched_getscheduler(0);
+    if (nice == kLowest && policy == SCHED_IDLE) {
+        return "idle";
+    }
+    return nice == 0 && policy == SCHED_OTHER ? "normal" : "other";
+}
+
+std::string OwnFacts()
+{
+    std::string facts = "session " + std::to_string(::getsid(0)) + '\n' + "parent " +
+                        std::to_string(::getppid()) + '\n' + DescriptorFacts();
+    std::ifstream status("/proc/self/status"); // blocked and ignored signals, among others
+    for (std::string line; std::getline(status, line);) {
+        facts += line.rfind("Sig", 0) == 0 ? line + '\n' : "";
+    }
+    return facts;
+}
+
+} // namespace contract

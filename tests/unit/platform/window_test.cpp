@@ -1,0 +1,120 @@
+#include "platform/window.h"
+#include "tests/unit/platform/support/child.h"
+#include "tests/unit/platform/support/desktop.h"
+#include "tests/unit/platform/support/waiting.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using contract::StartedChild;
+using contract::WaitUntil;
+using platform::WindowHandle;
+
+/// A process with one window on the screen.
+class Shown : public StartedChild
+{
+public:
+    Shown()
+        : window_(std::stoull(Ask({"open-window"})))
+    {
+        EXPECT_TRUE(WaitUntil([this] { return contract::IsShown(window_); }));
+    }
+
+    WindowHandle Window() const
+    {
+        return window_;
+    }
+
+private:
+    WindowHandle window_;
+};
+
+bool IsInFront(WindowHandle window, WindowHandle other)
+{
+    return contract::IsShown(window) && contract::IsAbove(window, other) &&
+           contract::IsActive(window);
+}
+
+TEST(WindowContract, NothingIsNoWindow)
+{
+    EXPECT_FALSE(platform::WindowExists(0));
+    EXPECT_FALSE(platform::WindowExists(0x1234567));
+    EXPECT_FALSE(platform::WindowExists(0x7fffffff));
+    EXPECT_FALSE(platform::WindowExists(0xffffffff));
+    EXPECT_FALSE(platform::WindowExists(0xffffffffffffffff));
+}
+
+TEST(WindowContract, WindowOfAnotherProcessExistsUntilItIsClosed)
+{
+    Shown shown;
+    EXPECT_TRUE(platform::WindowExists(shown.Window()));
+    shown.Ask({"close-window"});
+    EXPECT_FALSE(platform::WindowExists(shown.Window()));
+}
+
+TEST(WindowContract, WindowGoesWithItsProcess)
+{
+    Shown shown;
+    shown.Process().EndAtOnce();
+    EXPECT_TRUE(WaitUntil([&shown] { return !platform::WindowExists(shown.Window()); }));
+}
+
+TEST(WindowContract, CoveredWindowComesToTheFront)
+{
+    Shown lower;
+    Shown upper;
+    platform::BringToFront(upper.Window());
+    ASSERT_TRUE(WaitUntil([&] { return IsInFront(upper.Window(), lower.Window()); }));
+    platform::BringToFront(lower.Window());
+    EXPECT_TRUE(WaitUntil([&] { return IsInFront(lower.Window(), upper.Window()); }));
+}
+
+TEST(WindowContract, MinimisedWindowIsRestoredAndComesToTheFront)
+{
+    Shown minimised;
+    Shown other;
+    contract::Minimise(minimised.Window());
+    ASSERT_TRUE(WaitUntil([&] { return contract::IsMinimised(minimised.Window()); }));
+    platform::BringToFront(minimised.Window());
+    EXPECT_TRUE(WaitUntil([&] { return IsInFront(minimised.Window(), other.Window()); }));
+}
+
+TEST(WindowContract, WindowInFrontIsNotTopMost)
+{
+    Shown first;
+    Shown second;
+    platform::BringToFront(first.Window());
+    ASSERT_TRUE(WaitUntil([&] { return IsInFront(first.Window(), second.Window()); }));
+    EXPECT_FALSE(contract::IsTopMost(first.Window()));
+    // So another one can still get above it.
+    platform::BringToFront(second.Window());
+    EXPECT_TRUE(WaitUntil([&] { return contract::IsAbove(second.Window(), first.Window()); }));
+}
+
+TEST(WindowContract, BringingNothingToTheFrontChangesNothing)
+{
+    Shown closed;
+    Shown other;
+    platform::BringToFront(other.Window());
+    ASSERT_TRUE(WaitUntil([&] { return IsInFront(other.Window(), closed.Window()); }));
+    closed.Ask({"close-window"});
+    platform::BringToFront(closed.Window());
+    platform::BringToFront(0xffffffffffffffff);
+    EXPECT_TRUE(contract::IsShown(other.Window()));
+    EXPECT_TRUE(contract::IsActive(other.Window()));
+}
+
+TEST(WindowContract, DropShadowIsTheSystemsSetting)
+{
+    {
+        const contract::SystemDropShadow with(true);
+        EXPECT_TRUE(platform::DropShadowEnabled());
+    }
+    {
+        const contract::SystemDropShadow without(false);
+        EXPECT_FALSE(platform::DropShadowEnabled());
+    }
+}
+
+} // namespace

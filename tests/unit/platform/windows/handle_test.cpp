@@ -1,0 +1,76 @@
+#include "platform/windows/handle.h"
+
+#include <gtest/gtest.h>
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+using platform::ObjectHandle;
+using platform::SnapshotHandle;
+
+HANDLE NewEvent()
+{
+    return ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
+}
+
+bool IsOpen(HANDLE handle)
+{
+    DWORD flags = 0;
+    return ::GetHandleInformation(handle, &flags) != FALSE;
+}
+
+TEST(Handle, EachKindKnowsItsEmptyValue)
+{
+    EXPECT_FALSE(ObjectHandle());
+    EXPECT_FALSE(ObjectHandle(nullptr));
+    EXPECT_FALSE(SnapshotHandle());
+    EXPECT_FALSE(SnapshotHandle(INVALID_HANDLE_VALUE));
+    EXPECT_EQ(ObjectHandle().Get(), nullptr);
+    EXPECT_EQ(SnapshotHandle().Get(), INVALID_HANDLE_VALUE);
+}
+
+TEST(Handle, OneKindsEmptyValueIsNotTheOthers)
+{
+    EXPECT_TRUE(ObjectHandle(INVALID_HANDLE_VALUE));
+    EXPECT_TRUE(SnapshotHandle(nullptr));
+    EXPECT_FALSE((std::is_convertible_v<ObjectHandle, SnapshotHandle>));
+}
+
+TEST(Handle, ClosesWhatItOwns)
+{
+    const HANDLE event = NewEvent();
+    {
+        const ObjectHandle owner(event);
+        EXPECT_TRUE(IsOpen(event));
+    }
+    EXPECT_FALSE(IsOpen(event));
+}
+
+TEST(Handle, MovingHandsItOver)
+{
+    const HANDLE event = NewEvent();
+    const HANDLE replaced = NewEvent();
+    ObjectHandle first(event);
+    ObjectHandle second(replaced);
+    second = std::move(first);
+    EXPECT_EQ(second.Get(), event);
+    EXPECT_TRUE(IsOpen(event));
+    EXPECT_FALSE(IsOpen(replaced));
+}
+
+TEST(Handle, ClosingKeepsTheLastError)
+{
+    constexpr DWORD kSomeError = 4711;
+    ObjectHandle owner(NewEvent());
+    ::SetLastError(kSomeError);
+    owner.Close();
+    EXPECT_EQ(::GetLastError(), kSomeError);
+    EXPECT_FALSE(owner);
+    ObjectHandle wrong(reinterpret_cast<HANDLE>(0xABCDE0)); // closing it fails
+    ::SetLastError(kSomeError);
+    wrong.Close();
+    EXPECT_EQ(::GetLastError(), kSomeError);
+}
+
+} // namespace

@@ -1,0 +1,112 @@
+#include "platform/module_path.h"
+#include "platform/text.h"
+#include "services/telemetry/telemetry_binding.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <new>
+#include <string>
+
+namespace {
+
+std::string Fixture(const char *name)
+{
+    return std::string(FIXTURE_DIR) + "/" + name + ".DLL";
+}
+
+// No library lies beside the test program unless a test puts one there.
+std::filesystem::path BesideTheExecutable()
+{
+    return std::filesystem::path(platform::ExecutablePath(260)).parent_path() / "SkyrelWrap.DLL";
+}
+
+TEST(TelemetryBinding, NamesTheSixteenExportsInTheirOrder)
+{
+    const std::array<const char *, 16> expected = {
+        "SkyrelOpenSession",
+        "SkyrelCloseSession",
+        "SkyrelAddParamToSessionA",
+        "SkyrelAddParamToSessionW",
+        "SkyrelSendInfo",
+        "SkyrelEnableUserInfoCollect",
+        "SkyrelInstallConfigFilePath",
+        "SkyrelInstallInitUid",
+        "SkyrelUninstallStart",
+        "SkyrelUninstallEnd",
+        "SkyrelIsEnableUserInfoCollect",
+        "SkyrelEndCache",
+        "SkyrelGetUserUid",
+        "SkyrelStopProcess",
+        "SkyrelGetKeyValue",
+        "SkyrelSetKeyValue",
+    };
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_STREQ(TelemetryBinding::kEntryPointNames.at(i), expected.at(i));
+    }
+}
+
+TEST(TelemetryBinding, AMissingLibraryIsNoFault)
+{
+    ASSERT_FALSE(std::filesystem::exists(BesideTheExecutable()));
+    TelemetryBinding binding;
+    EXPECT_FALSE(binding.LoadTelemetryFromModuleDir());
+    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_missing").c_str()));
+}
+
+TEST(TelemetryBinding, ANullPathLoadsNothing)
+{
+    TelemetryBinding binding;
+    EXPECT_FALSE(binding.LoadTelemetryLibrary(nullptr));
+    EXPECT_TRUE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+}
+
+TEST(TelemetryBinding, ACompleteLibraryLoadsOnce)
+{
+    TelemetryBinding binding;
+    EXPECT_TRUE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+}
+
+TEST(TelemetryBinding, APartialLibraryStaysLoadedButIsNotComplete)
+{
+    TelemetryBinding binding;
+    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_lacks_key_value").c_str()));
+    // It stays: another load on the same binding is refused.
+    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+}
+
+TEST(TelemetryBinding, AFileThatIsNoLibraryLoadsNothing)
+{
+    const std::string garbage = Fixture("telemetry_garbage");
+    std::ofstream(garbage) << "no library";
+    TelemetryBinding binding;
+    EXPECT_FALSE(binding.LoadTelemetryLibrary(garbage.c_str()));
+    EXPECT_TRUE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+    std::remove(garbage.c_str());
+}
+
+TEST(TelemetryBinding, ConstructionLoadsFromTheProgramDirectoryAndMayRunTwice)
+{
+    std::filesystem::copy_file(Fixture("telemetry_complete"), BesideTheExecutable());
+    {
+        alignas(TelemetryBinding) std::array<unsigned char, sizeof(TelemetryBinding)> storage = {};
+        auto *const binding = new (storage.data()) TelemetryBinding;
+        // Loaded by the construction already.
+        EXPECT_FALSE(binding->LoadTelemetryFromModuleDir());
+        auto *const again = new (storage.data()) TelemetryBinding;
+        EXPECT_FALSE(again->LoadTelemetryFromModuleDir());
+        again->~TelemetryBinding();
+    }
+    std::error_code error;
+    std::filesystem::remove(BesideTheExecutable(), error);
+    if (error) {
+        // A loaded library cannot be deleted on Windows, but it can be moved out of the way.
+        std::filesystem::rename(BesideTheExecutable(), BesideTheExecutable().string() + ".old");
+    }
+}
+
+} // namespace

@@ -1,0 +1,35 @@
+# shellcheck shell=bash
+# For sourcing: runs the steps of ./run and ./test quietly, says how long each took, and shows a
+# step's output only when it failed.
+
+steps_dir=build/logs
+mkdir -p "$steps_dir"
+
+# step TITLE COMMAND...
+step() {
+    local title=$1 log began=$SECONDS
+    shift
+    log="$steps_dir/$(tr -c 'a-z0-9\n' '-' <<<"${title,,}").log"
+    if "$@" >"$log" 2>&1; then
+        printf '%-58s %4ds\n' "$title" $((SECONDS - began))
+        return 0
+    fi
+    local status=$?
+    printf '%-58s %4ds  FAILED\n' "$title" $((SECONDS - began))
+    {
+        tail -n 60 "$log"
+        printf '\n%s: this command failed with status %d:\n  %s\nAll of its output: %s\n' \
+            "$title" "$status" "$*" "$log"
+    } >&2
+    return "$status"
+}
+
+# build PRESET TARGET...: configures once, then builds.
+build() {
+    local preset=$1
+    shift
+    if [[ ! -f build/$preset/build.ninja ]]; then
+        cmake --preset "$preset" || return
+    fi
+    cmake --build "build/$preset" --target "$@"
+}
