@@ -38,13 +38,17 @@ RadioButton {
         }
     }
 
+    // The next button of the group in its order; the ends are ends, nothing goes round.
     function focusNeighbour(forward) {
-        var next = nextItemInFocusChain(forward)
-        if (!ButtonGroup.group || next.ButtonGroup.group !== ButtonGroup.group) {
-            return false
+        var buttons = ButtonGroup.group ? ButtonGroup.group.buttons : []
+        for (var i = 0; i < buttons.length; ++i) {
+            var next = buttons[i + (forward ? 1 : -1)]
+            if (buttons[i] === control && next) {
+                next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+                return true
+            }
         }
-        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
-        return true
+        return false
     }
 
     indicator: Rectangle {

@@ -11,24 +11,9 @@ import pytest
 from driver import evidence
 from driver.display import Display
 from driver.installation import REPOSITORY, assemble
+from driver.output import unexpected_lines
 from driver.program import RunningProgram
 from driver.sandbox import Sandbox
-
-# What the client of the remote configuration logs, and nothing else, belongs on standard error.
-# A text that is logged as such stands between quotation marks.
-_ALLOWED_ON_STDERR = (
-    r"CVantorConfigInstance::.*",
-    r"load vantoronlineconfig\.dll error!",
-    r"vantoronlineconfig create  fun error!",
-    r"vantoronlineconfig init failure!",
-    r"vantoronlineconfig need Create!",
-    r'"?.* query error!"?',
-    r'"?.* has No value!"?',
-    r'"?.* is too long! length:\d+"?',
-    # The toolkit asks for the frame of a closing pop-up while the window manager destroys it: a race
-    # between those two that exists on X11 only and that no program can avoid.
-    r"qt\.qpa\.xcb: QXcbConnection: XCB error: 3 \(BadWindow\).*TranslateCoords.*",
-)
 
 _SANDBOX = pytest.StashKey[Sandbox]()
 _FAILED = pytest.StashKey[bool]()
@@ -108,7 +93,8 @@ def pytest_runtest_makereport(item: pytest.Item, call: pytest.CallInfo[None]):
 def _keep(item: pytest.Item) -> Path:
     """Keeps the remains of an item's sandbox, in a folder named after it, replacing older ones."""
     if _KEPT not in item.stash:
-        name = re.sub(r"[^A-Za-z0-9_.-]+", "_", item.nodeid.rpartition("/")[2]).strip("_")
+        full_name = f"{item.path.name}::{item.nodeid.partition('::')[2]}"
+        name = re.sub(r"[^A-Za-z0-9_.-]+", "_", full_name).strip("_")
         folder = item.config.getoption("keep_failures_in") / name[:120]
         item.stash[_KEPT] = evidence.keep(item.stash[_SANDBOX], folder)
     return item.stash[_KEPT]
@@ -118,13 +104,11 @@ def _unexpected_output(item: pytest.Item, installation: Sandbox) -> list[str]:
     """The lines on standard error that nothing allows."""
     if item.get_closest_marker("stderr_unchecked") is not None:
         return []
-    patterns = [*_ALLOWED_ON_STDERR]
-    for marker in item.iter_markers("stderr_allowed"):
-        patterns += marker.args
-    allowed = re.compile("|".join(f"(?:{pattern})" for pattern in patterns))
+    further = [
+        pattern for marker in item.iter_markers("stderr_allowed") for pattern in marker.args
+    ]
     return [
         f"on standard error of {program!r}: {line}"
         for program in installation.programs
-        for line in program.stderr.splitlines()
-        if not allowed.fullmatch(line)
+        for line in unexpected_lines(program.stderr, further)
     ]

@@ -179,6 +179,24 @@ def test_minimised_covered_and_activated_again(sandbox: Sandbox, display: Displa
     assert not other.exists
 
 
+def test_a_click_waits_for_an_uncovered_place_and_for_its_effect_on_the_stacking(
+    sandbox: Sandbox, display: Display
+) -> None:
+    program = sandbox.start([TOY])
+    window = program.ready()
+    main = window.geometry
+    left_half = Rect(main.x, main.y, main.width // 2, main.height)
+    with display.windows.bystander(left_half) as other:
+        with pytest.raises(wait.TimedOut, match="to be uncovered; last seen: .*bystander"):
+            window.click(Point(100, 200), deadline=0.1)
+        assert other.topmost
+        window.click(Point(600, 200))
+        assert window.topmost and window.active
+        window.click(Point(100, 200))
+    lines_of(program, until="click main 100 200")
+    assert program.stdout.splitlines() == ["click main 600 200", "click main 100 200"]
+
+
 def test_a_program_that_ends_before_its_window_comes_is_noticed_at_once(sandbox: Sandbox) -> None:
     program = sandbox.start([TOY, "--no-window", "--status", "7"])
     with pytest.raises(wait.Doomed, match="ended with 7"):
@@ -269,6 +287,16 @@ def test_cleaning_up_ends_the_own_processes_and_no_others(
     finally:
         one.cleanup()
         other.cleanup()
+
+
+def test_a_sandbox_in_a_given_place_stays_there(
+    display: Display, lay_out: Callable[[Path], None], tmp_path: Path
+) -> None:
+    sandbox = Sandbox(display, lay_out, root=tmp_path / "kept")
+    ended = sandbox.spawn("KTRUI.exe")
+    sandbox.cleanup()
+    assert ended.wait_exit() == -signal.SIGKILL
+    assert (tmp_path / "kept" / "Dravik" / "bin" / "KTRUI.exe").exists()
 
 
 def test_the_journal_is_read_line_by_line(sandbox: Sandbox) -> None:
@@ -392,7 +420,8 @@ def test_a_display_leaves_no_process_and_disturbs_no_other(display: Display) -> 
         assert second.name != display.name
         with second.windows.bystander(Rect(10, 20, 300, 200), "there") as window:
             assert [found.title for found in second.windows.all()] == ["there"]
-            assert window not in display.windows.all() or display.windows.all() == []
+            assert window.active
+            assert "there" not in [found.title for found in display.windows.all()]
         pids = [process.pid for process in second._processes]
     assert len(pids) == 2
     assert not [pid for pid in pids if Path(f"/proc/{pid}").exists()]

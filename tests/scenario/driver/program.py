@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import subprocess
 from pathlib import Path
-from typing import TYPE_CHECKING
+from typing import TYPE_CHECKING, Callable
 
 from driver import layout, wait
 from driver.display import Display, die_with_parent
@@ -96,12 +96,14 @@ class RunningProgram(Started):
         return window
 
     def box(self, deadline: float = wait.DEADLINE) -> Window:
-        """Waits until a message box is shown besides the main window, in place and painted."""
+        """Waits until a message box is shown besides the main window, and painted."""
         box = self._wait_window(lambda found: found[1:2], "the program's message box", deadline)
         box.wait_colour(layout.face(layout.BOX_OK), layout.CANCEL_NORMAL, deadline)
         return box
 
-    def _wait_window(self, choose, what: str, deadline: float) -> Window:
+    def _wait_window(
+        self, choose: Callable[[list[Window]], list[Window]], what: str, deadline: float
+    ) -> Window:
         def look() -> list[Window]:
             chosen = choose(self.windows())
             if not chosen and not self.running:

@@ -21,7 +21,10 @@ FOLDERS = ("Dravik", "home", "tmp", "run")
 
 
 class Sandbox:
-    """One pretend installation: below a new temporary folder, which `cleanup` removes, or at `root`."""
+    """One pretend installation: in a new temporary folder, or at `root`.
+
+    `cleanup` ends what runs in it and removes a temporary one.
+    """
 
     def __init__(
         self,
@@ -202,7 +205,7 @@ class Sandbox:
         for started in (*self.programs, *self.stand_ins):
             started.kill()
 
-    def leftovers(self, deadline: float = 10.0) -> list[Process]:
+    def leftovers(self, deadline: float = 20.0) -> list[Process]:
         """Who still runs here, after giving them a while to end by themselves."""
         try:
             wait.until(

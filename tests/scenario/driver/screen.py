@@ -5,7 +5,7 @@ from __future__ import annotations
 import time
 from collections import Counter
 from pathlib import Path
-from typing import TYPE_CHECKING
+from typing import TYPE_CHECKING, Callable
 
 from PIL import Image, ImageColor
 from Xlib import X
@@ -76,20 +76,24 @@ class Screen:
 
     def wait_colour(
         self,
-        place: Place,
+        place: Place | Callable[[], Place],
         wanted: str,
         tolerance: int = TOLERANCE,
         deadline: float = wait.DEADLINE,
     ) -> None:
-        """Waits until a point, or most of an area, has a colour."""
+        """Waits until a point, or most of an area, has a colour; the place may be a moving one."""
         target = colour(wanted)
 
+        def where() -> Place:
+            return place() if callable(place) else place
+
         def look() -> str:
-            seen = self.colour_at(place) if isinstance(place, Point) else self.main_colour(place)
+            spot = where()
+            seen = self.colour_at(spot) if isinstance(spot, Point) else self.main_colour(spot)
             return "#%02X%02X%02X" % seen
 
         wait.until(
-            look, f"colour {wanted} at {place}", deadline,
+            look, f"colour {wanted} at {where()}", deadline,
             accept=lambda seen: is_close(colour(seen), target, tolerance),
         )
 

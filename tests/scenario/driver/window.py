@@ -128,10 +128,18 @@ class Window:
         margin = layout.shadow_margin(geometry.width)
         return rect.moved(geometry.x + margin, geometry.y + margin)
 
-    def click(self, place: Place) -> None:
-        """Clicks there with the left button; whatever lies above the window gets the click."""
+    def click(self, place: Place, deadline: float = wait.DEADLINE) -> None:
+        """Clicks there with the left button, once no other window lies above that point.
+
+        The window manager has dealt with the press on return: it may have changed the stacking.
+        """
+        wait.until(
+            lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered", deadline,
+            accept=lambda seen: not seen,
+        )
         point = self.place(place)
         self._display.input.click(point.x, point.y)
+        self._display.windows.settle()
 
     def hover(self, place: Place) -> None:
         """Moves the pointer there."""
@@ -159,8 +167,10 @@ class Window:
 
     def wait_colour(self, place: Place, wanted: str, deadline: float = wait.DEADLINE) -> None:
         """Waits until a point, or most of an area, of the layout has a colour on the screen."""
-        spot = self.place(place) if isinstance(place, Point) else self.area(place)
-        self._display.screen.wait_colour(spot, wanted, deadline=deadline)
+        def where() -> Place:
+            return self.place(place) if isinstance(place, Point) else self.area(place)
+
+        self._display.screen.wait_colour(where, wanted, deadline=deadline)
 
     def bar_fraction(self, bar: Rect = layout.PROGRESS_BAR) -> float | None:
         """How far, 0 to 1, the progress bar is filled on the screen; None when there is none."""
@@ -191,6 +201,13 @@ class Window:
     def wait_gone(self, deadline: float = wait.DEADLINE) -> None:
         """Waits until it is no longer shown or managed (the X window may live on, hidden)."""
         wait.until(lambda: not self.managed and not self.visible, f"{self!r} to go away", deadline)
+
+    def _above(self, point: Point) -> list["Window"]:
+        """The visible managed windows that lie above this one and have the point."""
+        stacking = self._display.windows.stacking()
+        above = stacking[stacking.index(self) + 1 :] if self in stacking else []
+        shown = [(window, window.geometry) for window in above if window.visible]
+        return [window for window, area in shown if area is not None and area.contains(point)]
 
     def _geometry(self) -> Rect:
         geometry = self.geometry

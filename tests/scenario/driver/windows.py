@@ -59,7 +59,9 @@ class Windows:
             accept=lambda seen: len(seen) == count,
         )
 
-    def bystander(self, area: Rect = Rect(0, 0, 1280, 900), title: str = "bystander") -> "Bystander":
+    def bystander(
+        self, area: Rect = Rect(0, 0, 1280, 900), title: str = "bystander"
+    ) -> "Bystander":
         """Opens an ordinary window of the driver's own, active and on top of the others."""
         return Bystander(self._display, area, title)
 
@@ -75,6 +77,23 @@ class Windows:
             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask,
         )
         connection.sync()
+
+    def settle(self) -> None:
+        """Waits until the window manager has dealt with all that happened before this call.
+
+        It serves its events in turn, so the answer to a question comes after their effects.
+        """
+        root = self._display.root
+        asking = root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        try:
+            self.send(Window(self._display, asking.id), "_NET_REQUEST_FRAME_EXTENTS", [])
+            wait.until(
+                lambda: self._property(asking, "_NET_FRAME_EXTENTS", Xatom.CARDINAL) is not None,
+                "an answer of the window manager",
+            )
+        finally:
+            asking.destroy()
+            self._display.connection.sync()
 
     def _list(self, name: str) -> list[Window]:
         value = self._property(self._display.root, name, Xatom.WINDOW)

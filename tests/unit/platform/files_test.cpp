@@ -9,17 +9,8 @@ namespace {
 class FilesContract : public testing::Test
 {
 protected:
-    // Before the folder, which cannot go while somebody works in it.
-    ~FilesContract() override
-    {
-        std::filesystem::current_path(before_);
-    }
-
-    FilesContract() = default;
-    FilesContract(const FilesContract &) = delete;
-    FilesContract &operator=(const FilesContract &) = delete;
-    FilesContract(FilesContract &&) = delete;
-    FilesContract &operator=(FilesContract &&) = delete;
+    // A folder cannot go while somebody works in it.
+    void TearDown() override { std::filesystem::current_path(before_); }
 
     contract::ScratchFolder folder_;
     std::filesystem::path before_ = std::filesystem::current_path();

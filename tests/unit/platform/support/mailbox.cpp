@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char *kCommand = "command";
 constexpr const char *kAnswer = "answer";
+constexpr const char *kEnd = "(end of message)";
 
 } // namespace
 
@@ -26,23 +27,30 @@ std::filesystem::path Mailbox::File(const char *kind) const
 
 void Mailbox::Post(const char *kind, const std::string &content) const
 {
-    const std::filesystem::path file = File(kind);
-    std::filesystem::path draft = file;
-    draft += ".draft";
-    WriteFile(draft, content);
-    std::error_code ignored; // the other side may have gone
-    std::filesystem::rename(draft, file, ignored);
+    WriteFile(File(kind), content + kEnd);
+}
+
+std::optional<std::string> Mailbox::Fetch(const char *kind) const
+{
+    std::string content = ReadFile(File(kind));
+    const std::size_t end = content.rfind(kEnd);
+    if (end == std::string::npos) {
+        return std::nullopt;
+    }
+    content.resize(end);
+    return content;
 }
 
 std::optional<Lines> Mailbox::NextCommand()
 {
     ++number_;
-    if (!std::filesystem::exists(File(kCommand))) {
+    const auto content = Fetch(kCommand);
+    if (!content) {
         --number_;
         return std::nullopt;
     }
     Lines lines;
-    std::istringstream text(ReadFile(File(kCommand)));
+    std::istringstream text(*content);
     for (std::string line; std::getline(text, line);) {
         lines.push_back(line);
     }
@@ -71,8 +79,9 @@ void Mailbox::Send(const Lines &command)
 
 std::string Mailbox::AwaitAnswer()
 {
-    const bool answered = WaitUntil([this] { return std::filesystem::exists(File(kAnswer)); });
-    return answered ? ReadFile(File(kAnswer)) : "(no answer)";
+    std::optional<std::string> answer;
+    WaitUntil([this, &answer] { return (answer = Fetch(kAnswer)).has_value(); });
+    return answer.value_or("(no answer)");
 }
 
 } // namespace contract

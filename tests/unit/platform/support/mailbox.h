@@ -37,6 +37,8 @@ public:
 private:
     std::filesystem::path File(const char *kind) const;
     void Post(const char *kind, const std::string &content) const;
+    /// The complete message; no value while there is none.
+    std::optional<std::string> Fetch(const char *kind) const;
 
     std::filesystem::path folder_;
     int number_ = 0;

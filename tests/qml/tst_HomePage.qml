@@ -1,0 +1,225 @@
+import QtQuick 2.14
+import QtQuick.Window 2.14
+import QtTest 1.15
+import "parts.js" as Parts
+
+// The home page: its frame of title, progress and buttons, and the run of the uninstallation.
+TestCase {
+    id: test
+
+    property var main: null
+    property var insideRun: null
+    property var insideBox: null
+
+    name: "HomePage"
+    when: windowShown
+    visible: true
+    width: 100
+    height: 100
+
+    // Acts inside the nested wait of the box, while the handler of the click is still running.
+    Timer {
+        id: whenBoxIsUp
+        interval: 10
+        repeat: true
+        onTriggered: {
+            var popups = probe.popups()
+            if (popups.length === 1) {
+                stop()
+                test.insideBox(popups[0])
+            }
+        }
+    }
+
+    Connections {
+        target: uninstallMgr
+        function onUninstallStarted() {
+            if (test.insideRun !== null) {
+                test.insideRun()
+            }
+        }
+    }
+
+    function init() {
+        uninstallMgr.reset()
+        insideRun = null
+        var component = Qt.createComponent("qrc:/Main.qml")
+        compare(component.status, Component.Ready, component.errorString())
+        main = component.createObject(null)
+        tryCompare(main, "visible", true)
+    }
+
+    function cleanup() {
+        whenBoxIsUp.stop()
+        main.destroy()
+        main = null
+    }
+
+    function part(type) {
+        return Parts.all(main.contentItem, type)[0]
+    }
+
+    function page() {
+        return part("HomePage")
+    }
+
+    function uninstallButton() {
+        return part("ZoRoundButton")
+    }
+
+    function cancelButton() {
+        return part("ZoDefaultRoundButton")
+    }
+
+    function bar() {
+        return part("ZoProgressBar")
+    }
+
+    function closeButton() {
+        return part("ZoImageButton")
+    }
+
+    function progressLabel() {
+        return page().children[2]
+    }
+
+    // Left, top, right and bottom within the page.
+    function edges(item) {
+        var origin = item.mapToItem(page(), 0, 0)
+        return [origin.x, origin.y, origin.x + item.width, origin.y + item.height]
+    }
+
+    function names() {
+        return uninstallMgr.calls.map(function(call) { return call[0] }).filter(function(name) {
+            return name !== "showWindowShadow"
+        })
+    }
+
+    function test_layout() {
+        compare([page().width, page().height], [576, 368])
+        compare(page().clip, true)
+
+        var title = page().children[0]
+        compare(edges(title), [0, 0, 576, 48])
+        compare(title.text, "Please tell us why you want to uninstall Dravik:")
+        compare(title.color.toString(), "#090a0a")
+        compare(title.font.pixelSize, 18)
+        compare(title.font.weight, Font.DemiBold)
+        compare(title.wrapMode, Text.WordWrap)
+
+        compare(edges(cancelButton()), [476, 316, 576, 344])
+        compare(edges(uninstallButton()), [356, 316, 456, 344])
+        compare(edges(bar()), [0, 298, 576, 302])
+        compare(edges(progressLabel())[3], 294)
+        compare(edges(progressLabel())[0], 0)
+        compare(edges(progressLabel())[2], 576)
+        var content = page().children[1]
+        compare(edges(content), [0, 78, 576, edges(progressLabel())[1] - 5])
+    }
+
+    function test_idle() {
+        compare(uninstallButton().text, "Uninstall")
+        compare(cancelButton().text, "Cancel")
+        compare(uninstallButton().enabled, true)
+        compare(cancelButton().enabled, true)
+        compare(progressLabel().visible, false)
+        compare(bar().visible, false)
+        compare(progressLabel().text, "Unistalling\u2026")
+        compare(progressLabel().font.pixelSize, 14)
+        compare(progressLabel().color.toString(), "#090a0a")
+    }
+
+    function test_uninstallButtonIsForTheEndsOfTheBarOnly() {
+        uninstallMgr.valProgress = 50
+        tryCompare(bar(), "value", 50)
+        compare(uninstallButton().enabled, false)
+        uninstallMgr.valProgress = 0
+        tryCompare(bar(), "value", 0)
+        compare(uninstallButton().enabled, true)
+    }
+
+    function test_run() {
+        var seen = null
+        var announced = []
+        page().uninstalling.connect(function(running) {
+            announced.push(running)
+            uninstallMgr.note("uninstalling " + running)
+        })
+        insideRun = function() {
+            seen = [progressLabel().visible, bar().visible, cancelButton().enabled,
+                    uninstallButton().enabled, closeButton().enabled, main.exitCode]
+        }
+        mouseClick(uninstallButton())
+        compare(seen, [true, true, false, false, false, -2])
+        compare(main.exitCode, 0)
+        compare(announced, [true])
+        compare(names(), ["sendUserInfo", "isKTRRunning", "note", "doUninstall"])
+        compare(uninstallMgr.callsOf("sendUserInfo")[0],
+                ["sendUserInfo", "UninstallPop", "Click_Uninstall", "", ""])
+
+        uninstallMgr.valProgress = 99
+        tryCompare(bar(), "value", 99)
+        compare([cancelButton().enabled, uninstallButton().enabled, closeButton().enabled],
+                [false, false, false])
+        compare(progressLabel().text, "Unistalling\u2026")
+
+        uninstallMgr.valProgress = 100
+        compare(announced, [true], "complete only when the bar has got there")
+        tryVerify(function() { return announced.length > 1 })
+        compare(bar().value, 100)
+        compare(announced, [true, false])
+        compare(progressLabel().text, "Unistall complete!")
+        compare(progressLabel().color.toString(), "#10a91d")
+        compare(progressLabel().visible, true)
+        compare([bar().visible, uninstallButton().visible], [false, false])
+        compare([cancelButton().enabled, cancelButton().text], [true, "OK"])
+        compare(closeButton().enabled, true)
+    }
+
+    // The click's assignment stays, so a start that fails leaves the button disabled for good.
+    function test_failedStartLeavesEverythingDisabled() {
+        mouseClick(uninstallButton())
+        compare(bar().value, 0)
+        compare([cancelButton().enabled, uninstallButton().enabled, closeButton().enabled],
+                [false, false, false])
+        compare([progressLabel().visible, bar().visible], [true, true])
+        uninstallMgr.valProgress = 0
+        compare(uninstallButton().enabled, false)
+    }
+
+    function test_secondClickIsIgnored() {
+        insideRun = function() { mouseClick(uninstallButton()) }
+        mouseClick(uninstallButton())
+        compare(uninstallMgr.callsOf("doUninstall").length, 1)
+    }
+
+    function test_runningProduct() {
+        uninstallMgr.ktrRunning = true
+        var box = null
+        insideBox = function(popup) {
+            box = {
+                title: popup.title, mainTitle: popup.mainTitle, subTitle: popup.subTitle,
+                buttons: Parts.all(popup.contentItem, "ZoDefaultRoundButton").map(function(button) {
+                    return button.text
+                }),
+                others: Parts.all(popup.contentItem, "ZoRoundButton").length
+            }
+            uninstallMgr.note("box is up")
+            popup.close()
+        }
+        whenBoxIsUp.start()
+        mouseClick(uninstallButton())
+        compare(box, {
+            title: "Warning",
+            mainTitle: "Uninstall has detected that Torvan Dravik is currently running.",
+            subTitle: "Please close all instances and try again.",
+            buttons: ["OK"],
+            others: 0
+        })
+        compare(names(), ["sendUserInfo", "isKTRRunning", "popMsgBox", "note", "popMsgBox"])
+        compare(main.exitCode, -2)
+        compare([cancelButton().enabled, uninstallButton().enabled, closeButton().enabled],
+                [true, true, true])
+        compare([progressLabel().visible, bar().visible], [false, false])
+    }
+}
