@@ -85,6 +85,8 @@ Window {
 
     width: 600
     height: 240
+    // Owned by the main window, so that the window manager never puts that one above.
+    transientParent: mainWindow()
     modality: Qt.ApplicationModal
     flags: Qt.FramelessWindowHint | Qt.Window
     color: "#00000000"

@@ -63,7 +63,29 @@ bool LockWithoutWaiting(int file)
 
 struct NamedMutex::State
 {
+    State(FileDescriptor openFile, bool holdsLock)
+        : file(std::move(openFile))
+        , locked(holdsLock)
+    {
+    }
+    State(const State &) = delete;
+    State &operator=(const State &) = delete;
+    State(State &&) = delete;
+    State &operator=(State &&) = delete;
+
+    // Unlocked by name: a process that was forked a moment ago and has not yet become another
+    // program still shares the descriptor, and closing ours alone would leave the lock with it.
+    ~State()
+    {
+        if (locked) {
+            const int savedError = errno;
+            ::flock(file.Get(), LOCK_UN);
+            errno = savedError;
+        }
+    }
+
     FileDescriptor file;
+    bool locked;
 };
 
 NamedMutex::NamedMutex() = default;
@@ -89,16 +111,15 @@ NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
         }
         return {};
     }
-    if (LockWithoutWaiting(file.Get())) {
+    const bool locked = LockWithoutWaiting(file.Get());
+    if (locked) {
         error = kErrorNone;
     } else if (errno == EWOULDBLOCK) {
         error = kErrorAlreadyExists;
     } else {
         return {};
     }
-    auto state = std::make_unique<State>();
-    state->file = std::move(file);
-    return NamedMutex(std::move(state));
+    return NamedMutex(std::make_unique<State>(std::move(file), locked));
 }
 
 NamedMutex::operator bool() const

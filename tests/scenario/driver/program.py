@@ -13,6 +13,9 @@ from driver.window import Window
 if TYPE_CHECKING:
     from driver.system import Native
 
+_PAINTED = (layout.CANCEL_NORMAL, layout.CANCEL_HOVERED)
+"""How the filled button looks, the pointer being elsewhere or just there."""
+
 
 class Started:
     """A running or ended process with its output in files of its own."""
@@ -91,14 +94,14 @@ class RunningProgram(Started):
     def ready(self, deadline: float = wait.DEADLINE) -> Window:
         """Waits until the main window is shown, active and painted."""
         window = self.window(deadline)
-        window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL, deadline)
+        window.wait_colour(layout.face(layout.CANCEL), _PAINTED, deadline)
         wait.until(lambda: window.active, f"{window!r} to be active", deadline)
         return window
 
     def box(self, deadline: float = wait.DEADLINE) -> Window:
         """Waits until a message box is shown besides the main window, and painted."""
         box = self._wait_window(lambda found: found[1:2], "the program's message box", deadline)
-        box.wait_colour(layout.face(layout.BOX_OK), layout.CANCEL_NORMAL, deadline)
+        box.wait_colour(layout.face(layout.BOX_OK), _PAINTED, deadline)
         return box
 
     def _wait_window(

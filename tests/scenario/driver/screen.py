@@ -5,7 +5,7 @@ from __future__ import annotations
 import time
 from collections import Counter
 from pathlib import Path
-from typing import TYPE_CHECKING, Callable
+from typing import TYPE_CHECKING, Callable, Collection
 
 from PIL import Image, ImageColor
 from Xlib import X
@@ -77,12 +77,15 @@ class Screen:
     def wait_colour(
         self,
         place: Place | Callable[[], Place],
-        wanted: str,
+        wanted: str | Collection[str],
         tolerance: int = TOLERANCE,
         deadline: float = wait.DEADLINE,
     ) -> None:
-        """Waits until a point, or most of an area, has a colour; the place may be a moving one."""
-        target = colour(wanted)
+        """Waits until a point, or most of an area, has a colour, or one of several.
+
+        The place may be a moving one.
+        """
+        targets = [colour(text) for text in ([wanted] if isinstance(wanted, str) else wanted)]
 
         def where() -> Place:
             return place() if callable(place) else place
@@ -94,7 +97,7 @@ class Screen:
 
         wait.until(
             look, f"colour {wanted} at {where()}", deadline,
-            accept=lambda seen: is_close(colour(seen), target, tolerance),
+            accept=lambda seen: any(is_close(colour(seen), one, tolerance) for one in targets),
         )
 
     def wait_steady(

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import TYPE_CHECKING, Any, Callable
+from typing import TYPE_CHECKING, Any, Callable, Collection
 
 from PIL import Image
 from Xlib import X, Xatom, Xutil, error
@@ -134,8 +134,8 @@ class Window:
         The window manager has dealt with the press on return: it may have changed the stacking.
         """
         wait.until(
-            lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered", deadline,
-            accept=lambda seen: not seen,
+            lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered",
+            deadline, accept=lambda seen: not seen,
         )
         point = self.place(place)
         self._display.input.click(point.x, point.y)
@@ -165,8 +165,10 @@ class Window:
             start, start.moved(dx, dy), steps, moved_along if follows else None
         )
 
-    def wait_colour(self, place: Place, wanted: str, deadline: float = wait.DEADLINE) -> None:
-        """Waits until a point, or most of an area, of the layout has a colour on the screen."""
+    def wait_colour(
+        self, place: Place, wanted: str | Collection[str], deadline: float = wait.DEADLINE
+    ) -> None:
+        """Waits until a point, or most of an area, of the layout has one of these colours."""
         def where() -> Place:
             return self.place(place) if isinstance(place, Point) else self.area(place)
 

@@ -10,7 +10,10 @@ class FilesContract : public testing::Test
 {
 protected:
     // A folder cannot go while somebody works in it.
-    void TearDown() override { std::filesystem::current_path(before_); }
+    void TearDown() override
+    {
+        std::filesystem::current_path(before_);
+    }
 
     contract::ScratchFolder folder_;
     std::filesystem::path before_ = std::filesystem::current_path();

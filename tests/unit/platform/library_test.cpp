@@ -9,7 +9,8 @@ using Sum = int (*)(int, int);
 
 TEST(LibraryContract, ExportedFunctionCanBeCalled)
 {
-    const auto library = platform::LoadLibraryFile(contract::FixtureLibrary().string().c_str());
+    const platform::LibraryHandle library =
+        platform::LoadLibraryFile(contract::FixtureLibrary().string().c_str());
     ASSERT_NE(library, nullptr);
     const auto sum = reinterpret_cast<Sum>(platform::FindFunction(library, "ContractSum"));
     ASSERT_NE(sum, nullptr);
@@ -19,14 +20,15 @@ TEST(LibraryContract, ExportedFunctionCanBeCalled)
 TEST(LibraryContract, LoadedTwiceIsTheSameLibrary)
 {
     const std::string path = contract::FixtureLibrary().string();
-    const auto first = platform::LoadLibraryFile(path.c_str());
+    const platform::LibraryHandle first = platform::LoadLibraryFile(path.c_str());
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(platform::LoadLibraryFile(path.c_str()), first);
 }
 
 TEST(LibraryContract, MissingExportIsNull)
 {
-    const auto library = platform::LoadLibraryFile(contract::FixtureLibrary().string().c_str());
+    const platform::LibraryHandle library =
+        platform::LoadLibraryFile(contract::FixtureLibrary().string().c_str());
     ASSERT_NE(library, nullptr);
     EXPECT_EQ(platform::FindFunction(library, "ContractMissing"), nullptr);
     EXPECT_EQ(platform::FindFunction(library, "contractsum"), nullptr);

@@ -2,10 +2,13 @@
 #include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
 
+#include <array>
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -122,6 +125,28 @@ TEST_F(PosixNamedMutex, ANameIsNoPath)
     EXPECT_FALSE(Create());
     EXPECT_NE(error_, platform::kErrorNone);
     EXPECT_FALSE(std::filesystem::exists(LockFile()));
+}
+
+// A process that was just forked, to start another program, still has every descriptor.
+TEST_F(PosixNamedMutex, ClosingUnlocksAlsoWhileAForkedProcessSharesTheDescriptor)
+{
+    NamedMutex mutex = Create();
+    ASSERT_EQ(error_, platform::kErrorNone);
+    std::array<int, 2> pipe = {};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    const pid_t forked = ::fork();
+    if (forked == 0) {
+        char byte = 0;
+        ::close(pipe[1]);
+        _exit(static_cast<int>(::read(pipe[0], &byte, 1)));
+    }
+    ASSERT_GT(forked, 0);
+    ::close(pipe[0]);
+    mutex.Close();
+    mutex = Create();
+    EXPECT_EQ(error_, platform::kErrorNone);
+    ::close(pipe[1]);
+    EXPECT_EQ(::waitpid(forked, nullptr, 0), forked);
 }
 
 } // namespace
