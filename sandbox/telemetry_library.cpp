@@ -141,7 +141,7 @@ STANDIN_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *nam
     }
     library->Note("SkyrelSendInfo",
                   {PidField(),
-                   standin::Field("count", static_cast<long long>(texts.size() + 3)),
+                   standin::Field("count", static_cast<long long>(texts.size()) + 3),
                    standin::Field("flag", flag ? 1 : 0),
                    standin::Field("wide", wide ? 1 : 0),
                    standin::ListField("pairs", Pairs(texts))});
