@@ -138,7 +138,7 @@ void StandIn::Note(std::string_view event, const std::vector<std::string> &field
 {
     fs::path journal = Path("journal");
     if (journal.empty()) {
-        if (root_.empty()) {
+        if (root_.empty() || !InstallationStands()) {
             return;
         }
         journal = root_ / kJournalFile;
@@ -150,9 +150,14 @@ void StandIn::Note(std::string_view event, const std::vector<std::string> &field
     host::AppendInOnePiece(journal, line + '\n');
 }
 
+bool StandIn::InstallationStands() const
+{
+    return ReadAll(root_ / kMarkFile) == mark_;
+}
+
 void StandIn::WaitWhile(const std::function<bool()> &condition) const
 {
-    while (condition() && (root_.empty() || ReadAll(root_ / kMarkFile) == mark_)) {
+    while (condition() && (root_.empty() || InstallationStands())) {
         std::this_thread::sleep_for(kPoll);
     }
 }

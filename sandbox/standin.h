@@ -57,7 +57,8 @@ public:
     /// the stand-in when that is not in a pretend installation.
     std::filesystem::path StateFile(std::string_view name) const;
 
-    /// Appends one line. Without a pretend installation and without the key `journal`, no effect.
+    /// Appends one line. Without the key `journal`, no effect when there is no pretend installation
+    /// (any more): one that is just being removed or replaced gets no new file.
     void Note(std::string_view event, std::initializer_list<std::string> fields) const;
     void Note(std::string_view event, const std::vector<std::string> &fields) const;
 
@@ -70,6 +71,8 @@ public:
     void Hold(long fallbackMs) const;
 
 private:
+    /// Whether the pretend installation is still the one in which this stand-in was started.
+    bool InstallationStands() const;
     void ReadSettings(const std::filesystem::path &file);
 
     std::string name_;

@@ -10,11 +10,12 @@ step() {
     local title=$1 log began=$SECONDS
     shift
     log="$steps_dir/$(tr -c 'a-z0-9\n' '-' <<<"${title,,}").log"
-    if "$@" >"$log" 2>&1; then
+    local status=0
+    "$@" >"$log" 2>&1 || status=$?
+    if [[ $status -eq 0 ]]; then
         printf '%-58s %4ds\n' "$title" $((SECONDS - began))
         return 0
     fi
-    local status=$?
     printf '%-58s %4ds  FAILED\n' "$title" $((SECONDS - began))
     {
         tail -n 60 "$log"

@@ -11,7 +11,7 @@ namespace platform {
 template<class Calls> void BringToFrontSequence(Calls &calls, HWND window)
 {
     constexpr UINT kOnlyOrder = SWP_NOSIZE | SWP_NOMOVE;
-    const HWND foreground = calls.GetForegroundWindow();
+    auto *const foreground = calls.GetForegroundWindow();
     const DWORD foregroundThread = calls.GetWindowThreadProcessId(foreground, nullptr);
     const DWORD ownThread = calls.GetCurrentThreadId();
     calls.AttachThreadInput(ownThread, foregroundThread, TRUE);

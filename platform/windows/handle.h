@@ -71,7 +71,7 @@ public:
 private:
     HANDLE Take()
     {
-        const HANDLE taken = handle_;
+        auto *const taken = handle_;
         handle_ = Emptiness::Empty();
         return taken;
     }

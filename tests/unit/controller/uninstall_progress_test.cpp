@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 struct Step
@@ -10,6 +12,11 @@ struct Step
     bool running;
     int after;
 };
+
+void PrintTo(const Step &step, std::ostream *out)
+{
+    *out << step.before << (step.running ? " running" : " gone");
+}
 
 class ProgressStep : public testing::TestWithParam<Step>
 {

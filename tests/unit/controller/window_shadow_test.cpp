@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 struct Kernel
@@ -11,6 +13,11 @@ struct Kernel
     const char *version;
     bool qualifies;
 };
+
+void PrintTo(const Kernel &kernel, std::ostream *out)
+{
+    *out << '"' << kernel.version << '"';
+}
 
 class WindowShadow : public testing::TestWithParam<Kernel>
 {

@@ -25,7 +25,7 @@ TestWindow::TestWindow()
     constexpr int kPlace = 50;
     constexpr int kWidth = 300;
     constexpr int kHeight = 200;
-    const HINSTANCE program = ::GetModuleHandleA(nullptr);
+    auto *const program = ::GetModuleHandleA(nullptr);
     WNDCLASSA windowClass = {};
     windowClass.lpfnWndProc = ::DefWindowProcA;
     windowClass.hInstance = program;

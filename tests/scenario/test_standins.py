@@ -1,0 +1,429 @@
+"""The stand-ins of the pretend installation do what their settings and their journal say."""
+
+from __future__ import annotations
+
+import os
+import shutil
+import signal
+import subprocess
+from pathlib import Path
+from types import SimpleNamespace
+from typing import Callable, Iterator
+
+import pytest
+
+from driver import wait
+from driver.installation import REPOSITORY, build_directory
+from driver.sandbox import Sandbox
+
+LIBRARY = "SkyrelWrap.DLL"
+COMPANION = "SkyrelWrapExe.exe"
+UNINSTALLER = "uninstall.exe"
+PRODUCT_UI = "KTRUI.exe"
+NO_TASKS = b"INFO: No tasks are running which match the specified criteria.\r\n"
+
+
+def assemble(into: Path) -> subprocess.CompletedProcess[str]:
+    return subprocess.run(
+        [REPOSITORY / "sandbox" / "assemble", "--build", build_directory(), "--into", into,
+         "--no-program"], capture_output=True, text=True, check=False)
+
+
+def lay_out(into: Path) -> None:
+    done = assemble(into)
+    assert done.returncode == 0, done.stderr
+
+
+@pytest.fixture
+def sandbox() -> Iterator[Sandbox]:
+    """An installation without the program, and without a display: no stand-in has a window."""
+    installation = Sandbox(SimpleNamespace(name=":none"), lay_out)
+    try:
+        yield installation
+        installation.end_started()
+    finally:
+        installation.cleanup()
+
+
+@pytest.fixture
+def load(sandbox: Sandbox) -> Iterator[Callable[..., subprocess.Popen[str]]]:
+    """Starts a process that has loaded the telemetry library until its input is closed."""
+    started = []
+
+    def start(*arguments: str) -> subprocess.Popen[str]:
+        process = subprocess.Popen(
+            [build_directory() / "sandbox" / "telemetry_loader", sandbox.bin / LIBRARY, *arguments],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=sandbox.environment())
+        started.append(process)
+        assert process.stdout.readline() == "loaded 16\n"
+        return process
+
+    yield start
+    for process in started:
+        process.kill()
+        process.wait()
+        process.stdin.close()
+        process.stdout.close()
+
+
+def end(loader: subprocess.Popen[str]) -> str:
+    """Lets a loader end; what it has printed after its first line."""
+    loader.stdin.close()
+    printed = loader.stdout.read()
+    assert loader.wait(wait.DEADLINE) == 0
+    return printed
+
+
+def run(sandbox: Sandbox, name: str, *arguments: str, **options) -> subprocess.CompletedProcess:
+    return subprocess.run(
+        [sandbox.locate(name), *arguments], capture_output=True, check=False,
+        timeout=wait.DEADLINE, **{"env": sandbox.environment(), "cwd": sandbox.bin, **options})
+
+
+def ask(sandbox: Sandbox, image: str, *more: str, **options) -> bytes:
+    """What the task list says about an image."""
+    done = run(sandbox, "tasklist", *more, "/NH", "/FO", "CSV", "/FI", f"IMAGENAME eq {image}",
+               **options)
+    assert (done.returncode, done.stderr) == (0, b"")
+    return done.stdout
+
+
+# The installation ------------------------------------------------------------------------------
+
+
+def test_an_installation_has_its_files_and_replaces_an_older_one(tmp_path: Path) -> None:
+    place = tmp_path / "in a folder" / "sandbox"
+    lay_out(place)
+    (place / "Dravik" / "bin" / "left over").touch()
+    lay_out(place)
+    assert {entry.name for entry in place.parent.iterdir()} == {"sandbox"}
+    names = {str(file.relative_to(place)) for file in place.rglob("*") if file.is_file()}
+    assert names >= {f"Dravik/bin/{name}" for name in (
+        UNINSTALLER, PRODUCT_UI, COMPANION, LIBRARY, "clearKTR.bat", "registry.reg", "Dravik.dat")}
+    assert names >= {"tools/tasklist", "tools/xdg-open", "sandbox.mark"}
+    assert "Dravik/bin/left over" not in names and "journal.log" not in names
+    assert (place / "run").stat().st_mode & 0o777 == 0o700
+    assert not list((place / "Dravik" / "bin" / "translations").iterdir())
+    assert (place / "tools" / "tasklist.txt").read_text() == f"root={place}\n"
+
+
+def test_a_folder_that_is_no_installation_is_refused(tmp_path: Path) -> None:
+    (tmp_path / "letter").write_text("dear")
+    done = assemble(tmp_path)
+    assert done.returncode != 0 and "nothing was changed" in done.stderr
+    assert [entry.name for entry in tmp_path.iterdir()] == ["letter"]
+
+
+def remove(place: Path) -> None:
+    """Removes an installation whose stand-ins may write a last line in the midst of it."""
+    def gone() -> bool:
+        shutil.rmtree(place, ignore_errors=True)
+        return not place.exists()
+
+    wait.until(gone, f"{place} to be removed")
+
+
+@pytest.mark.parametrize("change", [remove, lay_out])
+def test_nobody_waits_in_an_installation_that_is_gone(
+    sandbox: Sandbox, change: Callable[[Path], None]
+) -> None:
+    product_ui = sandbox.spawn(PRODUCT_UI)
+    sandbox.wait_noted(PRODUCT_UI, "start")
+    change(sandbox.root)
+    wait.until(lambda: not product_ui.running, "the stand-in to end")
+
+
+def test_lines_written_at_the_same_time_stay_whole(sandbox: Sandbox) -> None:
+    text = "x" * 3000
+    writers = [
+        subprocess.Popen(["sh", "-c", f'for i in 1 2 3 4 5 6 7 8 9 10; do "$0" w{number} e -- '
+                          f'"$i" {text}; done', sandbox.locate("note")])
+        for number in range(6)]
+    assert [writer.wait(wait.DEADLINE) for writer in writers] == [0] * 6
+    entries = sandbox.journal()
+    for number in range(6):
+        items = [entry.items("args") for entry in entries if entry.image == f"w{number}"]
+        assert items == [[str(index), text] for index in range(1, 11)]
+
+
+# The uninstaller and the product ---------------------------------------------------------------
+
+
+def test_the_uninstaller_notes_how_it_was_started(sandbox: Sandbox) -> None:
+    odd = "tab\t line\n percent% [x] ü \udcff"
+    sandbox.configure(UNINSTALLER, run_ms=0, env="SET,EMPTY,UNSET", exit=7)
+    with open(sandbox.root / "sandbox.mark", encoding="utf-8") as inherited:
+        done = run(sandbox, UNINSTALLER, "/SP-", odd, "", pass_fds=[inherited.fileno()],
+                   cwd=sandbox.home, env={"SET": "a b", "EMPTY": ""})
+        assert done.returncode == 7
+        start = sandbox.journal(UNINSTALLER, "start")[0]
+        assert start.items("fds") == [str(inherited.fileno())]
+    assert start.fields["args"] == (
+        "[/SP-][tab%09 line%0A percent%25 %5Bx%5D ü %FF][]")
+    assert start.text("cwd") == str(sandbox.home)
+    assert [start.text(f"env.{name}") for name in ("SET", "EMPTY", "UNSET")] == [
+        "set:a b", "empty", "unset"]
+    assert sandbox.journal()[-1].matches(UNINSTALLER, "end", pid=start.text("pid"), exit=7)
+
+
+def test_the_uninstaller_removes_what_it_knows_and_nothing_outside(sandbox: Sandbox) -> None:
+    outside = sandbox.root / "outside.dat"
+    outside.touch()
+    (sandbox.home / "kept.dat").touch()
+    (sandbox.bin / "link").symlink_to(sandbox.home)
+    refused = ["../../outside.dat", str(outside), "link/kept.dat", "presets/../../../outside.dat", "."]
+    sandbox.configure(UNINSTALLER, run_ms=0, remove=[
+        "Dravik.dat", *refused, "presets", "absent.dat", UNINSTALLER])
+    assert run(sandbox, UNINSTALLER).returncode == 0
+    results = {entry.text("file"): entry.text("result")
+               for entry in sandbox.journal(UNINSTALLER, "remove")}
+    assert results == {"Dravik.dat": "gone", **{name: "refused" for name in refused},
+                       "presets": "failed", "absent.dat": "missing", UNINSTALLER: "gone"}
+    assert outside.exists() and (sandbox.home / "kept.dat").exists()
+    assert not (sandbox.bin / "Dravik.dat").exists() and (sandbox.bin / "presets").exists()
+
+
+def test_the_uninstaller_runs_until_told_and_lingers(sandbox: Sandbox) -> None:
+    linger, farewell = sandbox.root / "hold" / "linger", sandbox.root / "hold" / "farewell"
+    linger.touch()
+    hold = sandbox.hold(UNINSTALLER)
+    sandbox.spawn(UNINSTALLER, run_ms=0, linger_while=linger, linger_until=farewell)
+    sandbox.wait_noted(UNINSTALLER, "start")
+    assert not sandbox.journal(UNINSTALLER, "remove")
+    hold.unlink()
+    sandbox.wait_noted(UNINSTALLER, "remove", file="presets", result="gone")
+    assert sandbox.processes(UNINSTALLER)
+    linger.unlink()
+    assert not sandbox.journal(UNINSTALLER, "end")
+    farewell.touch()
+    sandbox.wait_noted(UNINSTALLER, "end")
+    sandbox.wait_processes(UNINSTALLER, 0)
+
+
+def test_an_uninstaller_that_never_appears_does_nothing(sandbox: Sandbox) -> None:
+    sandbox.configure(UNINSTALLER, mode="never", exit=3)
+    assert run(sandbox, UNINSTALLER, "/SP-").returncode == 3
+    assert [entry.event for entry in sandbox.journal()] == ["never"]
+    assert (sandbox.bin / "Dravik.dat").exists()
+
+
+def test_the_uninstaller_outlives_the_session_that_started_it(sandbox: Sandbox) -> None:
+    hold = sandbox.hold(UNINSTALLER)
+    shell = subprocess.Popen(["sh", "-c", '"$0" & wait', sandbox.bin / UNINSTALLER],
+                             start_new_session=True)
+    pid = sandbox.wait_noted(UNINSTALLER, "start").number("pid")
+    os.killpg(shell.pid, signal.SIGHUP)
+    assert shell.wait(wait.DEADLINE) == -signal.SIGHUP
+    assert [process.pid for process in sandbox.processes(UNINSTALLER)] == [pid]
+    hold.unlink()
+    sandbox.wait_noted(UNINSTALLER, "end", exit=0)
+
+
+def test_the_product_runs_until_told_or_terminated(sandbox: Sandbox) -> None:
+    hold = sandbox.hold(PRODUCT_UI)
+    sandbox.spawn(PRODUCT_UI)
+    first = sandbox.wait_noted(PRODUCT_UI, "start").number("pid")
+    hold.unlink()
+    sandbox.wait_noted(PRODUCT_UI, "end", pid=first)
+    sandbox.configure(PRODUCT_UI, hold_file=None)
+    second = sandbox.spawn(PRODUCT_UI)
+    wait.until(lambda: len(sandbox.journal(PRODUCT_UI, "start")) == 2, "the second start")
+    second.kill()
+    assert len(sandbox.journal(PRODUCT_UI, "end")) == 1
+
+
+# Telemetry -------------------------------------------------------------------------------------
+
+
+def test_the_companion_lives_as_long_as_the_library_is_in_use(sandbox: Sandbox, load) -> None:
+    first, second = load(), load()
+    start = sandbox.wait_noted(COMPANION, "start")
+    wait.until(lambda: len(sandbox.processes(COMPANION)) == 1, "one companion to remain")
+    assert sandbox.processes(COMPANION)[0].pid == start.number("pid")
+    end(first)
+    # The second loader does not end by itself, so a companion that ended now would be at fault.
+    assert not sandbox.journal(COMPANION, "end") and sandbox.processes(COMPANION)
+    end(second)
+    sandbox.wait_noted(COMPANION, "end", pid=start.text("pid"))
+    sandbox.wait_processes(COMPANION, 0)
+    assert len(sandbox.journal(LIBRARY, "load")) == 2
+    assert len(sandbox.journal(COMPANION, "start")) == 1
+
+
+def test_every_use_of_the_library_has_a_companion(sandbox: Sandbox, load) -> None:
+    def at_work() -> int:
+        return len(sandbox.journal(COMPANION, "start")) - len(sandbox.journal(COMPANION, "end"))
+
+    for _ in range(20):
+        loader = load()
+        # The one before goes on when it has not begun to end; else a new one comes.
+        wait.until(at_work, "a companion", accept=lambda count: count == 1)
+        end(loader)
+    wait.until(at_work, "no companion", accept=lambda count: count == 0)
+
+
+def test_the_companion_is_nobodys_child_and_inherits_nothing(sandbox: Sandbox, load) -> None:
+    loader = load()
+    pid = sandbox.wait_noted(COMPANION, "start").number("pid")
+    process = Path(f"/proc/{pid}")
+    parent, _, session = (process / "stat").read_text().rpartition(") ")[2].split()[1:4]
+    assert int(parent) not in (loader.pid, os.getpid()) and int(session) != os.getsid(0)
+    links = {int(link.name): os.readlink(link) for link in (process / "fd").iterdir()}
+    assert [links.pop(stream) for stream in (0, 1, 2)] == ["/dev/null"] * 3
+    assert sorted(links.values()) == [
+        str(sandbox.root / "state" / f"Dravik-bin.{name}.lock") for name in ("companion", "loaders")]
+
+
+def test_a_terminated_companion_writes_no_end(sandbox: Sandbox, load) -> None:
+    loader = load()
+    os.kill(sandbox.wait_noted(COMPANION, "start").number("pid"), signal.SIGKILL)
+    sandbox.wait_processes(COMPANION, 0)
+    end(loader)
+    assert not sandbox.journal(COMPANION, "end")
+
+
+def test_a_companion_elsewhere_goes_its_own_way(sandbox: Sandbox, load) -> None:
+    hold = sandbox.root / "hold" / "elsewhere"
+    hold.touch()
+    sandbox.spawn(COMPANION, inside=False, hold_file=hold)
+    other = sandbox.wait_noted(COMPANION, "start").text("pid")
+    loader = load()
+    wait.until(lambda: len(sandbox.journal(COMPANION, "start")) == 2, "the library's own companion")
+    end(loader)
+    own = sandbox.wait_noted(COMPANION, "end").text("pid")
+    assert own != other and len(sandbox.processes(COMPANION)) >= 1
+    hold.unlink()
+    sandbox.wait_noted(COMPANION, "end", pid=other)
+
+
+def test_the_library_can_be_told_to_have_no_companion(sandbox: Sandbox, load) -> None:
+    sandbox.configure(LIBRARY, companion="none")
+    end(load())
+    assert [entry.image for entry in sandbox.journal()] == [LIBRARY]
+
+
+@pytest.mark.parametrize(("pairs", "count"), [(2, 9), (3, 11), (4, 13), (5, 15)])
+def test_an_event_is_noted_with_all_its_texts(
+    sandbox: Sandbox, load, pairs: int, count: int
+) -> None:
+    sandbox.configure(LIBRARY, result=-5)
+    values = ["SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60}", "", 'a=[1]%"', "^", "~"][:pairs]
+    texts = [text for number, value in enumerate(values) for text in (f"Name{number}", value)]
+    assert end(load("send", *texts)) == "result -5\n"
+    event = sandbox.wait_noted(LIBRARY, "SkyrelSendInfo", count=count, flag=0, wide=1)
+    seen = [value.replace("^", "\U0001F600") for value in values]
+    assert event.items("pairs")[:5] == [
+        "torvanSendType=0", *(f"Name{number}={value}" for number, value in enumerate(seen[:4]))]
+    # Half a surrogate pair has no UTF-8, and shows as the bytes that it would have.
+    assert event.fields["pairs"].endswith("[Name4=%ED%A0%80]") == (pairs == 5)
+
+
+def test_other_exports_are_unexpected(sandbox: Sandbox, load) -> None:
+    assert end(load("call")) == "result 0\n"
+    assert sandbox.journal(LIBRARY, "unexpected", name="SkyrelEndCache")
+
+
+# The task list ---------------------------------------------------------------------------------
+
+
+@pytest.fixture
+def running(sandbox: Sandbox) -> int:
+    """The id of a running product, whose image is in the task list."""
+    sandbox.spawn(PRODUCT_UI)
+    return sandbox.wait_noted(PRODUCT_UI, "start").number("pid")
+
+
+def test_a_running_image_is_listed_in_the_form_of_the_system(sandbox: Sandbox, running) -> None:
+    for asked in (PRODUCT_UI, "ktrui.EXE"):
+        image, pid, session, number, memory = ask(sandbox, asked).decode().split('","')
+        assert (image, pid, session, number) == ('"KTRUI.exe', str(running), "Console", "1")
+        kilobytes = memory.removesuffix(' K"\r\n')
+        assert f"{int(kilobytes.replace(',', '')):,}" == kilobytes != "0"
+    header = run(sandbox, "tasklist", "/fo", "csv").stdout.splitlines()[0]
+    assert header == b'"Image Name","PID","Session Name","Session#","Mem Usage"'
+
+
+@pytest.mark.parametrize("image", ["uninstall.exe", "TRUI.exe", "KTRUI.ex", "KTRUI"])
+def test_an_image_that_does_not_run_gets_the_message(sandbox: Sandbox, running, image) -> None:
+    assert running and ask(sandbox, image) == NO_TASKS
+
+
+def test_a_deleted_executable_is_listed_by_its_name(sandbox: Sandbox, running: int) -> None:
+    (sandbox.bin / PRODUCT_UI).unlink()
+    assert os.readlink(f"/proc/{running}/exe").endswith(" (deleted)")
+    assert ask(sandbox, PRODUCT_UI).startswith(f'"KTRUI.exe","{running}",'.encode())
+
+
+def test_a_task_list_sees_only_below_its_root(sandbox: Sandbox, running: int) -> None:
+    line = f'"{running}"'.encode()
+    for root, seen in ((sandbox.root / "elsewhere", False), (sandbox.bin, True),
+                       (str(sandbox.bin)[:-1], False), ("/", True), (None, True),
+                       ([sandbox.home, sandbox.root], True), ("/no such folder", False)):
+        sandbox.configure("tasklist", root=root)
+        assert (line in ask(sandbox, PRODUCT_UI)) == seen, root
+
+
+def test_a_task_list_can_lie(sandbox: Sandbox, running: int) -> None:
+    sandbox.configure("tasklist", hide="KTRUI.exe", show="uninstall.exe")
+    assert ask(sandbox, PRODUCT_UI) == NO_TASKS
+    assert ask(sandbox, UNINSTALLER) == b'"uninstall.exe","4242","Console","1","4,212 K"\r\n'
+    sandbox.configure("tasklist", hide=None, show=None, bytes=10 * 1024 * 1024 + 1)
+    padding, quote, line = ask(sandbox, PRODUCT_UI).partition(b'"')
+    assert (len(padding), set(padding)) == (10 * 1024 * 1024 + 1, set(b".\r\n"))
+    assert (quote + line).startswith(f'"KTRUI.exe","{running}",'.encode())
+    sandbox.configure("tasklist", bytes=None, say=["a%FFb%00", "Ünde %zz%"], silent=1)
+    assert ask(sandbox, PRODUCT_UI) == b"a\xffb\0\r\n" + "Ünde %zz%\r\n".encode()
+
+
+def test_a_task_list_can_hang_and_fail(sandbox: Sandbox) -> None:
+    sandbox.configure("tasklist", hang=1)
+    hanging = subprocess.Popen([sandbox.locate("tasklist"), "/NH", "/FO", "CSV"],
+                               stdout=subprocess.PIPE)
+    # It prints before it hangs, and lists itself.
+    assert hanging.stdout.readline().startswith(f'"tasklist","{hanging.pid}"'.encode())
+    assert hanging.poll() is None
+    hanging.kill()
+    hanging.communicate()
+    sandbox.configure("tasklist", hang=None, exit=5, note=1)
+    query = ["/NH", "/FO", "CSV", "/FI", "IMAGENAME eq none.exe"]
+    assert run(sandbox, "tasklist", *query).returncode == 5
+    assert [entry.items("args") for entry in sandbox.journal("tasklist", "query")] == [query]
+
+
+@pytest.mark.parametrize("wrong", [
+    ["/NH", "/FO", "LIST"], ["/NH", "/FO", "CSV", "/FI", "PID eq 1"], ["/FO", "CSV", "KTRUI.exe"],
+    ["/FO", "CSV", "/FI"], []])
+def test_other_questions_are_errors(sandbox: Sandbox, wrong: list[str]) -> None:
+    done = run(sandbox, "tasklist", *wrong)
+    assert (done.returncode, done.stdout) == (1, b"") and done.stderr.startswith(b"ERROR: ")
+
+
+# The scripts -----------------------------------------------------------------------------------
+
+
+def test_an_opened_link_is_noted(sandbox: Sandbox) -> None:
+    link = "https://torvan.example/?a=%20[1]&b='\"$HOME;*"
+    assert run(sandbox, "xdg-open", link).returncode == 0
+    assert [entry.items("args") for entry in sandbox.journal("xdg-open", "open")] == [[link]]
+    sandbox.configure("xdg-open", exit=3)
+    assert run(sandbox, "xdg-open", link).returncode == 3
+
+
+def test_the_clean_up_script_notes_how_it_was_called(sandbox: Sandbox) -> None:
+    copy = shutil.copy2(sandbox.bin / "clearKTR.bat", sandbox.temp)
+    nowhere = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL,
+               "stderr": subprocess.DEVNULL}
+    script = subprocess.Popen(
+        ["chrt", "--idle", "0", "nice", "-n", "19", copy, "/a b/[c]", ""], cwd=sandbox.temp,
+        start_new_session=True, env=sandbox.environment(), **nowhere)
+    assert script.wait(wait.DEADLINE) == 0
+    start = sandbox.journal("clearKTR.bat", "start")[0]
+    assert start.items("args") == ["/a b/[c]", ""]
+    assert {key: start.text(key) for key in ("cwd", "script", "sid", "nice", "policy")} == {
+        "cwd": str(sandbox.temp), "script": copy, "sid": str(script.pid), "nice": "19",
+        "policy": "5"}
+    assert [start.text(stream) for stream in nowhere] == ["/dev/null"] * 3
+    subprocess.run([copy], stdin=subprocess.DEVNULL, capture_output=True, check=True)
+    other = sandbox.journal("clearKTR.bat", "start")[1]
+    assert (other.text("nice"), other.text("policy")) != ("19", "5")
+    assert other.text("stdout").startswith("pipe:") and other.text("sid") != str(script.pid)
