@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr wchar_t kInstanceMutexName[] = L"ktr_uninstall_version_2023_Ostrel_Torvan";
+constexpr const wchar_t *kInstanceMutexName = L"ktr_uninstall_version_2023_Ostrel_Torvan";
 
 platform::NamedMutex &InstanceMutex()
 {

@@ -24,7 +24,7 @@ bool LiesIn(const platform::OpenedProcess &process, const std::wstring &dir)
 
 std::wstring DirectoryOf(const std::wstring &path)
 {
-    const wchar_t separators[] = {platform::kNativeSeparatorWide, L'/', L'\0'};
+    const std::wstring separators = {platform::kNativeSeparatorWide, L'/'};
     const std::size_t cut = path.find_last_of(separators);
     return cut == std::wstring::npos ? std::wstring() : path.substr(0, cut);
 }

@@ -11,7 +11,7 @@ function(ktr_target_defaults target)
     # A parameter may bear the name of the member that it sets: both names are given by an interface.
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Werror
-        $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow> -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+        $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
         -Wformat=2 -Wcast-align -Wundef)
     if(WIN32)
         target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0A00

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr char kUninstallerName[] = "uninstall.exe";
-constexpr char kProductImageName[] = "KTRUI.exe";
+constexpr const char *kUninstallerName = "uninstall.exe";
+constexpr const char *kProductImageName = "KTRUI.exe";
 constexpr int kStartUpPolls = 25;
 constexpr unsigned long kStartUpPauseMs = 200;
 constexpr int kProgressIntervalMs = 200;

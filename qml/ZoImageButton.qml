@@ -87,34 +87,17 @@ Button {
                 }
             }
 
-            // Each square makes one corner sharp again.
-            Rectangle {
-                width: root.btnRadius
-                height: root.btnRadius
-                color: ground.color
-                visible: !root.ltRadius
-            }
-            Rectangle {
-                anchors.right: parent.right
-                width: root.btnRadius
-                height: root.btnRadius
-                color: ground.color
-                visible: !root.rtRadius
-            }
-            Rectangle {
-                anchors.bottom: parent.bottom
-                width: root.btnRadius
-                height: root.btnRadius
-                color: ground.color
-                visible: !root.lbRadius
-            }
-            Rectangle {
-                anchors.right: parent.right
-                anchors.bottom: parent.bottom
-                width: root.btnRadius
-                height: root.btnRadius
-                color: ground.color
-                visible: !root.rbRadius
+            // Each visible square makes its corner sharp again.
+            Repeater {
+                model: [!root.ltRadius, !root.rtRadius, !root.lbRadius, !root.rbRadius]
+                Rectangle {
+                    x: index % 2 === 0 ? 0 : ground.width - width
+                    y: index < 2 ? 0 : ground.height - height
+                    width: root.btnRadius
+                    height: root.btnRadius
+                    color: ground.color
+                    visible: modelData
+                }
             }
 
             Image {

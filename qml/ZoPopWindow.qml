@@ -31,7 +31,7 @@ Window {
     property int buttonMask: ZoPopWindow.CLOSEBUTTON
     property bool busy: false
     property alias radius: background.radius
-    property alias titleRightMargin: closeButton.anchors.rightMargin
+    property alias titleRightMargin: titleBar.closeRightMargin
 
     readonly property int borderw: haveBorder ? Public.winBorderWidth : 0
 
@@ -137,7 +137,7 @@ Window {
         Accessible.name: popupwin.title
         Keys.onPressed: popupwin.keyPressed(event)
 
-        Rectangle {
+        ZoPopTitle {
             id: titleBar
             anchors {
                 left: parent.left
@@ -148,66 +148,13 @@ Window {
             height: popupwin.titleHeight - popupwin.borderw
             radius: background.radius
             color: popupwin.titleColor
-
-            // Squares the lower corners.
-            Rectangle {
-                anchors {
-                    left: parent.left
-                    right: parent.right
-                    bottom: parent.bottom
-                }
-                height: parent.radius
-                color: parent.color
-            }
-
-            MouseArea {
-                property point clickPos: "0,0"
-
-                anchors.fill: parent
-                acceptedButtons: Qt.LeftButton
-                onPressed: clickPos = Qt.point(mouse.x, mouse.y)
-                onPositionChanged: {
-                    popupwin.setX(popupwin.x + mouse.x - clickPos.x)
-                    popupwin.setY(popupwin.y + mouse.y - clickPos.y)
-                }
-            }
-
-            Text {
-                anchors {
-                    left: parent.left
-                    leftMargin: 16
-                    right: closeButton.left
-                    rightMargin: 16
-                    verticalCenter: parent.verticalCenter
-                }
-                text: popupwin.title
-                textFormat: Text.PlainText
-                elide: Text.ElideRight
-                font.pixelSize: 14
-                color: "#555b66"
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
-            }
-
-            // A disabled button lets the mouse through: without this a press on it would drag.
-            MouseArea {
-                anchors.fill: closeButton
-                visible: closeButton.visible
-            }
-
-            ZoImageButton {
-                id: closeButton
-                anchors.right: parent.right
-                anchors.rightMargin: 16
-                anchors.verticalCenter: parent.verticalCenter
-                resName: "ico_popup_close"
-                visible: (popupwin.buttonMask & ZoPopWindow.CLOSEBUTTON) !== 0
-                enabled: !popupwin.busy
-                Accessible.name: qsTr("Close")
-                onClicked: {
-                    popupwin.closeClicked()
-                    popupwin.close()
-                }
+            popup: popupwin
+            title: popupwin.title
+            closable: (popupwin.buttonMask & ZoPopWindow.CLOSEBUTTON) !== 0
+            busy: popupwin.busy
+            onClosed: {
+                popupwin.closeClicked()
+                popupwin.close()
             }
         }
 

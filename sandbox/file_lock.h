@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
+#include <memory>
 
 namespace host {
 
@@ -32,7 +32,8 @@ public:
     bool TryTake(Mode mode);
 
 private:
-    std::intptr_t handle_;
+    struct File;
+    std::unique_ptr<File> file_;
 };
 
 } // namespace host

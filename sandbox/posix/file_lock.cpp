@@ -7,15 +7,21 @@
 
 namespace host {
 
-FileLock::FileLock(const std::filesystem::path &file)
-    : handle_(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644))
+struct FileLock::File
 {
+    int descriptor = -1;
+};
+
+FileLock::FileLock(const std::filesystem::path &file)
+    : file_(std::make_unique<File>())
+{
+    file_->descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
 }
 
 FileLock::~FileLock()
 {
-    if (handle_ != -1) {
-        ::close(static_cast<int>(handle_));
+    if (file_->descriptor != -1) {
+        ::close(file_->descriptor);
     }
 }
 
@@ -24,7 +30,7 @@ bool FileLock::Take(Mode mode)
     const int operation = mode == Mode::Shared ? LOCK_SH : LOCK_EX;
     int result = -1;
     do {
-        result = ::flock(static_cast<int>(handle_), operation);
+        result = ::flock(file_->descriptor, operation);
     } while (result == -1 && errno == EINTR);
     return result == 0;
 }
@@ -32,7 +38,7 @@ bool FileLock::Take(Mode mode)
 bool FileLock::TryTake(Mode mode)
 {
     const int operation = (mode == Mode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-    return ::flock(static_cast<int>(handle_), operation) == 0;
+    return ::flock(file_->descriptor, operation) == 0;
 }
 
 } // namespace host

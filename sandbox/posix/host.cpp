@@ -3,7 +3,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
 

@@ -108,6 +108,11 @@ void UiProbe::repeatKey(QObject *window, int key) const
     QCoreApplication::sendEvent(WindowOf(window), &press);
 }
 
+void UiProbe::click(QObject *window, int x, int y) const
+{
+    QTest::mouseClick(WindowOf(window), Qt::LeftButton, Qt::NoModifier, QPoint(x, y));
+}
+
 void UiProbe::tap(QObject *window, qreal x, qreal y) const
 {
     static QTouchDevice *const device = QTest::createTouchDevice();

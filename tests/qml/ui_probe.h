@@ -29,6 +29,9 @@ public:
     Q_INVOKABLE void closeBySystem(QObject *window) const;
     /// Sends a key event that says it is a repetition of a held key.
     Q_INVOKABLE void repeatKey(QObject *window, int key) const;
+    /// A click at a place in the window that passes through the window system's doors, so that it
+    /// does not reach a window which another one blocks.
+    Q_INVOKABLE void click(QObject *window, int x, int y) const;
     /// A touch at a place in the window: begin, and end at the same place.
     Q_INVOKABLE void tap(QObject *window, qreal x, qreal y) const;
 };

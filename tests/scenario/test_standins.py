@@ -171,7 +171,8 @@ def test_the_uninstaller_removes_what_it_knows_and_nothing_outside(sandbox: Sand
     outside.touch()
     (sandbox.home / "kept.dat").touch()
     (sandbox.bin / "link").symlink_to(sandbox.home)
-    refused = ["../../outside.dat", str(outside), "link/kept.dat", "presets/../../../outside.dat", "."]
+    refused = ["../../outside.dat", str(outside), "link/kept.dat",
+               "presets/../../../outside.dat", "."]
     sandbox.configure(UNINSTALLER, run_ms=0, remove=[
         "Dravik.dat", *refused, "presets", "absent.dat", UNINSTALLER])
     assert run(sandbox, UNINSTALLER).returncode == 0
@@ -270,8 +271,9 @@ def test_the_companion_is_nobodys_child_and_inherits_nothing(sandbox: Sandbox, l
     assert int(parent) not in (loader.pid, os.getpid()) and int(session) != os.getsid(0)
     links = {int(link.name): os.readlink(link) for link in (process / "fd").iterdir()}
     assert [links.pop(stream) for stream in (0, 1, 2)] == ["/dev/null"] * 3
+    state = sandbox.root / "state"
     assert sorted(links.values()) == [
-        str(sandbox.root / "state" / f"Dravik-bin.{name}.lock") for name in ("companion", "loaders")]
+        str(state / f"Dravik-bin.{name}.lock") for name in ("companion", "loaders")]
 
 
 def test_a_terminated_companion_writes_no_end(sandbox: Sandbox, load) -> None:
@@ -356,8 +358,10 @@ def test_a_deleted_executable_is_listed_by_its_name(sandbox: Sandbox, running: i
 
 def test_a_task_list_sees_only_below_its_root(sandbox: Sandbox, running: int) -> None:
     line = f'"{running}"'.encode()
+    sibling = sandbox.bin.with_name("bi")
+    sibling.mkdir()
     for root, seen in ((sandbox.root / "elsewhere", False), (sandbox.bin, True),
-                       (str(sandbox.bin)[:-1], False), ("/", True), (None, True),
+                       (sibling, False), ("/", True), (None, True),
                        ([sandbox.home, sandbox.root], True), ("/no such folder", False)):
         sandbox.configure("tasklist", root=root)
         assert (line in ask(sandbox, PRODUCT_UI)) == seen, root

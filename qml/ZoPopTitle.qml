@@ -1,0 +1,74 @@
+import QtQuick 2.12
+import QtQuick.Window 2.14
+import "."
+
+// The title bar of a pop-up: moves the window, names it, and offers to close it.
+Rectangle {
+    id: titleBar
+
+    property Window popup: null
+    property string title: ""
+    property bool closable: true
+    property bool busy: false
+    property alias closeRightMargin: closeButton.anchors.rightMargin
+
+    signal closed()
+
+    // Only the upper corners are round.
+    Rectangle {
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+        }
+        height: parent.radius
+        color: parent.color
+    }
+
+    MouseArea {
+        property point clickPos: "0,0"
+
+        anchors.fill: parent
+        acceptedButtons: Qt.LeftButton
+        onPressed: clickPos = Qt.point(mouse.x, mouse.y)
+        onPositionChanged: {
+            titleBar.popup.setX(titleBar.popup.x + mouse.x - clickPos.x)
+            titleBar.popup.setY(titleBar.popup.y + mouse.y - clickPos.y)
+        }
+    }
+
+    Text {
+        anchors {
+            left: parent.left
+            leftMargin: 16
+            right: closeButton.left
+            rightMargin: 16
+            verticalCenter: parent.verticalCenter
+        }
+        text: titleBar.title
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        font.pixelSize: 14
+        color: "#555b66"
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+
+    // A disabled button lets the mouse through: without this a press on it would drag.
+    MouseArea {
+        anchors.fill: closeButton
+        visible: closeButton.visible
+    }
+
+    ZoImageButton {
+        id: closeButton
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        resName: "ico_popup_close"
+        visible: titleBar.closable
+        enabled: !titleBar.busy
+        Accessible.name: qsTr("Close")
+        onClicked: titleBar.closed()
+    }
+}
