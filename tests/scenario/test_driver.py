@@ -18,6 +18,7 @@ from driver.geometry import Point, Rect
 from driver.installation import assemble
 from driver.journal import parse
 from driver.sandbox import Sandbox
+from driver.system import PASSED_THROUGH
 
 HERE = Path(__file__).resolve().parent
 TOY = str(HERE / "toy_window.py")
@@ -241,6 +242,8 @@ def test_the_environment_holds_nothing_from_outside(
 ) -> None:
     monkeypatch.setenv("QT_QUICK_CONTROLS_STYLE", "Fusion")
     monkeypatch.setenv("QT_SCALE_FACTOR", "2")
+    for variable in PASSED_THROUGH:
+        monkeypatch.delenv(variable, raising=False)
     monkeypatch.setenv("ASAN_OPTIONS", "exitcode=23")
     code = "import os; print(*sorted(os.environ), sep='\\n')"
     program = sandbox.start(["-c", code], {"EXTRA": "1", "LC_ALL": None})

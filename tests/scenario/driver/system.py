@@ -19,7 +19,7 @@ MUTEX = "ktr_uninstall_version_2023_Ostrel_Torvan"
 
 _DELETED = " (deleted)"
 
-_PASSED_THROUGH = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
+PASSED_THROUGH = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
 """The only variables that a program under test gets from outside: settings of sanitizers."""
 
 
@@ -51,7 +51,7 @@ class Native:
 
     def environment(self, root: Path, display: str) -> dict[str, str]:
         """The whole environment of a program in the sandbox at `root`; nothing else leaks in."""
-        passed = {name: os.environ[name] for name in _PASSED_THROUGH if name in os.environ}
+        passed = {name: os.environ[name] for name in PASSED_THROUGH if name in os.environ}
         return {
             **passed,
             "PATH": f"{root}/tools:/usr/local/bin:/usr/bin:/bin",
