@@ -1,3 +1,4 @@
+#include "app/appearance.h"
 #include "app/cleanup_script.h"
 #include "app/environment.h"
 #include "app/instance_guard.h"
@@ -32,6 +33,7 @@ int RunProgram(int argc, char **argv)
     StageCleanupScript(cleanupScript);
 
     ApplyApplicationFont();
+    ApplyLinkColour();
     QResource::registerResource(programDir + QStringLiteral("/UninstallUI.rcc"));
 
     CUninstallMgr uninstallMgr;

@@ -6,15 +6,68 @@ import QtQuick.Shapes 1.15
 import "public.js" as Public
 import "."
 
-// The only page of the window: the question, and the uninstallation with its progress.
+// The only page of the window: the reasons with their answers, and the uninstallation with its
+// progress. Its own pages fill the content area; one of them is visible at a time.
 Item {
     id: home
 
+    // By the number of the page; the last one follows a feedback and belongs to no page.
     property var listTitleTxt: [
-        qsTr("Please tell us why you want to uninstall Dravik:")
+        qsTr("Please tell us why you want to uninstall Dravik:"),
+        qsTr("Give you an exclusive discount:"),
+        qsTr("Glad to solve your problem! We have an extra coupon for you. Hope you like it!"),
+        qsTr("We'd like to know what problem you've been experiencing. And we have an extra coupon for you. "),
+        qsTr("We'd like to know what problem you've been experiencing. And we have an extra coupon for you. "),
+        qsTr("Thanks for your feedback! We have an extra coupon for you. Hope you like it!")
     ]
+    property var discountedPrices: [
+        qsTr("View exclusive discounted prices"),
+        qsTr("Enjoy discounted prices to buy other products")
+    ]
+    property var listPages: []
+    property int currentPage: 0
 
     signal uninstalling(var running)
+
+    // The only way from page to page. A page that had the keyboard passes it on to the next one, so
+    // that Tab goes on from there.
+    function switchPage(funIndex) {
+        var left = listPages[currentPage]
+        var hadKeyboard = left !== undefined && left.activeFocus
+        completeSwitchPage(funIndex)
+        if (hadKeyboard && listPages[currentPage] !== undefined) {
+            listPages[currentPage].forceActiveFocus()
+        }
+    }
+
+    function completeSwitchPage(funIndex) {
+        if (listPages[currentPage] !== undefined) {
+            listPages[currentPage].visible = false
+        }
+        currentPage = funIndex
+        if (listPages[currentPage] !== undefined) {
+            listPages[currentPage].visible = true
+        }
+        if (listTitleTxt[currentPage] !== undefined) {
+            titleLabel.text = listTitleTxt[currentPage]
+        }
+    }
+
+    function leaveShownPage(forward) {
+        listPages[currentPage].nextItemInFocusChain(forward).forceActiveFocus(
+                    forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+    }
+
+    function sendProblem(text) {
+        Public.sendUserInfoEx("UninstallPop", "Result_Question_What_Problem", { "answer": text })
+    }
+
+    // A feedback is answered with the coupon of its own page, shown where "solved" shows its own.
+    function thank(offerType) {
+        switchPage(2)
+        titleLabel.text = listTitleTxt[5]
+        solvedPage.perferentialInfo = uninstallMgr.getPreferentialLink(offerType)
+    }
 
     clip: true
 
@@ -41,6 +94,64 @@ Item {
         anchors.topMargin: 30
         anchors.bottom: uninstallLabel.top
         anchors.bottomMargin: 5
+
+        // Right after a switch the page itself has the keyboard, which is no stop of the Tab key.
+        Keys.onTabPressed: home.leaveShownPage(true)
+        Keys.onBacktabPressed: home.leaveShownPage(false)
+        Component.onCompleted: {
+            home.listPages = [reasonPage, expensiveOldPage, solvedPage, noSolvedPage, otherPage]
+        }
+
+        ReasonComponent {
+            id: reasonPage
+
+            anchors.fill: parent
+        }
+
+        DiscountComponent {
+            id: expensiveOldPage
+
+            anchors.fill: parent
+            visible: false
+            discountPricesTxt: home.discountedPrices[0]
+            perferentialInfo: uninstallMgr.getPreferentialLink(1)
+        }
+
+        DiscountComponent {
+            id: solvedPage
+
+            anchors.fill: parent
+            visible: false
+            discountPricesTxt: home.discountedPrices[1]
+            perferentialInfo: uninstallMgr.getPreferentialLink(2)
+        }
+
+        SubmitAdviceComponent {
+            id: noSolvedPage
+
+            anchors.fill: parent
+            visible: false
+            currentPage: 3
+            discountPricesTxt: home.discountedPrices[1]
+            onSigSubmit: {
+                uninstallMgr.sendUserInfo("noSolvedPage", "Click_Submit", text)
+                home.sendProblem(text)
+                home.thank(3)
+            }
+        }
+
+        SubmitAdviceComponent {
+            id: otherPage
+
+            anchors.fill: parent
+            visible: false
+            currentPage: 4
+            discountPricesTxt: home.discountedPrices[1]
+            onSigSubmit: {
+                home.sendProblem(text)
+                home.thank(4)
+            }
+        }
     }
 
     Text {

@@ -17,28 +17,11 @@ Text {
     Accessible.focusable: true
     Accessible.onPressAction: linkActivated(Public.homePageUrl)
 
-    Keys.onPressed: {
-        var activates = event.key === Qt.Key_Space || event.key === Qt.Key_Return
-                || event.key === Qt.Key_Enter
-        if (activates && !event.isAutoRepeat) {
-            event.accepted = true
-            linkActivated(Public.homePageUrl)
-        }
-    }
+    Keys.onPressed: Public.activateByKey(event, function() { linkActivated(Public.homePageUrl) })
 
-    // Keyboard focus: the link may stand at the very edge of a clipped page, where a frame round
-    // it would lose a side.
-    Rectangle {
-        z: -1
+    ZoLinkFocusMark {
         anchors.fill: parent
-        color: "#E8F0FF"
         visible: root.activeFocus
-        Rectangle {
-            anchors.bottom: parent.bottom
-            width: parent.width
-            height: 2
-            color: "#1F6FFF"
-        }
     }
 
     MouseArea {

@@ -54,6 +54,22 @@ function isAbsent(value) {
     return value === undefined || value === null || value === ""
 }
 
+// The text under `key` of a map; the empty text when there is none.
+function textOf(map, key) {
+    var value = isAbsent(map) ? undefined : map[key]
+    return isAbsent(value) ? "" : String(value)
+}
+
+// What Space and Enter do to a control without a click of its own: one action per press of the key.
+function activateByKey(event, action) {
+    var activates = event.key === Qt.Key_Space || event.key === Qt.Key_Return
+            || event.key === Qt.Key_Enter
+    if (activates && !event.isAutoRepeat) {
+        event.accepted = true
+        action()
+    }
+}
+
 // Sends one usage event whose attribute is JSON: `param` is an object, or its JSON text. Text that
 // is not JSON goes out unchanged rather than not at all.
 function sendUserInfoEx(window, action, param, source) {

@@ -1,9 +1,11 @@
+#include "app/appearance.h"
+#include "app/language.h"
 #include "recording_mgr.h"
 #include "ui_probe.h"
 #include "warning_watch.h"
 
 #include <QAccessible>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QtQuickTest>
@@ -22,6 +24,9 @@ public Q_SLOTS:
     {
         QCoreApplication::instance()->installEventFilter(&m_watch);
         QAccessible::setActive(true);
+        // As in the program: both decide how texts and links look.
+        ApplyApplicationFont();
+        ApplyLinkColour();
     }
 
     void qmlEngineAvailable(QQmlEngine *engine)
@@ -39,6 +44,9 @@ private:
 /// Runs the test file given with -input; fails on a failed test and on any warning.
 int main(int argc, char **argv)
 {
+    // As in the program, for pictures at scales between the whole ones.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     TestSetup setup;
     const int result = quick_test_main_with_setup(argc, argv, "ktr_qml", KTR_QML_TEST_DIR, &setup);
     const QStringList warnings = WarningWatch::warnings();

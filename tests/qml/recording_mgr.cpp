@@ -83,9 +83,14 @@ QVariantList RecordingMgr::callsOf(const QString &name) const
     return found;
 }
 
-void RecordingMgr::reset()
+void RecordingMgr::forgetCalls()
 {
     m_calls.clear();
+}
+
+void RecordingMgr::reset()
+{
+    forgetCalls();
     m_reasonList = {1, 2, 3, 4};
     m_offers.clear();
     m_ktrRunning = false;

@@ -44,6 +44,8 @@ public:
     Q_INVOKABLE void note(const QString &text);
     /// The recorded calls of one name.
     Q_INVOKABLE QVariantList callsOf(const QString &name) const;
+    /// Forgets the calls so far.
+    Q_INVOKABLE void forgetCalls();
     /// Forgets the calls and puts the answers back to what they are at the start.
     Q_INVOKABLE void reset();
 

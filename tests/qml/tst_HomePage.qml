@@ -10,6 +10,7 @@ TestCase {
     property var main: null
     property var insideRun: null
     property var insideBox: null
+    property var loading: []
 
     name: "HomePage"
     when: windowShown
@@ -47,6 +48,8 @@ TestCase {
         compare(component.status, Component.Ready, component.errorString())
         main = component.createObject(null)
         tryCompare(main, "visible", true)
+        loading = uninstallMgr.calls
+        uninstallMgr.forgetCalls()
     }
 
     function cleanup() {
@@ -63,12 +66,17 @@ TestCase {
         return part("HomePage")
     }
 
+    // Pages have buttons, too: those of the page itself are in its last row.
+    function buttonRow() {
+        return page().children[page().children.length - 1]
+    }
+
     function uninstallButton() {
-        return part("ZoRoundButton")
+        return Parts.all(buttonRow(), "ZoRoundButton")[0]
     }
 
     function cancelButton() {
-        return part("ZoDefaultRoundButton")
+        return Parts.all(buttonRow(), "ZoDefaultRoundButton")[0]
     }
 
     function bar() {
@@ -90,9 +98,7 @@ TestCase {
     }
 
     function names() {
-        return uninstallMgr.calls.map(function(call) { return call[0] }).filter(function(name) {
-            return name !== "showWindowShadow"
-        })
+        return uninstallMgr.calls.map(function(call) { return call[0] })
     }
 
     function test_layout() {
@@ -115,6 +121,16 @@ TestCase {
         compare(edges(progressLabel())[2], 576)
         var content = page().children[1]
         compare(edges(content), [0, 78, 576, edges(progressLabel())[1] - 5])
+    }
+
+    function test_whatIsAskedForWhileItLoads() {
+        var asked = loading.map(function(call) { return call.join(" ") })
+        compare(asked.slice().sort(), ["getPreferentialLink 1", "getPreferentialLink 2",
+                                       "getReasonList", "showWindowShadow"])
+    }
+
+    function test_buttonRow() {
+        compare(edges(buttonRow()), [0, 316, 576, 344])
     }
 
     function test_idle() {

@@ -4,11 +4,16 @@
 #include <QAccessibleInterface>
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QImage>
 #include <QKeyEvent>
 #include <QQuickItem>
 #include <QQuickItemGrabResult>
 #include <QQuickWindow>
+#include <QScreen>
+#include <QSignalSpy>
 #include <QTouchDevice>
 #include <QtTest>
 
@@ -81,6 +86,38 @@ QString UiProbe::pixel(QObject *item, int x, int y) const
     }
     const QColor colour = result->image().pixelColor(x, y);
     return colour.alpha() != 0 ? colour.name() : QString();
+}
+
+bool UiProbe::save(QObject *itemOrWindow, const QString &path) const
+{
+    auto *window = qobject_cast<QQuickWindow *>(WindowOf(itemOrWindow));
+    if (window == nullptr) {
+        return false;
+    }
+    // Twice, since an item in a layer is drawn one frame late.
+    for (int frames = 0; frames < 2; ++frames) {
+        QSignalSpy frame(window, &QQuickWindow::frameSwapped);
+        window->update();
+        if (!frame.wait()) {
+            return false;
+        }
+    }
+    // From the screen: this toolkit's windows without a display cannot grab themselves.
+    QImage picture = window->screen()->grabWindow(window->winId()).toImage();
+    if (auto *item = qobject_cast<QQuickItem *>(itemOrWindow)) {
+        constexpr qreal kAround = 8;
+        const qreal scale = window->effectiveDevicePixelRatio();
+        const QRectF place = item->mapRectToScene(item->boundingRect())
+                                 .adjusted(-kAround, -kAround, kAround, kAround);
+        picture =
+            picture.copy(QRectF(place.topLeft() * scale, place.size() * scale).toAlignedRect());
+    }
+    return QDir().mkpath(QFileInfo(path).path()) && picture.save(path);
+}
+
+QString UiProbe::environment(const QString &name) const
+{
+    return qEnvironmentVariable(name.toUtf8().constData());
 }
 
 QVariantList UiProbe::below(QObject *object, const QString &className) const

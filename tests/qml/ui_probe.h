@@ -23,6 +23,11 @@ public:
     /// The colour, as "#rrggbb", that an item draws at a place of its own; empty when it draws none
     /// there or could not be drawn within five seconds.
     Q_INVOKABLE QString pixel(QObject *item, int x, int y) const;
+    /// Saves what a window, or a part of it with some pixels round it, shows at present; false when
+    /// it cannot be written.
+    Q_INVOKABLE bool save(QObject *itemOrWindow, const QString &path) const;
+    /// A variable of the environment; empty when it is not set.
+    Q_INVOKABLE QString environment(const QString &name) const;
     /// Objects below another one that are no items, such as animations, by the name of their class.
     Q_INVOKABLE QVariantList below(QObject *object, const QString &className) const;
     /// Closes a window as a window manager does.

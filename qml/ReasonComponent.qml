@@ -1,0 +1,57 @@
+import QtQuick.Controls 2.14
+import QtQuick 2.14
+import "public.js" as Public
+
+// The reasons for an uninstallation. Choosing one reports it and leaves this page for good.
+FocusScope {
+    id: root
+
+    // A reason's number, from 1 on, is also the number of the page that answers it.
+    property var listReson: [
+        "",
+        qsTr("The price is too expensive"),
+        qsTr("The product has solved my problem"),
+        qsTr("The product doesn't solve my problem"),
+        qsTr("I have other reasons")
+    ]
+    // The same in usage events, which never depend on the language.
+    readonly property var answers: [
+        "",
+        "The price is too expensive",
+        "The product has solved my problem",
+        "The product doesn't solve my problem",
+        "I have other reasons"
+    ]
+
+    ButtonGroup {
+        id: reasonGroup
+    }
+
+    Column {
+        anchors.fill: parent
+        spacing: 10
+
+        Repeater {
+            model: uninstallMgr.getReasonList()
+
+            ZoRadioButton {
+                height: 19
+                text: root.listReson[modelData]
+                ButtonGroup.group: reasonGroup
+                onToggled: {
+                    Public.sendUserInfoEx("UninstallPop", "Result_Question_Why_Unistall",
+                                          { "answer": root.answers[modelData] })
+                    home.switchPage(modelData)
+                }
+            }
+        }
+    }
+
+    Image {
+        anchors.right: parent.right
+        anchors.rightMargin: 48
+        y: Math.round((frameRect.height - height) / 2)
+        source: "qrc:/pic_question.png"
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,140 @@
+import QtQuick.Controls 2.14
+import QtQuick 2.14
+import "public.js" as Public
+
+// A box for feedback with its submit button, and a link to an offer below.
+FocusScope {
+    id: root
+
+    property int maxLength: 700
+    // The type of the offer that the link leads to.
+    property int currentPage: 3
+    property string discountPricesTxt: ""
+
+    signal sigSubmit(var text)
+
+    // Before the first change of focus the frame has no border at all.
+    function frameFocus(focus) {
+        if (focus) {
+            frame.border.color = "#7AAAFF"
+            frame.border.width = 2
+        } else {
+            // Deliberately without "#": no name of a colour, so it draws black.
+            frame.border.color = "FFFFFF"
+            frame.border.width = 1
+        }
+    }
+
+    function openOffer() {
+        var url = Public.textOf(uninstallMgr.getPreferentialLink(currentPage), "url")
+        Public.sendUserInfoEx("UninstallPop", "Click_Text_Url", { "url": url })
+        uninstallMgr.openLink(url)
+    }
+
+    Rectangle {
+        id: frame
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        height: 156
+        radius: 6
+        color: "#FFFFFF"
+        border.width: 0
+
+        MouseArea {
+            anchors.fill: parent
+            onPressed: {
+                root.frameFocus(true)
+                adviceText.forceActiveFocus(Qt.MouseFocusReason)
+            }
+        }
+    }
+
+    ScrollView {
+        id: adviceView
+
+        anchors.left: frame.left
+        anchors.right: frame.right
+        anchors.top: frame.top
+        anchors.bottom: submitBtn.top
+        clip: true
+
+        TextArea {
+            id: adviceText
+
+            textFormat: TextEdit.PlainText
+            wrapMode: Text.Wrap
+            leftPadding: 16
+            topPadding: 8
+            rightPadding: 16
+            bottomPadding: 8
+            selectByMouse: true
+            selectionColor: "#1F6FFF"
+            selectedTextColor: "#FFFFFF"
+            placeholderText: qsTr("you voice is important to us.")
+            font.pixelSize: 14
+            color: "#090A0A"
+            Accessible.name: placeholderText
+
+            // Not its `focus`, which stays: the view round it is a scope of its own.
+            onActiveFocusChanged: root.frameFocus(activeFocus)
+
+            // Removing rather than setting the text keeps what can be undone; the removal comes
+            // back here once more, with a text that fits.
+            onTextChanged: {
+                if (length > root.maxLength) {
+                    remove(root.maxLength, length)
+                    cursorPosition = root.maxLength
+                }
+            }
+
+            Keys.onPressed: {
+                if (event.key === Qt.Key_V && event.modifiers === Qt.ControlModifier) {
+                    event.accepted = pasteToTheLimit()
+                }
+            }
+            // Text needs no tabulators here; the key leads on as everywhere else.
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            // Whether the paste has been dealt with; otherwise the ordinary one follows. Without a
+            // `clipboard` to look at, it is left to that and to the length limit.
+            function pasteToTheLimit() {
+                if (typeof clipboard === "undefined") {
+                    return false
+                }
+                var room = root.maxLength - length
+                if (clipboard.text.length < room) {
+                    return false
+                }
+                if (room > 0) {
+                    insert(cursorPosition, clipboard.text.substring(0, room))
+                }
+                return true
+            }
+        }
+    }
+
+    ZoRoundButton {
+        id: submitBtn
+
+        anchors.right: frame.right
+        anchors.rightMargin: 16
+        anchors.bottom: frame.bottom
+        anchors.bottomMargin: 16
+        text: qsTr("Submit")
+        fontPixcelSize: 14
+        enabled: adviceText.length > 0
+        onClicked: root.sigSubmit(adviceText.text)
+        Component.onCompleted: properties = Public.nrpInfo_submit
+    }
+
+    ZoLinkLabel {
+        anchors.left: parent.left
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 11
+        originalText: root.discountPricesTxt
+        onLinkActivated: root.openOffer()
+    }
+}

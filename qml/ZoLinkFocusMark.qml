@@ -1,0 +1,16 @@
+import QtQuick 2.12
+
+// The mark behind a link that has the keyboard focus. A link may stand at the very edge of a clipped
+// page, where a frame round it would lose a side.
+Rectangle {
+    z: -1
+    color: "#E8F0FF"
+    Accessible.ignored: true
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 2
+        color: "#1F6FFF"
+    }
+}

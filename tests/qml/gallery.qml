@@ -1,0 +1,260 @@
+import QtQuick 2.14
+import QtQuick.Window 2.14
+import QtTest 1.15
+import "qrc:/"
+import "qrc:/public.js" as Public
+import "parts.js" as Parts
+
+// Takes the picture of every state of the interface, below the folder that KTR_GALLERY names. Run by
+// tools/gallery, once for each scale.
+TestCase {
+    id: test
+
+    readonly property string folder: probe.environment("KTR_GALLERY")
+    readonly property var offer: ({
+        "price": "$19.95", "expired": "12/31/2026", "url": "https://shop.example/offer"
+    })
+    property var main: null
+    property int taken: 0
+    property var whileBoxIsUp: null
+
+    name: "Gallery"
+    when: windowShown
+    visible: true
+    width: 420
+    height: 160
+
+    Timer {
+        id: boxWatch
+        interval: 10
+        repeat: true
+        onTriggered: {
+            var popups = probe.popups()
+            if (popups.length === 1 && popups[0].contentItem.width > 0) {
+                stop()
+                test.whileBoxIsUp(popups[0])
+            }
+        }
+    }
+
+    function initTestCase() {
+        verify(folder !== "", "KTR_GALLERY names the folder for the pictures")
+    }
+
+    function init() {
+        uninstallMgr.reset()
+        uninstallMgr.offers = { "1": offer, "2": offer, "3": offer, "4": offer }
+    }
+
+    function cleanup() {
+        boxWatch.stop()
+        if (main !== null) {
+            main.destroy()
+            main = null
+        }
+        mouseMove(test, test.width - 1, test.height - 1)
+    }
+
+    function save(what, name) {
+        ++taken
+        return probe.save(what, folder + "/" + (taken < 10 ? "0" : "") + taken + "-" + name + ".png")
+    }
+
+    function shot(what, name) {
+        verify(save(what, name), name)
+    }
+
+    function open() {
+        main = Qt.createComponent("qrc:/Main.qml").createObject(null)
+        tryVerify(function() { return main.visible && main.contentItem.width === main.width })
+        return main
+    }
+
+    function all(type) {
+        return Parts.all(main.contentItem, type)
+    }
+
+    function shown(type) {
+        return all(type).filter(function(item) { return item.visible })[0]
+    }
+
+    function page() {
+        return all("HomePage")[0]
+    }
+
+    function buttonWith(text) {
+        return all("ZoRoundButton").concat(all("ZoDefaultRoundButton")).filter(function(button) {
+            return button.text === text && button.visible
+        })[0]
+    }
+
+    // Windows ----------------------------------------------------------------------------------
+
+    function test_01_reasons() {
+        open()
+        shot(main, "reasons")
+        var reasons = all("ZoRadioButton")
+        mouseMove(reasons[1], 40, 9)
+        tryCompare(reasons[1], "hovered", true)
+        shot(main, "reasons, the second hovered")
+        mouseMove(main.contentItem, 300, 380)
+        reasons[2].forceActiveFocus(Qt.TabFocusReason)
+        shot(main, "reasons, keyboard on the third")
+    }
+
+    function test_02_shadow() {
+        uninstallMgr.windowShadow = true
+        open()
+        shot(main, "with a drop shadow")
+    }
+
+    function test_03_coupons() {
+        open()
+        page().switchPage(1)
+        shot(main, "price too expensive")
+        page().switchPage(2)
+        shot(main, "problem solved")
+        Parts.all(shown("DiscountComponent"), "MouseArea")[0].forceActiveFocus(Qt.TabFocusReason)
+        shot(main, "coupon, keyboard on the link")
+        main.destroy()
+        uninstallMgr.offers = {}
+        open()
+        page().switchPage(1)
+        shot(main, "coupon without an offer")
+    }
+
+    function test_04_feedback() {
+        open()
+        page().switchPage(3)
+        shot(main, "problem not solved")
+        var area = Parts.all(shown("SubmitAdviceComponent"), "TextArea")[0]
+        area.forceActiveFocus(Qt.MouseFocusReason)
+        area.cursorVisible = true
+        shot(main, "feedback, in the box")
+        area.text = "The picture was cut off on the left.\nI tried twice."
+        area.cursorPosition = area.length
+        shot(main, "feedback, some words")
+        area.text = new Array(120).join("word ")
+        area.select(10, 40)
+        shot(main, "feedback, much text and a selection")
+        area.focus = false
+        shot(main, "feedback, after the box")
+        var link = Parts.all(shown("SubmitAdviceComponent"), "ZoLinkLabel")[0]
+        link.forceActiveFocus(Qt.TabFocusReason)
+        shot(main, "feedback, keyboard on the link")
+        page().thank(3)
+        shot(main, "thanks for a feedback")
+    }
+
+    function test_05_uninstall() {
+        open()
+        buttonWith("Uninstall").forceActiveFocus(Qt.TabFocusReason)
+        shot(main, "keyboard on Uninstall")
+        buttonWith("Cancel").forceActiveFocus(Qt.TabFocusReason)
+        shot(main, "keyboard on Cancel")
+        main.contentItem.forceActiveFocus()
+        mouseClick(buttonWith("Uninstall"))
+        mouseMove(main.contentItem, 300, 200)
+        uninstallMgr.valProgress = 42
+        tryCompare(shown("ZoProgressBar"), "value", 42)
+        shot(main, "uninstalling")
+        uninstallMgr.valProgress = 100
+        tryVerify(function() { return buttonWith("OK") !== undefined })
+        shot(main, "complete")
+    }
+
+    function test_06_warning() {
+        open()
+        uninstallMgr.ktrRunning = true
+        var saved = false
+        whileBoxIsUp = function(box) {
+            saved = save(box, "warning")
+            box.close()
+        }
+        boxWatch.start()
+        mouseClick(buttonWith("Uninstall"))
+        verify(saved)
+    }
+
+    // Controls ---------------------------------------------------------------------------------
+
+    Component {
+        id: light
+        ZoRoundButton { text: "Uninstall" }
+    }
+    Component {
+        id: submit
+        ZoRoundButton {
+            text: "Submit"
+            Component.onCompleted: properties = Public.nrpInfo_submit
+        }
+    }
+    Component {
+        id: filled
+        ZoDefaultRoundButton { text: "Cancel" }
+    }
+    Component {
+        id: closing
+        ZoImageButton { resName: "ico_popup_close" }
+    }
+    Component {
+        id: radio
+        ZoRadioButton { text: "I have other reasons"; height: 19 }
+    }
+    Component {
+        id: checkedRadio
+        ZoRadioButton { text: "I have other reasons"; height: 19; checked: true }
+    }
+    Component {
+        id: link
+        ZoLinkLabel { originalText: "Enjoy discounted prices to buy other products" }
+    }
+    Component {
+        id: bar
+        ZoProgressBar { width: 300 }
+    }
+
+
+    function test_10_buttons_data() {
+        var rows = []
+        var states = ["normal", "hovered", "pressed", "disabled", "disabled while hovered", "focused"]
+        var controls = [
+            ["light button", light], ["submit button", submit], ["filled button", filled],
+            ["close button", closing], ["radio", radio], ["checked radio", checkedRadio]
+        ]
+        controls.forEach(function(control) {
+            states.forEach(function(state) {
+                rows.push({ tag: control[0] + ", " + state, made: control[1], state: state })
+            })
+        })
+        return rows
+    }
+
+    function test_10_buttons(row) {
+        var control = createTemporaryObject(row.made, test, { x: 20, y: 20 })
+        if (row.state === "focused") {
+            control.forceActiveFocus(Qt.TabFocusReason)
+        } else {
+            Parts.enter(test, control, row.state)
+        }
+        shot(control, row.tag)
+        Parts.leave(test, control)
+    }
+
+    function test_11_links() {
+        var label = createTemporaryObject(link, test, { x: 20, y: 20 })
+        shot(label, "link")
+        label.forceActiveFocus(Qt.TabFocusReason)
+        shot(label, "link, focused")
+    }
+
+    function test_12_bars_data() {
+        return [{ tag: "0" }, { tag: "1" }, { tag: "37" }, { tag: "99" }, { tag: "100" }]
+    }
+
+    function test_12_bars(row) {
+        var shownBar = createTemporaryObject(bar, test, { x: 20, y: 20, value: Number(row.tag) })
+        tryCompare(shownBar, "value", Number(row.tag))
+        shot(shownBar, "bar at " + row.tag)
+    }
+}

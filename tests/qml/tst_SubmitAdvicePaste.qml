@@ -1,0 +1,70 @@
+import QtQuick 2.14
+import QtTest 1.15
+import "parts.js" as Parts
+
+// Pasting into the feedback box where the program publishes its clipboard as `clipboard`.
+TestCase {
+    id: test
+
+    property var page: null
+
+    name: "SubmitAdvicePaste"
+    when: windowShown
+    visible: true
+    width: 640
+    height: 400
+
+    function init() {
+        uninstallMgr.reset()
+        page = clipboardStage.createObject(test)
+    }
+
+    function cleanup() {
+        page.destroy()
+        page = null
+        wait(0)
+    }
+
+    Component {
+        id: clipboardStage
+        PasteStage {}
+    }
+
+    function letters(count, letter) {
+        return new Array(count + 1).join(letter || "x")
+    }
+
+    function test_paste_data() {
+        return [
+            { tag: "fits", held: 10, pasted: 20, result: 30 },
+            { tag: "one below the limit", held: 650, pasted: 49, result: 699 },
+            { tag: "exactly the limit", held: 650, pasted: 50, result: 700 },
+            { tag: "ten left", held: 690, pasted: 300, result: 700 },
+            { tag: "none left", held: 700, pasted: 5, result: 700 },
+            { tag: "much into nothing", held: 0, pasted: 2000, result: 700 },
+            { tag: "nothing at the limit", held: 700, pasted: 0, result: 700 }
+        ]
+    }
+
+    function test_paste(row) {
+        var box = Parts.all(page, "TextArea")[0]
+        box.forceActiveFocus()
+        // The system's own clipboard has the same text, for the ordinary paste.
+        box.text = letters(Math.min(row.pasted, 700), "y")
+        box.selectAll()
+        if (row.pasted > 0) {
+            box.copy()
+        }
+        page.clipboardText = letters(row.pasted, "y")
+        box.text = letters(row.held)
+        box.cursorPosition = Math.min(5, row.held)
+        var at = box.cursorPosition
+        keyClick(Qt.Key_V, Qt.ControlModifier)
+        var added = row.result - row.held
+        compare(box.length, row.result)
+        compare(box.text, letters(at) + letters(added, "y") + letters(row.held - at))
+        if (added > 0) {
+            compare(box.cursorPosition, at + added)
+        }
+    }
+}
