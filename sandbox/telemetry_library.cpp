@@ -6,7 +6,7 @@
 // text is written as (null). A list without its end marker makes the process crash: there is no way
 // to tell, and nobody shall overlook it.
 
-#include "sandbox/telemetry_library.h"
+#include "sandbox/library_load.h"
 
 #include "sandbox/export.h"
 #include "sandbox/file_lock.h"
@@ -109,7 +109,7 @@ std::int32_t Unexpected(std::string_view name)
 
 } // namespace
 
-void telemetry::OnLoad(const std::filesystem::path &self)
+void standin::OnLoad(const std::filesystem::path &self)
 {
     library = new standin::StandIn(self);
     library->Note("load", {PidField()});

@@ -1,4 +1,4 @@
-#include "sandbox/telemetry_library.h"
+#include "sandbox/library_load.h"
 
 #include <dlfcn.h>
 
@@ -9,7 +9,7 @@ namespace {
     Dl_info info = {};
     if (::dladdr(reinterpret_cast<const void *>(&Loaded), &info) != 0) {
         std::error_code ignored;
-        telemetry::OnLoad(std::filesystem::absolute(info.dli_fname, ignored));
+        standin::OnLoad(std::filesystem::absolute(info.dli_fname, ignored));
     }
 }
 

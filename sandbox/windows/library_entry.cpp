@@ -1,4 +1,4 @@
-#include "sandbox/telemetry_library.h"
+#include "sandbox/library_load.h"
 
 #include <array>
 #include <windows.h>
@@ -9,7 +9,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
         std::array<wchar_t, 4096> buffer = {};
         const DWORD length =
             ::GetModuleFileNameW(instance, buffer.data(), static_cast<DWORD>(buffer.size()));
-        telemetry::OnLoad(std::wstring(buffer.data(), length));
+        standin::OnLoad(std::wstring(buffer.data(), length));
     }
     return TRUE;
 }

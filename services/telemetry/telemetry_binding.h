@@ -1,10 +1,17 @@
 #pragma once
 
 #include "platform/library.h"
+#include "services/telemetry/telemetry_contract.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <mutex>
+
+#define SKYREL_QUOTED(name) #name,
+/// The library's exports in their order.
+constexpr std::array<const char *, 16> kSkyrelExports = {SKYREL_EXPORTS(SKYREL_QUOTED)};
+#undef SKYREL_QUOTED
 
 /// The process's binding to the telemetry library, which lies beside the executable and is loaded
 /// at run time. A missing or incomplete library is a normal state: nothing is reported.
@@ -30,28 +37,54 @@ public:
     /// `path` is null or a library is loaded already.
     bool LoadTelemetryLibrary(const char *path);
 
-    /// The library's exports in the order of the table; the one list for resolving and checking.
-    static constexpr std::array<const char *, 16> kEntryPointNames = {
-        "SkyrelOpenSession",
-        "SkyrelCloseSession",
-        "SkyrelAddParamToSessionA",
-        "SkyrelAddParamToSessionW",
-        "SkyrelSendInfo",
-        "SkyrelEnableUserInfoCollect",
-        "SkyrelInstallConfigFilePath",
-        "SkyrelInstallInitUid",
-        "SkyrelUninstallStart",
-        "SkyrelUninstallEnd",
-        "SkyrelIsEnableUserInfoCollect",
-        "SkyrelEndCache",
-        "SkyrelGetUserUid",
-        "SkyrelStopProcess",
-        "SkyrelGetKeyValue",
-        "SkyrelSetKeyValue",
-    };
+    /// Sends the pairs of name and value in their order, serialised with every other send of the
+    /// process. The result is the library's; 0, with nothing sent, when a text is null or the
+    /// library cannot send. Texts are UTF-16 with a zero at the end. Any thread.
+    std::int32_t SendTelemetryPairs(bool flag,
+                                    const char16_t *sendTypeName,
+                                    const char16_t *sendTypeValue,
+                                    const char16_t *name1,
+                                    const char16_t *value1,
+                                    const char16_t *name2,
+                                    const char16_t *value2);
+    std::int32_t SendTelemetryPairs(bool flag,
+                                    const char16_t *sendTypeName,
+                                    const char16_t *sendTypeValue,
+                                    const char16_t *name1,
+                                    const char16_t *value1,
+                                    const char16_t *name2,
+                                    const char16_t *value2,
+                                    const char16_t *name3,
+                                    const char16_t *value3);
+    std::int32_t SendTelemetryPairs(bool flag,
+                                    const char16_t *sendTypeName,
+                                    const char16_t *sendTypeValue,
+                                    const char16_t *name1,
+                                    const char16_t *value1,
+                                    const char16_t *name2,
+                                    const char16_t *value2,
+                                    const char16_t *name3,
+                                    const char16_t *value3,
+                                    const char16_t *name4,
+                                    const char16_t *value4);
+    std::int32_t SendTelemetryPairs(bool flag,
+                                    const char16_t *sendTypeName,
+                                    const char16_t *sendTypeValue,
+                                    const char16_t *name1,
+                                    const char16_t *value1,
+                                    const char16_t *name2,
+                                    const char16_t *value2,
+                                    const char16_t *name3,
+                                    const char16_t *value3,
+                                    const char16_t *name4,
+                                    const char16_t *value4,
+                                    const char16_t *name5,
+                                    const char16_t *value5);
 
 private:
+    template<typename... Texts> std::int32_t Send(bool flag, Texts... texts);
+
     platform::LibraryHandle module_ = nullptr;
-    std::array<platform::FunctionAddress, kEntryPointNames.size()> entryPoints_ = {};
+    std::array<platform::FunctionAddress, kSkyrelExports.size()> entryPoints_ = {};
     std::mutex lock_;
 };

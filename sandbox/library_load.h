@@ -1,0 +1,11 @@
+#pragma once
+
+#include <filesystem>
+
+namespace standin {
+
+/// Called once when a library of the pretend installation has been loaded; `self` is its own full
+/// path. Runs under the loader's lock, so it does little.
+void OnLoad(const std::filesystem::path &self);
+
+} // namespace standin

@@ -1,0 +1,42 @@
+#include "services/telemetry/convert_text.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace {
+
+// A letter of Latin-1, and one of no 8-bit code page that has it.
+const QString kText = QString::fromUtf8("\xC3\xA9\xE6\x97\xA5");
+
+TEST(ConvertText, EncodingNamesIgnoreCase)
+{
+    for (const char *name : {"Latin", "LATIN", "latin", "lAtIn"}) {
+        EXPECT_EQ(ConvertText(kText, QString::fromLatin1(name)), "\xE9?") << name;
+    }
+    for (const char *name : {"Local8Bit", "LOCAL8BIT", "local8bit"}) {
+        EXPECT_EQ(ConvertText(kText, QString::fromLatin1(name)),
+                  std::string(kText.toLocal8Bit().constData()))
+            << name;
+    }
+}
+
+TEST(ConvertText, EverythingElseIsUtf8)
+{
+    for (const char *name : {"Utf8", "utf8", "UTF8", "Latin1", "Latin ", "klingon", ""}) {
+        EXPECT_EQ(ConvertText(kText, QString::fromLatin1(name)), "\xC3\xA9\xE6\x97\xA5") << name;
+    }
+}
+
+TEST(ConvertText, StopsAtTheFirstZeroInEveryEncoding)
+{
+    const QString text = QStringLiteral("ab") + QChar(0) + QStringLiteral("cd");
+    for (const char *name : {"Utf8", "Latin", "Local8Bit"}) {
+        EXPECT_EQ(ConvertText(text, QString::fromLatin1(name)), "ab") << name;
+        EXPECT_EQ(ConvertText(QString(QChar(0)), QString::fromLatin1(name)), "") << name;
+        EXPECT_EQ(ConvertText(QString(), QString::fromLatin1(name)), "") << name;
+    }
+}
+
+} // namespace
