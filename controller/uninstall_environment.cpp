@@ -2,6 +2,7 @@
 
 #include "controller/task_list.h"
 #include "platform/window.h"
+#include "services/telemetry/usage_events.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -33,5 +34,6 @@ UninstallEnvironment UninstallEnvironment::System()
     system.openUrl = [](const QUrl &url) {
         QDesktopServices::openUrl(url);
     };
+    system.sendUsageEvent = SendUsageEvent;
     return system;
 }

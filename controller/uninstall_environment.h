@@ -22,7 +22,7 @@ struct UninstallEnvironment
     std::function<bool()> dropShadowEnabled;
     /// Hands a link to the user's default handler.
     std::function<void(const QUrl &url)> openUrl;
-    /// Takes one usage event; empty as long as nobody takes them.
+    /// Sends one usage event.
     std::function<void(const QString &window,
                        const QString &activity,
                        const QString &attribute,

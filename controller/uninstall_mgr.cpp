@@ -93,9 +93,7 @@ void CUninstallMgr::sendUserInfo(const QString &w,
                                  const QString &attr,
                                  const QString &src)
 {
-    if (environment.sendUsageEvent) {
-        environment.sendUsageEvent(w, a, attr, src);
-    }
+    environment.sendUsageEvent(w, a, attr, src);
 }
 
 bool CUninstallMgr::isKTRRunning()

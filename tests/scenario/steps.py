@@ -2,6 +2,8 @@
 
 from __future__ import annotations
 
+import json
+
 from driver import layout, wait
 from driver.program import RunningProgram
 from driver.sandbox import Sandbox
@@ -68,3 +70,84 @@ def expect_end(sandbox: Sandbox, program: RunningProgram, cleanup: bool) -> None
     else:
         sandbox.wait_noted("SkyrelWrapExe.exe", "end")
         assert not sandbox.journal("clearKTR.bat")
+
+
+# The pages ------------------------------------------------------------------------------------
+
+REASONS = {
+    1: "The price is too expensive",
+    2: "The product has solved my problem",
+    3: "The product doesn't solve my problem",
+    4: "I have other reasons",
+}
+"""The reasons by number, as usage events name them."""
+
+
+def events(sandbox: Sandbox) -> list[tuple[str, str, str]]:
+    """The usage events so far: window, activity and attribute of each."""
+    found = []
+    for entry in sandbox.journal("SkyrelWrap.DLL", "SkyrelSendInfo"):
+        pairs = entry.pairs()
+        found.append((pairs["Window"], pairs["Activity"], pairs.get("Attribute", "")))
+    return found
+
+
+def wait_event(sandbox: Sandbox, activity: str, count: int = 1) -> tuple[str, str, str]:
+    """Waits for the `count`-th usage event of an activity; returns it."""
+    def of_activity() -> list[tuple[str, str, str]]:
+        return [event for event in events(sandbox) if event[1] == activity]
+
+    return wait.until(of_activity, f"{count} event(s) {activity}",
+                      accept=lambda found: len(found) >= count)[count - 1]
+
+
+def reason_rows(window: Window) -> dict[int, int]:
+    """In which row each reason stands: the first three differ in how wide their text is."""
+    widths = []
+    for row in range(3):
+        area = layout.reason(row)
+        text = layout.Rect(area.left + 20, area.top, 280, area.height)
+        picture = window.screen.picture(window.area(text)).convert("L")
+        ink = picture.point(lambda value: 255 if value < 100 else 0).getbbox()
+        assert ink is not None, f"no text in row {row}"
+        widths.append((ink[2], row))
+    rows = {reason: row for reason, (_, row) in enumerate(sorted(widths), start=1)}
+    return {**rows, 4: 3}
+
+
+def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
+    """Chooses a reason with the mouse and waits for the page that answers it."""
+    window.click(layout.reason(reason_rows(window)[reason]))
+    wait_page(sandbox, window, reason)
+
+
+def wait_page(sandbox: Sandbox, window: Window, reason: int) -> None:
+    """Waits until a reason has been reported and its page is to be seen."""
+    event = wait_event(sandbox, "Result_Question_Why_Unistall")
+    assert event == ("UninstallPop", "Result_Question_Why_Unistall",
+                     json.dumps({"answer": REASONS[reason]}, separators=(",", ":")))
+    if reason in (1, 2):
+        wait_coupon(window)
+    else:
+        window.wait_colour(layout.Point(layout.FEEDBACK.left + 200, layout.FEEDBACK.bottom - 20),
+                           layout.WHITE)
+
+
+def wait_coupon(window: Window) -> None:
+    """Waits until the coupon's picture is to be seen."""
+    wait.until(lambda: window.screen.share(window.area(layout.GIFT), layout.GIFT_COLOUR, 24),
+               "the picture of the gift", accept=lambda share: share > 0.05)
+
+
+def write(window: Window, text: str) -> None:
+    """Clicks into the feedback box and types."""
+    window.click(layout.Point(layout.FEEDBACK.left + 100, layout.FEEDBACK.top + 20))
+    window.wait_colour(layout.Point(layout.FEEDBACK.left, layout.FEEDBACK.top + 80),
+                       layout.FEEDBACK_FOCUSED)
+    window.keyboard.type(text)
+
+
+def submit(window: Window) -> None:
+    """Presses "Submit" as soon as it can be pressed."""
+    window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)
+    window.click(layout.FEEDBACK_SUBMIT)

@@ -51,11 +51,15 @@ def reason(row: int) -> Rect:
     return Rect(FRAME.left, FRAME.top + row * (19 + 10), 200, 19)
 
 
+GIFT = Rect(FRAME.right - 48 - 210, FRAME.top + (FRAME.height - 140) // 2, 210, 140)
+"""The picture of the coupon pages."""
 COUPON = FRAME
 """The whole coupon area can be clicked."""
 
 FEEDBACK = Rect(FRAME.left, FRAME.top, FRAME.width, 156)
 FEEDBACK_SUBMIT = Rect(FEEDBACK.right - 16 - 100, FEEDBACK.bottom - 16 - 28, 100, 28)
+SUBMIT_EDGE = Point(FEEDBACK_SUBMIT.left, FEEDBACK_SUBMIT.top + 14)
+"""A point of its border, which tells whether it is enabled."""
 FEEDBACK_TEXT = Rect(
     FEEDBACK.left, FEEDBACK.top, FEEDBACK.width, FEEDBACK_SUBMIT.top - FEEDBACK.top
 )
@@ -100,6 +104,10 @@ BUTTON_DISABLED = "#E9ECF2"
 BAR_TRACK = "#EBEEF2"
 BAR_FILL = "#1F6FFF"
 COMPLETE_TEXT = "#10A91D"
+GIFT_COLOUR = "#1F6FFF"
+FEEDBACK_FOCUSED = "#7AAAFF"
+SUBMIT_BORDER = "#1F6FFF"
+SUBMIT_DISABLED_BORDER = "#E9ECF2"
 BOX_TITLE_COLOUR = "#F0F2F5"
 
 

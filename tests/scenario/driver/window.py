@@ -38,6 +38,11 @@ class Window:
         """The picture of the display that it is on."""
         return self._display.screen
 
+    @property
+    def keyboard(self):
+        """The keyboard of the display that it is on."""
+        return self._display.input
+
     # What it is --------------------------------------------------------------------------------
 
     @property
