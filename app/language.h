@@ -1,5 +1,13 @@
 #pragma once
 
-/// Sets the application's default font: 14 pixels, the system's interface family. Every text of the
-/// user interface uses it. Needs the application object.
+class QQmlApplicationEngine;
+class QTranslator;
+
+/// Sets the application's default font: 14 pixels, the family by the product's language. Every text
+/// of the user interface uses it. Needs the application object.
 void ApplyApplicationFont();
+
+/// Sets the layout direction by the product's language and installs the translation of that
+/// language, if there is one beside the program. Without a `translator` nothing happens. Both are
+/// the caller's and live on. GUI thread, before the interface is loaded.
+void LoadTranslation(QTranslator *translator, QQmlApplicationEngine *engine);

@@ -14,6 +14,7 @@
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QResource>
+#include <QTranslator>
 #include <QUrl>
 
 #include <cstdlib>
@@ -43,6 +44,9 @@ int RunProgram(int argc, char **argv)
     const QString iconPath =
         QDir::cleanPath(QStringLiteral("%1/../res/install_box.ico").arg(programDir));
     QGuiApplication::setWindowIcon(QIcon(iconPath));
+
+    QTranslator translator;
+    LoadTranslation(&translator, &engine);
 
     const QUrl mainUrl(QStringLiteral("qrc:/Main.qml"), QUrl::TolerantMode);
     // Queued: the loop that this ends does not run yet when a load fails.

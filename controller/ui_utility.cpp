@@ -1,13 +1,14 @@
 #include "controller/ui_utility.h"
 
+#include "services/config/vantor_config_instance.h"
+
 UIUtility *UIUtility::instance()
 {
     static UIUtility utility;
     return &utility;
 }
 
-// No client is built in yet, which callers treat like one that could not be created.
 CVantorConfigInstance *UIUtility::configInstance()
 {
-    return nullptr;
+    return CVantorConfigInstance::Instance();
 }

@@ -13,7 +13,7 @@ public:
     /// The singleton, built at first use (from any thread) and destroyed at process exit.
     static UIUtility *instance();
 
-    /// The shared configuration client; null when there is none. GUI thread.
+    /// The shared configuration client; null only when it could not be created. GUI thread.
     CVantorConfigInstance *configInstance();
 
 private:

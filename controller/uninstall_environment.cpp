@@ -35,5 +35,6 @@ UninstallEnvironment UninstallEnvironment::System()
         QDesktopServices::openUrl(url);
     };
     system.sendUsageEvent = SendUsageEvent;
+    system.offers = OfferSources::System();
     return system;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controller/offers.h"
+
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -28,6 +30,7 @@ struct UninstallEnvironment
                        const QString &attribute,
                        const QString &source)>
         sendUsageEvent;
+    OfferSources offers;
 
     /// The real world.
     static UninstallEnvironment System();

@@ -75,10 +75,21 @@ void CUninstallMgr::setExitCode(int exitCode)
     this->exitCode = exitCode;
 }
 
-QVariantMap CUninstallMgr::getPreferentialLink(int /*type*/)
+QVariantMap CUninstallMgr::getPreferentialLink(int type)
 {
-    // Offers come from the remote configuration alone, and no client of it is built in yet.
-    return {};
+    if (!environment.offers.configured()) {
+        return {};
+    }
+    ApplyConfigPrefix();
+    return ComposeOffer(type, environment.offers);
+}
+
+void CUninstallMgr::ApplyConfigPrefix()
+{
+    if (!configPrefixApplied) {
+        environment.offers.setVersionTag(ConfigVersionTag(environment.offers.versionNo()));
+        configPrefixApplied = true;
+    }
 }
 
 void CUninstallMgr::openLink(const QString &strUrl)

@@ -91,6 +91,7 @@ private Q_SLOTS:
 
 private:
     bool WaitForUninstaller();
+    void ApplyConfigPrefix();
 
     QWindow *defaultParentWindow = nullptr;
     std::map<QWindow *, std::unique_ptr<QEventLoop>> eventLoops;

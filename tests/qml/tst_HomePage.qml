@@ -155,6 +155,25 @@ TestCase {
         tryCompare(uninstallButton(), "enabled", true)
     }
 
+    function test_uninstallButtonIsNotForAlmostNothing() {
+        var disabled = 0
+        var enabled = 0
+        bar().valueChanged.connect(function() {
+            if (bar().value > 0 && bar().value < 1) {
+                uninstallButton().enabled ? ++enabled : ++disabled
+            }
+        })
+        // The way to 1 may be one leap on a busy machine.
+        for (var way = 0; way < 20 && disabled + enabled === 0; ++way) {
+            uninstallMgr.valProgress = 1
+            tryCompare(bar(), "value", 1)
+            uninstallMgr.valProgress = 0
+            tryCompare(bar(), "value", 0)
+        }
+        verify(disabled > 0)
+        compare(enabled, 0)
+    }
+
     function test_run() {
         var seen = null
         var announced = []

@@ -1,0 +1,102 @@
+#include "controller/offers.h"
+
+#include "controller/ui_utility.h"
+#include "services/config/vantor_config_instance.h"
+#include "services/product/product_facts.h"
+
+#include <QLocale>
+
+namespace {
+
+// Selects this program's group of configured values.
+constexpr const char *kSegment = "uninstall";
+
+struct OfferKeys
+{
+    const char *price;
+    const char *url;
+};
+
+constexpr OfferKeys kOwnProduct = {"uninstall_coupon_4_ktr", "url_cart_with_ktr_uninstall_coupon"};
+constexpr OfferKeys kOtherProducts = {"uninstall_coupon_4_others",
+                                      "url_landing_with_others_uninstall_coupon"};
+
+const OfferKeys *KeysOf(int type)
+{
+    if (type == 1) {
+        return &kOwnProduct;
+    }
+    return type >= 2 && type <= 4 ? &kOtherProducts : nullptr;
+}
+
+QString ComposeOfferUrl(QString key, const OfferSources &sources)
+{
+    const QString oem = sources.oemName();
+    if (!oem.isEmpty()) {
+        key = QStringLiteral("%1__%2").arg(key, oem).toLower();
+    }
+    const QString url = sources.text(key);
+    const QString xurlId = sources.xurlId();
+    if (xurlId.isEmpty()) {
+        return url;
+    }
+    // Also behind an empty link, so that a known installation never loses its mark.
+    const QString separator = QLatin1String(url.contains(QLatin1Char('?')) ? "&" : "?");
+    return url + QStringLiteral("%1x-url=1-%2").arg(separator, xurlId);
+}
+
+} // namespace
+
+OfferSources OfferSources::System()
+{
+    OfferSources system;
+    const auto config = [] {
+        return UIUtility::instance()->configInstance();
+    };
+    system.configured = [config] {
+        return config() != nullptr;
+    };
+    system.text = [config](const QString &key) {
+        return config()->GetString(key, QString());
+    };
+    system.setVersionTag = [config](const std::string &tag) {
+        config()->SetPreFix(tag);
+    };
+    system.oemName = [] {
+        return QString::fromLocal8Bit(GetOemName().c_str());
+    };
+    system.xurlId = [] {
+        return QString::fromLocal8Bit(GetXurlId().c_str());
+    };
+    system.versionNo = [] {
+        return QString::fromStdWString(GetConfigVersionNo());
+    };
+    system.today = [] {
+        return QDate::currentDate();
+    };
+    return system;
+}
+
+std::string ConfigVersionTag(const QString &versionNo)
+{
+    QString tag = QString::fromLatin1(kSegment).toLower();
+    QString digits = versionNo;
+    digits.remove(QLatin1Char('.'));
+    if (!digits.isEmpty()) {
+        tag += QStringLiteral("__") + digits;
+    }
+    return tag.toStdString();
+}
+
+QVariantMap ComposeOffer(int type, const OfferSources &sources)
+{
+    // Every offer ends tomorrow. In the C locale: digits must not follow the user's.
+    const QString expired =
+        QLocale::c().toString(sources.today().addDays(1), QStringLiteral("MM/dd/yyyy"));
+    QVariantMap offer{{QStringLiteral("expired"), expired}};
+    if (const OfferKeys *const keys = KeysOf(type)) {
+        offer.insert(QStringLiteral("price"), sources.text(QLatin1String(keys->price)));
+        offer.insert(QStringLiteral("url"), ComposeOfferUrl(QLatin1String(keys->url), sources));
+    }
+    return offer;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The part below HKEY_LOCAL_MACHINE of a registry in the export syntax of the Windows registry
+/// editor. Names are in small letters, since their case does not count; data is what the registry
+/// would hand out, text with its terminating zero.
+using RegistryValues = std::map<std::string, std::string>;
+using RegistryKeys = std::map<std::string, RegistryValues>;
+
+/// `text` with the letters A to Z as small ones.
+std::string SmallLetters(std::string_view text);
+
+/// Reads an export: UTF-8, with or without byte order mark, any line ends, comments. A section
+/// makes its ancestors exist, a later value replaces an earlier one, "-" deletes. What cannot be
+/// read is left out.
+RegistryKeys ParseRegistry(std::string_view text);
+
+} // namespace platform

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace platform {
+
+/// A key under HKEY_LOCAL_MACHINE, open for reading. Any thread; what it reads is what the registry
+/// held when the key was opened or later.
+class RegistryKey
+{
+public:
+    /// Opens `path` ("Software\\Maker\\Product", narrow encoding) in the process's own view of the
+    /// registry. The result is empty when there is no such key or it may not be read.
+    static RegistryKey OpenLocalMachine(const std::string &path);
+
+    RegistryKey();
+    ~RegistryKey();
+    RegistryKey(RegistryKey &&other) noexcept;
+    RegistryKey &operator=(RegistryKey &&other) noexcept;
+    RegistryKey(const RegistryKey &) = delete;
+    RegistryKey &operator=(const RegistryKey &) = delete;
+
+    explicit operator bool() const;
+
+    /// Copies the data of a value, whatever its type, into `buffer`: text in the narrow encoding
+    /// with its terminating zero, if the value has one. False, with nothing to be relied on in the
+    /// buffer, when there is no such value or its data is longer than `capacity` bytes.
+    bool Query(const std::string &name, char *buffer, std::size_t capacity) const;
+
+    /// The data of a value of any length up to its first zero byte; no value when there is none.
+    std::optional<std::string> Text(const std::string &name) const;
+
+private:
+    struct Data;
+    explicit RegistryKey(std::unique_ptr<Data> data);
+
+    std::unique_ptr<Data> data_;
+};
+
+} // namespace platform
