@@ -1,6 +1,7 @@
 // The telemetry library, "SkyrelWrap.DLL". On load it starts its companion process. Settings:
 //   companion=none    do not start it
 //   result=0          what "SkyrelSendInfo" returns
+//   delay_ms=0        how long it takes
 // Journal: load (pid); SkyrelSendInfo (pid, count, flag, wide, pairs=[name=value][name=value]) with
 // the number of arguments that the call had; unexpected (pid, name) for every other export. A null
 // text is written as (null). A list without its end marker makes the process crash: there is no way
@@ -13,8 +14,10 @@
 #include "sandbox/host.h"
 #include "sandbox/standin.h"
 
+#include <chrono>
 #include <cstdarg>
 #include <cstdint>
+#include <thread>
 
 namespace {
 
@@ -141,6 +144,7 @@ STANDIN_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *nam
     if (library == nullptr) {
         return 0;
     }
+    std::this_thread::sleep_for(std::chrono::milliseconds(library->Number("delay_ms", 0)));
     library->Note("SkyrelSendInfo",
                   {PidField(),
                    standin::Field("count", static_cast<long long>(texts.size()) + 3),

@@ -15,7 +15,7 @@ _ALLOWED = (
     r"vantoronlineconfig need Create!",
     r'"?.* query error!"?',
     r'"?.* has No value!"?',
-    r'"?.* is too long! length:\d+"?',
+    r'"?.* is too long! length:-?\d+"?',
     # The toolkit asks for the frame of a closing pop-up while the window manager destroys it: a
     # race between those two that exists on X11 only and that no program can avoid.
     r"qt\.qpa\.xcb: QXcbConnection: XCB error: 3 \(BadWindow\).*TranslateCoords.*",

@@ -69,6 +69,17 @@ class Sandbox:
                     return file
         raise FileNotFoundError(f"nothing is called {name} in {self.root}")
 
+    def set_registry(
+        self, language: str | None = None, oem: str | None = None, xurl_id: str | None = None,
+        xurl_key: str = "Software\\WOW6432Node\\TORVAN\\KTR_dd",
+    ) -> None:
+        """What the product's setup has recorded; None leaves the value out."""
+        self.system.write_registry(self.bin, {
+            ("Software\\TORVAN\\KTR", "Language"): language,
+            ("Software\\TORVAN\\KTR\\Version", "OEM"): oem,
+            (xurl_key, "xurlID"): xurl_id,
+        })
+
     def hold(self, name: str) -> Path:
         """Lets a stand-in run, from its next start on, until the returned file is deleted."""
         file = self.root / "hold" / name

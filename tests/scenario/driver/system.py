@@ -45,6 +45,15 @@ class Native:
     program_name = "UninstallUI"
     executable_suffix = ""
 
+    def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
+        """Replaces the registry with these values under the local machine; None is left out."""
+        lines = ["Windows Registry Editor Version 5.00", ""]
+        for (key, name), value in values.items():
+            if value is not None:
+                escaped = value.replace("\\", "\\\\").replace('"', '\\"')
+                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"="{escaped}"', ""]
+        (program / "registry.reg").write_text("\n".join(lines), encoding="utf-8")
+
     def command(self, executable: Path, arguments: list[str]) -> list[str]:
         """The command line that starts an executable."""
         return [str(executable), *arguments]

@@ -2,6 +2,8 @@
 
 #include "controller/uninstall_environment.h"
 
+#include <QDate>
+#include <QMap>
 #include <QStringList>
 
 #include <functional>
@@ -22,6 +24,13 @@ public:
     };
     QString kernelVersion;
     bool dropShadow = false;
+    /// The remote configuration and the facts that offers are made of.
+    bool configured = true;
+    QMap<QString, QString> texts;
+    QString oemName;
+    QString xurlId;
+    QString versionNo = QStringLiteral("18.0");
+    QDate today = QDate(2026, 11, 21);
 
     const QStringList &Asked() const
     {
@@ -70,6 +79,28 @@ public:
                                             const QString &source) {
             asked_ << QStringLiteral("event [%1][%2][%3][%4]")
                           .arg(window, activity, attribute, source);
+        };
+        environment.offers.configured = [this] {
+            return configured;
+        };
+        environment.offers.text = [this](const QString &key) {
+            asked_ << QStringLiteral("text ") + key;
+            return texts.value(key);
+        };
+        environment.offers.setVersionTag = [this](const std::string &tag) {
+            asked_ << QStringLiteral("tag ") + QString::fromStdString(tag);
+        };
+        environment.offers.oemName = [this] {
+            return oemName;
+        };
+        environment.offers.xurlId = [this] {
+            return xurlId;
+        };
+        environment.offers.versionNo = [this] {
+            return versionNo;
+        };
+        environment.offers.today = [this] {
+            return today;
         };
         return environment;
     }

@@ -1,0 +1,91 @@
+"""The in-house libraries missing, incomplete or lying: the window works all the same."""
+
+import re
+import shutil
+
+import pytest
+
+import steps
+from driver import layout
+from driver.installation import REPOSITORY, build_directory
+
+CONFIG = "vantoronlineconfig.dll"
+TELEMETRY = "SkyrelWrap.DLL"
+PRICE = "uninstall_coupon_4_ktr"
+EXPORTS = re.findall(
+    r"ENTRY\((Skyrel\w+)\)",
+    (REPOSITORY / "services/telemetry/telemetry_contract.h").read_text("utf-8"))
+
+
+def walk_through(sandbox, with_events=True):
+    """Chooses a reason, clicks what answers it, and leaves; returns the program."""
+    program = sandbox.start()
+    window = program.ready()
+    if with_events:
+        steps.choose(sandbox, window, 1)
+    else:
+        window.click(layout.reason(0))
+    window.click(layout.COUPON)
+    window.drag(layout.TITLE_GRIP, 20, 10)
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    return program
+
+
+def test_all_exports_have_a_variant():
+    assert len(EXPORTS) == 16
+
+
+@pytest.mark.parametrize("export", EXPORTS)
+def test_a_telemetry_library_without_one_export(sandbox, export):
+    variant = build_directory() / "tests/unit/telemetry" / f"telemetry_lacks_{export}.DLL"
+    shutil.copy(variant, sandbox.bin / TELEMETRY)
+    walk_through(sandbox, with_events=False)
+
+
+@pytest.mark.parametrize("content", (None, b"", b"no library"))
+@pytest.mark.parametrize("library", (TELEMETRY, CONFIG))
+def test_a_library_missing_or_damaged(sandbox, library, content):
+    file = sandbox.locate(library)
+    file.unlink()
+    if content is not None:
+        file.write_bytes(content)
+    program = walk_through(sandbox, with_events=library == CONFIG)
+    if library == CONFIG:
+        assert "load vantoronlineconfig.dll error!" in program.stderr
+        assert "vantoronlineconfig need Create!" in program.stderr
+
+
+@pytest.mark.parametrize("settings, line", (
+    ({"create": "null"}, "vantoronlineconfig create  fun error!"),
+    ({"init": 0}, "vantoronlineconfig init failure!"),
+    ({f"length.{PRICE}": 0}, f'"{PRICE} query error!"'),
+    ({f"length.{PRICE}": -1}, f'"{PRICE} has No value!"'),
+    ({f"length.{PRICE}": -5}, f'"{PRICE} is too long! length:-4"'),
+    ({f"length.{PRICE}": 7}, 'GetString leave. strRet= "$19.95"'),
+    ({f"fill.{PRICE}": "none"}, 'GetString leave. strRet= ""'),
+    ({f"length.{PRICE}": 1 << 20}, 'GetString leave. strRet= "$19.95"'),
+    ({f"length.{PRICE}": (1 << 31) - 1}, "GetString leave. strRet= "),
+    ({f"string.{PRICE}": "x" * (1 << 20)}, 'GetString leave. strRet= "xxx'),
+    ({f"string.{PRICE}": "a/"}, 'GetString leave. strRet= "a"'),
+    ({f"string.{PRICE}": "a//"}, 'GetString leave. strRet= "a/"'),
+    ({f"string.{PRICE}": "\u7279\u60e0 50 %"}, "GetString leave. strRet= "),
+))
+def test_a_configuration_that_fails_or_lies(sandbox, settings, line):
+    sandbox.configure(CONFIG, **settings)
+    assert line in walk_through(sandbox).stderr
+
+
+def test_a_configuration_library_without_its_entry_ends_the_program(sandbox):
+    # Its address is called as it was resolved. Known, and asked for.
+    shutil.copy(build_directory() / "tests/unit/config/no_entry" / CONFIG, sandbox.locate(CONFIG))
+    assert sandbox.start().wait_exit() != 0
+
+
+def test_a_slow_library_only_delays(sandbox):
+    sandbox.configure(TELEMETRY, delay_ms=3000)
+    program = sandbox.start()
+    window = program.ready()
+    steps.choose(sandbox, window, 1)
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=False)

@@ -1,0 +1,168 @@
+"""Offers: what the remote configuration is asked for, what is shown and opened, what is reported."""
+
+import json
+
+import pytest
+
+import steps
+from driver import layout, wait
+
+CONFIG = "vantoronlineconfig.dll"
+CART = "url_cart_with_ktr_uninstall_coupon"
+LANDING = "url_landing_with_others_uninstall_coupon"
+
+
+def look_ups(sandbox):
+    """The keys and suffixes that were fetched so far."""
+    return [(entry.text("key"), entry.text("suffix"))
+            for entry in sandbox.journal(CONFIG, "get_string_value") if entry.text("buffer") == "given"]
+
+
+def opened(sandbox):
+    """The links that were opened so far."""
+    return [entry.items("args")[0] for entry in sandbox.journal("xdg-open", "open")]
+
+
+def leave(sandbox, program, window):
+    """Cancels and waits for the end."""
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=False)
+
+
+@pytest.mark.parametrize("oem, language, prefix", (
+    ("official", "English", "official__uninstall__180__English"),
+    ("ACME", None, "ACME__uninstall__180"),
+    (None, "Arabic", "uninstall__180__Arabic"),
+    (None, None, "uninstall__180"),
+    ("", "", "uninstall__180"),
+))
+def test_what_is_asked_for_while_the_window_loads(sandbox, oem, language, prefix):
+    sandbox.set_registry(language, oem, "5521")
+    sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example", f"string.{LANDING}": "x",
+                                 f"string.{CART}__acme": "https://b.example",
+                                 f"string.{LANDING}__acme": "y"})
+    program = sandbox.start()
+    window = program.ready()
+    entries = sandbox.journal(CONFIG)
+    assert [entry.event for entry in entries[:4]] == [
+        "load", "create_config", "init_config", "set_filter_environment"]
+    assert entries[2].text("mode") == "0"
+    assert entries[3].text("prefix") == prefix
+    assert len(sandbox.journal(CONFIG, "set_filter_environment")) == 1
+    suffix = (oem or "").lower()
+    assert sorted(look_ups(sandbox)) == sorted([
+        ("uninstall_coupon_4_ktr", ""), (CART, suffix),
+        ("uninstall_coupon_4_others", ""), (LANDING, suffix)])
+    sizes = [entry.text("size") for entry in sandbox.journal(CONFIG, "get_string_value")
+             if entry.text("buffer") == "null"]
+    assert sizes == ["4294967295"] * 4
+    assert not sandbox.journal(CONFIG, "unexpected")
+    leave(sandbox, program, window)
+    assert not sandbox.journal(CONFIG, "release_config"), "the program ends without it"
+
+
+@pytest.mark.parametrize("reason, url, link", (
+    (1, "https://a.example/?p=1", "https://a.example/?p=1&x-url=1-5521"),
+    (1, "https://a.example/cart/", "https://a.example/cart?x-url=1-5521"),
+    (2, "https://b.example/%C3%A9", "https://b.example/%C3%A9?x-url=1-5521"),
+))
+def test_a_coupon_opens_its_link(sandbox, reason, url, link):
+    sandbox.set_registry("English", None, "5521")
+    sandbox.configure(CONFIG, **{f"string.{CART if reason == 1 else LANDING}": url})
+    program = sandbox.start()
+    window = program.ready()
+    steps.choose(sandbox, window, reason)
+    window.click(layout.COUPON)
+    event = steps.wait_event(sandbox, "Click_Gift_Url")
+    assert json.loads(event[2]) == {"url": link}
+    sandbox.wait_noted("xdg-open", "open")
+    assert opened(sandbox) == [link]
+    leave(sandbox, program, window)
+
+
+@pytest.mark.parametrize("xurl_key, xurl_id, tail", (
+    ("Software\\TORVAN\\KTR_dd", "77", "?x-url=1-77"),
+    ("Software\\WOW6432Node\\TORVAN\\KTR_dd", None, ""),
+))
+def test_the_identifier_of_the_download(sandbox, xurl_key, xurl_id, tail):
+    sandbox.set_registry("English", None, xurl_id, xurl_key)
+    sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example"})
+    program = sandbox.start()
+    window = program.ready()
+    steps.choose(sandbox, window, 1)
+    window.click(layout.COUPON)
+    sandbox.wait_noted("xdg-open", "open")
+    assert opened(sandbox) == ["https://a.example" + tail]
+    leave(sandbox, program, window)
+
+
+@pytest.mark.parametrize("reason", (3, 4))
+def test_the_link_and_the_thank_you_coupon(sandbox, reason):
+    sandbox.set_registry("English", "acme", "5521")
+    sandbox.configure(CONFIG, **{f"string.{LANDING}__acme": "https://b.example/thanks"})
+    link = "https://b.example/thanks?x-url=1-5521"
+    program = sandbox.start()
+    window = program.ready()
+    before = look_ups(sandbox)
+    steps.choose(sandbox, window, reason)
+    assert look_ups(sandbox) == before, "a feedback page asks only when its link is used"
+    window.click(layout.FEEDBACK_LINK)
+    sandbox.wait_noted("xdg-open", "open")
+    asked = [("uninstall_coupon_4_others", ""), (LANDING, "acme")]
+    assert look_ups(sandbox) == before + asked
+    steps.write(window, "x")
+    steps.submit(window)
+    steps.wait_coupon(window)
+    assert look_ups(sandbox) == before + 2 * asked
+    window.click(layout.COUPON)
+    wait.until(lambda: opened(sandbox), "two links", accept=lambda links: len(links) == 2)
+    assert opened(sandbox) == [link, link]
+    assert len(sandbox.journal(CONFIG, "set_filter_environment")) == 1
+
+    url = json.dumps({"url": link}, separators=(",", ":"))
+    submitted = [("noSolvedPage", "Click_Submit", '{"attribute":"x"}')] if reason == 3 else []
+    assert steps.events(sandbox)[1:] == [
+        ("UninstallPop", "Click_Text_Url", url),
+        *submitted,
+        ("UninstallPop", "Result_Question_What_Problem", '{"answer":"x"}'),
+        ("UninstallPop", "Click_Gift_Url", url),
+    ]
+    leave(sandbox, program, window)
+
+
+def test_events_as_the_library_receives_them(sandbox, program):
+    window = program.window()
+    steps.choose(sandbox, window, 1)
+    steps.uninstall(window)
+    steps.wait_event(sandbox, "Click_Uninstall")
+    steps.wait_complete(window)
+    reason, uninstall = sandbox.journal("SkyrelWrap.DLL", "SkyrelSendInfo")
+    for entry, count in ((reason, 11), (uninstall, 9)):
+        assert entry.number("count") == count
+        assert (entry.text("flag"), entry.text("wide")) == ("0", "1")
+    assert reason.items("pairs") == [
+        "torvanSendType=0", "Window=UninstallPop", "Activity=Result_Question_Why_Unistall",
+        'Attribute={"answer":"The price is too expensive"}']
+    assert uninstall.items("pairs") == [
+        "torvanSendType=0", "Window=UninstallPop", "Activity=Click_Uninstall"]
+    assert not sandbox.journal("SkyrelWrap.DLL", "unexpected")
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=True)
+
+
+def test_the_log_of_a_look_up(sandbox, program):
+    leave(sandbox, program, program.window())
+    lines = program.stderr.splitlines()
+    assert lines[:3] == [
+        "CVantorConfigInstance::CVantorConfigInstance() enter",
+        "CVantorConfigInstance::CVantorConfigInstance() m_bInitRet= true",
+        "CVantorConfigInstance::CVantorConfigInstance() leave"]
+    assert lines[3:8] == [
+        "CVantorConfigInstance::SetPreFix enter(strVersion= uninstall__180 )",
+        "CVantorConfigInstance::SetPreFix enter(pszPrefix= official__uninstall__180__English )",
+        "CVantorConfigInstance::SetPreFix set_filter_environment start",
+        "CVantorConfigInstance::SetPreFix set_filter_environment end",
+        "CVantorConfigInstance::SetPreFix(char*) leave"]
+    assert ('CVantorConfigInstance::GetString enter(qstrKey= "uninstall_coupon_4_ktr"  strDefault= "" )'
+            in lines)
+    assert 'CVantorConfigInstance::GetString leave. strRet= "$19.95"' in lines

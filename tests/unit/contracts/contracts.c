@@ -1,0 +1,24 @@
+/* The contracts of the in-house libraries compile as plain C, and mean there what they mean to us. */
+
+#include "services/config/config_contract.h"
+#include "services/telemetry/telemetry_contract.h"
+
+#include <stddef.h>
+
+#define COUNT(name) +1
+_Static_assert(0 SKYREL_EXPORTS(COUNT) == 16, "sixteen exports");
+_Static_assert(sizeof(SkyrelChar) == 2, "UTF-16");
+
+#define POSITION(member) (offsetof(VantorConfigTable, member) / sizeof(void *))
+_Static_assert(POSITION(init_config) == 1, "position in the table");
+_Static_assert(POSITION(set_filter_environment) == 3, "position in the table");
+_Static_assert(POSITION(get_bool_value) == 6, "position in the table");
+_Static_assert(POSITION(get_string_value) == 9, "position in the table");
+_Static_assert(offsetof(struct VantorConfig, table) == 0, "the first word is the table");
+_Static_assert(sizeof(bool) == 1, "one byte");
+
+int contracts_are_c(void);
+int contracts_are_c(void)
+{
+    return 0;
+}
