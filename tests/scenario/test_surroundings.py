@@ -4,6 +4,7 @@ from pathlib import Path
 
 import pytest
 
+import steps
 from driver import layout, tree
 from driver.system import MUTEX
 from steps import expect_end, uninstall, wait_complete
@@ -132,3 +133,50 @@ def test_no_graphics_driver_is_loaded(sandbox, program):
     assert "libQt5Quick" in maps
     assert "_dri.so" not in maps
     assert "libgallium" not in maps
+
+
+# The language ---------------------------------------------------------------------------------
+
+
+def ink_of_title(window):
+    """How wide the title is drawn."""
+    area = layout.Rect(
+        layout.TITLE_LABEL.left, layout.TITLE_LABEL.top, layout.TITLE_LABEL.width, 24)
+    picture = window.screen.picture(window.area(area)).convert("L")
+    return picture.point(lambda value: 255 if value < 100 else 0).getbbox()
+
+
+def test_the_window_speaks_the_product_language(sandbox):
+    drawn = {}
+    for language in (None, "English", "German", "ChineseSimp", "Klingon"):
+        sandbox.set_registry(language)
+        program = sandbox.start()
+        window = program.ready()
+        drawn[language] = ink_of_title(window)
+        window.click(layout.CANCEL)
+        assert program.wait_exit() == 0
+    # Without a translation the source texts stand there.
+    assert drawn[None] == drawn["English"] == drawn["Klingon"]
+    assert len({drawn["English"], drawn["German"], drawn["ChineseSimp"]}) == 3
+
+
+def test_events_stay_english(sandbox):
+    sandbox.set_registry("German")
+    program = sandbox.start()
+    window = program.ready()
+    window.click(layout.reason(3))
+    event = steps.wait_event(sandbox, "Result_Question_Why_Unistall")
+    assert event[2] == '{"answer":"I have other reasons"}'
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+
+
+def test_arabic_moves_nothing(sandbox):
+    sandbox.set_registry("Arabic")
+    program = sandbox.start()
+    window = program.ready()
+    window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
+    window.click(layout.reason(3))
+    steps.wait_event(sandbox, "Result_Question_Why_Unistall")
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0

@@ -47,8 +47,8 @@ FRAME = Rect(
 
 
 def reason(row: int) -> Rect:
-    """The reason in a row from 0; its left part, where radio button and text are."""
-    return Rect(FRAME.left, FRAME.top + row * (19 + 10), 200, 19)
+    """The reason in a row from 0; its left part, where radio button and any text are."""
+    return Rect(FRAME.left, FRAME.top + row * (19 + 10), 60, 19)
 
 
 GIFT = Rect(FRAME.right - 48 - 210, FRAME.top + (FRAME.height - 140) // 2, 210, 140)
@@ -112,5 +112,5 @@ BOX_TITLE_COLOUR = "#F0F2F5"
 
 
 def face(button: Rect) -> Point:
-    """A point of a button that shows its background: beside its text, inside its corners."""
-    return Point(button.left + 8, button.top + button.height // 2)
+    """A point of a button that shows its background: above its text, whatever that is."""
+    return Point(button.left + button.width // 2, button.top + 4)
