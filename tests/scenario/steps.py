@@ -34,11 +34,12 @@ def wait_buttons_disabled(window: Window) -> None:
 
 def wait_complete(window: Window) -> None:
     """Waits until the window says that the uninstallation is complete and offers to close."""
-    area = window.area(layout.PROGRESS_LABEL)
+    label = layout.PROGRESS_LABEL
+    area = window.area(layout.Rect(label.left, label.top, 80, label.height))
     screen = window.screen
     wait.until(
         lambda: screen.share(area, layout.COMPLETE_TEXT, tolerance=40), "the green text",
-        accept=lambda share: share > 0.005,
+        accept=lambda share: share > 0.002,
     )
     window.hover(layout.TITLE_GRIP)
     window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
