@@ -35,14 +35,14 @@ QString ComposeOfferUrl(QString key, const OfferSources &sources)
     if (!oem.isEmpty()) {
         key = QStringLiteral("%1__%2").arg(key, oem).toLower();
     }
-    const QString url = sources.text(key);
+    QString url = sources.text(key);
     const QString xurlId = sources.xurlId();
-    if (xurlId.isEmpty()) {
-        return url;
-    }
     // Also behind an empty link, so that a known installation never loses its mark.
-    const QString separator = QLatin1String(url.contains(QLatin1Char('?')) ? "&" : "?");
-    return url + QStringLiteral("%1x-url=1-%2").arg(separator, xurlId);
+    if (!xurlId.isEmpty()) {
+        const QString separator = QLatin1String(url.contains(QLatin1Char('?')) ? "&" : "?");
+        url += QStringLiteral("%1x-url=1-%2").arg(separator, xurlId);
+    }
+    return url;
 }
 
 } // namespace

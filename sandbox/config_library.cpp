@@ -16,6 +16,7 @@
 #include "sandbox/standin.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -125,19 +126,19 @@ template<typename Function> const void *Entry(Function *function)
 
 const void *const *Table()
 {
-    static const void *const table[] = {Entry(Unexpected<0>),
-                                        Entry(InitConfig),
-                                        Entry(Unexpected<2>),
-                                        Entry(SetFilterEnvironment),
-                                        Entry(Unexpected<4>),
-                                        Entry(Unexpected<5>),
-                                        Entry(GetBoolValue),
-                                        Entry(Unexpected<7>),
-                                        Entry(Unexpected<8>),
-                                        Entry(GetStringValue),
-                                        Entry(Unexpected<10>),
-                                        Entry(Unexpected<11>)};
-    return table;
+    static const std::array<const void *, 12> table = {Entry(Unexpected<0>),
+                                                       Entry(InitConfig),
+                                                       Entry(Unexpected<2>),
+                                                       Entry(SetFilterEnvironment),
+                                                       Entry(Unexpected<4>),
+                                                       Entry(Unexpected<5>),
+                                                       Entry(GetBoolValue),
+                                                       Entry(Unexpected<7>),
+                                                       Entry(Unexpected<8>),
+                                                       Entry(GetStringValue),
+                                                       Entry(Unexpected<10>),
+                                                       Entry(Unexpected<11>)};
+    return table.data();
 }
 
 } // namespace

@@ -74,7 +74,7 @@ bool RegistryKey::Query(const std::string &name, char *buffer, std::size_t capac
 std::optional<std::string> RegistryKey::Text(const std::string &name) const
 {
     const std::string *const found = data_ ? data_->Find(name) : nullptr;
-    return found != nullptr ? std::optional(std::string(found->c_str())) : std::nullopt;
+    return found != nullptr ? std::optional(found->substr(0, found->find('\0'))) : std::nullopt;
 }
 
 } // namespace platform

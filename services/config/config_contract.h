@@ -21,7 +21,7 @@
 #define VANTOR_QUERY_ERROR 0
 #define VANTOR_NO_VALUE (-1)
 
-/* NOLINTBEGIN(modernize-use-using, modernize-avoid-c-arrays): C too */
+/* NOLINTBEGIN(modernize-use-using, modernize-redundant-void-arg): C too */
 typedef struct VantorConfig VantorConfig;
 
 typedef struct VantorConfigTable
@@ -53,4 +53,4 @@ struct VantorConfig
 typedef VantorConfig *(*VantorCreateConfigFunction)(void);
 /* "release_config": releases the object and clears the client's pointer to it. */
 typedef void (*VantorReleaseConfigFunction)(VantorConfig **config);
-/* NOLINTEND(modernize-use-using, modernize-avoid-c-arrays) */
+/* NOLINTEND(modernize-use-using, modernize-redundant-void-arg) */

@@ -45,7 +45,9 @@ QString Fetch(VantorConfig *config, const QString &key, const std::string &suffi
         return value;
     }
     const std::int64_t size = length + 1;
-    const std::unique_ptr<char[]> buffer(
+    // Of any size, unfilled, and without an exception when there is no room: no container does
+    // that.
+    const std::unique_ptr<char[]> buffer( // NOLINT(modernize-avoid-c-arrays)
         size > 0 ? new (std::nothrow) char[static_cast<std::size_t>(size)] : nullptr);
     if (!buffer) {
         qDebug() << QStringLiteral("%1 is too long! length:%2").arg(key, QString::number(size));
@@ -70,7 +72,7 @@ QString Fetch(VantorConfig *config, const QString &key, const std::string &suffi
 
 CVantorConfigInstance *CVantorConfigInstance::Instance()
 {
-    static CVantorConfigInstance *const instance = new (std::nothrow) CVantorConfigInstance;
+    static auto *const instance = new (std::nothrow) CVantorConfigInstance;
     return instance;
 }
 

@@ -30,22 +30,22 @@ std::string ReadText(const RegistryKey &key, const char *name)
 
 std::string GetOemName()
 {
-    return ReadText(RegistryKey::OpenLocalMachine("Software\\TORVAN\\KTR\\Version"), "OEM");
+    return ReadText(RegistryKey::OpenLocalMachine(R"(Software\TORVAN\KTR\Version)"), "OEM");
 }
 
 std::string GetXurlId()
 {
     // The setup is a 32-bit program. Its key counts when it is there, with or without the value.
-    RegistryKey key = RegistryKey::OpenLocalMachine("Software\\WOW6432Node\\TORVAN\\KTR_dd");
+    RegistryKey key = RegistryKey::OpenLocalMachine(R"(Software\WOW6432Node\TORVAN\KTR_dd)");
     if (!key) {
-        key = RegistryKey::OpenLocalMachine("Software\\TORVAN\\KTR_dd");
+        key = RegistryKey::OpenLocalMachine(R"(Software\TORVAN\KTR_dd)");
     }
     return ReadText(key, "xurlID");
 }
 
 std::string GetProductLanguage()
 {
-    return ReadText(RegistryKey::OpenLocalMachine("Software\\TORVAN\\KTR"), "Language");
+    return ReadText(RegistryKey::OpenLocalMachine(R"(Software\TORVAN\KTR)"), "Language");
 }
 
 std::wstring GetConfigVersionNo()
