@@ -27,6 +27,15 @@ FocusScope {
         id: reasonGroup
     }
 
+    // Below the texts: a long one runs over its edge.
+    Image {
+        anchors.right: parent.right
+        anchors.rightMargin: 48
+        y: Math.round((frameRect.height - height) / 2)
+        source: "qrc:/pic_question.png"
+        Accessible.ignored: true
+    }
+
     Column {
         anchors.fill: parent
         spacing: 10
@@ -45,13 +54,5 @@ FocusScope {
                 }
             }
         }
-    }
-
-    Image {
-        anchors.right: parent.right
-        anchors.rightMargin: 48
-        y: Math.round((frameRect.height - height) / 2)
-        source: "qrc:/pic_question.png"
-        Accessible.ignored: true
     }
 }
