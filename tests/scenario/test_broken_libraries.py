@@ -76,6 +76,8 @@ def test_a_configuration_that_fails_or_lies(sandbox, settings, line):
     assert line in walk_through(sandbox).stderr
 
 
+# A sanitizer has its own to say about it.
+@pytest.mark.stderr_unchecked
 def test_a_configuration_library_without_its_entry_ends_the_program(sandbox):
     # Its address is called as it was resolved. Known, and asked for.
     shutil.copy(build_directory() / "tests/unit/config/no_entry" / CONFIG, sandbox.locate(CONFIG))
