@@ -7,6 +7,10 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+# The Qt kit, where one is used: tools/windows-qt-kit prints where it is.
+if(DEFINED ENV{KTR_QT_KIT})
+    list(APPEND CMAKE_FIND_ROOT_PATH "$ENV{KTR_QT_KIT}")
+endif()
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

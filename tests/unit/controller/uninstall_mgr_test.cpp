@@ -1,5 +1,6 @@
 #include "controller/ui_utility.h"
 #include "controller/uninstall_mgr.h"
+#include "services/config/vantor_config_instance.h"
 #include "tests/unit/controller/world.h"
 
 #include <QMetaMethod>
@@ -146,6 +147,15 @@ TEST(UiUtility, IsOneObjectWithoutAnInterfaceOfItsOwn)
     const QMetaObject &meta = UIUtility::staticMetaObject;
     EXPECT_EQ(meta.methodCount(), meta.methodOffset());
     EXPECT_EQ(meta.propertyCount(), meta.propertyOffset());
+}
+
+TEST(UIUtility, HandsOutTheOneConfiguration)
+{
+    // There is no library here, and still a client, which answers defaults.
+    CVantorConfigInstance *const config = UIUtility::instance()->configInstance();
+    ASSERT_NE(config, nullptr);
+    EXPECT_EQ(config, CVantorConfigInstance::Instance());
+    EXPECT_EQ(UIUtility::instance()->configInstance(), config);
 }
 
 } // namespace
