@@ -102,29 +102,44 @@ def wait_event(sandbox: Sandbox, activity: str, count: int = 1) -> tuple[str, st
                       accept=lambda found: len(found) >= count)[count - 1]
 
 
+def reasons_given(sandbox: Sandbox) -> list[tuple[str, str, str]]:
+    """The usage events so far that report a chosen reason."""
+    return [event for event in events(sandbox) if event[1] == "Result_Question_Why_Unistall"]
+
+
 def reason_rows(window: Window) -> dict[int, int]:
-    """In which row each reason stands: the first three differ in how wide their text is."""
-    widths = []
-    for row in range(3):
-        area = layout.reason(row)
-        text = layout.Rect(area.left + 20, area.top, 280, area.height)
-        picture = window.screen.picture(window.area(text)).convert("L")
-        ink = picture.point(lambda value: 255 if value < 100 else 0).getbbox()
-        assert ink is not None, f"no text in row {row}"
-        widths.append((ink[2], row))
-    rows = {reason: row for reason, (_, row) in enumerate(sorted(widths), start=1)}
-    return {**rows, 4: 3}
+    """In which row each reason stands: the first three differ in how wide their text is.
+
+    That is so in English; the fourth stands last in any language.
+    """
+    def widths() -> list[int]:
+        return [_width_of_reason(window, row) for row in range(4)]
+
+    seen = wait.until(widths, "a reason in each of four rows",
+                      accept=lambda found: all(found) and len(set(found)) == 4)
+    return {**{reason: row for reason, row in enumerate(sorted(range(3), key=seen.__getitem__), 1)},
+            4: 3}
+
+
+def _width_of_reason(window: Window, row: int) -> int:
+    """How far the text in a row reaches; 0 without any."""
+    area = layout.reason(row)
+    text = layout.Rect(area.left + 20, area.top, 280, area.height)
+    picture = window.screen.picture(window.area(text)).convert("L")
+    ink = picture.point(lambda value: 255 if value < 100 else 0).getbbox()
+    return ink[2] if ink else 0
 
 
 def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
     """Chooses a reason with the mouse and waits for the page that answers it."""
+    given = len(reasons_given(sandbox))
     window.click(layout.reason(reason_rows(window)[reason]))
-    wait_page(sandbox, window, reason)
+    wait_page(sandbox, window, reason, given + 1)
 
 
-def wait_page(sandbox: Sandbox, window: Window, reason: int) -> None:
-    """Waits until a reason has been reported and its page is to be seen."""
-    event = wait_event(sandbox, "Result_Question_Why_Unistall")
+def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> None:
+    """Waits until a reason, the `count`-th in this sandbox, has been reported and its page is seen."""
+    event = wait_event(sandbox, "Result_Question_Why_Unistall", count)
     assert event == ("UninstallPop", "Result_Question_Why_Unistall",
                      json.dumps({"answer": REASONS[reason]}, separators=(",", ":")))
     if reason in (1, 2):
@@ -132,6 +147,17 @@ def wait_page(sandbox: Sandbox, window: Window, reason: int) -> None:
     else:
         window.wait_colour(layout.Point(layout.FEEDBACK.left + 200, layout.FEEDBACK.bottom - 20),
                            layout.WHITE)
+
+
+def title(window: Window) -> bytes:
+    """The title as it is drawn, once it stands still; for comparing with another."""
+    return window.screen.wait_steady(window.area(layout.TITLE_LABEL), 0.3).tobytes()
+
+
+def page_picture(window: Window) -> bytes:
+    """The page as it is drawn, once it stands still, without what the pointer would change."""
+    window.hover(layout.TITLE_GRIP)
+    return window.screen.wait_steady(window.area(layout.PAGE), 0.3).tobytes()
 
 
 def wait_coupon(window: Window) -> None:

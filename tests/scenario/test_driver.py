@@ -88,6 +88,22 @@ def test_the_layout_has_the_numbers_of_the_design() -> None:
     assert layout.shadow_margin(670) == 15
 
 
+# Clipboard -------------------------------------------------------------------------------------
+
+
+@pytest.mark.parametrize("selection", ("CLIPBOARD", "PRIMARY"))
+def test_a_text_on_the_clipboard_is_there_while_it_is_held(display: Display, selection: str) -> None:
+    clipboard = display.clipboard
+    text = "one\ntwo \u00e9\u65e5" + "x" * 100_000
+    assert clipboard.read(selection) is None
+    with clipboard.holding(text, selection):
+        assert clipboard.read(selection) == text
+        assert clipboard.read("PRIMARY" if selection == "CLIPBOARD" else "CLIPBOARD") is None
+        with clipboard.holding("newer", selection):
+            assert clipboard.read(selection) == "newer"
+    assert clipboard.read(selection) is None
+
+
 # Windows and input -----------------------------------------------------------------------------
 
 

@@ -1,34 +1,39 @@
-"""The way from the reasons to the page that answers one, and the uninstallation from every page."""
+"""The way from the reasons to the page that answers one, and what is possible on every page."""
+
+import json
 
 import pytest
 
 import steps
 from driver import layout, wait
 
-PAGES = ("reasons", 1, 2, 3, 4, "thanks")
+PAGES = ("reasons", 1, 2, 3, 4, "thanks for 3", "thanks for 4")
 
 
 def go_to(sandbox, window, page):
     """Takes the window to a page by mouse and keyboard."""
     if page == "reasons":
         return
-    steps.choose(sandbox, window, 4 if page == "thanks" else page)
-    if page == "thanks":
+    thanks = isinstance(page, str)
+    steps.choose(sandbox, window, int(page[-1]) if thanks else page)
+    if thanks:
         steps.write(window, "x")
         steps.submit(window)
         steps.wait_coupon(window)
 
 
-@pytest.mark.parametrize("reason", (1, 2, 3, 4))
+# To the pages ----------------------------------------------------------------------------------
+
+
+@pytest.mark.parametrize("reason", steps.REASONS)
 def test_a_reason_leads_to_its_page_for_good(sandbox, program, reason):
     window = program.window()
     steps.choose(sandbox, window, reason)
-    before = len(steps.events(sandbox))
-    window.click(layout.reason(1))
-    window.drag(layout.TITLE_GRIP, 20, 10)  # whoever answers this has seen the click
-    again = steps.events(sandbox)[before:]
-    # On a coupon that click opens it; nowhere does it choose once more.
-    assert all(activity != "Result_Question_Why_Unistall" for _, activity, _ in again)
+    for row in range(4):
+        window.click(layout.reason(row))
+    window.drag(layout.TITLE_GRIP, 20, 10)  # whoever answers this has seen the clicks
+    # On a coupon those clicks open it; nowhere do they choose once more.
+    assert len(steps.reasons_given(sandbox)) == 1
     steps.uninstall(window)
     steps.wait_event(sandbox, "Click_Uninstall")
     steps.wait_complete(window)
@@ -47,58 +52,53 @@ def test_other_reasons_stand_last_at_every_start(sandbox):
         assert program.wait_exit() == 0
 
 
-@pytest.mark.parametrize("row, key", ((0, "space"), (1, "Return"), (3, "space")))
-def test_a_reason_by_keyboard(sandbox, program, row, key):
+def test_the_title_tells_the_page(sandbox):
+    asking, answering, thanking = set(), {}, set()
+    for reason in steps.REASONS:
+        program = sandbox.start()
+        window = program.ready()
+        asking.add(steps.title(window))
+        steps.choose(sandbox, window, reason)
+        answering[reason] = steps.title(window)
+        if reason in (3, 4):
+            steps.write(window, "x")
+            steps.submit(window)
+            steps.wait_coupon(window)
+            thanking.add(steps.title(window))
+        window.click(layout.CANCEL)
+        assert program.wait_exit() == 0
+    assert len(asking) == 1
+    assert len(thanking) == 1, "one thank-you, whatever was answered"
+    assert answering[3] == answering[4]
+    assert len({*asking, *answering.values(), *thanking}) == 5
+
+
+@pytest.mark.parametrize("reason, key, from_the_end", (
+    (1, "space", False), (2, "Return", False), (3, "space", True), (4, "KP_Enter", False),
+    (1, "Return", True), (4, "space", True),
+))
+def test_a_reason_by_keyboard(sandbox, program, reason, key, from_the_end):
     window = program.window()
-    rows = {place: reason for reason, place in steps.reason_rows(window).items()}
+    row = steps.reason_rows(window)[reason]
     window.keyboard.key("Tab")  # the title's button
     window.keyboard.key("Tab")
-    for _ in range(row):
-        window.keyboard.key("Down")
-    assert not steps.events(sandbox), "moving on chooses nothing"
+    if from_the_end:
+        for _ in range(6):  # there is nothing beyond the last row
+            window.keyboard.key("Down")
+        for _ in range(3 - row):
+            window.keyboard.key("Up")
+    else:
+        window.keyboard.key("Up")  # nor before the first
+        for _ in range(row):
+            window.keyboard.key("Down")
     window.keyboard.key(key)
-    steps.wait_page(sandbox, window, rows[row])
+    steps.wait_page(sandbox, window, reason)
     # The keyboard goes on from the new page to the buttons: Uninstall is not far.
-    for _ in range(3 if rows[row] in (3, 4) else 2):
+    for _ in range(3 if reason in (3, 4) else 2):
         window.keyboard.key("Tab")
     window.keyboard.key("Return")
     steps.wait_event(sandbox, "Click_Uninstall")
-    steps.wait_complete(window)
-    window.click(layout.CANCEL)
-    steps.expect_end(sandbox, program, cleanup=True)
-
-
-@pytest.mark.parametrize("page", PAGES)
-def test_uninstalls_from_every_page(sandbox, program, page):
-    window = program.window()
-    go_to(sandbox, window, page)
-    steps.uninstall(window)
-    sandbox.wait_noted("uninstall.exe", "start")
-    steps.wait_complete(window)
-    window.click(layout.TITLE_CLOSE)
-    steps.expect_end(sandbox, program, cleanup=True)
-
-
-@pytest.mark.parametrize("page", (1, 3, "thanks"))
-def test_leaves_without_a_trace_from_another_page(sandbox, program, page):
-    window = program.window()
-    go_to(sandbox, window, page)
-    window.click(layout.TITLE_CLOSE if page == 3 else layout.CANCEL)
-    steps.expect_end(sandbox, program, cleanup=False)
-    assert not sandbox.journal("uninstall.exe")
-
-
-def test_a_reason_can_be_given_while_the_uninstaller_runs(sandbox, program):
-    hold = sandbox.hold("uninstall.exe")
-    window = program.window()
-    steps.uninstall(window)
-    steps.wait_climbing(window)
-    steps.choose(sandbox, window, 3)
-    steps.write(window, "too late")
-    steps.submit(window)
-    steps.wait_coupon(window)
-    assert window.bar_fraction() is not None
-    hold.unlink()
+    assert len(steps.reasons_given(sandbox)) == 1, "moving on has chosen nothing"
     steps.wait_complete(window)
     window.click(layout.CANCEL)
     steps.expect_end(sandbox, program, cleanup=True)
@@ -114,3 +114,93 @@ def test_escape_does_nothing_in_the_window(sandbox, program):
     wait.until(lambda: window.visible, "the window to be still there")
     window.click(layout.CANCEL)
     steps.expect_end(sandbox, program, cleanup=False)
+
+
+# Coupon and link -------------------------------------------------------------------------------
+
+
+@pytest.mark.parametrize("reason, place, activity", (
+    (1, layout.COUPON, "Click_Gift_Url"),
+    (2, layout.COUPON, "Click_Gift_Url"),
+    (3, layout.FEEDBACK_LINK, "Click_Text_Url"),
+))
+@pytest.mark.parametrize("configured", (True, False))
+def test_an_offer_leaves_its_page_as_it_is(sandbox, reason, place, activity, configured):
+    if not configured:
+        sandbox.locate("vantoronlineconfig.dll").unlink()
+    program = sandbox.start()
+    window = program.ready()
+    steps.choose(sandbox, window, reason)
+    before = steps.page_picture(window)
+    window.click(place)
+    event = steps.wait_event(sandbox, activity)
+    if configured:
+        opened = sandbox.wait_noted("xdg-open", "open")
+        assert json.loads(event[2]) == {"url": opened.items("args")[0]}
+    assert steps.page_picture(window) == before
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=False)
+    if not configured:
+        assert json.loads(event[2]) == {"url": ""}
+        assert not sandbox.leftovers()  # nobody is left who could still note a link
+        assert not sandbox.journal("xdg-open")
+
+
+@pytest.mark.parametrize("reason, key", ((2, "Return"), (4, "space")))
+def test_an_offer_by_keyboard(sandbox, program, reason, key):
+    window = program.window()
+    steps.choose(sandbox, window, reason)
+    # On a feedback page the box comes first; its button is not for an empty one.
+    for _ in range(2 if reason == 4 else 1):
+        window.keyboard.key("Tab")
+    window.keyboard.key(key)
+    sandbox.wait_noted("xdg-open", "open")
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=False)
+
+
+# Uninstalling and leaving ----------------------------------------------------------------------
+
+
+@pytest.mark.parametrize("page", PAGES)
+def test_uninstalls_from_every_page(sandbox, program, page):
+    window = program.window()
+    go_to(sandbox, window, page)
+    steps.uninstall(window)
+    sandbox.wait_noted("uninstall.exe", "start")
+    steps.wait_complete(window)
+    window.click(layout.TITLE_CLOSE)
+    steps.expect_end(sandbox, program, cleanup=True)
+
+
+@pytest.mark.parametrize("way", (layout.TITLE_CLOSE, layout.CANCEL), ids=("close", "cancel"))
+@pytest.mark.parametrize("page", PAGES[1:])
+def test_leaves_without_a_trace_from_another_page(sandbox, program, page, way):
+    window = program.window()
+    go_to(sandbox, window, page)
+    window.click(way)
+    steps.expect_end(sandbox, program, cleanup=False)
+    assert not sandbox.journal("uninstall.exe")
+
+
+@pytest.mark.parametrize("page", PAGES[1:])
+def test_a_reason_can_be_given_while_the_uninstaller_runs(sandbox, program, page):
+    hold = sandbox.hold("uninstall.exe")
+    window = program.window()
+    steps.uninstall(window)
+    steps.wait_climbing(window)
+    go_to(sandbox, window, page)
+    steps.wait_climbing(window, window.bar_fraction())
+    hold.unlink()
+    steps.wait_complete(window)
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=True)
+
+
+def test_a_reason_can_still_be_given_when_all_is_done(sandbox, program):
+    window = program.window()
+    steps.uninstall(window)
+    steps.wait_complete(window)
+    go_to(sandbox, window, "thanks for 3")
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=True)

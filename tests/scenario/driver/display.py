@@ -17,6 +17,7 @@ from Xlib import X
 from Xlib import display as xdisplay
 
 from driver import wait
+from driver.clipboard import Clipboard
 from driver.input import Input
 from driver.screen import Screen
 from driver.windows import Windows
@@ -68,8 +69,8 @@ def die_with_parent() -> None:
 class Display:
     """Xvfb and openbox, started for this process only; use it as a context manager.
 
-    `input`, `windows` and `screen` act on this display. A display that cannot be started raises
-    `RuntimeError` with what the servers said.
+    `input`, `windows`, `screen` and `clipboard` act on this display. A display that cannot be
+    started raises `RuntimeError` with what the servers said.
     """
 
     def __init__(self, log_directory: Path | None = None) -> None:
@@ -86,6 +87,7 @@ class Display:
             self.windows = Windows(self)
             self.input = Input(self)
             self.screen = Screen(self)
+            self.clipboard = Clipboard(self.name)
             self._start_window_manager()
         except BaseException:
             self.close()
