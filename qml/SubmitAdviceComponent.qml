@@ -80,11 +80,11 @@ FocusScope {
             // Not its `focus`, which stays: the view round it is a scope of its own.
             onActiveFocusChanged: root.frameFocus(activeFocus)
 
-            // Removing rather than setting the text keeps what can be undone; the removal comes
-            // back here once more, with a text that fits.
+            // The cut comes back here once more, with a text that fits. It begins a new history:
+            // nothing that is undone can be longer.
             onTextChanged: {
                 if (length > root.maxLength) {
-                    remove(root.maxLength, length)
+                    text = text.substring(0, root.maxLength)
                     cursorPosition = root.maxLength
                 }
             }

@@ -79,6 +79,13 @@ Button {
         }
     }
 
+    // Assistive tools can press what is disabled; the toolkit's own action would go ahead.
+    function accessiblePressAction() {
+        if (enabled) {
+            clicked()
+        }
+    }
+
     style: ButtonStyle {
         background: Rectangle {
             radius: root.bgRadius

@@ -36,6 +36,22 @@ function focusFrame(item) {
     return all(item, "ZoFocusFrame")[0]
 }
 
+// Whether a drawn colour, as "#rrggbb", is as good as another one: no channel is off by more than
+// `delta` of 255. The comparison of numbers that tests have takes every colour for every other.
+function looksLike(drawn, colour, delta) {
+    function channels(text) {
+        var parsed = Qt.lighter(text, 1)
+        return [parsed.r, parsed.g, parsed.b]
+    }
+    if (drawn === "") {
+        return false
+    }
+    var wanted = channels(colour)
+    return channels(drawn).every(function(value, index) {
+        return Math.abs(value - wanted[index]) * 255 <= delta
+    })
+}
+
 // Moves the real pointer so that the control is in the state named.
 function enter(test, control, state) {
     var words = state.split(" while ")

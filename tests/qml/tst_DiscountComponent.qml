@@ -8,7 +8,8 @@ TestCase {
 
     readonly property var described: ({
         price: { top: 10, colour: "#090a0a", size: 48 },
-        badge: { gap: 14, padding: 18, height: 24, radius: 12, from: "#dfcdff", to: "#c6d9ff" },
+        badge: { gap: 14, padding: 18, height: 24, radius: 12,
+                 from: "#dfcdff", middle: "#d3d3ff", to: "#c6d9ff" },
         validity: { text: "Validity period: %1", colour: "#4f545c", size: 14 },
         line: { bottom: 11, colour: "#1f6fff", size: 13 },
         picture: { source: "qrc:/pic_gift.png", size: [210, 140], right: 48 }
@@ -99,11 +100,22 @@ TestCase {
     function test_badgeIsDrawnAsACapsuleWithAGradient() {
         make()
         var box = badge()
-        var middle = box.height / 2
-        fuzzyCompare(Qt.lighter(probe.pixel(box, 1, middle), 1), described.badge.from, 4)
-        fuzzyCompare(Qt.lighter(probe.pixel(box, box.width - 2, middle), 1), described.badge.to, 4)
-        compare(probe.pixel(box, 0, 0), "", "the corners are round")
-        compare(probe.pixel(box, box.width - 1, box.height - 1), "")
+        var places = [[1, described.badge.from],
+                      [Math.round(box.width / 2), described.badge.middle],
+                      [box.width - 2, described.badge.to]]
+        places.forEach(function(place) {
+            var drawn = probe.pixel(box, place[0], box.height / 2)
+            verify(Parts.looksLike(drawn, place[1], 3), place + " is " + drawn)
+        })
+        // From the left to the right only.
+        compare(probe.pixel(box, 40, 1), probe.pixel(box, 40, box.height - 2))
+        var outside = [[0, 0], [2, 3], [box.width - 1, box.height - 1], [box.width - 3, 3]]
+        outside.forEach(function(at) {
+            compare(probe.pixel(box, at[0], at[1]), "", "round at " + at)
+        })
+        ;[[5, 5], [12, 0], [0, 12]].forEach(function(at) {
+            verify(probe.pixel(box, at[0], at[1]) !== "", "filled at " + at)
+        })
     }
 
     function test_line() {
@@ -125,6 +137,10 @@ TestCase {
         fuzzyCompare(picture.y + picture.height / 2, stage.frame.height / 2, 0.5)
         compare(picture.y, Math.round(picture.y))
         compare(picture.Accessible.ignored, true)
+        // It follows the content area.
+        stage.frame.height = 220
+        fuzzyCompare(picture.y + picture.height / 2, 110, 0.5)
+        stage.frame.height = 191
     }
 
     function test_textsAreShownAsTheyStand() {
@@ -147,6 +163,18 @@ TestCase {
             ["sendUserInfo", "UninstallPop", "Click_Gift_Url", JSON.stringify({ url: "" }), ""],
             ["openLink", ""]
         ])
+    }
+
+    function test_noOfferAtAllIsEmpty() {
+        make()
+        ;[null, undefined, ""].forEach(function(nothing) {
+            page.perferentialInfo = nothing
+            compare(texts()[0].text, "")
+            verify(withText("Validity period: "))
+            page.openOffer()
+        })
+        compare(uninstallMgr.callsOf("openLink"),
+                [["openLink", ""], ["openLink", ""], ["openLink", ""]])
     }
 
     function test_anotherOfferReplacesIt() {
@@ -175,6 +203,21 @@ TestCase {
         compare(page.visible, true)
     }
 
+    function test_aClickEndsWhereItBegan() {
+        make()
+        mousePress(page, 50, 50)
+        compare(uninstallMgr.calls, [], "not yet")
+        mouseMove(test, 639, 399)
+        mouseRelease(test, 639, 399)
+        mouseClick(page, 50, 50, Qt.RightButton)
+        mouseClick(page, 50, 50, Qt.MiddleButton)
+        compare(uninstallMgr.calls, [])
+        mouseClick(page, 50, 50)
+        mouseClick(page, 50, 50)
+        compare(uninstallMgr.callsOf("openLink").length, 2, "as often as one likes")
+        compare(uninstallMgr.callsOf("getPreferentialLink"), [], "from the map that it has")
+    }
+
     function test_touch() {
         make()
         var place = page.mapToItem(null, 100, 40)
@@ -186,11 +229,13 @@ TestCase {
         make()
         mouseMove(test, 639, 399)
         tryVerify(function() { return probe.cursorShape(page) === Qt.ArrowCursor })
+        compare(area().cursorShape, Qt.ArrowCursor)
         mouseMove(page, 200, 60)
         tryVerify(function() { return probe.cursorShape(page) === Qt.PointingHandCursor })
         compare(area().hoverEnabled, true)
         mouseMove(test, 639, 399)
         tryVerify(function() { return probe.cursorShape(page) === Qt.ArrowCursor })
+        compare(area().cursorShape, Qt.ArrowCursor)
     }
 
     function test_keyboard_data() {
@@ -212,6 +257,9 @@ TestCase {
                 ["sendUserInfo", "openLink"])
         probe.repeatKey(page, row.key)
         compare(uninstallMgr.callsOf("openLink").length, 1, "a held key opens it once")
+        keyClick(Qt.Key_A)
+        keyClick(Qt.Key_Escape)
+        compare(uninstallMgr.callsOf("openLink").length, 1)
     }
 
     function test_accessible() {

@@ -153,6 +153,9 @@ TestCase {
         tryCompare(bar(), "value", 0)
         // Exactly 0, which comes a little after what a comparison takes for 0.
         tryCompare(uninstallButton(), "enabled", true)
+        uninstallMgr.valProgress = 100
+        tryVerify(function() { return bar().value === 100 })
+        compare([uninstallButton().enabled, uninstallButton().visible], [true, false])
     }
 
     function test_uninstallButtonIsNotForAlmostNothing() {
@@ -215,6 +218,21 @@ TestCase {
         compare([bar().visible, uninstallButton().visible], [false, false])
         compare([cancelButton().enabled, cancelButton().text], [true, "OK"])
         compare(closeButton().enabled, true)
+    }
+
+    function test_closingAfterCompletion_data() {
+        return [{ tag: "OK", button: cancelButton }, { tag: "title bar", button: closeButton }]
+    }
+
+    function test_closingAfterCompletion(row) {
+        mouseClick(uninstallButton())
+        mouseClick(row.button())
+        compare([main.visible, uninstallMgr.callsOf("setExitCode")], [true, []], "not before")
+        uninstallMgr.valProgress = 100
+        tryCompare(row.button(), "enabled", true)
+        mouseClick(row.button())
+        tryCompare(main, "visible", false)
+        compare(uninstallMgr.callsOf("setExitCode"), [["setExitCode", 0]])
     }
 
     // The click's assignment stays, so a start that fails leaves the button disabled for good.

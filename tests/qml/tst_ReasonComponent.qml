@@ -114,7 +114,7 @@ TestCase {
 
     function test_choosingByKeyboardAndTouch_data() {
         return [{ tag: "Space", key: Qt.Key_Space }, { tag: "Return", key: Qt.Key_Return },
-                { tag: "touch", key: 0 }]
+                { tag: "Enter", key: Qt.Key_Enter }, { tag: "touch", key: 0 }]
     }
 
     function test_choosingByKeyboardAndTouch(row) {
@@ -134,6 +134,36 @@ TestCase {
         compare(uninstallMgr.callsOf("sendUserInfo").length, 1)
     }
 
+    // Events are for readers of one language, whatever the window speaks.
+    function test_theEventIsEnglishInEveryLanguage() {
+        var entries = make()
+        page.listReson = ["", "Trop cher", "Utile", "Inutile", "Autre"]
+        compare(entries[0].text, "Trop cher")
+        entries.forEach(function(entry) { mouseClick(entry) })
+        compare(uninstallMgr.callsOf("sendUserInfo").map(function(call) { return call[3] }),
+                [1, 2, 3, 4].map(function(reason) { return '{"answer":"' + texts[reason] + '"}' }))
+    }
+
+    function test_onlyTheUserChooses() {
+        var entries = make()
+        uninstallMgr.forgetCalls()
+        entries[1].checked = true
+        entries[1].checked = false
+        entries[2].forceActiveFocus()
+        compare(uninstallMgr.calls, [])
+    }
+
+    function test_accessible() {
+        make([3, 4]).forEach(function(entry, index) {
+            var seen = probe.accessible(entry)
+            compare(seen.role, Accessible.RadioButton)
+            compare(seen.name, texts[[3, 4][index]])
+            verify(seen.focusable)
+            verify(probe.pressAccessible(entry))
+        })
+        compare(notes(), ["switchPage 3", "switchPage 4"])
+    }
+
     function test_theChosenOneAgainDoesNothing() {
         var entry = make()[0]
         mouseClick(entry)
@@ -147,6 +177,18 @@ TestCase {
         mouseClick(entries[3])
         compare(entries.map(function(entry) { return entry.checked }), [false, false, false, true])
         compare(notes(), ["switchPage 1", "switchPage 4"])
+    }
+
+    // In other languages a reason may be longer than the way to the picture.
+    function test_aLongReasonStaysReadable() {
+        var entries = make()
+        page.listReson = ["", "", new Array(20).join("word "), "", ""]
+        verify(entries[1].width > page.width - described.pictureRight - described.pictureSize[0])
+        var drawn = Array.prototype.slice.call(page.children).map(function(item) {
+            return item.toString().split(/_QML|\(/)[0]
+        })
+        compare(drawn, ["QQuickImage", "QQuickColumn"], "what comes later covers what came before")
+        compare([page.children[0].z, page.children[1].z], [0, 0])
     }
 
     function test_picture() {

@@ -2,7 +2,7 @@ import QtQuick 2.14
 import QtTest 1.15
 import "parts.js" as Parts
 
-// The feedback box: its look, its limit, its button, and the link below.
+// The feedback page: its frame, its button, and the link below. The text has tests of its own.
 TestCase {
     id: test
 
@@ -11,10 +11,13 @@ TestCase {
         frame: { height: 156, radius: 6, colour: "#ffffff" },
         focused: { colour: "#7aaaff", width: 2 },
         left: { colour: "#000000", width: 1 },
-        padding: [16, 8, 16, 8], placeholder: "you voice is important to us.",
-        text: { size: 14, colour: "#090a0a" },
+        placeholder: "you voice is important to us.",
         submit: { text: "Submit", right: 16, bottom: 16, size: 14 },
-        link: { bottom: 11 }
+        submitColours: {
+            normal: ["#ffffff", "#1f6fff", "#1f6fff"], hovered: ["#e8f0ff", "#1f6fff", "#1f6fff"],
+            pressed: ["#d2e2ff", "#1f6fff", "#1f6fff"], disabled: ["#ffffff", "#e9ecf2", "#b6b8bd"]
+        },
+        link: { bottom: 11, size: 13 }
     })
 
     property var page: null
@@ -101,74 +104,18 @@ TestCase {
         compare(border(), described.focused)
         compare(box().activeFocus, true)
         mouseRelease(page, 40, described.frame.height - 10)
+        // Also where the look has gone although the text has the keyboard.
+        page.frameFocus(false)
+        compare(border(), described.left)
+        mouseClick(page, 40, described.frame.height - 10)
+        compare(border(), described.focused)
     }
 
-    function test_text() {
-        var text = box()
-        compare([text.leftPadding, text.topPadding, text.rightPadding, text.bottomPadding],
-                described.padding)
-        compare(text.textFormat, TextEdit.PlainText)
-        compare(text.wrapMode, Text.Wrap)
-        compare(text.selectByMouse, true)
-        compare(text.placeholderText, described.placeholder)
-        compare(text.font.pixelSize, described.text.size)
-        verify(Qt.colorEqual(text.color, described.text.colour))
-        var view = Parts.all(page, "ScrollView")[0]
-        compare([view.x, view.y, view.width, view.height], [0, 0, page.width, submit().y])
-        compare(text.width, page.width)
-    }
-
-    function test_longTextWrapsAndScrolls() {
-        box().forceActiveFocus()
-        box().text = new Array(140).join("word ")
-        verify(box().lineCount > 7)
-        verify(box().contentHeight > submit().y)
-        compare(box().width, page.width, "no wider than the frame")
-        var flickable = Parts.all(page, "Flickable")[0]
-        compare(flickable.contentY, 0)
-        box().cursorPosition = box().length
-        tryVerify(function() { return flickable.contentY > 0 })
-    }
-
-    function test_theLimit_data() {
-        return [{ tag: "699", length: 699, kept: 699 }, { tag: "700", length: 700, kept: 700 },
-                { tag: "701", length: 701, kept: 700 }, { tag: "7000", length: 7000, kept: 700 }]
-    }
-
-    function test_theLimit(row) {
-        box().text = letters(row.length)
-        compare(box().text, letters(row.kept))
-    }
-
-    function test_typingBeyondTheLimit() {
-        box().forceActiveFocus()
-        box().text = letters(700)
-        box().cursorPosition = 700
-        keyClick(Qt.Key_Y)
-        compare(box().text, letters(700))
-        compare(box().cursorPosition, 700)
-        // In the middle: the last letter is cut, and the cursor goes to the end.
-        box().cursorPosition = 10
-        keyClick(Qt.Key_Y)
-        compare(box().text, letters(10) + "y" + letters(689))
-        compare(box().cursorPosition, 700)
-    }
-
-    function test_manyLinesCountAsCharacters() {
-        box().text = new Array(500).join("a\n")
-        compare(box().length, 700)
-    }
-
-    function test_ordinaryPasteIsCut() {
-        box().forceActiveFocus()
-        box().text = letters(50)
-        box().selectAll()
-        box().copy()
-        box().text = "y" + letters(689)
-        box().cursorPosition = 1
-        keyClick(Qt.Key_V, Qt.ControlModifier)
-        compare(box().text, "y" + letters(699))
-        compare(box().cursorPosition, 700)
+    function test_aTapFocusesTheText() {
+        var place = page.mapToItem(null, 100, 20)
+        probe.tap(page, place.x, place.y)
+        tryCompare(box(), "activeFocus", true)
+        compare(border(), described.focused)
     }
 
     function test_submitIsForText() {
@@ -186,10 +133,56 @@ TestCase {
         compare(described.frame.height - submit().y - submit().height, described.submit.bottom)
         compare(submit().fontPixcelSize, described.submit.size)
         compare([submit().width, submit().height], [100, 28])
+        compare([submit().bgBorderWidth, submit().bgRadius], [1, 4])
+    }
+
+    function test_submitColours_data() {
+        return ["normal", "hovered", "pressed", "disabled"].map(function(state) {
+            return { tag: state, colours: described.submitColours[state] }
+        })
+    }
+
+    function test_submitColours(row) {
+        box().text = row.tag === "disabled" ? "" : "x"
+        Parts.enter(test, submit(), row.tag === "disabled" ? "normal" : row.tag)
+        compare([submit().bgColor, submit().bgBorderColor, Parts.text(submit()).color].map(String),
+                row.colours)
+        Parts.leave(test, submit())
+    }
+
+    function test_cursors() {
         box().text = "x"
-        verify(Qt.colorEqual(submit().bgColor, "#ffffff"))
-        verify(Qt.colorEqual(submit().bgBorderColor, "#1f6fff"))
-        compare(submit().bgBorderWidth, 1)
+        mouseMove(submit(), 50, 14)
+        tryVerify(function() { return probe.cursorShape(page) === Qt.PointingHandCursor })
+        mouseMove(test, test.width - 1, test.height - 1)
+        tryVerify(function() { return probe.cursorShape(page) === Qt.ArrowCursor })
+        mouseMove(link(), 30, link().height / 2)
+        tryVerify(function() { return probe.cursorShape(page) === Qt.PointingHandCursor })
+        mouseMove(page, link().width + 20, link().y + 5)
+        tryVerify(function() { return probe.cursorShape(page) === Qt.ArrowCursor })
+    }
+
+    function test_submittingByKeyboardAndTouch() {
+        box().forceActiveFocus()
+        keyClick(Qt.Key_A)
+        keyClick(Qt.Key_Return) // another line, nothing more
+        keyClick(Qt.Key_B)
+        compare(submitted.count, 0)
+        keyClick(Qt.Key_Tab)
+        keyClick(Qt.Key_Space)
+        compare(submitted.count, 1)
+        var place = submit().mapToItem(null, 50, 14)
+        probe.tap(page, place.x, place.y)
+        tryCompare(submitted, "count", 2)
+        compare(submitted.signalArguments.map(function(sent) { return sent[0] }), ["a\nb", "a\nb"])
+    }
+
+    function test_anEmptyTextIsNeverSubmitted() {
+        mouseClick(submit())
+        submit().forceActiveFocus()
+        keyClick(Qt.Key_Space)
+        probe.pressAccessible(submit())
+        compare(submitted.count, 0)
     }
 
     function test_submitHandsTheWholeTextOver_data() {
@@ -207,6 +200,7 @@ TestCase {
 
     function test_link() {
         compare(link().originalText, "Enjoy discounted prices")
+        compare(link().font.pixelSize, described.link.size)
         compare([link().x, link().y + link().height], [0, page.height - described.link.bottom])
     }
 
@@ -224,7 +218,8 @@ TestCase {
             ["sendUserInfo", "UninstallPop", "Click_Text_Url", '{"url":"https://a.example/"}', ""],
             ["openLink", "https://a.example/"],
             ["getPreferentialLink", 4],
-            ["sendUserInfo", "UninstallPop", "Click_Text_Url", '{"url":"https://b.example/?x=1&y"}', ""],
+            ["sendUserInfo", "UninstallPop", "Click_Text_Url",
+             '{"url":"https://b.example/?x=1&y"}', ""],
             ["openLink", "https://b.example/?x=1&y"],
             ["getPreferentialLink", 4],
             ["sendUserInfo", "UninstallPop", "Click_Text_Url", '{"url":""}', ""],
@@ -232,40 +227,15 @@ TestCase {
         ])
     }
 
-    function test_theMouseSelects() {
-        box().text = "some words to select"
-        mousePress(box(), 18, 16)
-        mouseMove(box(), 60, 16)
-        mouseMove(box(), 120, 16)
-        mouseRelease(box(), 120, 16)
-        verify(box().selectedText.length > 3, box().selectedText)
-        verify(Qt.colorEqual(box().selectedTextColor, "#ffffff"))
-    }
-
-    function test_tabLeadsOnInBothDirections() {
-        box().text = "x"
-        keyClick(Qt.Key_Tab)
-        tryCompare(box(), "activeFocus", true)
-        keyClick(Qt.Key_Tab)
-        compare(submit().activeFocus, true)
-        keyClick(Qt.Key_Tab)
-        compare(link().activeFocus, true)
-        keyClick(Qt.Key_Tab, Qt.ShiftModifier)
-        keyClick(Qt.Key_Tab, Qt.ShiftModifier)
-        compare(box().activeFocus, true)
-        compare(box().text, "x")
-        keyClick(Qt.Key_Tab, Qt.ShiftModifier)
-        compare(box().activeFocus, false)
-        box().text = ""
-        box().forceActiveFocus()
-        keyClick(Qt.Key_Tab)
-        compare(link().activeFocus, true, "past the disabled button")
-    }
-
     function test_accessible() {
         var seen = probe.accessible(box())
         compare(seen.role, Accessible.EditableText)
         compare(seen.name, described.placeholder)
         verify(seen.focusable)
+        compare(probe.accessible(submit()).name, described.submit.text)
+        compare(probe.accessible(link()).name, "Enjoy discounted prices")
+        verify(probe.pressAccessible(link()))
+        compare(uninstallMgr.calls.map(function(call) { return call[0] }),
+                ["getPreferentialLink", "sendUserInfo", "openLink"])
     }
 }

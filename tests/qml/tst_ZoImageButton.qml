@@ -250,5 +250,8 @@ TestCase {
         compare(probe.accessible(make()).role, Accessible.Button)
         verify(probe.pressAccessible(clicks.target))
         compare(clicks.count, 1)
+        clicks.target.enabled = false
+        probe.pressAccessible(clicks.target)
+        compare(clicks.count, 1, "not while disabled")
     }
 }

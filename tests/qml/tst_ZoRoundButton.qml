@@ -320,5 +320,8 @@ TestCase {
         verify(seen.focusable)
         verify(probe.pressAccessible(clicks.target))
         compare(clicks.count, 1)
+        clicks.target.enabled = false
+        probe.pressAccessible(clicks.target)
+        compare(clicks.count, 1, "not while disabled")
     }
 }

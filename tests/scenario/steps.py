@@ -121,10 +121,18 @@ def reason_rows(window: Window) -> dict[int, int]:
             4: 3}
 
 
-def _width_of_reason(window: Window, row: int) -> int:
+def reasons_seen(window: Window) -> bool:
+    """Whether the first reason is to be seen, or would be behind a coupon.
+
+    Only its upper part is looked at: there nothing of a coupon stands, the price begins below.
+    """
+    return _width_of_reason(window, 0, 13) > 0
+
+
+def _width_of_reason(window: Window, row: int, height: int = 19) -> int:
     """How far the text in a row reaches; 0 without any."""
     area = layout.reason(row)
-    text = layout.Rect(area.left + 20, area.top, 280, area.height)
+    text = layout.Rect(area.left + 20, area.top, 280, height)
     picture = window.screen.picture(window.area(text)).convert("L")
     ink = picture.point(lambda value: 255 if value < 100 else 0).getbbox()
     return ink[2] if ink else 0
@@ -138,7 +146,7 @@ def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
 
 
 def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> None:
-    """Waits until a reason, the `count`-th in this sandbox, has been reported and its page is seen."""
+    """Waits until a reason, the `count`-th one here, has been reported and its page is seen."""
     event = wait_event(sandbox, "Result_Question_Why_Unistall", count)
     assert event == ("UninstallPop", "Result_Question_Why_Unistall",
                      json.dumps({"answer": REASONS[reason]}, separators=(",", ":")))

@@ -92,7 +92,7 @@ def test_the_layout_has_the_numbers_of_the_design() -> None:
 
 
 @pytest.mark.parametrize("selection", ("CLIPBOARD", "PRIMARY"))
-def test_a_text_on_the_clipboard_is_there_while_it_is_held(display: Display, selection: str) -> None:
+def test_a_text_is_on_the_clipboard_while_it_is_held(display: Display, selection: str) -> None:
     clipboard = display.clipboard
     text = "one\ntwo \u00e9\u65e5" + "x" * 100_000
     assert clipboard.read(selection) is None

@@ -5,9 +5,13 @@ import json
 import pytest
 
 import steps
-from driver import layout
+from driver import layout, wait
+from driver.input import MIDDLE
 
 LIMIT = 700
+NUMBERS = "".join(f"{number:03} " for number in range(400))
+"""Text in which every place can be told from every other."""
+BOX = layout.Point(layout.FEEDBACK.left + 100, layout.FEEDBACK.top + 20)
 
 
 @pytest.fixture
@@ -36,11 +40,24 @@ def cancel(sandbox, program, window):
     steps.expect_end(sandbox, program, cleanup=False)
 
 
-def copy_all(keyboard):
-    """Copies all of the box to the clipboard and puts the cursor at its end."""
-    keyboard.key("Control_L", "a")
-    keyboard.key("Control_L", "c")
-    keyboard.key("Control_L", "End")
+def copied(sandbox, window):
+    """What is in the box, as another application gets it: all is selected and copied."""
+    clipboard = sandbox.display.clipboard
+    with clipboard.holding("older"):
+        window.keyboard.key("Control_L", "a")
+        window.keyboard.key("Control_L", "c")
+        return wait.until(clipboard.read, "the copy", accept=lambda text: text != "older")
+
+
+def paste_first(sandbox, window, text):
+    """Pastes into the empty box and waits until the text has arrived."""
+    steps.write(window, "")
+    with sandbox.display.clipboard.holding(text):
+        window.keyboard.key("Control_L", "v")
+        window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)
+
+
+# What is typed ---------------------------------------------------------------------------------
 
 
 def test_words_are_sent_as_typed(sandbox, program, window):
@@ -64,7 +81,10 @@ def test_page_3_sends_the_raw_text_first(sandbox, program):
     cancel(sandbox, program, window)
 
 
-def test_submit_is_for_text_only(sandbox, program, window):
+@pytest.mark.parametrize("reason", (3, 4))
+def test_submit_is_for_text_only(sandbox, program, reason):
+    window = program.window()
+    steps.choose(sandbox, window, reason)
     window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_DISABLED_BORDER)
     window.click(layout.FEEDBACK_SUBMIT)
     steps.write(window, " ")
@@ -72,26 +92,82 @@ def test_submit_is_for_text_only(sandbox, program, window):
     window.keyboard.key("BackSpace")
     window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_DISABLED_BORDER)
     window.click(layout.FEEDBACK_SUBMIT)
-    window.keyboard.type("x")
-    assert submit(sandbox, window) == "x"
+    steps.write(window, " ")
+    assert submit(sandbox, window) == " "
     cancel(sandbox, program, window)
 
 
 def test_typing_stops_at_the_limit(sandbox, program, window):
-    text = "".join(f"{number:03} " for number in range(200))
-    steps.write(window, text[: LIMIT + 20])
-    assert submit(sandbox, window) == text[:LIMIT]
+    steps.write(window, NUMBERS[: LIMIT + 20])
+    assert copied(sandbox, window) == NUMBERS[:LIMIT]
+    assert submit(sandbox, window) == NUMBERS[:LIMIT]
     cancel(sandbox, program, window)
 
 
-def test_pasting_stops_at_the_limit(sandbox, program, window):
+def test_at_the_limit_typing_cuts_the_end_and_goes_there(sandbox, program, window):
+    paste_first(sandbox, window, NUMBERS[:LIMIT])
+    assert copied(sandbox, window) == NUMBERS[:LIMIT]
+    window.keyboard.key("Control_L", "Home")
+    window.keyboard.type("a")  # goes in, the last character out, and the cursor to the end
+    window.keyboard.type("b")  # is one too many there
+    window.keyboard.key("BackSpace")
+    window.keyboard.type("c")
+    assert submit(sandbox, window) == "a" + NUMBERS[: LIMIT - 2] + "c"
+    cancel(sandbox, program, window)
+
+
+# What is pasted --------------------------------------------------------------------------------
+
+
+@pytest.mark.parametrize("keys", (("Control_L", "v"), ("Shift_L", "Insert")), ids="+".join)
+def test_pasting_from_elsewhere_stops_at_the_limit(sandbox, program, window, keys):
+    steps.write(window, "")
+    with sandbox.display.clipboard.holding(NUMBERS):
+        window.keyboard.key(*keys)
+        assert submit(sandbox, window) == NUMBERS[:LIMIT]
+    cancel(sandbox, program, window)
+
+
+def test_the_middle_button_pastes_to_the_limit(sandbox, program, window):
+    steps.write(window, "")
+    place = window.place(BOX)
+    with sandbox.display.clipboard.holding(NUMBERS, "PRIMARY"):
+        window.keyboard.click(place.x, place.y, MIDDLE)
+        assert submit(sandbox, window) == NUMBERS[:LIMIT]
+    cancel(sandbox, program, window)
+
+
+@pytest.mark.parametrize("held, inserted", ((690, 10), (699, 1), (700, 0)))
+def test_pasting_fills_up_what_is_left(sandbox, program, window, held, inserted):
+    paste_first(sandbox, window, "x" * held)
+    assert copied(sandbox, window) == "x" * held
+    window.keyboard.key("Control_L", "End")
+    with sandbox.display.clipboard.holding(NUMBERS):
+        window.keyboard.key("Control_L", "v")
+        assert submit(sandbox, window) == "x" * held + NUMBERS[:inserted]
+    cancel(sandbox, program, window)
+
+
+def test_pasting_the_own_text_again_and_again(sandbox, program, window):
     text = "0123456789abcdefghijklmnopqrstuvwxyz\n"
     steps.write(window, text)
-    copy_all(window.keyboard)
+    assert copied(sandbox, window) == text
+    window.keyboard.key("Control_L", "End")
     for _ in range(20):
         window.keyboard.key("Control_L", "v")
     assert submit(sandbox, window) == (text * 21)[:LIMIT]
     cancel(sandbox, program, window)
+
+
+def test_any_language_goes_in_and_out(sandbox, program, window):
+    text = "gr\u00f6\u00dfer \u2013 \u65e5\u672c\u8a9e \u0639\u0631\u0628\u064a \U0001f600\nend"
+    paste_first(sandbox, window, text)
+    assert copied(sandbox, window) == text
+    assert submit(sandbox, window) == text
+    cancel(sandbox, program, window)
+
+
+# Mouse and keys --------------------------------------------------------------------------------
 
 
 def test_a_selection_is_replaced_by_what_is_typed(sandbox, program, window):
@@ -99,23 +175,63 @@ def test_a_selection_is_replaced_by_what_is_typed(sandbox, program, window):
     start = window.place(layout.Point(layout.FEEDBACK.left + 17, layout.FEEDBACK.top + 16))
     window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)  # the words have arrived
     window.keyboard.drag(start, layout.Point(start.x + 300, start.y))
+    # The toolkit keeps a move of the mouse back until it paints; a key would overtake it.
+    line = layout.Rect(layout.FEEDBACK.left + 16, layout.FEEDBACK.top + 8, 60, 16)
+    wait.until(lambda: window.screen.share(window.area(line), layout.SELECTION),
+               "the words to be selected", accept=lambda share: share > 0.3)
     window.keyboard.type("all")
     assert submit(sandbox, window) == "all"
     cancel(sandbox, program, window)
 
 
-def test_tab_leaves_the_box(sandbox, program, window):
+def test_tab_leads_through_the_box_to_the_coupon(sandbox, program, window):
     steps.write(window, "x")
+    window.keyboard.key("Tab")
+    window.keyboard.key("Shift_L", "Tab")
+    window.keyboard.type("y")
     window.keyboard.key("Tab")
     window.keyboard.key("space")
     steps.wait_coupon(window)
-    assert sent(sandbox) == "x"
+    assert sent(sandbox) == "xy"
+    window.keyboard.key("Tab")
+    window.keyboard.key("Return")
+    steps.wait_event(sandbox, "Click_Gift_Url")
     cancel(sandbox, program, window)
 
 
-def test_the_link_leaves_the_page_as_it_is(sandbox, program, window):
+def test_shift_tab_leaves_the_box_for_the_title_bar(sandbox, program, window):
+    steps.write(window, "x")
+    window.keyboard.key("Shift_L", "Tab")
+    window.keyboard.key("space")
+    steps.expect_end(sandbox, program, cleanup=False)
+
+
+def test_escape_does_nothing_in_the_box(sandbox, program, window):
+    steps.write(window, "x")
+    window.keyboard.key("Escape")
+    window.keyboard.type("y")
+    assert submit(sandbox, window) == "xy"
+    cancel(sandbox, program, window)
+
+
+def test_the_link_leaves_the_text_as_it_is(sandbox, program, window):
+    steps.write(window, "x")
     window.click(layout.FEEDBACK_LINK)
     steps.wait_event(sandbox, "Click_Text_Url")
-    steps.write(window, "x")
     assert submit(sandbox, window) == "x"
     cancel(sandbox, program, window)
+
+
+def test_the_box_can_be_used_while_the_uninstaller_runs(sandbox, program, window):
+    hold = sandbox.hold("uninstall.exe")
+    steps.write(window, "before")
+    steps.uninstall(window)
+    first = steps.wait_climbing(window)
+    steps.write(window, ", during")
+    assert copied(sandbox, window) == "before, during"
+    assert submit(sandbox, window) == "before, during"
+    steps.wait_climbing(window, first)
+    hold.unlink()
+    steps.wait_complete(window)
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=True)

@@ -21,7 +21,11 @@ FocusScope {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: {
+        if (enabled) {
+            clicked()
+        }
+    }
 
     Keys.onPressed: {
         if (event.key === Qt.Key_Space && !event.isAutoRepeat) {
