@@ -13,11 +13,9 @@
 
 namespace {
 
-constexpr std::size_t kPathCapacity = 260;
-
 void EnterProgramDirectory()
 {
-    const std::wstring executable = platform::ExecutablePathWide(kPathCapacity);
+    const std::wstring executable = platform::ExecutablePathWide(platform::kPathCapacity);
     const std::size_t cut = executable.rfind(platform::kNativeSeparatorWide);
     // Deliberately without effect: what is handed over is what remains at the cut, not before it.
     platform::ChangeDirectory(cut == std::wstring::npos ? nullptr : L"");

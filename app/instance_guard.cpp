@@ -2,8 +2,6 @@
 
 #include "platform/named_mutex.h"
 
-#include <cstdint>
-
 namespace {
 
 constexpr const wchar_t *kInstanceMutexName = L"ktr_uninstall_version_2023_Ostrel_Torvan";
@@ -16,11 +14,16 @@ platform::NamedMutex &InstanceMutex()
 
 } // namespace
 
+bool MeansAlreadyRunning(std::uint32_t error)
+{
+    return error == platform::kErrorAccessDenied || error == platform::kErrorAlreadyExists;
+}
+
 bool CheckAlreadyRunning()
 {
     std::uint32_t error = platform::kErrorNone;
     InstanceMutex() = platform::NamedMutex::Create(kInstanceMutexName, error);
-    if (error == platform::kErrorAccessDenied || error == platform::kErrorAlreadyExists) {
+    if (MeansAlreadyRunning(error)) {
         InstanceMutex().Close();
         return true;
     }

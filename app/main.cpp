@@ -3,19 +3,17 @@
 #include "app/environment.h"
 #include "app/instance_guard.h"
 #include "app/language.h"
+#include "app/main_window.h"
 #include "app/process_utils.h"
 #include "app/program.h"
 #include "app/window_handle_file.h"
 #include "controller/uninstall_mgr.h"
 
-#include <QDir>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QResource>
 #include <QTranslator>
-#include <QUrl>
 
 #include <cstdlib>
 
@@ -41,26 +39,12 @@ int RunProgram(int argc, char **argv)
     QQmlApplicationEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("uninstallMgr"), &uninstallMgr);
 
-    const QString iconPath =
-        QDir::cleanPath(QStringLiteral("%1/../res/install_box.ico").arg(programDir));
-    QGuiApplication::setWindowIcon(QIcon(iconPath));
+    ApplyWindowIcon(programDir);
 
     QTranslator translator;
     LoadTranslation(&translator, &engine);
 
-    const QUrl mainUrl(QStringLiteral("qrc:/Main.qml"), QUrl::TolerantMode);
-    // Queued: the loop that this ends does not run yet when a load fails.
-    QObject::connect(
-        &engine,
-        &QQmlApplicationEngine::objectCreated,
-        &application,
-        [mainUrl](QObject *object, const QUrl &url) {
-            if (object == nullptr && url == mainUrl) {
-                QCoreApplication::exit(-1);
-            }
-        },
-        Qt::QueuedConnection);
-    engine.load(mainUrl);
+    LoadMainWindow(&engine);
     PublishWindowHandle(engine);
 
     QGuiApplication::exec();
@@ -77,9 +61,4 @@ int RunProgram(int argc, char **argv)
     // Ends here, so that nothing above is destroyed: there is no orderly way out of a half-dead
     // engine that would be worth the user's wait.
     std::exit(0);
-}
-
-int main(int argc, char **argv)
-{
-    return RunProgram(argc, argv);
 }

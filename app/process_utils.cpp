@@ -11,12 +11,11 @@
 
 namespace {
 
-constexpr std::size_t kPathCapacity = 260;
 constexpr std::array<const wchar_t *, 1> kTelemetryHelpers = {L"SkyrelWrapExe.exe"};
 
 bool LiesIn(const platform::OpenedProcess &process, const std::wstring &dir)
 {
-    const auto path = process.ImagePath(kPathCapacity);
+    const auto path = process.ImagePath(platform::kPathCapacity);
     return path && platform::EqualsIgnoringCase(DirectoryOf(*path), dir);
 }
 
@@ -31,7 +30,7 @@ std::wstring DirectoryOf(const std::wstring &path)
 
 std::wstring GetModuleDirW()
 {
-    return DirectoryOf(platform::ExecutablePathWide(kPathCapacity));
+    return DirectoryOf(platform::ExecutablePathWide(platform::kPathCapacity));
 }
 
 bool KillProcessInDir(const std::wstring &name, const std::wstring &dir)

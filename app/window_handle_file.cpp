@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr std::size_t kPathCapacity = 260;
 using HandleBytes = std::array<char, sizeof(platform::WindowHandle)>;
 
 platform::WindowHandle ReadWindowHandle()
@@ -28,12 +27,16 @@ platform::WindowHandle ReadWindowHandle()
 
 } // namespace
 
-std::string GetHwndFilePath()
+std::string HwndFilePathOf(const std::string &executable)
 {
-    const std::string executable = platform::ExecutablePath(kPathCapacity);
     const std::string directory =
         executable.substr(0, executable.rfind(platform::kNativeSeparator));
     return directory + platform::kNativeSeparator + "hwndFile.ini";
+}
+
+std::string GetHwndFilePath()
+{
+    return HwndFilePathOf(platform::ExecutablePath(platform::kPathCapacity));
 }
 
 void PublishWindowHandle(const QQmlApplicationEngine &engine)

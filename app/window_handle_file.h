@@ -10,6 +10,9 @@ class QQmlApplicationEngine;
 /// "hwndFile.ini" beside the executable, eight bytes, the native handle in little-endian order.
 std::string GetHwndFilePath();
 
+/// The same for any executable's path; one without a directory is taken for the directory.
+std::string HwndFilePathOf(const std::string &executable);
+
 /// Writes the native handle of the engine's first window to the file; no file without a window.
 void PublishWindowHandle(const QQmlApplicationEngine &engine);
 

@@ -1,7 +1,6 @@
 #include "controller/uninstall_mgr.h"
 
 #include "controller/reason_list.h"
-#include "controller/ui_utility.h"
 #include "controller/uninstall_progress.h"
 #include "controller/window_shadow.h"
 
@@ -27,6 +26,8 @@ CUninstallMgr::CUninstallMgr()
 CUninstallMgr::CUninstallMgr(UninstallEnvironment environment)
     : environment(std::move(environment))
 {
+    // A coarse timer may fire early, and a step is never to be shorter than its interval.
+    progressTimer.setTimerType(Qt::PreciseTimer);
     connect(&progressTimer, &QTimer::timeout, this, &CUninstallMgr::slotTimeOut);
 }
 

@@ -24,6 +24,11 @@ ApplicationWindow {
     visible: true
     width: 640 + 2 * burOffset
     height: 408 + 2 * burOffset
+    // Of one size for good, whatever a window manager is asked for.
+    minimumWidth: 640 + 2 * burOffset
+    maximumWidth: 640 + 2 * burOffset
+    minimumHeight: 408 + 2 * burOffset
+    maximumHeight: 408 + 2 * burOffset
 
     Rectangle {
         id: bgRect

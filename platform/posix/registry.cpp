@@ -13,11 +13,11 @@ namespace platform {
 namespace {
 
 // Longer than any path that the kernel tells.
-constexpr std::size_t kPathCapacity = 4097;
+constexpr std::size_t kLongestPath = 4097;
 
 std::string RegistryFile()
 {
-    const std::string executable = ExecutablePath(kPathCapacity);
+    const std::string executable = ExecutablePath(kLongestPath);
     return executable.substr(0, executable.rfind('/') + 1) + "registry.reg";
 }
 

@@ -13,7 +13,6 @@ using platform::RegistryKey;
 namespace {
 
 constexpr std::size_t kTextCapacity = 260;
-constexpr std::size_t kPathCapacity = 260;
 constexpr std::size_t kVersionCapacity = 100;
 
 // Data that fills the buffer has no terminating zero, so the end of the buffer is one too.
@@ -50,7 +49,7 @@ std::string GetProductLanguage()
 
 std::wstring GetConfigVersionNo()
 {
-    return ConfigVersionNoOf(platform::ExecutablePathWide(kPathCapacity));
+    return ConfigVersionNoOf(platform::ExecutablePathWide(platform::kPathCapacity));
 }
 
 std::wstring ConfigVersionNoOf(const std::wstring &executable)

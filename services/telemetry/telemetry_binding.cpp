@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr std::size_t kPathCapacity = 260;
 constexpr std::string_view kLibraryName = SKYREL_LIBRARY;
 
 constexpr std::size_t IndexOf(std::string_view name)
@@ -33,17 +32,18 @@ TelemetryBinding::TelemetryBinding()
 
 bool TelemetryBinding::LoadTelemetryFromModuleDir()
 {
-    std::string path = platform::ExecutablePath(kPathCapacity);
-    const std::size_t separator = path.rfind(platform::kNativeSeparator);
+    const std::string path = LibraryPathOf(platform::ExecutablePath(platform::kPathCapacity));
+    return !path.empty() && LoadTelemetryLibrary(path.c_str());
+}
+
+std::string TelemetryBinding::LibraryPathOf(const std::string &executable)
+{
+    const std::size_t separator = executable.rfind(platform::kNativeSeparator);
     if (separator == std::string::npos) {
-        return false;
+        return {};
     }
-    path.erase(separator + 1);
-    if (path.size() + kLibraryName.size() >= kPathCapacity) {
-        return false;
-    }
-    path += kLibraryName;
-    return LoadTelemetryLibrary(path.c_str());
+    const std::string path = executable.substr(0, separator + 1).append(kLibraryName);
+    return path.size() < platform::kPathCapacity ? path : std::string();
 }
 
 bool TelemetryBinding::LoadTelemetryLibrary(const char *path)

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
+#include <string>
 
 #define SKYREL_QUOTED(name) #name,
 /// The library's exports in their order.
@@ -31,6 +32,9 @@ public:
     /// Loads "SkyrelWrap.DLL" from the executable's directory. False when the path cannot be had or
     /// with the file name reaches 260 bytes, and as `LoadTelemetryLibrary` says.
     bool LoadTelemetryFromModuleDir();
+
+    /// Where the library of the program at `executable` lies; empty as said above.
+    static std::string LibraryPathOf(const std::string &executable);
 
     /// Loads the library at `path` (narrow encoding) and resolves all entry points. True only when
     /// every one was found; what was found stays usable otherwise. False without any effect when

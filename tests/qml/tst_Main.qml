@@ -76,6 +76,8 @@ TestCase {
         open()
         compare(main.width, row.width)
         compare(main.height, row.height)
+        compare([main.minimumWidth, main.maximumWidth], [row.width, row.width])
+        compare([main.minimumHeight, main.maximumHeight], [row.height, row.height])
         compare(main.burOffset, row.offset)
         compare(main.exitCode, -2)
         compare(main.pageHome, 0)

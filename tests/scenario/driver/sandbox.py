@@ -119,12 +119,16 @@ class Sandbox:
         return self.system.environment(self.root, self.display.name)
 
     def start(
-        self, arguments: Iterable[str] = (), environment: dict[str, str | None] | None = None
+        self, arguments: Iterable[str] = (), environment: dict[str, str | None] | None = None,
+        under: Iterable[str] = (),
     ) -> RunningProgram:
-        """Starts the program; `environment` adds variables, or removes those given as None."""
+        """Starts the program; `environment` adds variables, or removes those given as None.
+
+        `under` is the command line of a program that then becomes the program, as `nice` does.
+        """
         variables: dict[str, str | None] = {**self.environment(), **(environment or {})}
         program = RunningProgram(
-            self.system.command(self.program_file, list(arguments)),
+            [*under, *self.system.command(self.program_file, list(arguments))],
             {name: value for name, value in variables.items() if value is not None},
             self.root, self._log(self.program_file.name), self.display, self.system,
         )

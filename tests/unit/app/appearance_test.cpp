@@ -1,8 +1,13 @@
 #include "app/appearance.h"
 
 #include <QColor>
+#include <QDir>
 #include <QGuiApplication>
+#include <QIcon>
+#include <QImage>
 #include <QPalette>
+#include <QPixmap>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +22,37 @@ TEST(LinkColour, IsTheLinkRoleOfThePaletteAndNothingElse)
     ApplyLinkColour();
     EXPECT_EQ(QGuiApplication::palette(), expected);
     QGuiApplication::setPalette(before);
+}
+
+class WindowIcon : public testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        QGuiApplication::setWindowIcon(QIcon());
+    }
+
+    QTemporaryDir product_;
+};
+
+TEST_F(WindowIcon, LiesBesideTheProgramDirectory)
+{
+    ASSERT_TRUE(QDir(product_.path()).mkdir(QStringLiteral("res")));
+    QImage picture(16, 16, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    // What is inside counts, not what the name says.
+    ASSERT_TRUE(picture.save(product_.filePath(QStringLiteral("res/install_box.ico")), "PNG"));
+    // The program directory itself need not be there for its parent to be.
+    ApplyWindowIcon(product_.filePath(QStringLiteral("bin")));
+    const QImage shown = QGuiApplication::windowIcon().pixmap(16).toImage();
+    ASSERT_EQ(shown.size(), picture.size());
+    EXPECT_EQ(shown.pixelColor(8, 8), QColor(Qt::green));
+}
+
+TEST_F(WindowIcon, AMissingOneIsNone)
+{
+    ApplyWindowIcon(product_.filePath(QStringLiteral("bin")));
+    EXPECT_TRUE(QGuiApplication::windowIcon().pixmap(16).isNull());
 }
 
 } // namespace

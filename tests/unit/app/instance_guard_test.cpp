@@ -9,6 +9,15 @@ namespace {
 
 constexpr wchar_t kName[] = L"ktr_uninstall_version_2023_Ostrel_Torvan";
 
+TEST(InstanceLockError, OnlyTakenAndForbiddenMeanAnotherInstance)
+{
+    EXPECT_TRUE(MeansAlreadyRunning(5));
+    EXPECT_TRUE(MeansAlreadyRunning(183));
+    for (const std::uint32_t error : {0U, 2U, 4U, 6U, 8U, 182U, 184U, 0xFFFFFFFFU}) {
+        EXPECT_FALSE(MeansAlreadyRunning(error)) << error;
+    }
+}
+
 class InstanceGuard : public testing::Test
 {
 protected:

@@ -1,7 +1,10 @@
 #include "app/window_handle_file.h"
+#include "platform/text.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
@@ -25,6 +28,19 @@ protected:
 
     const QString path_ = QCoreApplication::applicationDirPath() + QStringLiteral("/hwndFile.ini");
 };
+
+TEST(WindowHandleFilePath, ReplacesTheNameOfTheExecutable)
+{
+    const std::string separator(1, platform::kNativeSeparator);
+    const std::string name = separator + "hwndFile.ini";
+    EXPECT_EQ(HwndFilePathOf(separator + "a" + separator + "b.exe"), separator + "a" + name);
+    EXPECT_EQ(HwndFilePathOf(separator + "b.exe"), name);
+    EXPECT_EQ(HwndFilePathOf("b.exe"), "b.exe" + name);
+    EXPECT_EQ(HwndFilePathOf(""), name);
+    // Composed without a limit: only what is read has one.
+    const std::string deep = separator + std::string(255, 'd');
+    EXPECT_EQ(HwndFilePathOf(deep + separator + "b"), deep + name);
+}
 
 TEST_F(WindowHandleFile, LiesBesideTheExecutable)
 {
@@ -56,6 +72,18 @@ TEST_F(WindowHandleFile, HoldsTheHandleInEightBytesAndGoesAway)
     RemoveWindowHandleFile();
     EXPECT_FALSE(QFile::exists(path_));
     RemoveWindowHandleFile();
+}
+
+TEST_F(WindowHandleFile, WhatCannotBeWrittenReadOrDeletedDoesNoHarm)
+{
+    ASSERT_TRUE(QDir().mkpath(path_ + QStringLiteral("/occupied")));
+    QQmlApplicationEngine engine;
+    engine.loadData("import QtQuick.Window 2.14\nWindow {}");
+    PublishWindowHandle(engine);
+    ActivateRunningInstance();
+    RemoveWindowHandleFile();
+    EXPECT_TRUE(QFileInfo(path_).isDir());
+    QDir(path_).removeRecursively();
 }
 
 TEST_F(WindowHandleFile, IsNotWrittenWithoutAWindow)

@@ -1,4 +1,4 @@
-#include "controller/reason_list.h"
+#include "controller/uninstall_mgr.h"
 
 #include <QMetaType>
 
@@ -22,8 +22,9 @@ std::vector<int> Codes(const QVariantList &reasons)
 
 TEST(ReasonList, HoldsEveryReasonOnceAndOtherReasonsLast)
 {
+    CUninstallMgr manager;
     for (int call = 0; call < 100; ++call) {
-        std::vector<int> codes = Codes(ShuffledReasons());
+        std::vector<int> codes = Codes(manager.getReasonList());
         ASSERT_EQ(codes.size(), 4U);
         EXPECT_EQ(codes.back(), 4);
         std::sort(codes.begin(), codes.end());
@@ -36,8 +37,9 @@ TEST(ReasonList, HoldsEveryReasonOnceAndOtherReasonsLast)
 TEST(ReasonList, EveryOrderComesAboutEquallyOften)
 {
     std::map<std::vector<int>, int> seen;
+    CUninstallMgr manager;
     for (int call = 0; call < 600; ++call) {
-        ++seen[Codes(ShuffledReasons())];
+        ++seen[Codes(manager.getReasonList())];
     }
     ASSERT_EQ(seen.size(), 6U);
     for (const auto &order : seen) {

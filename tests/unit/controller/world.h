@@ -6,7 +6,6 @@
 #include <QMap>
 #include <QStringList>
 
-#include <functional>
 #include <utility>
 
 /// A world for the controller that writes down, in order, what it was asked for.
@@ -19,9 +18,6 @@ public:
         answers_ = std::move(answers);
     }
 
-    /// Runs whenever the controller lets events be processed.
-    std::function<void()> whileProcessingEvents = [] {
-    };
     QString kernelVersion;
     bool dropShadow = false;
     /// The remote configuration and the facts that offers are made of.
@@ -61,7 +57,6 @@ public:
         };
         environment.processEvents = [this] {
             asked_ << QStringLiteral("pump");
-            whileProcessingEvents();
         };
         environment.kernelVersion = [this] {
             return kernelVersion;

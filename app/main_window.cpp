@@ -1,0 +1,22 @@
+#include "app/main_window.h"
+
+#include <QCoreApplication>
+#include <QQmlApplicationEngine>
+#include <QUrl>
+
+void LoadMainWindow(QQmlApplicationEngine *engine)
+{
+    const QUrl mainUrl(QStringLiteral("qrc:/Main.qml"), QUrl::TolerantMode);
+    // Queued: the loop that this ends does not run yet when a load fails.
+    QObject::connect(
+        engine,
+        &QQmlApplicationEngine::objectCreated,
+        QCoreApplication::instance(),
+        [mainUrl](QObject *object, const QUrl &url) {
+            if (object == nullptr && url == mainUrl) {
+                QCoreApplication::exit(-1);
+            }
+        },
+        Qt::QueuedConnection);
+    engine->load(mainUrl);
+}
