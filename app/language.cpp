@@ -48,8 +48,9 @@ void LoadTranslation(QTranslator *translator, QQmlApplicationEngine *engine)
         return;
     }
     const QString language = TranslationLanguage();
-    QGuiApplication::setLayoutDirection(language == QLatin1String("Arabic") ? Qt::RightToLeft
-                                                                            : Qt::LeftToRight);
+    const Qt::LayoutDirection direction =
+        language == QLatin1String("Arabic") ? Qt::RightToLeft : Qt::LeftToRight;
+    QGuiApplication::setLayoutDirection(direction);
     const QString file = TranslationFile(language);
     if (!QFileInfo::exists(file)) {
         return;
@@ -57,5 +58,7 @@ void LoadTranslation(QTranslator *translator, QQmlApplicationEngine *engine)
     // A damaged file is installed like any other: it translates nothing.
     translator->load(file);
     QCoreApplication::installTranslator(translator);
+    // Again: a new translation makes the application take the direction that the file names.
+    QGuiApplication::setLayoutDirection(direction);
     engine->retranslate();
 }

@@ -61,6 +61,7 @@ def wait_given_up(sandbox: Sandbox) -> None:
 def expect_end(sandbox: Sandbox, program: RunningProgram, cleanup: bool) -> None:
     """The program ends with status 0 and, or not, with the clean-up and the companion ended."""
     assert program.wait_exit() == 0
+    events(sandbox)
     assert sandbox.read_handle() is None
     assert not sandbox.instance_lock_held()
     if cleanup:
@@ -85,11 +86,21 @@ REASONS = {
 
 
 def events(sandbox: Sandbox) -> list[tuple[str, str, str]]:
-    """The usage events so far: window, activity and attribute of each."""
+    """The usage events so far: window, activity and attribute of each.
+
+    Each is checked for the form in which the library wants all of them.
+    """
     found = []
     for entry in sandbox.journal("SkyrelWrap.DLL", "SkyrelSendInfo"):
-        pairs = entry.pairs()
-        found.append((pairs["Window"], pairs["Activity"], pairs.get("Attribute", "")))
+        names, values = zip(*(item.split("=", 1) for item in entry.items("pairs")))
+        assert names in (("torvanSendType", "Window", "Activity"),
+                         ("torvanSendType", "Window", "Activity", "Attribute")), entry
+        assert values[0] == "0"
+        # The two flags, the texts, the end marker.
+        assert entry.number("count") == 2 + 2 * len(names) + 1
+        assert (entry.text("flag"), entry.text("wide")) == ("0", "1")
+        found.append((*values[1:], "")[:3])
+    assert not sandbox.journal("SkyrelWrap.DLL", "unexpected")
     return found
 
 

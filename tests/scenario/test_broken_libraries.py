@@ -65,15 +65,18 @@ def test_a_library_missing_or_damaged(sandbox, library, content):
     ({f"length.{PRICE}": 7}, 'GetString leave. strRet= "$19.95"'),
     ({f"fill.{PRICE}": "none"}, 'GetString leave. strRet= ""'),
     ({f"length.{PRICE}": 1 << 20}, 'GetString leave. strRet= "$19.95"'),
-    ({f"length.{PRICE}": (1 << 31) - 1}, "GetString leave. strRet= "),
+    # There may be room for it or not.
+    ({f"length.{PRICE}": (1 << 31) - 1},
+     ('GetString leave. strRet= "$19.95"', f'"{PRICE} is too long! length:2147483648"')),
     ({f"string.{PRICE}": "x" * (1 << 20)}, 'GetString leave. strRet= "xxx'),
     ({f"string.{PRICE}": "a/"}, 'GetString leave. strRet= "a"'),
     ({f"string.{PRICE}": "a//"}, 'GetString leave. strRet= "a/"'),
-    ({f"string.{PRICE}": "\u7279\u60e0 50 %"}, "GetString leave. strRet= "),
+    ({f"string.{PRICE}": "\u7279\u60e0 50 %"}, 'GetString leave. strRet= "\u7279\u60e0 50 %"'),
 ))
 def test_a_configuration_that_fails_or_lies(sandbox, settings, line):
     sandbox.configure(CONFIG, **settings)
-    assert line in walk_through(sandbox).stderr
+    log = walk_through(sandbox).stderr
+    assert any(allowed in log for allowed in ((line,) if isinstance(line, str) else line))
 
 
 # A sanitizer has its own to say about it.

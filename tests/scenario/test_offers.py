@@ -35,12 +35,14 @@ def leave(sandbox, program, window):
     (None, "Arabic", "uninstall__180__Arabic"),
     (None, None, "uninstall__180"),
     ("", "", "uninstall__180"),
+    ("\u00c9cole", "\u4e2d\u6587", "\u00c9cole__uninstall__180__\u4e2d\u6587"),
 ))
 def test_what_is_asked_for_while_the_window_loads(sandbox, oem, language, prefix):
     sandbox.set_registry(language, oem, "5521")
+    suffix = (oem or "").lower()
     sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example", f"string.{LANDING}": "x",
-                                 f"string.{CART}__acme": "https://b.example",
-                                 f"string.{LANDING}__acme": "y"})
+                                 f"string.{CART}__{suffix}": "https://b.example",
+                                 f"string.{LANDING}__{suffix}": "y"})
     program = sandbox.start()
     window = program.ready()
     entries = sandbox.journal(CONFIG)
@@ -49,7 +51,6 @@ def test_what_is_asked_for_while_the_window_loads(sandbox, oem, language, prefix
     assert entries[2].text("mode") == "0"
     assert entries[3].text("prefix") == prefix
     assert len(sandbox.journal(CONFIG, "set_filter_environment")) == 1
-    suffix = (oem or "").lower()
     assert sorted(look_ups(sandbox)) == sorted([
         ("uninstall_coupon_4_ktr", ""), (CART, suffix),
         ("uninstall_coupon_4_others", ""), (LANDING, suffix)])
@@ -80,12 +81,21 @@ def test_a_coupon_opens_its_link(sandbox, reason, url, link):
     leave(sandbox, program, window)
 
 
-@pytest.mark.parametrize("xurl_key, xurl_id, tail", (
-    ("Software\\TORVAN\\KTR_dd", "77", "?x-url=1-77"),
-    ("Software\\WOW6432Node\\TORVAN\\KTR_dd", None, ""),
+# What the key of 32-bit programs and the other one hold; None is no key, "" one without the value.
+@pytest.mark.parametrize("first, second, tail", (
+    (None, "77", "?x-url=1-77"),
+    ("88", "77", "?x-url=1-88"),
+    ("", "77", ""),
+    (None, "", ""),
+    (None, None, ""),
+    (None, "\u00e4 1", "?x-url=1-%C3%A4%201"),
 ))
-def test_the_identifier_of_the_download(sandbox, xurl_key, xurl_id, tail):
-    sandbox.set_registry("English", None, xurl_id, xurl_key)
+def test_the_identifier_of_the_download(sandbox, first, second, tail):
+    values = {("Software\\TORVAN\\KTR", "Language"): "English"}
+    for key, text in (("WOW6432Node\\TORVAN\\KTR_dd", first), ("TORVAN\\KTR_dd", second)):
+        if text is not None:
+            values["Software\\" + key, "xurlID" if text else "something else"] = text or "x"
+    sandbox.system.write_registry(sandbox.bin, values)
     sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example"})
     program = sandbox.start()
     window = program.ready()

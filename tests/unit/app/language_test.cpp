@@ -61,6 +61,20 @@ protected:
         return QCoreApplication::translate("HomePage", "Uninstall");
     }
 
+    // A text of the interface, which counts how often it was looked up.
+    std::unique_ptr<QObject> MakeText()
+    {
+        QQmlComponent component(&engine);
+        component.setData("import QtQml 2.14; QtObject { property var count: ({n: 0})\n"
+                          "property int asked\n"
+                          "property string t: { count.n += 1; asked = count.n; "
+                          "return qsTranslate(\"HomePage\", \"Uninstall\") } }",
+                          QUrl());
+        std::unique_ptr<QObject> object(component.create());
+        EXPECT_NE(object, nullptr) << component.errorString().toStdString();
+        return object;
+    }
+
     QFont font;
     contract::RegistryValues values;
     QTranslator translator;
@@ -111,6 +125,16 @@ TEST_F(Language, OnlyArabicRunsFromRightToLeft)
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
 }
 
+// Installing a translation makes the application look for a direction in it.
+TEST_F(Language, ArabicRunsFromRightToLeftAlsoWithItsTranslation)
+{
+    Set("Arabic");
+    Provide(QStringLiteral("ktr_Arabic.qm"));
+    LoadTranslation(&translator, &engine);
+    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+    EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+}
+
 TEST_F(Language, WithoutATranslatorNothingHappens)
 {
     Set("Arabic");
@@ -145,6 +169,14 @@ TEST_F(Language, AnAbsentValueMeansEnglishTexts)
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
 }
 
+TEST_F(Language, AKeyWithoutTheValueMeansEnglishTextsToo)
+{
+    values.Create(kProduct);
+    Provide(QStringLiteral("ktr_English.qm"));
+    LoadTranslation(&translator, &engine);
+    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+}
+
 TEST_F(Language, AnEmptyValueIsAnEmptyName)
 {
     Set("");
@@ -158,11 +190,21 @@ TEST_F(Language, AnEmptyValueIsAnEmptyName)
 
 TEST_F(Language, ALongNameIsReadInFull)
 {
-    const std::string name(300, 'x'); // more than the font's way of reading holds
+    // More than the font's way of reading holds, and than one file name would.
+    const std::string name = std::string(200, 'x') + "/" + std::string(100, 'y');
     Set(name.c_str());
     ApplyApplicationFont();
     EXPECT_EQ(QGuiApplication::font().family(), QStringLiteral("Segoe UI"));
-    LoadTranslation(&translator, &engine); // no such file, and no fault
+    QDir().mkpath(Translations() + QStringLiteral("/ktr_") + QString(200, QLatin1Char('x')));
+    Provide(QStringLiteral("ktr_") + QString::fromStdString(name) + QStringLiteral(".qm"));
+    LoadTranslation(&translator, &engine);
+    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+}
+
+TEST_F(Language, ALongNameWithoutAFileIsNoFault)
+{
+    Set(std::string(5000, 'x').c_str());
+    LoadTranslation(&translator, &engine);
     EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
 }
 
@@ -170,24 +212,29 @@ TEST_F(Language, ADamagedFileIsInstalledAllTheSame)
 {
     Set("Klingon");
     Provide(QStringLiteral("ktr_Klingon.qm"), __FILE__);
+    const auto text = MakeText();
     LoadTranslation(&translator, &engine);
     EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
     EXPECT_TRUE(QCoreApplication::removeTranslator(&translator)) << "it was installed";
+    EXPECT_EQ(text->property("asked").toInt(), 2) << "what is shown was looked up anew";
+}
+
+TEST_F(Language, WithoutAFileNothingIsLookedUpAnew)
+{
+    Set("Klingon");
+    const auto text = MakeText();
+    LoadTranslation(&translator, &engine);
+    EXPECT_EQ(text->property("asked").toInt(), 1);
 }
 
 TEST_F(Language, WhatIsShownAlreadyIsTranslatedAnew)
 {
     Set("Klingon");
     Provide(QStringLiteral("ktr_Klingon.qm"));
-    QQmlComponent component(&engine);
-    component.setData("import QtQml 2.14; QtObject { property string t: qsTranslate(\"HomePage\", "
-                      "\"Uninstall\") }",
-                      QUrl());
-    const std::unique_ptr<QObject> object(component.create());
-    ASSERT_NE(object, nullptr);
-    EXPECT_EQ(object->property("t").toString(), QStringLiteral("Uninstall"));
+    const auto text = MakeText();
+    EXPECT_EQ(text->property("t").toString(), QStringLiteral("Uninstall"));
     LoadTranslation(&translator, &engine);
-    EXPECT_EQ(object->property("t").toString(), QStringLiteral("translated"));
+    EXPECT_EQ(text->property("t").toString(), QStringLiteral("translated"));
 }
 
 } // namespace

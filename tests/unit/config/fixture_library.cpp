@@ -3,6 +3,7 @@
 #include "services/config/config_contract.h"
 #include "tests/unit/config/fixture_state.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -67,7 +68,9 @@ std::int32_t GetStringValue(VantorConfig * /*config*/,
     if (state.overfilled.count(name) != 0) {
         std::memset(buffer, 'x', size);
     } else if (text != state.texts.end() && state.unfilled.count(name) == 0) {
-        std::strncpy(buffer, text->second.c_str(), size);
+        // Not a byte more than the text and its zero: what is offered may be two gigabytes.
+        const std::size_t length = std::min<std::size_t>(text->second.size() + 1, size);
+        std::memcpy(buffer, text->second.c_str(), length);
     }
     return 0;
 }
@@ -103,11 +106,13 @@ VantorConfig *create_config()
 }
 #endif
 
+#ifndef LACKS_RELEASE
 void release_config(VantorConfig **config);
 void release_config(VantorConfig **config)
 {
     state.calls.emplace_back(*config == &object ? "release the object" : "release something");
     *config = nullptr;
 }
+#endif
 
 } // extern "C"

@@ -1,12 +1,15 @@
 #include "controller/offers.h"
 #include "controller/uninstall_mgr.h"
 #include "tests/unit/controller/world.h"
+#include "tests/unit/platform/support/registry_values.h"
 
 #include <gtest/gtest.h>
 
 #include <QLocale>
+#include <QTextCodec>
 
 #include <memory>
+#include <string>
 
 namespace {
 
@@ -167,6 +170,37 @@ TEST_F(Offers, ThePrefixIsAppliedOnce)
     Offer(2);
     Offer(7);
     EXPECT_EQ(world.Asked().filter(QStringLiteral("tag ")).size(), 1);
+}
+
+TEST_F(Offers, EachControllerAppliesThePrefixAnew)
+{
+    Offer(1);
+    CUninstallMgr(world.Environment()).getPreferentialLink(1);
+    EXPECT_EQ(world.Asked().filter(QStringLiteral("tag ")).size(), 2);
+}
+
+TEST(OfferSources, TodayIsTheUsersDay)
+{
+    QDate before;
+    QDate seen;
+    do { // anew when midnight passes in between
+        before = QDate::currentDate();
+        seen = OfferSources::System().today();
+    } while (QDate::currentDate() != before);
+    EXPECT_EQ(seen, before);
+}
+
+TEST(OfferSources, FactsAreInTheSystemsEncoding)
+{
+    contract::RegistryValues values;
+    values.Set("Software\\TORVAN\\KTR\\Version", "OEM", std::string("\xA4") + '\0');
+    values.Set("Software\\TORVAN\\KTR_dd", "xurlID", std::string("\xE9") + '\0');
+    QTextCodec *const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
+    const OfferSources system = OfferSources::System();
+    EXPECT_EQ(system.oemName(), QString(QChar(0x20AC)));
+    EXPECT_EQ(system.xurlId(), QString(QChar(0xE9)));
+    QTextCodec::setCodecForLocale(before);
 }
 
 struct Version

@@ -112,6 +112,7 @@ TEST(UninstallMgr, OpensLinksButNotAnEmptyOne)
     ASSERT_EQ(world.Asked().size(), 3);
     EXPECT_EQ(world.Asked().at(0), QStringLiteral("open https://shop.example/cart?x=1"));
     EXPECT_EQ(world.Asked().at(1), QStringLiteral("open https://shop.example/a%20b%25zz"));
+    EXPECT_EQ(world.Asked().at(2), QStringLiteral("open "));
 }
 
 TEST(UninstallMgr, HandsUsageEventsOverInOrder)

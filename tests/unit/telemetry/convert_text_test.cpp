@@ -1,5 +1,7 @@
 #include "services/telemetry/convert_text.h"
 
+#include <QTextCodec>
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -20,6 +22,15 @@ TEST(ConvertText, EncodingNamesIgnoreCase)
                   std::string(kText.toLocal8Bit().constData()))
             << name;
     }
+}
+
+TEST(ConvertText, Local8BitIsTheSystemsOwn)
+{
+    QTextCodec *const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
+    EXPECT_EQ(ConvertText(QString::fromUtf8("\xE2\x82\xAC"), QStringLiteral("Local8Bit")), "\xA4");
+    EXPECT_EQ(ConvertText(QString::fromUtf8("\xE2\x82\xAC"), QStringLiteral("Latin")), "?");
+    QTextCodec::setCodecForLocale(before);
 }
 
 TEST(ConvertText, EverythingElseIsUtf8)

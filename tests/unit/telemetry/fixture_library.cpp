@@ -20,10 +20,12 @@ std::atomic<int> inside{0};
 std::atomic<int> overlaps{0};
 std::atomic<bool> held{false};
 
-// The end marker is 8-bit and the texts are wide: no text equals its bytes.
+// The end marker is 8-bit and the texts are wide: no text equals its bytes. Spelt out, as the
+// library itself does.
 bool IsEnd(const void *item)
 {
-    return std::strcmp(static_cast<const char *>(item), SKYREL_END_OF_LIST) == 0;
+    return std::strcmp(static_cast<const char *>(item),
+                       "SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60}") == 0;
 }
 
 std::string Narrow(const void *item)

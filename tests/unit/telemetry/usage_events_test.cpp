@@ -99,14 +99,13 @@ TEST(UsageEvent, DeepNestingIsNoDocumentAndIsWrapped)
     EXPECT_EQ(AttributeOf(deep.c_str()), "{\"attribute\":\"" + deep + "\"}");
 }
 
-// A half of a pair has no UTF-8; whatever becomes of it, the rest of the text must arrive.
-TEST(UsageEvent, ALoneSurrogateDoesNotLoseTheText)
+// A half of a pair has no UTF-8: JSON has a form for it.
+TEST(UsageEvent, ALoneSurrogateArrives)
 {
     const QString text = QStringLiteral("before") + QChar(0xD83D) + QStringLiteral("after");
     const UsageEventPairs pairs = ComposeUsageEvent(Text("w"), Text("a"), text, QString());
-    const QString sent = QString::fromStdU16String(pairs.back().second);
-    EXPECT_TRUE(sent.startsWith(QStringLiteral("{\"attribute\":\"before")));
-    EXPECT_TRUE(sent.endsWith(QStringLiteral("after\"}")));
+    EXPECT_EQ(QString::fromStdU16String(pairs.back().second),
+              QStringLiteral(R"({"attribute":"before\ud83dafter"})"));
 }
 
 TEST(UsageEvent, IsSentThroughTheFormOfItsLength)
@@ -131,15 +130,30 @@ TEST(UsageEvent, OnlyTwoToFivePairsAreSent)
     UsageEventPairs pairs;
     for (int count = 0; count <= 6; ++count) {
         SendPairs(binding, pairs);
-        EXPECT_EQ(fixture.NewCalls().empty(), count < 2 || count > 5) << count;
-        pairs.emplace_back(u"n", u"v");
+        std::string expected;
+        if (count >= 2 && count <= 5) {
+            expected = std::to_string(5 + 2 * count) + " wide torvanSendType=0";
+            for (int pair = 0; pair < count; ++pair) {
+                expected += " n" + std::to_string(pair) + "=v" + std::to_string(pair);
+            }
+            expected += "\n";
+        }
+        EXPECT_EQ(fixture.NewCalls(), expected);
+        const QString digit = QString::number(count);
+        pairs.emplace_back((QStringLiteral("n") + digit).toStdU16String(),
+                           (QStringLiteral("v") + digit).toStdU16String());
     }
 }
 
 // No library lies beside this program.
 TEST(UsageEvent, WithoutALibraryNothingHappens)
 {
+    Fixture another;
     SendUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S"));
+    EXPECT_EQ(another.NewCalls(), "");
+    TelemetryBinding unbound;
+    SendPairs(unbound, ComposeUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S")));
+    EXPECT_EQ(another.NewCalls(), "");
 }
 
 } // namespace
