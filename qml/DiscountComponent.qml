@@ -35,7 +35,7 @@ FocusScope {
         anchors.left: parent.left
         anchors.top: priceTxt.bottom
         anchors.topMargin: 14
-        width: Math.ceil(expireTxt.width) + 2 * 18
+        width: expireTxt.width + 2 * 18
         height: 24
         radius: 12
         color: "#00000000"

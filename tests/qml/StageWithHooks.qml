@@ -4,8 +4,10 @@ import QtQuick 2.14
 // wants to know about its pop-ups.
 Stage {
     property real blur: 8
+    property var notified: null
 
     function notifyPopup(popup, shown) {
+        notified = popup
         uninstallMgr.note("notifyPopup " + (popup.titleHeight !== undefined) + " " + shown)
     }
 }

@@ -52,24 +52,35 @@ function looksLike(drawn, colour, delta) {
     })
 }
 
-// Moves the real pointer so that the control is in the state named.
+// Brings the control into the state named, with the real pointer. Disabling takes the mouse away
+// from a control, but not a key that is held down.
 function enter(test, control, state) {
     var words = state.split(" while ")
     var pointer = words[words.length - 1]
+    var disabled = words[0] === "disabled"
     if (pointer === "hovered" || pointer === "pressed") {
         test.mouseMove(control, control.width / 2, control.height / 2)
         test.tryCompare(control, "hovered", true)
     }
-    if (pointer === "pressed") {
+    if (pointer === "pressed" && disabled) {
+        control.forceActiveFocus()
+        test.keyPress(Qt.Key_Space)
+    } else if (pointer === "pressed") {
         test.mousePress(control, control.width / 2, control.height / 2)
+    }
+    if (pointer === "pressed") {
         test.tryCompare(control, "pressed", true)
     }
-    if (words[0] === "disabled") {
+    if (disabled) {
         control.enabled = false
+        if (pointer !== "disabled") {
+            test.compare(control[pointer], true, "it is " + state)
+        }
     }
 }
 
 function leave(test, control) {
     test.mouseRelease(control, control.width / 2, control.height / 2)
+    test.keyRelease(Qt.Key_Space)
     test.mouseMove(test, test.width - 1, test.height - 1)
 }

@@ -49,7 +49,12 @@ bool RecordingMgr::isKTRRunning()
 
 int RecordingMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
 {
-    record({QStringLiteral("popMsgBox"), b, exitCode});
+    // A parent of its own would mean a wait of its own.
+    QVariantList call{QStringLiteral("popMsgBox"), b, exitCode};
+    if (parent != nullptr) {
+        call.append(QVariant::fromValue<QObject *>(parent));
+    }
+    record(call);
     auto &loop = m_loops[parent];
     if (!loop) {
         loop = std::make_shared<QEventLoop>();

@@ -88,7 +88,7 @@ TestCase {
         var text = withText("Validity period: 12/31/2026")
         var box = badge()
         compare([box.x, box.y], [0, price.y + price.height + described.badge.gap])
-        compare(box.width, Math.ceil(text.width) + 2 * described.badge.padding)
+        compare(box.width, text.width + 2 * described.badge.padding)
         compare(box.radius, described.badge.radius)
         verify(Qt.colorEqual(text.color, described.validity.colour))
         compare(text.font.pixelSize, described.validity.size)

@@ -185,9 +185,14 @@ TestCase {
     function test_run() {
         var seen = null
         var announced = []
+        var pageAt = {}
         page().uninstalling.connect(function(running) {
             announced.push(running)
             uninstallMgr.note("uninstalling " + running)
+            pageAt[running] = [
+                progressLabel().visible, progressLabel().text, bar().visible,
+                cancelButton().enabled, uninstallButton().enabled, uninstallButton().visible
+            ]
         })
         insideRun = function() {
             seen = [progressLabel().visible, bar().visible, cancelButton().enabled,
@@ -212,12 +217,22 @@ TestCase {
         tryVerify(function() { return announced.length > 1 })
         compare(bar().value, 100)
         compare(announced, [true, false])
+        // Each announcement comes when the page shows it already.
+        compare(pageAt[true], [true, "Unistalling\u2026", true, false, false, true])
+        compare(pageAt[false].slice(0, 4), [true, "Unistall complete!", false, true])
+        compare(pageAt[false][5], false)
         compare(progressLabel().text, "Unistall complete!")
         compare(progressLabel().color.toString(), "#10a91d")
         compare(progressLabel().visible, true)
         compare([bar().visible, uninstallButton().visible], [false, false])
         compare([cancelButton().enabled, cancelButton().text], [true, "OK"])
         compare(closeButton().enabled, true)
+    }
+
+    function test_beyondTheEndIsCompleteToo() {
+        uninstallMgr.valProgress = 150
+        tryCompare(progressLabel(), "text", "Unistall complete!")
+        compare([bar().visible, uninstallButton().visible], [false, false])
     }
 
     function test_closingAfterCompletion_data() {

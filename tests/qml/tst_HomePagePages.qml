@@ -188,14 +188,16 @@ TestCase {
         home().currentPageChanged.connect(function() { uninstallMgr.note("page") })
         label.textChanged.connect(function() { uninstallMgr.note(label.text) })
         pages()[2].perferentialInfoChanged.connect(function() { uninstallMgr.note("coupon") })
+        pages()[2].visibleChanged.connect(function() { uninstallMgr.note("shown") })
+        pages()[row.number].visibleChanged.connect(function() { uninstallMgr.note("hidden") })
         part(row.number, "TextArea").text = "x"
         mouseClick(part(row.number, "ZoRoundButton"))
         var steps = uninstallMgr.calls.map(function(call) {
             return call[0] === "note" ? call[1] : call[0] === "sendUserInfo" ? call[2] : call[0]
         })
         compare(steps, (row.number === 3 ? ["Click_Submit"] : []).concat(
-                    ["Result_Question_What_Problem", "page", titles[2], titles[5],
-                     "getPreferentialLink", "coupon"]))
+                    ["Result_Question_What_Problem", "hidden", "page", "shown", titles[2],
+                     titles[5], "getPreferentialLink", "coupon"]))
     }
 
     function test_theLinkOfAFeedbackPageHasItsOwnOffer_data() {

@@ -82,8 +82,7 @@ TestCase {
         compare(main.exitCode, -2)
         compare(main.pageHome, 0)
         compare(main.color.toString(), "#00000000")
-        compare(main.flags & (Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint),
-                Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint)
+        compare(main.flags, Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint)
     }
 
     function test_shadowIsAskedForOnce() {
@@ -205,6 +204,47 @@ TestCase {
         mouseMove(titleBar(), 110, 21, -1, Qt.LeftButton)
         compare([main.x, main.y], [50, 55])
         mouseRelease(titleBar(), 110, 21)
+    }
+
+    // The whole bar is the handle: its corners, its last row, and next to the close button.
+    function test_dragFromAnyPointOfTheBar_data() {
+        return [[0, 0], [639, 0], [0, 31], [639, 31], [615, 16], [633, 16], [624, 7], [624, 25]]
+            .map(function(at) { return { tag: at.join(","), x: at[0], y: at[1] } })
+    }
+
+    function test_dragFromAnyPointOfTheBar(row) {
+        open()
+        main.x = 40
+        main.y = 50
+        mousePress(titleBar(), row.x, row.y)
+        mouseMove(titleBar(), row.x + 10, row.y + 5, -1, Qt.LeftButton)
+        compare([main.x, main.y], [50, 55])
+        mouseRelease(titleBar(), row.x + 10, row.y + 5)
+    }
+
+    function test_belowTheBarIsNoHandle() {
+        open()
+        main.x = 40
+        main.y = 50
+        mousePress(titleBar(), 100, 33)
+        mouseMove(titleBar(), 110, 38, -1, Qt.LeftButton)
+        compare([main.x, main.y], [40, 50])
+        mouseRelease(titleBar(), 110, 38)
+    }
+
+    function test_doubleClickDoesNothing() {
+        open()
+        mouseDoubleClickSequence(titleBar(), 100, 16)
+        compare(main.visibility, Window.Windowed)
+        compare([main.width, main.height], [640, 408])
+        compare(codes(), [])
+    }
+
+    function test_titleBarHasNothingButItsButton() {
+        open()
+        compare(Parts.all(titleBar(), "Text").length, 0)
+        compare(Parts.all(titleBar(), "Image").length, 1)
+        compare(Parts.all(titleBar(), "ZoImageButton").length, 1)
     }
 
     function test_onlyTheLeftButtonDrags() {

@@ -262,6 +262,59 @@ TestCase {
         popup.close()
     }
 
+    function test_dragFromAnyPointOfTheBar_data() {
+        return [[0, 0], [597, 0], [0, 30], [597, 30], [565, 15], [583, 15]]
+            .map(function(at) { return { tag: at.join(","), x: at[0], y: at[1] } })
+    }
+
+    function test_dragFromAnyPointOfTheBar(row) {
+        var popup = show()
+        var x = popup.x
+        var bar = titleBar(popup)
+        mousePress(bar, row.x, row.y)
+        mouseMove(bar, row.x + 10, row.y)
+        compare(popup.x, x + 10)
+        mouseRelease(bar, row.x + 10, row.y)
+        popup.close()
+    }
+
+    function test_bodyWithoutBorder() {
+        var popup = show({ content: colouredBody, haveBorder: false })
+        var loader = body(popup)
+        compare(loader.y + loader.height, 240 - row(popup).height)
+        popup.setButtons(["OK"])
+        tryCompare(row(popup), "height", 28)
+        compare(loader.y + loader.height, 240 - 28)
+        popup.close()
+    }
+
+    Component {
+        id: declared
+        ZoPopWindow {
+            defaultIndex: 1
+            btnWidth: 60
+            buttons: ["a", "b"]
+            states: State {
+                name: "shouting"
+                PropertyChanges { target: shout; text: "changed" }
+            }
+            property QtObject shouted: QtObject { id: shout; property string text: "" }
+        }
+    }
+
+    function test_declaredButtonsAndStates() {
+        var popup = declared.createObject(stage)
+        popup.open()
+        compare(rowButtons(popup).map(function(button) { return button.text }), ["a", "b"])
+        compare(rowButtons(popup).map(function(button) { return button.width }), [60, 60])
+        compare(rowButtons(popup).map(function(button) {
+            return Qt.colorEqual(button.bgColor, "#1F6FFF")
+        }), [false, true])
+        popup.state = "shouting"
+        compare(popup.shouted.text, "changed")
+        popup.close()
+    }
+
     function test_body() {
         var popup = show({ content: colouredBody, bgColor: "#123456" })
         var loader = body(popup)
@@ -406,6 +459,15 @@ TestCase {
         tryGone()
         compare(notes()[0], "notifyPopup true true")
         verify(notes().indexOf("notifyPopup true false") > 0, notes())
+    }
+
+    function test_mainWindowIsToldOfHiding() {
+        stage = createTemporaryObject(hookedStage, test)
+        var popup = show()
+        compare(stage.notified, popup)
+        popup.visible = false
+        compare(notes(), ["notifyPopup true true", "notifyPopup true false"])
+        popup.close()
     }
 
     function test_closeBySystemDestroys() {

@@ -227,6 +227,18 @@ TestCase {
         Parts.leave(test, button)
     }
 
+    // A state without a value of its own takes that of the next weaker one.
+    function test_missingValuesUnderEnabled() {
+        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        table.textColor = { enabled: { normal: "#010101", hovered: "#020202" }, disabled: "#040404" }
+        table.bgColor.opacity = { enabled: { normal: 0.9 }, disabled: 0.2 }
+        var button = make({ properties: table })
+        Parts.enter(test, button, "pressed")
+        verify(Qt.colorEqual(Parts.text(button).color, "#020202"), Parts.text(button).color)
+        compare(button.bgOpacity, 0.9)
+        Parts.leave(test, button)
+    }
+
     Gradient {
         id: someGradient
         GradientStop { position: 0; color: "red" }
@@ -269,7 +281,7 @@ TestCase {
         var button = make()
         probe.tap(button, button.x + 50, button.y + 14)
         tryCompare(clicks, "count", 1)
-        compare(button.pressed, false)
+        compare([button.pressed, button.hovered], [false, false])
     }
 
     function test_keys_data() {

@@ -125,7 +125,7 @@ QVariantList UiProbe::below(QObject *object, const QString &className) const
     QVariantList found;
     const auto children = object->findChildren<QObject *>();
     for (QObject *child : children) {
-        if (child->metaObject()->className() == className) {
+        if (QLatin1String(child->metaObject()->className()).startsWith(className)) {
             found.append(QVariant::fromValue(child));
         }
     }

@@ -28,7 +28,8 @@ public:
     Q_INVOKABLE bool save(QObject *itemOrWindow, const QString &path) const;
     /// A variable of the environment; empty when it is not set.
     Q_INVOKABLE QString environment(const QString &name) const;
-    /// Objects below another one that are no items, such as animations, by the name of their class.
+    /// Objects below another one that need be no items, such as animations and windows, by the
+    /// beginning of their class name.
     Q_INVOKABLE QVariantList below(QObject *object, const QString &className) const;
     /// Closes a window as a window manager does.
     Q_INVOKABLE void closeBySystem(QObject *window) const;

@@ -123,7 +123,7 @@ def test_close(sandbox, program, state, path):
     if expected == STAYS:
         # A window that answers a drag has seen what came before it. The box blocks the window.
         answers = program.box() if state is box_up else window
-        answers.drag(layout.TITLE_GRIP, 30, 20)
+        answers.drag(layout.BOX_TITLE_GRIP if state is box_up else layout.TITLE_GRIP, 30, 20)
         assert window in program.windows() and program.running
         go_on()
         expect_end(sandbox, program, cleanup=reaches_the_end)

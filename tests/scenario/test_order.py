@@ -8,7 +8,6 @@ from pathlib import Path
 import pytest
 
 from driver import layout, wait
-from driver.system import MUTEX
 from steps import expect_end, uninstall, wait_complete
 
 TRACED = "openat,flock,chdir,kill,pidfd_send_signal,clone,clone3,fork,vfork,unlink,exit_group"

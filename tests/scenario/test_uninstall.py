@@ -34,6 +34,72 @@ def test_uninstalls_to_completion(sandbox, program):
     assert len(sandbox.journal("uninstall.exe", "start")) == 1
 
 
+def test_the_bar_holds_just_below_the_end_while_the_uninstaller_runs(sandbox, program):
+    hold = sandbox.hold("uninstall.exe")
+    sandbox.configure("tasklist", note=1)
+    window = program.window()
+    uninstall(window)
+    climbed = wait_climbing(window)
+    assert climbed < 0.5
+    wait_climbing(window, 0.985)
+    asked = len(sandbox.journal("tasklist", "query"))
+    wait.until(lambda: len(sandbox.journal("tasklist", "query")) > asked + 5, "five more questions")
+    assert 0.985 < window.bar_fraction() < 1.0
+    hold.unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_the_uninstaller_may_appear_late(sandbox, program):
+    hold = sandbox.hold("uninstall.exe")
+    sandbox.configure("tasklist", hide="uninstall.exe", note=1)
+    window = program.window()
+    uninstall(window)
+
+    def asked():
+        return sum("uninstall.exe" in entry.text("args")
+                   for entry in sandbox.journal("tasklist", "query"))
+
+    wait.until(asked, "three questions in vain", accept=lambda count: count >= 3)
+    sandbox.configure("tasklist", hide=None)
+    wait_climbing(window)
+    hold.unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_without_a_task_list_nothing_is_seen_to_run(sandbox, program):
+    # Gone in the middle of the run: no answer is the answer that the uninstaller has gone.
+    hold = sandbox.hold("uninstall.exe")
+    window = program.window()
+    uninstall(window)
+    wait_climbing(window)
+    sandbox.locate("tasklist").unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+    hold.unlink()
+
+
+def test_uninstall_cannot_be_pressed_while_the_warning_is_up(sandbox, program):
+    sandbox.spawn("KTRUI.exe")
+    sandbox.wait_noted("KTRUI.exe", "start")
+    window = program.window()
+    uninstall(window)
+    box = program.box()
+    uninstall(window)
+    # The box answers a drag, so it has seen what came before.
+    box.drag(layout.BOX_TITLE_GRIP, 20, 10)
+    assert len(program.windows()) == 2
+    box.click(layout.BOX_OK)
+    box.wait_gone()
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+    assert len(sandbox.journal("SkyrelWrap.DLL", "SkyrelSendInfo")) == 1
+
+
 def test_clean_up_runs_hidden_idle_and_in_the_temp_directory(sandbox, program):
     sandbox.configure("uninstall.exe", run_ms=1000)
     window = program.window()

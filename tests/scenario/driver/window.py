@@ -189,12 +189,29 @@ class Window:
         """What is to be seen where the window is."""
         return self._display.screen.picture(self._geometry())
 
+    @property
+    def icon_sizes(self) -> list[tuple[int, int]]:
+        """The sizes of the pictures that it gives the desktop for itself."""
+        data = list(self._property("_NET_WM_ICON", Xatom.CARDINAL) or [])
+        sizes = []
+        while data:
+            width, height = data[:2]
+            sizes.append((width, height))
+            del data[: 2 + width * height]
+        return sizes
+
     # What a window manager or a task bar does with it ------------------------------------------
 
     def minimise(self) -> None:
         """Asks the window manager to minimise it and waits until it has."""
         self._display.windows.send(self, "WM_CHANGE_STATE", [Xutil.IconicState])
         wait.until(lambda: self.iconified, f"{self!r} to be minimised")
+
+    def maximise(self) -> None:
+        """Asks the window manager to maximise it; does not wait, since it may have to refuse."""
+        atom = self._display.connection.intern_atom
+        both = [atom(f"_NET_WM_STATE_MAXIMIZED_{axis}") for axis in ("VERT", "HORZ")]
+        self._display.windows.send(self, "_NET_WM_STATE", [1, *both])
 
     def activate(self) -> None:
         """Activates it as a task bar does and waits until it is active."""

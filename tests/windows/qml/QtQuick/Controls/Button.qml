@@ -9,7 +9,7 @@ FocusScope {
     property bool checked: false
     property bool activeFocusOnPress: false
     property Component style: null
-    readonly property bool hovered: area.containsMouse && enabled
+    readonly property bool hovered: area.containsMouse
     readonly property bool pressed: area.heldInside || keyHeld
     property bool keyHeld: false
 
@@ -40,7 +40,7 @@ FocusScope {
             clicked()
         }
     }
-    onActiveFocusChanged: keyHeld = keyHeld && activeFocus
+    onFocusChanged: keyHeld = keyHeld && focus
 
     Loader {
         id: styleLoader

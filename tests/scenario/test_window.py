@@ -1,0 +1,105 @@
+"""The window as the desktop sees it, and what the start shrugs off."""
+
+import shutil
+
+import pytest
+from PIL import Image
+from Xlib import X
+
+import steps
+from driver import layout, wait
+from driver.installation import REPOSITORY
+from steps import expect_end
+
+ICON = REPOSITORY / "resources" / "icon" / "uninstall.ico"
+
+
+def leave(sandbox, program):
+    """Cancels and waits for the end."""
+    program.window().click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+
+
+def test_it_is_of_one_size(sandbox, program):
+    window = program.window()
+    place = window.geometry
+    window.maximise()
+    sandbox.display.windows.settle()
+    window.drag(layout.TITLE_GRIP, 20, 10)
+    assert window.geometry == place.moved(20, 10)
+    grip = window.place(layout.TITLE_GRIP)
+    sandbox.display.input.double_click(grip.x, grip.y)
+    window.drag(layout.TITLE_GRIP, -20, -10)
+    assert window.geometry == place
+    leave(sandbox, program)
+
+
+def test_a_compositor_changes_nothing(sandbox):
+    # Shadows are for systems whose windows have them, and no Linux system is one of those.
+    connection = sandbox.display.connection
+    owner = sandbox.display.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+    selection = connection.intern_atom("_NET_WM_CM_S0")
+    owner.set_selection_owner(selection, X.CurrentTime)
+    connection.sync()
+    try:
+        assert connection.get_selection_owner(selection) == owner
+        program = sandbox.start()
+        assert program.ready().geometry.size == layout.CARD.size
+        leave(sandbox, program)
+    finally:
+        owner.destroy()
+        connection.sync()
+
+
+def test_its_icon_is_the_product_s(sandbox):
+    (sandbox.root / "Dravik" / "res").mkdir(exist_ok=True)
+    shutil.copy(ICON, sandbox.root / "Dravik" / "res" / "install_box.ico")
+    program = sandbox.start()
+    assert set(program.ready().icon_sizes) == set(Image.open(ICON).info["sizes"])
+    leave(sandbox, program)
+
+
+def test_without_its_icon_it_has_none(sandbox):
+    shutil.rmtree(sandbox.root / "Dravik" / "res", ignore_errors=True)
+    program = sandbox.start()
+    # The window manager may lend it one of its own.
+    assert len(program.ready().icon_sizes) <= 1
+    leave(sandbox, program)
+
+
+def test_a_link_is_of_the_link_colour(sandbox, program):
+    window = program.window()
+    steps.choose(sandbox, window, 3)
+    link = layout.FEEDBACK_LINK
+    area = window.area(layout.Rect(link.x - 40, link.y - 10, 300, 20))
+    wait.until(lambda: window.screen.share(area, "#037DFF", 2), "a link of the link colour",
+               accept=lambda share: share > 0.01)
+    leave(sandbox, program)
+
+
+def occupy(path):
+    """Puts a folder with something in it where a file would be."""
+    shutil.rmtree(path, ignore_errors=True)
+    path.unlink(missing_ok=True)
+    path.mkdir(parents=True)
+    (path / "occupied").touch()
+
+
+@pytest.mark.parametrize("where", ["Dravik/bin/hwndFile.ini", "tmp/clearKTR.bat",
+                                   "Dravik/bin/UninstallUI.rcc", "Dravik/res/install_box.ico",
+                                   "Dravik/bin/translations/ktr_German.qm"])
+def test_a_folder_in_the_place_of_a_file(sandbox, where):
+    sandbox.set_registry("German")
+    occupy(sandbox.root / where)
+    program = sandbox.start()
+    program.ready().click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    assert (sandbox.root / where / "occupied").exists(), "it is nobody's to delete"
+    assert not sandbox.instance_lock_held()
+
+
+def test_a_lock_that_cannot_be_had_does_not_count(sandbox):
+    # A link that leads nowhere: neither taken nor forbidden.
+    sandbox.system.lock_file(sandbox.root).symlink_to("/nowhere/at/all")
+    program = sandbox.start()
+    leave(sandbox, program)
