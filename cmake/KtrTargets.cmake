@@ -16,6 +16,11 @@ function(ktr_target_defaults target)
     if(WIN32)
         target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0A00
             _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
+        # Guarded stacks, and no traces of the machine that built it.
+        target_compile_options(${target} PRIVATE
+            $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong>
+            "$<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>")
+        target_link_options(${target} PRIVATE -fstack-protector-strong)
         # One file per program: no run-time DLL of the compiler beside it.
         target_link_options(${target} PRIVATE -static)
     endif()

@@ -10,10 +10,6 @@ function(ktr_windows_executable target)
     set_source_files_properties("${resource}" PROPERTIES OBJECT_DEPENDS
         "${PROJECT_SOURCE_DIR}/resources/windows/UninstallUI.manifest;${PROJECT_SOURCE_DIR}/resources/icon/uninstall.ico")
     target_sources(${target} PRIVATE "${resource}")
-    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong>)
-    # No traces of the machine that built it.
-    target_compile_options(${target} PRIVATE
-        "$<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>")
     target_link_options(${target} PRIVATE
         -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat $<$<CONFIG:Release>:-s>)
 endfunction()

@@ -9,11 +9,13 @@ from typing import Callable, Iterator
 import pytest
 
 from driver import evidence
+from driver.differences import reason_to_leave_out
 from driver.display import Display
 from driver.installation import REPOSITORY, assemble
 from driver.output import unexpected_lines
 from driver.program import RunningProgram
 from driver.sandbox import Sandbox
+from driver.target import is_windows
 
 _SANDBOX = pytest.StashKey[Sandbox]()
 _FAILED = pytest.StashKey[bool]()
@@ -25,6 +27,18 @@ def pytest_addoption(parser: pytest.Parser) -> None:
         "--keep-failures-in", type=Path, default=REPOSITORY / "build" / "scenario-failures",
         help="where the remains of failed scenarios are kept",
     )
+
+
+def pytest_collection_modifyitems(items: list[pytest.Item]) -> None:
+    """What is for one of the two executables only is skipped on the other, with its reason."""
+    for item in items:
+        if is_windows():
+            reason = reason_to_leave_out(item.nodeid)
+        else:
+            only = item.get_closest_marker("windows_only")
+            reason = only and only.kwargs["reason"]
+        if reason:
+            item.add_marker(pytest.mark.skip(reason=reason))
 
 
 @pytest.fixture(scope="session")

@@ -66,7 +66,7 @@ def expect_end(sandbox: Sandbox, program: RunningProgram, cleanup: bool) -> None
     assert not sandbox.instance_lock_held()
     if cleanup:
         entry = sandbox.wait_noted("clearKTR.bat", "start")
-        assert entry.items("args") == [str(sandbox.root / "Dravik")]
+        assert entry.items("args") == [sandbox.shown(sandbox.root / "Dravik")]
         sandbox.wait_processes("SkyrelWrapExe.exe", 0)
         assert not sandbox.journal("SkyrelWrapExe.exe", "end"), "the companion ended by itself"
     else:

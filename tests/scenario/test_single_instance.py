@@ -19,7 +19,8 @@ def second_start_ends(sandbox):
 
 def test_brings_a_minimised_window_to_the_front(sandbox, program):
     window = program.ready()
-    assert sandbox.read_handle() == window.identifier
+    handle = sandbox.read_handle()
+    assert sandbox.system.publishes(handle, window)
     window.minimise()
     with sandbox.display.windows.bystander():
         second_start_ends(sandbox)
@@ -28,7 +29,7 @@ def test_brings_a_minimised_window_to_the_front(sandbox, program):
         wait.until(lambda: window.topmost, "the window to be on top")
         assert "_NET_WM_STATE_ABOVE" not in window.states
     # The first instance's file and lock are its own still.
-    assert sandbox.read_handle() == window.identifier
+    assert sandbox.read_handle() == handle
     assert sandbox.instance_lock_held()
 
 
@@ -81,7 +82,7 @@ def test_handle_file(sandbox, program, content, activates):
     if content is None:
         sandbox.handle_file.unlink()
     else:
-        sandbox.write_handle(content(window.identifier))
+        sandbox.write_handle(content(sandbox.read_handle()))
     with sandbox.display.windows.bystander() as bystander:
         second_start_ends(sandbox)
         if activates:

@@ -17,7 +17,7 @@ def test_uninstalls_to_completion(sandbox, program):
 
     started = sandbox.wait_noted("uninstall.exe", "start")
     assert started.items("args") == ["/SP-", "/VERYSILENT"]
-    assert started.text("cwd") == str(sandbox.bin)
+    assert started.text("cwd") == sandbox.shown(sandbox.bin)
     wait_buttons_disabled(window)
     first = wait_climbing(window)
     assert first < 1.0
@@ -108,8 +108,8 @@ def test_clean_up_runs_hidden_idle_and_in_the_temp_directory(sandbox, program):
     window.click(layout.TITLE_CLOSE)
     expect_end(sandbox, program, cleanup=True)
     entry = sandbox.wait_noted("clearKTR.bat", "start")
-    assert entry.text("script") == str(sandbox.temp / "clearKTR.bat")
-    assert entry.text("cwd") == str(sandbox.temp)
+    assert entry.text("script") == sandbox.shown(sandbox.temp / "clearKTR.bat")
+    assert entry.text("cwd") == sandbox.shown(sandbox.temp)
     assert entry.text("nice") == "19"
     assert entry.text("policy") == "5"
     assert entry.number("sid") != os.getsid(0), "a session of its own"
@@ -221,7 +221,7 @@ def test_an_uninstaller_of_another_folder_holds_the_bar(sandbox, program):
     other.kill()
     other = sandbox.spawn("uninstall.exe", inside=False, hold_file=sandbox.root / "hold" / "x")
     uninstall(window)
-    sandbox.wait_noted("uninstall.exe", "start", cwd=sandbox.bin)
+    sandbox.wait_noted("uninstall.exe", "start", cwd=sandbox.shown(sandbox.bin))
     reached = wait_climbing(window, 0.03)
     wait_climbing(window, reached)
     (sandbox.root / "hold" / "x").unlink()

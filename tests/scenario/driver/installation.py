@@ -18,6 +18,9 @@ def assemble(into: Path, program: Path | None = None) -> None:
     """Lays out the pretend installation; `program` replaces the built program in it."""
     command = [str(REPOSITORY / "sandbox" / "assemble"),
                "--build", str(build_directory()), "--into", str(into)]
+    runtime = build_directory() / "runtime"
+    if runtime.exists():
+        command += ["--runtime", str(runtime)]
     if program is not None:
         command += ["--program", str(program)]
     done = subprocess.run(command, capture_output=True, text=True, check=False)

@@ -15,6 +15,7 @@ from driver.installation import assemble, configure
 from driver.journal import Entry, parse
 from driver.program import RunningProgram, Started
 from driver.system import Native, Process
+from driver.target import system_under_test
 
 FOLDERS = ("Dravik", "home", "tmp", "run")
 """What the program could leave something in."""
@@ -34,7 +35,7 @@ class Sandbox:
         root: Path | None = None,
     ) -> None:
         self.display = display
-        self.system = system or Native()
+        self.system = system or system_under_test()
         # Short, since the program's own paths have a limit, and real, since /proc tells real paths.
         self._temporary = root is None
         self.root = (root or Path(tempfile.mkdtemp(prefix="ktr-"))).resolve()
@@ -43,6 +44,7 @@ class Sandbox:
             for folder in ("home", "tmp", "run", "logs", "hold", "elsewhere"):
                 (self.root / folder).mkdir(exist_ok=True)
             (self.root / "run").chmod(0o700)  # as is the custom for this folder
+            self.system.prepare(self.root)
         except BaseException:
             self.cleanup()
             raise
@@ -181,6 +183,10 @@ class Sandbox:
             accept=lambda seen: len(seen) == count,
         )
 
+    def shown(self, path: Path) -> str:
+        """A path as the programs in the sandbox write it."""
+        return self.system.shown(path)
+
     def snapshot(self, folders: tuple[str, ...] = FOLDERS) -> tree.Tree:
         """What lies in the installation and in the user's folders, for `tree.compare`."""
         return tree.snapshot(self.root, folders)
@@ -240,6 +246,7 @@ class Sandbox:
             return processes
 
         wait.until(end_all, "all processes of the sandbox to end", accept=lambda left: not left)
+        self.system.finish(self.root)
         if self._temporary:
             shutil.rmtree(self.root, ignore_errors=True)
 

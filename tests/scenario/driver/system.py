@@ -12,7 +12,10 @@ import signal
 from contextlib import contextmanager
 from dataclasses import dataclass
 from pathlib import Path
-from typing import Iterator
+from typing import TYPE_CHECKING, Iterator
+
+if TYPE_CHECKING:
+    from driver.window import Window
 
 MUTEX = "ktr_uninstall_version_2023_Ostrel_Torvan"
 """The name by which running instances find each other."""
@@ -44,6 +47,24 @@ class Native:
 
     program_name = "UninstallUI"
     executable_suffix = ""
+    empty_variable = "empty"
+    """What becomes of a variable that is set to nothing."""
+    terminated = -signal.SIGKILL
+    """The status of a process that another one has terminated."""
+
+    def prepare(self, root: Path) -> None:
+        """What a sandbox that has just been laid out needs besides its files: nothing."""
+
+    def finish(self, root: Path) -> None:
+        """Ends what the system itself still runs for a sandbox: nothing."""
+
+    def shown(self, path: Path) -> str:
+        """A path as the programs of the system write it."""
+        return str(path)
+
+    def publishes(self, handle: int | None, window: "Window") -> bool:
+        """Whether a published handle is that of a window."""
+        return handle == window.identifier
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
         """Replaces the registry with these values under the local machine; None is left out."""
@@ -93,7 +114,7 @@ class Native:
             process
             for process in _all_processes()
             if process.pid != os.getpid()
-            and (_below(process.executable, root) or mark in _environment_of(process.pid))
+            and (_below(process.executable, root) or mark in variables_of(process.pid))
         ]
 
     def end(self, process: Process) -> None:
@@ -136,25 +157,29 @@ class Native:
             os.close(descriptor)
 
 
+def process_ids() -> list[int]:
+    """The ids of all processes, in their order."""
+    return sorted(int(entry) for entry in os.listdir("/proc") if entry.isdigit())
+
+
 def _all_processes() -> list[Process]:
     """All live processes whose executable may be read; zombies have none."""
     found = []
-    for entry in os.listdir("/proc"):
-        if not entry.isdigit():
-            continue
+    for pid in process_ids():
         try:
-            executable = os.readlink(f"/proc/{entry}/exe")
+            executable = os.readlink(f"/proc/{pid}/exe")
         except OSError:
             continue
-        found.append(Process(int(entry), Path(executable.removesuffix(_DELETED))))
-    return sorted(found, key=lambda process: process.pid)
+        found.append(Process(pid, Path(executable.removesuffix(_DELETED))))
+    return found
 
 
 def _below(path: Path, root: Path) -> bool:
     return root in path.parents
 
 
-def _environment_of(pid: int) -> bytes:
+def variables_of(pid: int) -> bytes:
+    """The environment with which a process was started, a zero behind each; empty without one."""
     try:
         with open(f"/proc/{pid}/environ", "rb") as stream:
             return stream.read()

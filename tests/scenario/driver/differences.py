@@ -1,0 +1,28 @@
+"""Where the Windows executable under Wine is not asked for the same as the Linux one, and why.
+
+One table for the whole suite: scenario, or `file::scenario`, to the reason. What is listed here does
+not run on the Windows executable; everything else does, with the same expectations.
+"""
+
+ONLY_ON_LINUX = {
+    "test_driver.py": "proves the driver itself, with a toy that is no Windows program",
+    "test_standins.py": "proves the Linux builds of the stand-ins; the Windows ones share their code",
+    "test_order.py": "watches the calls of the Linux kernel",
+    "test_uninstall.py::test_clean_up_runs_hidden_idle_and_in_the_temp_directory":
+        "a batch file cannot tell its priority; the contract suite shows idle and hidden on Windows",
+    "test_surroundings.py::test_no_graphics_driver_is_loaded":
+        "the Qt kit is made without OpenGL: there is nothing to load",
+    "test_surroundings.py::test_a_window_that_cannot_be_created_ends_the_program":
+        "a module beside the program wins over qt.conf; test_windows.py takes the module away",
+    "test_window.py::test_its_icon_is_the_product_s":
+        "Wine gives X11 one picture of the icon; test_windows.py looks for that one",
+    "test_window.py::test_a_lock_that_cannot_be_had_does_not_count":
+        "a named mutex has no file that could be in the way",
+}
+
+
+def reason_to_leave_out(node: str) -> str | None:
+    """Why a test, by its node identifier, is not for the Windows executable; None if it is."""
+    file, _, name = node.rpartition("/")[2].partition("::")
+    name = name.partition("[")[0]
+    return ONLY_ON_LINUX.get(file) or ONLY_ON_LINUX.get(f"{file}::{name}")

@@ -1,0 +1,104 @@
+"""What only the Windows executable can show: its shadow, real uninstallers, the ANSI code page."""
+
+import shutil
+import subprocess
+
+import pytest
+from PIL import Image
+
+from driver import layout, wait
+from driver.geometry import Rect
+from driver.installation import REPOSITORY
+from steps import expect_end, uninstall, wait_climbing, wait_complete
+
+pytestmark = pytest.mark.windows_only(reason="needs the Windows executable")
+
+SOURCES = REPOSITORY / "tests" / "windows"
+ICON = REPOSITORY / "resources" / "icon" / "uninstall.ico"
+
+
+@pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
+def test_a_window_that_cannot_be_created_ends_the_program(sandbox):
+    shutil.rmtree(sandbox.bin / "QtQuick" / "Controls.2")
+    program = sandbox.start()
+    assert program.wait_exit() == 0
+    assert "Main.qml" in program.stderr
+    assert not sandbox.handle_file.exists()
+    assert not sandbox.instance_lock_held()
+    sandbox.wait_noted("SkyrelWrapExe.exe", "end")
+    assert not sandbox.journal("clearKTR.bat")
+
+
+def test_its_icon_is_one_of_the_product_s(sandbox):
+    shutil.copy(ICON, sandbox.root / "Dravik" / "res" / "install_box.ico")
+    program = sandbox.start()
+    sizes = set(program.ready().icon_sizes)
+    assert sizes and sizes <= set(Image.open(ICON).info["sizes"])
+    program.window().click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=False)
+
+
+@pytest.mark.parametrize("shadow", [True, False], ids=["on", "off"])
+def test_the_shadow_follows_the_setting(sandbox, shadow):
+    sandbox.system.set_drop_shadow(sandbox.root, shadow)
+    program = sandbox.start()
+    window = program.window()
+    margin = layout.SHADOW if shadow else 0
+    size = (640 + 2 * margin, 408 + 2 * margin)
+    wait.until(lambda: window.geometry.size, f"a window of {size}", accept=lambda seen: seen == size)
+    card = Rect(margin, margin, 640, 408)
+    cancel = layout.face(layout.CANCEL)
+    window.wait_colour(layout.Point(card.left + cancel.x, card.top + cancel.y), layout.CANCEL_NORMAL)
+    window.close()
+    expect_end(sandbox, program, cleanup=False)
+
+
+def make(source, into):
+    """Makes a real uninstaller."""
+    subprocess.run(["makensis", "-V2", f"-DOUT={into}", str(SOURCES / source)], check=True,
+                   capture_output=True)
+
+
+def put_product_files(sandbox):
+    """Files that the real uninstallers know."""
+    (sandbox.bin / "data" / "more").mkdir(parents=True)
+    (sandbox.bin / "data" / "more" / "file").write_text("x", encoding="utf-8")
+
+
+def removed(sandbox):
+    """Whether the uninstaller has removed what it knows."""
+    return not (sandbox.bin / "data").exists() and not (sandbox.bin / "KTRUI.exe").exists()
+
+
+def test_a_real_uninstaller_that_works_where_it_lies(sandbox):
+    put_product_files(sandbox)
+    (sandbox.bin / "uninstall.exe").unlink()
+    make("in-place.nsi", sandbox.bin / "uninstall.exe")
+    program = sandbox.start()
+    window = program.ready()
+    uninstall(window)
+    wait_climbing(window)
+    assert not removed(sandbox), "the bar climbs while it works"
+    wait_complete(window)
+    # It was complete only when the uninstaller had gone.
+    assert (sandbox.bin / "uninstall.ended").exists() and removed(sandbox)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_a_real_uninstaller_that_hands_over_to_a_copy_of_itself(sandbox):
+    put_product_files(sandbox)
+    (sandbox.bin / "uninstall.exe").unlink()
+    make("handing-over.nsi", sandbox.bin / "writer.exe")
+    writer = sandbox.spawn("writer.exe")
+    assert writer.wait_exit() == 0
+    assert (sandbox.bin / "uninstall.exe").exists()
+    program = sandbox.start()
+    window = program.ready()
+    uninstall(window)
+    wait_complete(window)
+    # Its name has gone from the task list early: the bar is at its end before the work is.
+    wait.until(lambda: (sandbox.bin / "uninstall.ended").exists(), "the copy to be done")
+    assert removed(sandbox)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
