@@ -10,6 +10,8 @@ ONLY_ON_LINUX = {
     "test_order.py": "watches the calls of the Linux kernel",
     "test_uninstall.py::test_clean_up_runs_hidden_idle_and_in_the_temp_directory":
         "a batch file cannot tell its priority; the contract suite shows idle and hidden on Windows",
+    "test_feedback.py::test_the_middle_button_pastes_to_the_limit":
+        "Windows has no selection that the middle button pastes",
     "test_surroundings.py::test_no_graphics_driver_is_loaded":
         "the Qt kit is made without OpenGL: there is nothing to load",
     "test_surroundings.py::test_a_window_that_cannot_be_created_ends_the_program":

@@ -6,6 +6,10 @@ import shutil
 from pathlib import Path
 
 from driver.sandbox import Sandbox
+from driver.wine import WINE_PREFIX
+
+_LARGE = 5_000_000
+"""No file of that size is anything but a library that lies there in every run."""
 
 
 def keep(sandbox: Sandbox, folder: Path) -> Path:
@@ -24,15 +28,16 @@ def keep(sandbox: Sandbox, folder: Path) -> Path:
     (folder / "state.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
     shutil.copytree(
         sandbox.root, folder / "sandbox", symlinks=True, dirs_exist_ok=True,
-        ignore_dangling_symlinks=True, ignore=_unreadable,
+        ignore_dangling_symlinks=True, ignore=_left_out,
     )
     return folder
 
 
-def _unreadable(directory: str, names: list[str]) -> list[str]:
-    """Sockets, pipes and the like, which cannot be copied."""
+def _left_out(directory: str, names: list[str]) -> list[str]:
+    """Sockets, pipes and the like, which cannot be copied, and what is the same in every run."""
     paths = [(name, Path(directory, name)) for name in names]
     return [
         name for name, path in paths
         if not (path.is_symlink() or path.is_file() or path.is_dir())
+        or name == WINE_PREFIX or path.is_file() and path.stat().st_size > _LARGE
     ]

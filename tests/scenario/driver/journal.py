@@ -59,4 +59,6 @@ def _parse_line(line: str) -> Entry:
     if len(parts) < 2:
         raise ValueError(f"not a line of a journal: {line!r}")
     fields = dict(part.partition("=")[::2] for part in parts[2:])
-    return Entry(unquote(parts[0]), parts[1], fields)
+    image = unquote(parts[0])
+    # A command of the system has a suffix on Windows only.
+    return Entry("tasklist" if image == "tasklist.exe" else image, parts[1], fields)

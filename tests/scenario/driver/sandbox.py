@@ -128,6 +128,7 @@ class Sandbox:
 
         `under` is the command line of a program that then becomes the program, as `nice` does.
         """
+        self.system.give_variables(self.root, environment or {})
         variables: dict[str, str | None] = {**self.environment(), **(environment or {})}
         program = RunningProgram(
             [*under, *self.system.command(self.program_file, list(arguments))],

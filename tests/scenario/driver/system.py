@@ -49,6 +49,10 @@ class Native:
     executable_suffix = ""
     empty_variable = "empty"
     """What becomes of a variable that is set to nothing."""
+    gives_focus = True
+    """Whether a window that another program brings to the front gets the focus, too."""
+    handle_bits = 64
+    """How much of a window handle counts."""
     terminated = -signal.SIGKILL
     """The status of a process that another one has terminated."""
 
@@ -62,9 +66,16 @@ class Native:
         """A path as the programs of the system write it."""
         return str(path)
 
+    def narrow(self, text: str) -> str:
+        """A text after its way through the system's 8-bit encoding."""
+        return text
+
     def publishes(self, handle: int | None, window: "Window") -> bool:
         """Whether a published handle is that of a window."""
         return handle == window.identifier
+
+    def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
+        """Sets variables that would not reach a program through its environment: there are none."""
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
         """Replaces the registry with these values under the local machine; None is left out."""

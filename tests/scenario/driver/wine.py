@@ -16,6 +16,9 @@ from driver import wait
 from driver.installation import REPOSITORY, build_directory
 from driver.system import MUTEX, Native, Process, process_ids, variables_of
 
+WINE_PREFIX = "prefix"
+"""The folder of a sandbox in which Wine keeps its system."""
+
 _RUN = REPOSITORY / "tools" / "wine-run"
 _KEYS = ("Software\\TORVAN", "Software\\WOW6432Node\\TORVAN")
 """What the product's setup writes below, and nothing else does."""
@@ -28,6 +31,10 @@ class Wine(Native):
     executable_suffix = ".exe"
     empty_variable = "unset"
     terminated = 0
+    # Wine asks X11 for the focus with the time of the window's last event; a bystander on X11 has
+    # taken it later, and X11 listens to the later one.
+    gives_focus = False
+    handle_bits = 32
 
     def prepare(self, root: Path) -> None:
         """Makes the prefix of a sandbox that has just been laid out."""
@@ -36,8 +43,22 @@ class Wine(Native):
         values.unlink()
         self._import(root, text + "\n[HKEY_CURRENT_USER\\Environment]\n" + "".join(
             f'"{name}"="{_escaped(self.shown(root / "tmp"))}"\n' for name in ("TEMP", "TMP"))
+            # Without a console, messages would go to the debugger.
+            + '"QT_FORCE_STDERR_LOGGING"="1"\n'
             # A program that crashes ends, without a dialog about it.
             + '\n[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\n"ShowCrashDialog"=dword:00000000\n')
+
+    def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
+        """Sets variables that Wine keeps from its programs for those that start from now on.
+
+        Wine drops the names of the toolkit, which it takes for another system's.
+        """
+        kept = {name: value for name, value in variables.items() if name.startswith("QT_")}
+        if kept:
+            self._import(root, "Windows Registry Editor Version 5.00\n\n"
+                         "[HKEY_CURRENT_USER\\Environment]\n" + "".join(
+                             f'"{name}"=' + (f'"{_escaped(value)}"' if value else "-") + "\n"
+                             for name, value in kept.items()))
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
         """Replaces the product's values under the local machine; None is left out."""
@@ -69,14 +90,16 @@ class Wine(Native):
             "LC_ALL": "C.UTF-8",
             "WINEPREFIX": str(_prefix(root)),
             "WINEDEBUG": "-all",
-            # Without a console, messages would go to the debugger.
-            "QT_FORCE_STDERR_LOGGING": "1",
             "WINEDLLOVERRIDES": "mscoree=;mshtml=;winemenubuilder.exe=",
         }
 
     def shown(self, path: Path) -> str:
         """A path as the programs of the system write it."""
         return "Z:" + str(path).replace("/", "\\")
+
+    def narrow(self, text: str) -> str:
+        """A text after its way through the ANSI code page."""
+        return text.encode("cp1252", "replace").decode("cp1252")
 
     def publishes(self, handle: int | None, window: object) -> bool:
         """Whether a published handle may be that of a window: X11 does not know Windows' handles."""
@@ -136,7 +159,7 @@ class Wine(Native):
 
 
 def _prefix(root: Path) -> Path:
-    return root / "prefix"
+    return root / WINE_PREFIX
 
 
 def _escaped(text: str) -> str:
