@@ -81,6 +81,19 @@ def complete(sandbox, program):
     return lambda: None, True
 
 
+def wait_seen(program, state, window):
+    """Waits until the program has dealt with what has been done to its window so far."""
+    if state is running:
+        # Between two steps of the bar all events are processed.
+        for _ in range(2):
+            wait_climbing(window, window.bar_fraction())
+    elif state is box_up:
+        # The box blocks the window; both are served in turn.
+        program.box().drag(layout.BOX_TITLE_GRIP, 30, 20)
+    else:
+        window.drag(layout.TITLE_GRIP, 30, 20)
+
+
 PATHS = {
     "title bar": lambda window: window.click(layout.TITLE_CLOSE),
     "Cancel/OK": lambda window: window.click(layout.CANCEL),
@@ -121,9 +134,7 @@ def test_close(sandbox, program, state, path):
     window = program.window()
     PATHS[path](window)
     if expected == STAYS:
-        # A window that answers a drag has seen what came before it. The box blocks the window.
-        answers = program.box() if state is box_up else window
-        answers.drag(layout.BOX_TITLE_GRIP if state is box_up else layout.TITLE_GRIP, 30, 20)
+        wait_seen(program, state, window)
         assert window in program.windows() and program.running
         go_on()
         expect_end(sandbox, program, cleanup=reaches_the_end)

@@ -96,13 +96,13 @@ def test_the_identifier_of_the_download(sandbox, first, second, tail):
         if text is not None:
             values["Software\\" + key, "xurlID" if text else "something else"] = text or "x"
     sandbox.system.write_registry(sandbox.bin, values)
-    sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example"})
+    sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example/cart"})
     program = sandbox.start()
     window = program.ready()
     steps.choose(sandbox, window, 1)
     window.click(layout.COUPON)
     sandbox.wait_noted("xdg-open", "open")
-    assert opened(sandbox) == ["https://a.example" + tail]
+    assert opened(sandbox) == ["https://a.example/cart" + tail]
     leave(sandbox, program, window)
 
 

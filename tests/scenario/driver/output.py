@@ -18,6 +18,8 @@ _ALLOWED = (
     r'"?.* is too long! length:-?\d+"?',
     # Wine does not have this function, and the toolkit does without.
     r"EnableNonClientDpiScaling\(\) failed .*\(Call not implemented\.\)",
+    # A link that nothing can open: on Windows the toolkit says so.
+    r"ShellExecute '.*' failed \(error \d+\)\.",
     # The toolkit asks for the frame of a closing pop-up while the window manager destroys it: a
     # race between those two that exists on X11 only and that no program can avoid.
     r"qt\.qpa\.xcb: QXcbConnection: XCB error: 3 \(BadWindow\).*TranslateCoords.*",
