@@ -34,16 +34,18 @@ def wait_buttons_disabled(window: Window) -> None:
 
 def wait_complete(window: Window) -> None:
     """Waits until the window says that the uninstallation is complete and offers to close."""
-    label = layout.PROGRESS_LABEL
-    area = window.area(layout.Rect(label.left, label.top, 80, label.height))
-    screen = window.screen
-    wait.until(
-        lambda: screen.share(area, layout.COMPLETE_TEXT, tolerance=40), "the green text",
-        accept=lambda share: share > 0.002,
-    )
+    wait.until(lambda: complete_text_share(window), "the green text",
+               accept=lambda share: share > 0.002)
     window.hover(layout.TITLE_GRIP)
     window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
     assert window.bar_fraction() is None
+
+
+def complete_text_share(window: Window) -> float:
+    """How much of the progress label's place is of the colour that says "complete"."""
+    label = layout.PROGRESS_LABEL
+    area = window.area(layout.Rect(label.left, label.top, 80, label.height))
+    return window.screen.share(area, layout.COMPLETE_TEXT, tolerance=40)
 
 
 def wait_given_up(sandbox: Sandbox) -> None:
@@ -51,11 +53,14 @@ def wait_given_up(sandbox: Sandbox) -> None:
 
     The task list must note its queries.
     """
-    def queries() -> int:
-        entries = sandbox.journal("tasklist", "query")
-        return sum("uninstall.exe" in entry.text("args") for entry in entries)
+    wait.until(lambda: questions(sandbox), f"{POLLS} queries for the uninstaller",
+               accept=lambda count: count >= POLLS)
 
-    wait.until(queries, f"{POLLS} queries for the uninstaller", accept=lambda n: n >= POLLS)
+
+def questions(sandbox: Sandbox) -> int:
+    """How often the task list has been asked for the uninstaller; it must note its queries."""
+    entries = sandbox.journal("tasklist", "query")
+    return sum("uninstall.exe" in entry.text("args") for entry in entries)
 
 
 def expect_end(sandbox: Sandbox, program: RunningProgram, cleanup: bool) -> None:

@@ -6,7 +6,8 @@ import pytest
 
 from driver import layout, wait
 from steps import (
-    expect_end, uninstall, wait_buttons_disabled, wait_climbing, wait_complete, wait_given_up,
+    expect_end, questions, uninstall, wait_buttons_disabled, wait_climbing, wait_complete,
+    wait_given_up,
 )
 
 
@@ -58,12 +59,8 @@ def test_the_uninstaller_may_appear_late(sandbox, program):
     sandbox.configure("tasklist", hide="uninstall.exe", note=1)
     window = program.window()
     uninstall(window)
-
-    def asked():
-        return sum("uninstall.exe" in entry.text("args")
-                   for entry in sandbox.journal("tasklist", "query"))
-
-    wait.until(asked, "three questions in vain", accept=lambda count: count >= 3)
+    wait.until(lambda: questions(sandbox), "three questions in vain",
+               accept=lambda count: count >= 3)
     sandbox.configure("tasklist", hide=None)
     wait_climbing(window)
     hold.unlink()

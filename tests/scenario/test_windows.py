@@ -4,17 +4,15 @@ import shutil
 import subprocess
 
 import pytest
-from PIL import Image
 
+import steps
 from driver import layout, wait
-from driver.geometry import Rect
 from driver.installation import REPOSITORY
 from steps import expect_end, uninstall, wait_climbing, wait_complete
 
 pytestmark = pytest.mark.windows_only(reason="needs the Windows executable")
 
 SOURCES = REPOSITORY / "tests" / "windows"
-ICON = REPOSITORY / "resources" / "icon" / "uninstall.ico"
 
 
 @pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
@@ -29,15 +27,6 @@ def test_a_window_that_cannot_be_created_ends_the_program(sandbox):
     assert not sandbox.journal("clearKTR.bat")
 
 
-def test_its_icon_is_one_of_the_product_s(sandbox):
-    shutil.copy(ICON, sandbox.root / "Dravik" / "res" / "install_box.ico")
-    program = sandbox.start()
-    sizes = set(program.ready().icon_sizes)
-    assert sizes and sizes <= set(Image.open(ICON).info["sizes"])
-    program.window().click(layout.CANCEL)
-    expect_end(sandbox, program, cleanup=False)
-
-
 @pytest.mark.parametrize("shadow", [True, False], ids=["on", "off"])
 def test_the_shadow_follows_the_setting(sandbox, shadow):
     sandbox.system.set_drop_shadow(sandbox.root, shadow)
@@ -46,9 +35,7 @@ def test_the_shadow_follows_the_setting(sandbox, shadow):
     margin = layout.SHADOW if shadow else 0
     size = (640 + 2 * margin, 408 + 2 * margin)
     wait.until(lambda: window.geometry.size, f"a window of {size}", accept=lambda seen: seen == size)
-    card = Rect(margin, margin, 640, 408)
-    cancel = layout.face(layout.CANCEL)
-    window.wait_colour(layout.Point(card.left + cancel.x, card.top + cancel.y), layout.CANCEL_NORMAL)
+    window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
     window.close()
     expect_end(sandbox, program, cleanup=False)
 
@@ -93,12 +80,20 @@ def test_a_real_uninstaller_that_hands_over_to_a_copy_of_itself(sandbox):
     writer = sandbox.spawn("writer.exe")
     assert writer.wait_exit() == 0
     assert (sandbox.bin / "uninstall.exe").exists()
+    sandbox.configure("tasklist", note=1)
     program = sandbox.start()
     window = program.ready()
     uninstall(window)
-    wait_complete(window)
-    # Its name has gone from the task list early: the bar is at its end before the work is.
+    # Its name may be gone before anybody has asked for it: then it counts as one that never appeared
+    # and only the system closes the window. Else the bar is at its end before the work is.
+    complete = wait.until(
+        lambda: ("complete" if steps.complete_text_share(window) > 0.002 else "")
+        or ("never seen" if steps.questions(sandbox) >= steps.POLLS else ""),
+        "the end of the bar, or the last question for it") == "complete"
     wait.until(lambda: (sandbox.bin / "uninstall.ended").exists(), "the copy to be done")
     assert removed(sandbox)
-    window.click(layout.CANCEL)
-    expect_end(sandbox, program, cleanup=True)
+    if complete:
+        window.click(layout.CANCEL)
+    else:
+        window.close()
+    expect_end(sandbox, program, cleanup=complete)

@@ -16,8 +16,6 @@ ONLY_ON_LINUX = {
         "the Qt kit is made without OpenGL: there is nothing to load",
     "test_surroundings.py::test_a_window_that_cannot_be_created_ends_the_program":
         "a module beside the program wins over qt.conf; test_windows.py takes the module away",
-    "test_window.py::test_its_icon_is_the_product_s":
-        "Wine gives X11 one picture of the icon; test_windows.py looks for that one",
     "test_window.py::test_a_lock_that_cannot_be_had_does_not_count":
         "a named mutex has no file that could be in the way",
 }

@@ -48,7 +48,11 @@ class Native:
     program_name = "UninstallUI"
     executable_suffix = ""
     empty_variable = "empty"
-    """What becomes of a variable that is set to nothing."""
+    """What becomes of a variable that the program sets to nothing."""
+    has_lock_file = True
+    """Whether the single-instance lock is a file, which stays."""
+    has_execute_bit = True
+    """Whether a file says that it may be run."""
     gives_focus = True
     """Whether a window that another program brings to the front gets the focus, too."""
     handle_bits = 64
@@ -65,6 +69,10 @@ class Native:
     def shown(self, path: Path) -> str:
         """A path as the programs of the system write it."""
         return str(path)
+
+    def empty_from_outside(self, name: str) -> str:
+        """What a program sees of a variable that is set to nothing for it."""
+        return "empty"
 
     def narrow(self, text: str) -> str:
         """A text after its way through the system's 8-bit encoding."""

@@ -190,15 +190,16 @@ class Window:
         return self._display.screen.picture(self._geometry())
 
     @property
-    def icon_sizes(self) -> list[tuple[int, int]]:
-        """The sizes of the pictures that it gives the desktop for itself."""
+    def icons(self) -> dict[tuple[int, int], tuple[int, int, int]]:
+        """The pictures that it gives the desktop for itself: by size, the colour of the middle."""
         data = list(self._property("_NET_WM_ICON", Xatom.CARDINAL) or [])
-        sizes = []
+        icons = {}
         while data:
             width, height = data[:2]
-            sizes.append((width, height))
+            middle = data[2 + (height // 2) * width + width // 2]
+            icons[width, height] = ((middle >> 16) & 255, (middle >> 8) & 255, middle & 255)
             del data[: 2 + width * height]
-        return sizes
+        return icons
 
     # What a window manager or a task bar does with it ------------------------------------------
 

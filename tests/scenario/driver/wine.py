@@ -30,6 +30,8 @@ class Wine(Native):
     program_name = "UninstallUI.exe"
     executable_suffix = ".exe"
     empty_variable = "unset"
+    has_lock_file = False
+    has_execute_bit = False
     terminated = 0
     # Wine asks X11 for the focus with the time of the window's last event; a bystander on X11 has
     # taken it later, and X11 listens to the later one.
@@ -96,6 +98,10 @@ class Wine(Native):
     def shown(self, path: Path) -> str:
         """A path as the programs of the system write it."""
         return "Z:" + str(path).replace("/", "\\")
+
+    def empty_from_outside(self, name: str) -> str:
+        """What a program sees of a variable that is set to nothing for it."""
+        return "unset" if name.startswith("QT_") else "empty"
 
     def narrow(self, text: str) -> str:
         """A text after its way through the ANSI code page."""
