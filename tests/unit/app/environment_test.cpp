@@ -33,8 +33,9 @@ Report Probe(const QString &program, const QHash<QString, QString> &variables)
     EXPECT_EQ(probe.readAllStandardError(), QByteArray());
 
     Report report;
-    const QStringList lines =
-        QString::fromLocal8Bit(probe.readAllStandardOutput()).split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromLocal8Bit(probe.readAllStandardOutput())
+                                  .remove(QLatin1Char('\r'))
+                                  .split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         report.insert(line.section(QLatin1Char('='), 0, 0), line.section(QLatin1Char('='), 1));
     }
@@ -90,7 +91,8 @@ TEST(Environment, ScalesByFractionsAndTakesNoScalingFromOutside)
 {
     const Report report =
         Probe({{QStringLiteral("QT_AUTO_SCREEN_SCALE_FACTOR"), QStringLiteral("1")}});
-    EXPECT_EQ(report[QStringLiteral("QT_AUTO_SCREEN_SCALE_FACTOR")], QStringLiteral("[]"));
+    EXPECT_EQ(report[QStringLiteral("QT_AUTO_SCREEN_SCALE_FACTOR")],
+              QStringLiteral(SET_TO_NOTHING));
     EXPECT_EQ(report[QStringLiteral("scaling")], QStringLiteral("1"));
     EXPECT_EQ(report[QStringLiteral("high-density pixmaps")], QStringLiteral("1"));
     EXPECT_EQ(report[QStringLiteral("pass-through")], QStringLiteral("1"));

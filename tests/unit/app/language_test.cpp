@@ -48,11 +48,11 @@ protected:
         return QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
     }
 
-    static void Provide(const QString &name, const char *source = KTR_TEST_TRANSLATION)
+    static void Provide(const QString &name)
     {
         QDir().mkpath(Translations());
-        ASSERT_TRUE(
-            QFile::copy(QString::fromUtf8(source), Translations() + QLatin1Char('/') + name));
+        ASSERT_TRUE(QFile::copy(QStringLiteral(KTR_TEST_TRANSLATION),
+                                Translations() + QLatin1Char('/') + name));
     }
 
     // What the interface shows for a text after the translation was loaded.
@@ -211,7 +211,11 @@ TEST_F(Language, ALongNameWithoutAFileIsNoFault)
 TEST_F(Language, ADamagedFileIsInstalledAllTheSame)
 {
     Set("Klingon");
-    Provide(QStringLiteral("ktr_Klingon.qm"), __FILE__);
+    QDir().mkpath(Translations());
+    QFile damaged(Translations() + QStringLiteral("/ktr_Klingon.qm"));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("no translation");
+    damaged.close();
     const auto text = MakeText();
     LoadTranslation(&translator, &engine);
     EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));

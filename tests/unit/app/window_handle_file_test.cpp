@@ -44,7 +44,7 @@ TEST(WindowHandleFilePath, ReplacesTheNameOfTheExecutable)
 
 TEST_F(WindowHandleFile, LiesBesideTheExecutable)
 {
-    EXPECT_EQ(QString::fromLocal8Bit(GetHwndFilePath().c_str()), path_);
+    EXPECT_EQ(QString::fromLocal8Bit(GetHwndFilePath().c_str()), QDir::toNativeSeparators(path_));
 }
 
 TEST_F(WindowHandleFile, HoldsTheHandleInEightBytesAndGoesAway)
