@@ -1,6 +1,5 @@
 """What only the Windows executable can show: its shadow, real uninstallers, the ANSI code page."""
 
-import shutil
 import subprocess
 
 import pytest
@@ -13,18 +12,6 @@ from steps import expect_end, uninstall, wait_climbing, wait_complete
 pytestmark = pytest.mark.windows_only(reason="needs the Windows executable")
 
 SOURCES = REPOSITORY / "tests" / "windows"
-
-
-@pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
-def test_a_window_that_cannot_be_created_ends_the_program(sandbox):
-    shutil.rmtree(sandbox.bin / "QtQuick" / "Controls.2")
-    program = sandbox.start()
-    assert program.wait_exit() == 0
-    assert "Main.qml" in program.stderr
-    assert not sandbox.handle_file.exists()
-    assert not sandbox.instance_lock_held()
-    sandbox.wait_noted("SkyrelWrapExe.exe", "end")
-    assert not sandbox.journal("clearKTR.bat")
 
 
 @pytest.mark.parametrize("shadow", [True, False], ids=["on", "off"])

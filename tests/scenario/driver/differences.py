@@ -14,8 +14,6 @@ ONLY_ON_LINUX = {
         "Windows has no selection that the middle button pastes",
     "test_surroundings.py::test_no_graphics_driver_is_loaded":
         "the Qt kit is made without OpenGL: there is nothing to load",
-    "test_surroundings.py::test_a_window_that_cannot_be_created_ends_the_program":
-        "a module beside the program wins over qt.conf; test_windows.py takes the module away",
     "test_window.py::test_a_lock_that_cannot_be_had_does_not_count":
         "a named mutex has no file that could be in the way",
 }

@@ -70,6 +70,12 @@ class Native:
         """A path as the programs of the system write it."""
         return str(path)
 
+    def hide_modules(self, program: Path) -> None:
+        """Keeps the toolkit from finding its QML modules, but not its plug-ins."""
+        plugins = next(Path("/usr/lib").glob("*/qt5/plugins"))
+        (program / "qt.conf").write_text(
+            f"[Paths]\nPlugins={plugins}\nQml2Imports=/nowhere\nImports=/nowhere\n")
+
     def empty_from_outside(self, name: str) -> str:
         """What a program sees of a variable that is set to nothing for it."""
         return "empty"

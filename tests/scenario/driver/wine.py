@@ -7,6 +7,7 @@ its own, too. Programs see the sandbox under drive Z:, as they see every file.
 from __future__ import annotations
 
 import os
+import shutil
 import subprocess
 from contextlib import contextmanager
 from pathlib import Path, PureWindowsPath
@@ -98,6 +99,10 @@ class Wine(Native):
     def shown(self, path: Path) -> str:
         """A path as the programs of the system write it."""
         return "Z:" + str(path).replace("/", "\\")
+
+    def hide_modules(self, program: Path) -> None:
+        """Keeps the toolkit from finding its QML modules: those beside the program go."""
+        shutil.rmtree(program / "QtQuick" / "Controls.2")
 
     def empty_from_outside(self, name: str) -> str:
         """What a program sees of a variable that is set to nothing for it."""
