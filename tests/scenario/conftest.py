@@ -9,7 +9,7 @@ from typing import Callable, Iterator
 import pytest
 
 from driver import evidence
-from driver.differences import reason_to_leave_out
+from driver.differences import FILES_FOR_LINUX, FILES_FOR_WINDOWS, reason_to_leave_out
 from driver.display import Display
 from driver.installation import REPOSITORY, assemble
 from driver.output import unexpected_lines
@@ -29,14 +29,14 @@ def pytest_addoption(parser: pytest.Parser) -> None:
     )
 
 
+# Files of one of the two executables only are none of the other's tests.
+collect_ignore = FILES_FOR_LINUX if is_windows() else FILES_FOR_WINDOWS
+
+
 def pytest_collection_modifyitems(items: list[pytest.Item]) -> None:
-    """What is for one of the two executables only is skipped on the other, with its reason."""
+    """Skips, with its reason, what the Windows executable is not asked for."""
     for item in items:
-        if is_windows():
-            reason = reason_to_leave_out(item.nodeid)
-        else:
-            only = item.get_closest_marker("windows_only")
-            reason = only and only.kwargs["reason"]
+        reason = reason_to_leave_out(item.nodeid) if is_windows() else None
         if reason:
             item.add_marker(pytest.mark.skip(reason=reason))
 

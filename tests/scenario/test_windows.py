@@ -9,8 +9,6 @@ from driver import layout, wait
 from driver.installation import REPOSITORY
 from steps import expect_end, uninstall, wait_climbing, wait_complete
 
-pytestmark = pytest.mark.windows_only(reason="needs the Windows executable")
-
 SOURCES = REPOSITORY / "tests" / "windows"
 
 

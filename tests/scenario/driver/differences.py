@@ -1,13 +1,16 @@
 """Where the Windows executable under Wine is not asked for the same as the Linux one, and why.
 
-One table for the whole suite: scenario, or `file::scenario`, to the reason. What is listed here does
-not run on the Windows executable; everything else does, with the same expectations.
+One table for the whole suite: `file::scenario` to the reason. What is listed here does not run on the
+Windows executable; everything else does, with the same expectations.
 """
 
+# The driver itself with a toy that is no Windows program, the Linux builds of the stand-ins (the
+# Windows ones share their code), the calls of the Linux kernel.
+FILES_FOR_LINUX = ["test_driver.py", "test_standins.py", "test_order.py"]
+# The drop shadow, real uninstallers.
+FILES_FOR_WINDOWS = ["test_windows.py"]
+
 ONLY_ON_LINUX = {
-    "test_driver.py": "proves the driver itself, with a toy that is no Windows program",
-    "test_standins.py": "proves the Linux builds of the stand-ins; the Windows ones share their code",
-    "test_order.py": "watches the calls of the Linux kernel",
     "test_uninstall.py::test_clean_up_runs_hidden_idle_and_in_the_temp_directory":
         "a batch file cannot tell its priority; the contract suite shows idle and hidden on Windows",
     "test_feedback.py::test_the_middle_button_pastes_to_the_limit":
@@ -23,4 +26,4 @@ def reason_to_leave_out(node: str) -> str | None:
     """Why a test, by its node identifier, is not for the Windows executable; None if it is."""
     file, _, name = node.rpartition("/")[2].partition("::")
     name = name.partition("[")[0]
-    return ONLY_ON_LINUX.get(file) or ONLY_ON_LINUX.get(f"{file}::{name}")
+    return ONLY_ON_LINUX.get(f"{file}::{name}")
