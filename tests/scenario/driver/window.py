@@ -161,10 +161,21 @@ class Window:
 
         def moved_along(point: Point) -> None:
             target = before.moved(point.x - start.x, point.y - start.y)
+            looks = 0
+
+            def where() -> Rect | None:
+                # A move that a busy program has served late may be off by a step; the next one puts
+                # it right. A hand that sees the window beside the pointer moves on a little.
+                nonlocal looks
+                looks += 1
+                seen = self.geometry
+                if seen != target and looks % 40 == 0:
+                    self._display.input.move(point.x + 1, point.y)
+                    self._display.input.move(point.x, point.y)
+                return seen
+
             wait.until(
-                lambda: self.geometry, f"the dragged window at {target}",
-                accept=lambda seen: seen == target,
-            )
+                where, f"the dragged window at {target}", accept=lambda seen: seen == target)
 
         self._display.input.drag(
             start, start.moved(dx, dy), steps, moved_along if follows else None
