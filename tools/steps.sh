@@ -5,7 +5,7 @@
 steps_dir=build/logs
 mkdir -p "$steps_dir"
 
-# step TITLE COMMAND...
+# step TITLE COMMAND...: `step_tail` lines of its output are shown when it fails.
 step() {
     local title=$1 log began=$SECONDS
     shift
@@ -18,7 +18,7 @@ step() {
     fi
     printf '%-58s %4ds  FAILED\n' "$title" $((SECONDS - began))
     {
-        tail -n 60 "$log"
+        tail -n "${step_tail:-60}" "$log"
         printf '\n%s: this command failed with status %d:\n  %s\nAll of its output: %s\n' \
             "$title" "$status" "$*" "$log"
     } >&2

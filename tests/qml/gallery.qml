@@ -49,7 +49,7 @@ TestCase {
     function cleanup() {
         boxWatch.stop()
         if (main !== null) {
-            main.destroy()
+            Parts.destroy(test, main)
             main = null
         }
         mouseMove(test, test.width - 1, test.height - 1)
@@ -116,7 +116,7 @@ TestCase {
         shot(main, "problem solved")
         Parts.all(shown("DiscountComponent"), "MouseArea")[0].forceActiveFocus(Qt.TabFocusReason)
         shot(main, "coupon, keyboard on the link")
-        main.destroy()
+        Parts.destroy(test, main)
         uninstallMgr.offers = {}
         open()
         page().switchPage(1)

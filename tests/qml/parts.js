@@ -84,3 +84,10 @@ function leave(test, control) {
     test.keyRelease(Qt.Key_Space)
     test.mouseMove(test, test.width - 1, test.height - 1)
 }
+
+// Destroys a window or page of a test and waits until it is gone. Destroyed but not yet gone, it could
+// still be collected as garbage, which makes all its bindings complain.
+function destroy(test, object) {
+    object.destroy()
+    test.wait(0)
+}

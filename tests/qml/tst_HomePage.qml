@@ -54,7 +54,7 @@ TestCase {
 
     function cleanup() {
         whenBoxIsUp.stop()
-        main.destroy()
+        Parts.destroy(test, main)
         main = null
     }
 

@@ -37,7 +37,7 @@ TestCase {
     }
 
     function cleanup() {
-        main.destroy()
+        Parts.destroy(test, main)
         main = null
     }
 

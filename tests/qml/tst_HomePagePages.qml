@@ -48,7 +48,7 @@ TestCase {
     }
 
     function cleanup() {
-        main.destroy()
+        Parts.destroy(test, main)
         main = null
     }
 

@@ -32,7 +32,7 @@ TestCase {
     function cleanup() {
         hiding.target = null
         if (main !== null) {
-            main.destroy()
+            Parts.destroy(test, main)
             main = null
         }
     }

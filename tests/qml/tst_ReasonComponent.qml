@@ -35,9 +35,8 @@ TestCase {
     }
 
     function cleanup() {
-        page.destroy()
+        Parts.destroy(test, page)
         page = null
-        wait(0) // gone before the next one is made
     }
 
     function make(reasons) {

@@ -47,9 +47,8 @@ TestCase {
 
     function cleanup() {
         submitted.target = null
-        page.destroy()
+        Parts.destroy(test, page)
         page = null
-        wait(0)
     }
 
     function frame() {

@@ -20,9 +20,8 @@ TestCase {
     }
 
     function cleanup() {
-        page.destroy()
+        Parts.destroy(test, page)
         page = null
-        wait(0)
     }
 
     Component {

@@ -30,9 +30,8 @@ TestCase {
     }
 
     function cleanup() {
-        page.destroy()
+        Parts.destroy(test, page)
         page = null
-        wait(0)
     }
 
     function box() {
