@@ -63,10 +63,15 @@ void KillTelemetryHelper()
 
 void LaunchCleanupCommand(const QString &command)
 {
+    const QByteArray narrow = command.toLocal8Bit();
+    // With a letter that the code page lacks, the script would be told of another folder.
+    if (QString::fromLocal8Bit(narrow) != command) {
+        return;
+    }
     platform::LaunchOptions options;
     options.show = platform::ShowWindow::Hidden;
     options.priority = platform::PriorityClass::Idle;
     options.priorityBoost = false;
     platform::LaunchDetached(
-        command.toLocal8Bit().toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), options);
+        narrow.toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), options);
 }

@@ -19,5 +19,6 @@ bool KillProcessInDir(const std::wstring &name, const std::wstring &dir);
 void KillTelemetryHelper();
 
 /// Starts the command line hidden, at idle priority, with the temp directory as working directory.
-/// Nothing waits for it and a failure is not reported. Main thread.
+/// Nothing waits for it and a failure is not reported. A command that the narrow encoding cannot
+/// carry is not started. Main thread.
 void LaunchCleanupCommand(const QString &command);

@@ -36,6 +36,10 @@ std::string HwndFilePathOf(const std::string &executable)
 
 std::string GetHwndFilePath()
 {
+    // A file in another folder with a similar name is not ours to write or to delete.
+    if (!platform::IsExecutablePathExact(platform::kPathCapacity)) {
+        return {};
+    }
     return HwndFilePathOf(platform::ExecutablePath(platform::kPathCapacity));
 }
 

@@ -26,8 +26,6 @@ CUninstallMgr::CUninstallMgr()
 CUninstallMgr::CUninstallMgr(UninstallEnvironment environment)
     : environment(std::move(environment))
 {
-    // A coarse timer may fire early, and a step is never to be shorter than its interval.
-    progressTimer.setTimerType(Qt::PreciseTimer);
     connect(&progressTimer, &QTimer::timeout, this, &CUninstallMgr::slotTimeOut);
 }
 

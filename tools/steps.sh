@@ -7,16 +7,17 @@ mkdir -p "$steps_dir"
 
 # step TITLE COMMAND...: `step_tail` lines of its output are shown when it fails.
 step() {
-    local title=$1 log began=$SECONDS
+    local title=$1 log began=$SECONDS took
     shift
     log="$steps_dir/$(tr -c 'a-z0-9\n' '-' <<<"${title,,}").log"
     local status=0
     "$@" >"$log" 2>&1 || status=$?
+    took=$(printf '%-52s %5ds%s' "$title" $((SECONDS - began)) "$(of_budget "$title")")
     if [[ $status -eq 0 ]]; then
-        printf '%-58s %4ds\n' "$title" $((SECONDS - began))
+        printf '%s\n' "$took"
         return 0
     fi
-    printf '%-58s %4ds  FAILED\n' "$title" $((SECONDS - began))
+    printf '%s  FAILED\n' "$took"
     {
         tail -n "${step_tail:-60}" "$log"
         printf '\n%s: this command failed with status %d:\n  %s\nAll of its output: %s\n' \
@@ -24,6 +25,10 @@ step() {
     } >&2
     return "$status"
 }
+
+# What a step may take on two idle cores, in seconds, by its title; a caller fills in what it knows.
+declare -gA budgets=()
+of_budget() { [[ -z ${budgets[$1]:-} ]] || printf ' of %5ds' "${budgets[$1]}"; }
 
 # build PRESET TARGET...: configures once, then builds.
 build() {

@@ -31,6 +31,12 @@ std::string ExecutablePath(std::size_t capacity)
     return Cut(OwnExecutable(), capacity);
 }
 
+bool IsExecutablePathExact(std::size_t capacity)
+{
+    const std::string path = OwnExecutable();
+    return !path.empty() && path.size() < capacity;
+}
+
 std::wstring ExecutablePathWide(std::size_t capacity)
 {
     return Cut(ToWide(OwnExecutable()), capacity);

@@ -6,7 +6,12 @@ namespace platform {
 
 LibraryHandle LoadLibraryFile(const char *path)
 {
-    return ::LoadLibraryA(path);
+    // Without it, Windows shows the user a box about a damaged library.
+    DWORD modeBefore = 0;
+    ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &modeBefore);
+    const LibraryHandle library = ::LoadLibraryA(path);
+    ::SetThreadErrorMode(modeBefore, nullptr);
+    return library;
 }
 
 FunctionAddress FindFunction(LibraryHandle library, const char *name)

@@ -26,6 +26,18 @@ std::string ExecutablePath(std::size_t capacity)
     return ReadBounded<std::string>(capacity, ::GetModuleFileNameA);
 }
 
+bool IsExecutablePathExact(std::size_t capacity)
+{
+    constexpr std::size_t kLongestPath = 32768;
+    const std::string narrow = ExecutablePath(capacity);
+    const int length = static_cast<int>(narrow.size());
+    std::wstring widened(narrow.size(), 0);
+    const int used =
+        ::MultiByteToWideChar(CP_ACP, 0, narrow.data(), length, widened.data(), length);
+    widened.resize(static_cast<std::size_t>(used));
+    return !widened.empty() && widened == ExecutablePathWide(kLongestPath);
+}
+
 std::wstring ExecutablePathWide(std::size_t capacity)
 {
     return ReadBounded<std::wstring>(capacity, ::GetModuleFileNameW);

@@ -32,6 +32,10 @@ TelemetryBinding::TelemetryBinding()
 
 bool TelemetryBinding::LoadTelemetryFromModuleDir()
 {
+    // A library of another folder with a similar name is not the product's.
+    if (!platform::IsExecutablePathExact(platform::kPathCapacity)) {
+        return false;
+    }
     const std::string path = LibraryPathOf(platform::ExecutablePath(platform::kPathCapacity));
     return !path.empty() && LoadTelemetryLibrary(path.c_str());
 }

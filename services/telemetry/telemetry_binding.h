@@ -29,8 +29,8 @@ public:
     TelemetryBinding(TelemetryBinding &&) = delete;
     TelemetryBinding &operator=(TelemetryBinding &&) = delete;
 
-    /// Loads "SkyrelWrap.DLL" from the executable's directory. False when the path cannot be had or
-    /// with the file name reaches 260 bytes, and as `LoadTelemetryLibrary` says.
+    /// Loads "SkyrelWrap.DLL" from the executable's directory. False when the path cannot be had
+    /// in the narrow encoding or with the file name reaches 260 bytes, and as `LoadTelemetryLibrary` says.
     bool LoadTelemetryFromModuleDir();
 
     /// Where the library of the program at `executable` lies; empty as said above.

@@ -14,6 +14,7 @@ from driver.display import Display
 from driver.installation import REPOSITORY, assemble
 from driver.output import unexpected_lines
 from driver.program import RunningProgram
+from driver.record import Recorder
 from driver.sandbox import Sandbox
 from driver.target import is_windows
 
@@ -26,6 +27,10 @@ def pytest_addoption(parser: pytest.Parser) -> None:
     parser.addoption(
         "--keep-failures-in", type=Path, default=REPOSITORY / "build" / "scenario-failures",
         help="where the remains of failed scenarios are kept",
+    )
+    parser.addoption(
+        "--record-in", type=Path, default=None,
+        help="where it is written down what each scenario made the program do",
     )
 
 
@@ -66,12 +71,16 @@ def sandbox(
     display.reset()
     installation = Sandbox(display, lay_out)
     request.node.stash[_SANDBOX] = installation
+    records = request.config.getoption("record_in")
+    recorder = Recorder(installation) if records else None
     try:
         yield installation
         if request.node.stash.get(_FAILED, False):
             return
         installation.end_started()
         faults = [f"still running: {left}" for left in installation.leftovers()]
+        if recorder:
+            recorder.save(records, _file_name(request.node))
         faults += _unexpected_output(request.node, installation)
         if faults:
             kept = _keep(request.node)
@@ -104,12 +113,16 @@ def pytest_runtest_makereport(item: pytest.Item, call: pytest.CallInfo[None]):
             report.sections.append(("kept", f"the remains could not be kept: {error!r}"))
 
 
+def _file_name(item: pytest.Item) -> str:
+    """A test's name as that of a file."""
+    full_name = f"{item.path.name}::{item.nodeid.partition('::')[2]}"
+    return re.sub(r"[^A-Za-z0-9_.-]+", "_", full_name).strip("_")[:120]
+
+
 def _keep(item: pytest.Item) -> Path:
     """Keeps the remains of an item's sandbox, in a folder named after it, replacing older ones."""
     if _KEPT not in item.stash:
-        full_name = f"{item.path.name}::{item.nodeid.partition('::')[2]}"
-        name = re.sub(r"[^A-Za-z0-9_.-]+", "_", full_name).strip("_")
-        folder = item.config.getoption("keep_failures_in") / name[:120]
+        folder = item.config.getoption("keep_failures_in") / _file_name(item)
         item.stash[_KEPT] = evidence.keep(item.stash[_SANDBOX], folder)
     return item.stash[_KEPT]
 

@@ -1,26 +1,51 @@
 """What only the Windows executable can show: its shadow, real uninstallers, the ANSI code page."""
 
+import shutil
 import subprocess
+import tempfile
+from pathlib import Path
 
 import pytest
 
 import steps
 from driver import layout, wait
 from driver.installation import REPOSITORY
+from driver.sandbox import Sandbox
+from driver.tree import compare, snapshot
 from steps import expect_end, uninstall, wait_climbing, wait_complete
 
 SOURCES = REPOSITORY / "tests" / "windows"
 
 
-@pytest.mark.parametrize("shadow", [True, False], ids=["on", "off"])
-def test_the_shadow_follows_the_setting(sandbox, shadow):
+@pytest.mark.parametrize("percent", [100, 125, 150, 200])
+@pytest.mark.parametrize("shadow", [True, False], ids=["shadow", "no shadow"])
+def test_the_window_follows_shadow_and_scale(sandbox, shadow, percent):
     sandbox.system.set_drop_shadow(sandbox.root, shadow)
+    sandbox.system.set_scale(sandbox.root, percent)
     program = sandbox.start()
     window = program.window()
     margin = layout.SHADOW if shadow else 0
-    size = (640 + 2 * margin, 408 + 2 * margin)
-    wait.until(lambda: window.geometry.size, f"a window of {size}", accept=lambda seen: seen == size)
-    window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
+
+    def scaled(place):
+        return layout.Point(*(round((margin + at) * percent / 100) for at in (place.x, place.y)))
+
+    size = tuple((length + 2 * margin) * percent // 100 for length in layout.CARD.size)
+    wait.until(lambda: window.geometry.size, f"a window of {size}",
+               accept=lambda seen: all(abs(a - b) <= 1 for a, b in zip(seen, size)))
+    origin = window.geometry.origin
+
+    def wait_colour(place, colour):
+        at = scaled(place)
+        window.screen.wait_colour(at.moved(origin.x, origin.y), colour)
+
+    wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
+    if shadow:
+        # Round the card is nothing but its shadow, which has faded at the edge of the window.
+        middle = size[1] // 2
+        edge, beside_card, card = (window.opacity(layout.Point(x, middle)) for x in (
+            0, scaled(layout.Point(-2, 0)).x, scaled(layout.Point(2, 0)).x))
+        assert edge < beside_card < card == 255
+        assert window.opacity(layout.Point(0, 0)) == 0
     window.close()
     expect_end(sandbox, program, cleanup=False)
 
@@ -82,3 +107,97 @@ def test_a_real_uninstaller_that_hands_over_to_a_copy_of_itself(sandbox):
     else:
         window.close()
     expect_end(sandbox, program, cleanup=complete)
+
+
+# Folders whose names are more than letters of English ---------------------------------------------
+
+BEYOND_THE_CODE_PAGE = "Дравик 中文"
+"""The library, the launches and some reads take texts in the ANSI code page, which has none of it."""
+
+
+@pytest.fixture
+def sandbox_in(display):
+    """Makes a sandbox in a folder of a given name."""
+    display.reset()
+    base = Path(tempfile.mkdtemp(prefix="ktr-"))
+    made = []
+
+    def make(name):
+        made.append(Sandbox(display, root=base / name))
+        return made[0]
+
+    yield make
+    for sandbox in made:
+        sandbox.end_started()
+        assert not sandbox.leftovers()
+        sandbox.cleanup()
+    display.reset()
+    shutil.rmtree(base)
+
+
+def run_through(sandbox, **variables):
+    """A whole uninstallation, up to the end of the program."""
+    before = sandbox.snapshot()
+    program = sandbox.start(environment=variables)
+    window = program.ready()
+    uninstall(window)
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    assert not sandbox.instance_lock_held()
+    assert sandbox.read_handle() is None
+    # The uninstaller has done its work, whatever the folder is called, and nobody has done more.
+    difference = compare(before, sandbox.snapshot())
+    assert sorted(difference.removed) == [
+        f"Dravik/bin/{name}" for name in
+        ("Dravik.dat", "presets", "presets/default.preset", "presets/studio.preset", "readme.txt")]
+    assert not difference.changed
+    return program, difference.added
+
+
+def elsewhere(sandbox, folder):
+    """The variables that make a folder the one for temporary files."""
+    return dict.fromkeys(("TEMP", "TMP"), sandbox.shown(folder))
+
+
+@pytest.mark.parametrize("name", ["with blanks", "Ümläüte é"])
+def test_any_folder_that_the_code_page_has_is_as_good(sandbox_in, name):
+    sandbox = sandbox_in(name)
+    program, added = run_through(sandbox)
+    expect_end(sandbox, program, cleanup=True)
+    assert added == ["tmp/clearKTR.bat"]
+    assert [event[1] for event in steps.events(sandbox)] == ["Click_Uninstall"]
+
+
+def test_a_product_folder_may_have_what_the_interpreter_reads(sandbox_in, tmp_path):
+    sandbox = sandbox_in("a & b (c) ^d!")
+    program, _ = run_through(sandbox, **elsewhere(sandbox, tmp_path))
+    expect_end(sandbox, program, cleanup=True)
+
+
+def test_a_temp_folder_beyond_the_code_page_costs_the_clean_up(sandbox):
+    folder = sandbox.temp / BEYOND_THE_CODE_PAGE
+    folder.mkdir()
+    _, added = run_through(sandbox, **elsewhere(sandbox, folder))
+    assert added == [f"tmp/{BEYOND_THE_CODE_PAGE}/clearKTR.bat"]
+    assert [event[1] for event in steps.events(sandbox)] == ["Click_Uninstall"]
+    sandbox.wait_processes("SkyrelWrapExe.exe", 0)
+    assert not sandbox.journal("clearKTR.bat")
+
+
+@pytest.mark.parametrize("name, similar", [("Łódź", "Lódz"), ("Дравик 中文", None)])
+def test_a_product_folder_beyond_the_code_page_costs_events_and_clean_up(
+        sandbox_in, tmp_path, name, similar):
+    """Everything else works, and no folder of a similar name is taken for this one."""
+    sandbox = sandbox_in(name)
+    if similar:
+        decoy = sandbox.root.with_name(similar)
+        shutil.copytree(sandbox.root / "Dravik", decoy / "Dravik")
+        (decoy / "Dravik" / "bin" / "hwndFile.ini").write_bytes(bytes(8))
+        before = snapshot(decoy, ("Dravik",))
+    run_through(sandbox, **elsewhere(sandbox, tmp_path))
+    assert (tmp_path / "clearKTR.bat").exists()
+    for image in ("SkyrelWrap.DLL", "SkyrelWrapExe.exe", "clearKTR.bat"):
+        assert not sandbox.journal(image)
+    if similar:
+        assert not compare(before, snapshot(decoy, ("Dravik",)))

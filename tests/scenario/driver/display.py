@@ -11,7 +11,7 @@ import subprocess
 import tempfile
 import time
 from pathlib import Path
-from typing import Any
+from typing import TYPE_CHECKING, Any, Callable
 
 from Xlib import X
 from Xlib import display as xdisplay
@@ -22,7 +22,11 @@ from driver.input import Input
 from driver.screen import Screen
 from driver.windows import Windows
 
-SIZE = (1280, 900)
+if TYPE_CHECKING:
+    from driver.window import Window
+
+SIZE = (1440, 1000)
+"""Holds the window with its shadow at the largest scale."""
 
 _OPENBOX_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
@@ -78,6 +82,8 @@ class Display:
         self._logs = log_directory or self._folder
         self._logs.mkdir(parents=True, exist_ok=True)
         self._processes: list[subprocess.Popen[bytes]] = []
+        self.before_act: Callable[["Window"], None] | None = None
+        """Told of a window that is about to be clicked or closed."""
         self.connection: Any = None
         try:
             self.name = self._start_server()

@@ -27,6 +27,7 @@ class Started:
         self.environment = environment
         self.stdout_file = log.with_name(log.name + ".out")
         self.stderr_file = log.with_name(log.name + ".err")
+        self._killed = False
         with open(self.stdout_file, "wb") as out, open(self.stderr_file, "wb") as err:
             self._process = subprocess.Popen(
                 command, env=environment, cwd=directory, stdin=subprocess.DEVNULL,
@@ -34,8 +35,7 @@ class Started:
             )
 
     def __repr__(self) -> str:
-        state = "running" if self.running else f"ended with {self._process.returncode}"
-        return f"<{Path(self.command[0]).name} {self.pid}, {state}>"
+        return f"<{Path(self.command[0]).name} {self.pid}, {self.ending}>"
 
     @property
     def pid(self) -> int:
@@ -46,6 +46,13 @@ class Started:
     def running(self) -> bool:
         """Whether it has not ended yet."""
         return self._process.poll() is None
+
+    @property
+    def ending(self) -> str:
+        """How it ended, in words."""
+        if self.running:
+            return "running"
+        return "ended by force" if self._killed else f"status {self._process.returncode}"
 
     @property
     def stdout(self) -> str:
@@ -68,6 +75,7 @@ class Started:
 
     def kill(self) -> None:
         """Ends it at once; no effect on one that has ended."""
+        self._killed = self._killed or self.running
         self._process.kill()
         self._process.wait()
 

@@ -142,6 +142,7 @@ class Window:
             lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered",
             deadline, accept=lambda seen: not seen,
         )
+        self._about_to_act()
         point = self.place(place)
         self._display.input.click(point.x, point.y)
         self._display.windows.settle()
@@ -200,6 +201,12 @@ class Window:
         """What is to be seen where the window is."""
         return self._display.screen.picture(self._geometry())
 
+    def opacity(self, point: Point) -> int:
+        """How opaque it is at a point of its own: from 0, nothing, to 255."""
+        image = self._window.get_image(point.x, point.y, 1, 1, X.ZPixmap, 0xFFFFFFFF)
+        assert image.depth == 32, "the window can be transparent"
+        return image.data[3]
+
     @property
     def icons(self) -> dict[tuple[int, int], tuple[int, int, int]]:
         """The pictures that it gives the desktop for itself: by size, the colour of the middle."""
@@ -232,11 +239,16 @@ class Window:
 
     def close(self) -> None:
         """Closes it as a window manager's close button does; does not wait."""
+        self._about_to_act()
         self._display.windows.send(self, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2])
 
     def wait_gone(self, deadline: float = wait.DEADLINE) -> None:
         """Waits until it is no longer shown or managed (the X window may live on, hidden)."""
         wait.until(lambda: not self.managed and not self.visible, f"{self!r} to go away", deadline)
+
+    def _about_to_act(self) -> None:
+        if self._display.before_act is not None:
+            self._display.before_act(self)
 
     def _above(self, point: Point) -> list["Window"]:
         """The visible managed windows that lie above this one and have the point."""

@@ -46,17 +46,23 @@ class Wine(Native):
         values.unlink()
         self._import(root, text + "\n[HKEY_CURRENT_USER\\Environment]\n" + "".join(
             f'"{name}"="{_escaped(self.shown(root / "tmp"))}"\n' for name in ("TEMP", "TMP"))
+            + f'"KTR_NOTE"="{_escaped(self.shown(root / "tools" / "note.exe"))}"\n'
             # Without a console, messages would go to the debugger.
             + '"QT_FORCE_STDERR_LOGGING"="1"\n'
             # A program that crashes ends, without a dialog about it.
-            + '\n[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\n"ShowCrashDialog"=dword:00000000\n')
+            + '\n[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\n"ShowCrashDialog"=dword:00000000\n'
+            # A free font like the system's own, which is not; else Wine would take one with serifs.
+            + '\n[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\n'
+            '"Segoe UI"="Open Sans"\n')
 
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
         """Sets variables that Wine keeps from its programs for those that start from now on.
 
-        Wine drops the names of the toolkit, which it takes for another system's.
+        Wine drops the names of the toolkit, which it takes for another system's, and has folders
+        for temporary files of its own.
         """
-        kept = {name: value for name, value in variables.items() if name.startswith("QT_")}
+        kept = {name: value for name, value in variables.items()
+                if name.startswith("QT_") or name in ("TEMP", "TMP")}
         if kept:
             self._import(root, "Windows Registry Editor Version 5.00\n\n"
                          "[HKEY_CURRENT_USER\\Environment]\n" + "".join(
@@ -78,6 +84,12 @@ class Wine(Native):
         self._import(root, "Windows Registry Editor Version 5.00\n\n"
                      "[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"
                      f'"UserPreferencesMask"=hex:{mask}\n')
+
+    def set_scale(self, root: Path, percent: int) -> None:
+        """The user's setting of how large everything is on the screen."""
+        self._import(root, "Windows Registry Editor Version 5.00\n\n"
+                     "[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"
+                     f'"LogPixels"=dword:{96 * percent // 100:08x}\n')
 
     def command(self, executable: Path, arguments: list[str]) -> list[str]:
         """The command line that starts an executable."""

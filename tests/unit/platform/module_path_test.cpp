@@ -38,6 +38,16 @@ TEST(ModulePathContract, NarrowIsCutToTheCapacity)
     EXPECT_EQ(platform::ExecutablePath(0), "");
 }
 
+TEST(ModulePathContract, ExactIsWhatIsNotCut)
+{
+    const std::size_t length = platform::ExecutablePath(kLongPath).size();
+    EXPECT_TRUE(platform::IsExecutablePathExact(kLongPath));
+    EXPECT_TRUE(platform::IsExecutablePathExact(length + 1));
+    EXPECT_FALSE(platform::IsExecutablePathExact(length));
+    EXPECT_FALSE(platform::IsExecutablePathExact(1));
+    EXPECT_FALSE(platform::IsExecutablePathExact(0));
+}
+
 TEST(ModulePathContract, WideIsCutToTheCapacity)
 {
     const std::wstring path = platform::ExecutablePathWide(kLongPath);

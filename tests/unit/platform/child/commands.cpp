@@ -163,6 +163,10 @@ const std::map<std::string, Answer> &Commands()
          [](const Lines &) {
              return platform::ExecutablePath(kLongPath);
          }},
+        {"path-is-exact",
+         [](const Lines &) {
+             return platform::IsExecutablePathExact(kLongPath) ? "yes" : "no";
+         }},
         {"path-before-main",
          [](const Lines &) {
              return kPathBeforeMain;

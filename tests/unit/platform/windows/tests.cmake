@@ -2,4 +2,11 @@ ktr_add_contract_test(platform_windows_test
     windows/bring_to_front_test.cpp
     windows/files_test.cpp
     windows/handle_test.cpp
-    windows/launch_test.cpp)
+    windows/launch_test.cpp
+    windows/library_test.cpp
+    windows/module_path_test.cpp)
+
+add_library(contract_error_mode MODULE fixtures/error_mode_library.cpp)
+ktr_target_defaults(contract_error_mode)
+set_target_properties(contract_error_mode PROPERTIES PREFIX "" SUFFIX ".dll")
+add_dependencies(platform_windows_test contract_error_mode)

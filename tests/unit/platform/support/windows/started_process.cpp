@@ -15,14 +15,14 @@ StartedProcess::StartedProcess(const std::filesystem::path &program,
                                const std::vector<std::string> &arguments)
     : state_(std::make_unique<State>())
 {
-    std::string commandLine = '"' + program.string() + '"';
+    std::wstring commandLine = L'"' + program.wstring() + L'"';
     for (const std::string &argument : arguments) {
-        commandLine += " \"" + argument + '"';
+        commandLine += L" \"" + std::filesystem::u8path(argument).wstring() + L'"';
     }
-    STARTUPINFOA startup = {};
+    STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process = {};
-    ::CreateProcessA(nullptr,
+    ::CreateProcessW(nullptr,
                      commandLine.data(),
                      nullptr,
                      nullptr,
