@@ -1,0 +1,79 @@
+"""When something is painted on a display, told by the display instead of asked for in a loop."""
+
+from __future__ import annotations
+
+import select
+import time
+from typing import Callable, TypeVar
+
+from Xlib import X
+from Xlib import display as xdisplay
+from Xlib.ext import damage
+
+Value = TypeVar("Value")
+
+_ALL_PLANES = 0xFFFFFFFF
+
+
+class PaintWatch:
+    """Follows every painting on a display.
+
+    The display reports the area after it was painted, so what is seen was really shown, and nobody
+    has to be asked while nothing happens.
+    """
+
+    def __init__(self, name: str) -> None:
+        self._connection = xdisplay.Display(name)
+        self._root = self._connection.screen().root
+        if not self._connection.has_extension("DAMAGE"):
+            raise RuntimeError(f"the display {name} does not report what is painted")
+        self._connection.damage_query_version()
+        self._root.damage_create(damage.DamageReportRawRectangles)
+        self._connection.sync()
+
+    def wait_quiet(self, seconds: float) -> None:
+        """Waits until nothing has been painted for so long."""
+        while self._next(seconds) is not None:
+            pass
+
+    def wait_colour(
+        self, colour: tuple[int, int, int], look: Callable[[], Value], deadline: float
+    ) -> tuple[float, Value]:
+        """Waits until something with this colour is painted.
+
+        Returns the `time.monotonic()` of that and what `look` returned right then. `TimeoutError`
+        when it does not come within `deadline` seconds.
+        """
+        pixel = bytes(reversed(colour))
+        end = time.monotonic() + deadline
+        while True:
+            area = self._next(end - time.monotonic())
+            if area is None:
+                raise TimeoutError
+            now, seen = time.monotonic(), look()
+            if _has_pixel(self._picture(area), pixel):
+                return now, seen
+
+    def _next(self, seconds: float):
+        """The next painted area; None when there is none within so many seconds."""
+        end = time.monotonic() + seconds
+        while True:
+            while self._connection.pending_events():
+                event = self._connection.next_event()
+                if event.type == self._connection.extension_event.DamageNotify:
+                    return event.area
+            left = max(0.0, end - time.monotonic())
+            if not select.select([self._connection.fileno()], [], [], left)[0]:
+                return None
+
+    def _picture(self, area) -> bytes:
+        return self._root.get_image(
+            area.x, area.y, area.width, area.height, X.ZPixmap, _ALL_PLANES).data
+
+
+def _has_pixel(picture: bytes, pixel: bytes) -> bool:
+    """Whether one of a picture's pixels, of four bytes each, begins with these."""
+    found = picture.find(pixel)
+    while found % 4 and found >= 0:
+        found = picture.find(pixel, found + 1)
+    return found >= 0
