@@ -14,8 +14,9 @@ function(ktr_target_defaults target)
         $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
         -Wformat=2 -Wcast-align -Wundef)
     if(WIN32)
-        target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0A00
-            _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
+        # Windows 7 is the oldest that the program runs on, as its manifest says.
+        target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0601
+            _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
         # Guarded stacks, and no traces of the machine that built it.
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong>

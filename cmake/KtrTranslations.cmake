@@ -1,5 +1,7 @@
 # Compiles translation sources: ktr_compile_translation(TS-FILE QM-FILE).
-find_program(KTR_LRELEASE NAMES lrelease PATHS /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
+# The tool is looked for in the Qt kit that was found, then where Debian has it.
+find_program(KTR_LRELEASE NAMES lrelease
+    PATHS "${Qt5_DIR}/../../../bin" /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
 
 function(ktr_compile_translation source target)
     add_custom_command(

@@ -1,15 +1,28 @@
 # What only the shipped Windows executable has: manifest, icon, version, and what the system can do
 # against attacks on it.
+if(WIN32)
+    enable_language(RC)
+endif()
+
 function(ktr_windows_executable target)
     if(NOT WIN32)
         return()
     endif()
-    enable_language(RC)
+    set(sources "${PROJECT_SOURCE_DIR}/resources")
+    set(manifest "${CMAKE_CURRENT_BINARY_DIR}/${target}.manifest")
     set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
-    configure_file("${PROJECT_SOURCE_DIR}/resources/windows/UninstallUI.rc.in" "${resource}" @ONLY)
-    set_source_files_properties("${resource}" PROPERTIES OBJECT_DEPENDS
-        "${PROJECT_SOURCE_DIR}/resources/windows/UninstallUI.manifest;${PROJECT_SOURCE_DIR}/resources/icon/uninstall.ico")
+    configure_file("${sources}/windows/UninstallUI.manifest.in" "${manifest}" @ONLY)
+    configure_file("${sources}/windows/UninstallUI.rc.in" "${resource}" @ONLY)
+    set_source_files_properties("${resource}" PROPERTIES
+        OBJECT_DEPENDS "${manifest};${sources}/icon/uninstall.ico")
     target_sources(${target} PRIVATE "${resource}")
     target_link_options(${target} PRIVATE
         -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat $<$<CONFIG:Release>:-s>)
+    # Windows 7, as in the manifest: an older system refuses the program, and no newer one takes it
+    # for an older program than it is.
+    target_link_options(${target} PRIVATE
+        -Wl,--major-os-version,6 -Wl,--minor-os-version,1
+        -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,1)
+    # The same sources give the same file, whenever it is linked.
+    target_link_options(${target} PRIVATE -Wl,--no-insert-timestamp)
 endfunction()

@@ -14,9 +14,9 @@ inline constexpr std::size_t kPathCapacity = 260;
 /// when the system does not tell it. Any thread, also before `main`.
 std::string ExecutablePath(std::size_t capacity);
 
-/// Whether `ExecutablePath(capacity)` names this very executable. It does not when it is cut, or when
-/// the ANSI code page lacks one of its letters: the system then puts a similar one in its place, and
-/// the path may be that of another file. Any thread, also before `main`.
+/// Whether `ExecutablePath(capacity)` names this very executable. It does not when it is cut, or
+/// when the ANSI code page lacks one of its letters: the system then puts a similar one in its
+/// place, and the path may be that of another file. Any thread, also before `main`.
 bool IsExecutablePathExact(std::size_t capacity);
 
 /// `ExecutablePath` in wide characters; `capacity` counts characters.

@@ -22,8 +22,8 @@ std::optional<std::string> EnvironmentVariable(const std::string &name);
 
 std::uint32_t OwnProcessId();
 
-/// Numbers of the open descriptors beyond the three standard ones, where the system has such
-/// numbers (none on Windows).
+/// The open descriptors beyond the three standard ones: their numbers; on Windows the inherited
+/// handles, each with what it is of. To be asked before anything is opened.
 std::vector<std::string> OpenDescriptors();
 
 /// Appends `bytes` to the file in one piece; other processes may be doing the same. Failure has no
@@ -32,6 +32,9 @@ void AppendInOnePiece(const std::filesystem::path &file, std::string_view bytes)
 
 /// The end of the session or terminal that started this process does not end it.
 void OutliveParent();
+
+/// Ends this process at once, in the way in which another one would end it.
+[[noreturn]] void EndByForce();
 
 /// Standard output takes bytes as they are.
 void BinaryOutput();

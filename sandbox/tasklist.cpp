@@ -5,7 +5,9 @@
 //   bytes=N           print N bytes of other text first
 //   say=TEXT          print this line, %XX standing for any byte (repeatable)
 //   silent=1          print no list
+//   complain=TEXT     print this line on standard error (repeatable)
 //   hang=1            do not end after printing
+//   killed=1          end after printing as if somebody had terminated it
 //   exit=0            exit code
 //   note=1            write a line for each query
 // Journal, with note=1: query (args, found=pids).
@@ -175,6 +177,13 @@ int main(int argc, char **argv)
         Print(Answer(*query, listed));
     }
     std::fflush(stdout);
+    for (const std::string &text : self.All("complain")) {
+        std::fputs((text + "\n").c_str(), stderr);
+    }
+    std::fflush(stderr);
+    if (self.Number("killed", 0) != 0) {
+        host::EndByForce();
+    }
     if (self.Number("hang", 0) != 0) {
         self.WaitWhile([] { return true; });
     }

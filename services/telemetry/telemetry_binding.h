@@ -30,7 +30,8 @@ public:
     TelemetryBinding &operator=(TelemetryBinding &&) = delete;
 
     /// Loads "SkyrelWrap.DLL" from the executable's directory. False when the path cannot be had
-    /// in the narrow encoding or with the file name reaches 260 bytes, and as `LoadTelemetryLibrary` says.
+    /// in the narrow encoding or with the file name reaches 260 bytes, and as
+    /// `LoadTelemetryLibrary` says.
     bool LoadTelemetryFromModuleDir();
 
     /// Where the library of the program at `executable` lies; empty as said above.

@@ -216,7 +216,7 @@ def test_a_click_waits_for_an_uncovered_place_and_for_its_effect_on_the_stacking
 
 def test_a_program_that_ends_before_its_window_comes_is_noticed_at_once(sandbox: Sandbox) -> None:
     program = sandbox.start([TOY, "--no-window", "--status", "7"])
-    with pytest.raises(wait.Doomed, match="ended with 7"):
+    with pytest.raises(wait.Doomed, match="status 7"):
         program.window()
 
 

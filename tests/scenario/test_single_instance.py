@@ -5,6 +5,7 @@ import struct
 import pytest
 
 from driver import layout, wait
+from steps import expect_end, uninstall, wait_complete
 
 
 def second_start_ends(sandbox):
@@ -64,6 +65,26 @@ def test_a_new_start_works_when_the_first_has_ended(sandbox, program):
     again = sandbox.start()
     again.ready().click(layout.CANCEL)
     assert again.wait_exit() == 0
+
+
+def test_while_the_first_one_waits_for_the_task_list(sandbox, program):
+    """The first one answers nobody then, and a second start may have to wait with it."""
+    window = program.ready()
+    sandbox.configure("uninstall.exe", run_ms=1000)
+    sandbox.configure("tasklist", note=1, hang=1)
+    uninstall(window)
+    sandbox.wait_noted("tasklist", "query")
+    sandbox.configure("tasklist", hang=None)  # from the next question on
+    with sandbox.display.windows.bystander():
+        second_start_ends(sandbox)
+        # Where the second start waited, the first one has lost its patience with the task list.
+        for process in sandbox.system.offspring(sandbox.root):
+            if process.name.startswith("tasklist"):
+                sandbox.system.end(process)
+        wait_in_front(sandbox, window)
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
 
 
 def _raw(number: int) -> bytes:

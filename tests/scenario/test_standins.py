@@ -6,6 +6,7 @@ import os
 import shutil
 import signal
 import subprocess
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 from types import SimpleNamespace
 from typing import Callable, Iterator
@@ -15,6 +16,7 @@ import pytest
 from driver import wait
 from driver.installation import REPOSITORY, build_directory
 from driver.sandbox import Sandbox
+from driver.target import system_under_test
 
 LIBRARY = "SkyrelWrap.DLL"
 COMPANION = "SkyrelWrapExe.exe"
@@ -51,8 +53,10 @@ def load(sandbox: Sandbox) -> Iterator[Callable[..., subprocess.Popen[str]]]:
     started = []
 
     def start(*arguments: str) -> subprocess.Popen[str]:
+        loader = "telemetry_loader" + sandbox.system.executable_suffix
         process = subprocess.Popen(
-            [build_directory() / "sandbox" / "telemetry_loader", sandbox.bin / LIBRARY, *arguments],
+            sandbox.system.command(build_directory() / "sandbox" / loader,
+                                   [sandbox.shown(sandbox.bin / LIBRARY), *arguments]),
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=sandbox.environment())
         started.append(process)
         assert process.stdout.readline() == "loaded 16\n"
@@ -76,8 +80,9 @@ def end(loader: subprocess.Popen[str]) -> str:
 
 def run(sandbox: Sandbox, name: str, *arguments: str, **options) -> subprocess.CompletedProcess:
     return subprocess.run(
-        [sandbox.locate(name), *arguments], capture_output=True, check=False,
-        timeout=wait.DEADLINE, **{"env": sandbox.environment(), "cwd": sandbox.bin, **options})
+        sandbox.system.command(sandbox.locate(name), list(arguments)), capture_output=True,
+        check=False, timeout=wait.DEADLINE,
+        **{"env": sandbox.environment(), "cwd": sandbox.bin, **options})
 
 
 def ask(sandbox: Sandbox, image: str, *more: str, **options) -> bytes:
@@ -98,13 +103,16 @@ def test_an_installation_has_its_files_and_replaces_an_older_one(tmp_path: Path)
     lay_out(place)
     assert {entry.name for entry in place.parent.iterdir()} == {"sandbox"}
     names = {str(file.relative_to(place)) for file in place.rglob("*") if file.is_file()}
+    system = system_under_test()
+    tasklist = f"{system.commands}/tasklist{system.executable_suffix}"
     assert names >= {f"Dravik/bin/{name}" for name in (
         UNINSTALLER, PRODUCT_UI, COMPANION, LIBRARY, "clearKTR.bat", "registry.reg", "Dravik.dat")}
-    assert names >= {"tools/tasklist", "tools/xdg-open", "sandbox.mark"}
+    assert names >= {tasklist, "tools/xdg-open", "sandbox.mark"}
     assert "Dravik/bin/left over" not in names and "journal.log" not in names
     assert (place / "run").stat().st_mode & 0o777 == 0o700
     assert "Dravik/bin/translations/ktr_German.qm" in names
-    assert (place / "tools" / "tasklist.txt").read_text() == f"root={place}\n"
+    settings = (place / (tasklist + ".txt")).read_text()
+    assert settings == f"root={system.shown(place)}\n".replace("\\", "/")
 
 
 def test_a_folder_that_is_no_installation_is_refused(tmp_path: Path) -> None:
@@ -135,11 +143,13 @@ def test_nobody_waits_in_an_installation_that_is_gone(
 
 def test_lines_written_at_the_same_time_stay_whole(sandbox: Sandbox) -> None:
     text = "x" * 3000
-    writers = [
-        subprocess.Popen(["sh", "-c", f'for i in 1 2 3 4 5 6 7 8 9 10; do "$0" w{number} e -- '
-                          f'"$i" {text}; done', sandbox.locate("note")])
-        for number in range(6)]
-    assert [writer.wait(wait.DEADLINE) for writer in writers] == [0] * 6
+
+    def write(number: int) -> list[int]:
+        return [run(sandbox, "note", f"w{number}", "e", "--", str(index), text).returncode
+                for index in range(1, 11)]
+
+    with ThreadPoolExecutor(6) as writers:
+        assert list(writers.map(write, range(6))) == [[0] * 10] * 6
     entries = sandbox.journal()
     for number in range(6):
         items = [entry.items("args") for entry in entries if entry.image == f"w{number}"]
@@ -150,38 +160,54 @@ def test_lines_written_at_the_same_time_stay_whole(sandbox: Sandbox) -> None:
 
 
 def test_the_uninstaller_notes_how_it_was_started(sandbox: Sandbox) -> None:
-    odd = "tab\t line\n percent% [x] ü \udcff"
+    odd = 'tab\t line\n percent% [x] ü 中 "quoted\\" \\'
     sandbox.configure(UNINSTALLER, run_ms=0, env="SET,EMPTY,UNSET", exit=7)
-    with open(sandbox.root / "sandbox.mark", encoding="utf-8") as inherited:
-        done = run(sandbox, UNINSTALLER, "/SP-", odd, "", pass_fds=[inherited.fileno()],
-                   cwd=sandbox.home, env={"SET": "a b", "EMPTY": ""})
-        assert done.returncode == 7
-        start = sandbox.journal(UNINSTALLER, "start")[0]
-        assert start.items("fds") == [str(inherited.fileno())]
+    done = run(sandbox, UNINSTALLER, "/SP-", odd, "", cwd=sandbox.home,
+               env={**sandbox.environment(), "SET": "a b", "EMPTY": ""})
+    assert done.returncode == 7
+    start = sandbox.journal(UNINSTALLER, "start")[0]
     assert start.fields["args"] == (
-        "[/SP-][tab%09 line%0A percent%25 %5Bx%5D ü %FF][]")
-    assert start.text("cwd") == str(sandbox.home)
+        '[/SP-][tab%09 line%0A percent%25 %5Bx%5D ü 中 "quoted\\" \\][]')
+    assert start.text("cwd") == sandbox.shown(sandbox.home)
     assert [start.text(f"env.{name}") for name in ("SET", "EMPTY", "UNSET")] == [
         "set:a b", "empty", "unset"]
     assert sandbox.journal()[-1].matches(UNINSTALLER, "end", pid=start.text("pid"), exit=7)
 
 
+def test_the_uninstaller_notes_what_it_inherits_and_bytes_that_are_no_text(
+    sandbox: Sandbox
+) -> None:
+    sandbox.configure(UNINSTALLER, run_ms=0)
+    with open(sandbox.root / "sandbox.mark", encoding="utf-8") as inherited:
+        assert run(sandbox, UNINSTALLER, "\udcff", pass_fds=[inherited.fileno()]).returncode == 0
+        start = sandbox.journal(UNINSTALLER, "start")[0]
+        assert start.items("fds") == [str(inherited.fileno())]
+    assert start.fields["args"] == "[%FF]"
+
+
 def test_the_uninstaller_removes_what_it_knows_and_nothing_outside(sandbox: Sandbox) -> None:
     outside = sandbox.root / "outside.dat"
     outside.touch()
-    (sandbox.home / "kept.dat").touch()
-    (sandbox.bin / "link").symlink_to(sandbox.home)
-    refused = ["../../outside.dat", str(outside), "link/kept.dat",
-               "presets/../../../outside.dat", "."]
+    refused = ["../../outside.dat", sandbox.shown(outside), "presets/../../../outside.dat", "."]
     sandbox.configure(UNINSTALLER, run_ms=0, remove=[
-        "Dravik.dat", *refused, "presets", "absent.dat", UNINSTALLER])
+        "Dravik.dat", *refused, "presets", "absent.dat"])
     assert run(sandbox, UNINSTALLER).returncode == 0
     results = {entry.text("file"): entry.text("result")
                for entry in sandbox.journal(UNINSTALLER, "remove")}
     assert results == {"Dravik.dat": "gone", **{name: "refused" for name in refused},
-                       "presets": "failed", "absent.dat": "missing", UNINSTALLER: "gone"}
-    assert outside.exists() and (sandbox.home / "kept.dat").exists()
+                       "presets": "failed", "absent.dat": "missing"}
+    assert outside.exists()
     assert not (sandbox.bin / "Dravik.dat").exists() and (sandbox.bin / "presets").exists()
+
+
+def test_the_uninstaller_removes_itself_but_nothing_behind_a_link(sandbox: Sandbox) -> None:
+    (sandbox.home / "kept.dat").touch()
+    (sandbox.bin / "link").symlink_to(sandbox.home)
+    sandbox.configure(UNINSTALLER, run_ms=0, remove=["link/kept.dat", UNINSTALLER])
+    assert run(sandbox, UNINSTALLER).returncode == 0
+    assert [entry.text("result") for entry in sandbox.journal(UNINSTALLER, "remove")] == [
+        "refused", "gone"]
+    assert (sandbox.home / "kept.dat").exists()
 
 
 def test_the_uninstaller_runs_until_told_and_lingers(sandbox: Sandbox) -> None:
@@ -240,7 +266,6 @@ def test_the_companion_lives_as_long_as_the_library_is_in_use(sandbox: Sandbox, 
     first, second = load(), load()
     start = sandbox.wait_noted(COMPANION, "start")
     wait.until(lambda: len(sandbox.processes(COMPANION)) == 1, "one companion to remain")
-    assert sandbox.processes(COMPANION)[0].pid == start.number("pid")
     end(first)
     # The second loader does not end by itself, so a companion that ended now would be at fault.
     assert not sandbox.journal(COMPANION, "end") and sandbox.processes(COMPANION)
@@ -278,7 +303,8 @@ def test_the_companion_is_nobodys_child_and_inherits_nothing(sandbox: Sandbox, l
 
 def test_a_terminated_companion_writes_no_end(sandbox: Sandbox, load) -> None:
     loader = load()
-    os.kill(sandbox.wait_noted(COMPANION, "start").number("pid"), signal.SIGKILL)
+    sandbox.wait_noted(COMPANION, "start")
+    sandbox.system.end(*sandbox.wait_processes(COMPANION, 1))
     sandbox.wait_processes(COMPANION, 0)
     end(loader)
     assert not sandbox.journal(COMPANION, "end")
@@ -360,11 +386,11 @@ def test_a_task_list_sees_only_below_its_root(sandbox: Sandbox, running: int) ->
     line = f'"{running}"'.encode()
     sibling = sandbox.bin.with_name("bi")
     sibling.mkdir()
-    for root, seen in ((sandbox.root / "elsewhere", False), (sandbox.bin, True),
-                       (sibling, False), ("/", True), (None, True),
-                       ([sandbox.home, sandbox.root], True), ("/no such folder", False)):
-        sandbox.configure("tasklist", root=root)
-        assert (line in ask(sandbox, PRODUCT_UI)) == seen, root
+    for roots, seen in (([sandbox.root / "elsewhere"], False), ([sandbox.bin], True),
+                        ([sibling], False), ([Path("/")], True), ([], True),
+                        ([sandbox.home, sandbox.root], True), ([Path("/no such folder")], False)):
+        sandbox.configure("tasklist", root=[sandbox.shown(root) for root in roots])
+        assert (line in ask(sandbox, PRODUCT_UI)) == seen, roots
 
 
 def test_a_task_list_can_lie(sandbox: Sandbox, running: int) -> None:
@@ -381,10 +407,11 @@ def test_a_task_list_can_lie(sandbox: Sandbox, running: int) -> None:
 
 def test_a_task_list_can_hang_and_fail(sandbox: Sandbox) -> None:
     sandbox.configure("tasklist", hang=1)
-    hanging = subprocess.Popen([sandbox.locate("tasklist"), "/NH", "/FO", "CSV"],
-                               stdout=subprocess.PIPE)
+    tasklist = sandbox.locate("tasklist")
+    hanging = subprocess.Popen(sandbox.system.command(tasklist, ["/NH", "/FO", "CSV"]),
+                               stdout=subprocess.PIPE, env=sandbox.environment())
     # It prints before it hangs, and lists itself.
-    assert hanging.stdout.readline().startswith(f'"tasklist","{hanging.pid}"'.encode())
+    assert hanging.stdout.readline().startswith(f'"{tasklist.name}","'.encode())
     assert hanging.poll() is None
     hanging.kill()
     hanging.communicate()
@@ -392,6 +419,11 @@ def test_a_task_list_can_hang_and_fail(sandbox: Sandbox) -> None:
     query = ["/NH", "/FO", "CSV", "/FI", "IMAGENAME eq none.exe"]
     assert run(sandbox, "tasklist", *query).returncode == 5
     assert [entry.items("args") for entry in sandbox.journal("tasklist", "query")] == [query]
+    sandbox.configure("tasklist", exit=None, note=None, say="text", silent=1, complain="error",
+                      killed=1)
+    done = run(sandbox, "tasklist", *query)
+    assert (done.stdout, done.stderr.rstrip()) == (b"text\r\n", b"error")
+    assert done.returncode != 0
 
 
 @pytest.mark.parametrize("wrong", [
@@ -406,26 +438,40 @@ def test_other_questions_are_errors(sandbox: Sandbox, wrong: list[str]) -> None:
 
 
 def test_an_opened_link_is_noted(sandbox: Sandbox) -> None:
+    def open_link() -> int:
+        # A script of this system, which opens the links of the Windows executable, too.
+        return subprocess.run([sandbox.locate("xdg-open"), link], env=sandbox.environment(),
+                              timeout=wait.DEADLINE, check=False).returncode
+
     link = "https://torvan.example/?a=%20[1]&b='\"$HOME;*"
-    assert run(sandbox, "xdg-open", link).returncode == 0
+    assert open_link() == 0
     assert [entry.items("args") for entry in sandbox.journal("xdg-open", "open")] == [[link]]
     sandbox.configure("xdg-open", exit=3)
-    assert run(sandbox, "xdg-open", link).returncode == 3
+    assert open_link() == 3
 
 
 def test_the_clean_up_script_notes_how_it_was_called(sandbox: Sandbox) -> None:
+    copy = Path(shutil.copy2(sandbox.bin / "clearKTR.bat", sandbox.temp))
+    script = subprocess.run(
+        sandbox.system.command(copy, ["/a b/[c]", ""]), cwd=sandbox.temp, capture_output=True,
+        env=sandbox.environment(), timeout=wait.DEADLINE, check=False)
+    assert (script.returncode, script.stdout, script.stderr) == (0, b"", b"")
+    start = sandbox.journal("clearKTR.bat", "start")[0]
+    assert start.items("args") == ["/a b/[c]", ""]
+    assert start.text("cwd") == sandbox.shown(sandbox.temp)
+    assert start.text("script") == sandbox.shown(copy)
+
+
+def test_the_clean_up_script_notes_who_sees_it(sandbox: Sandbox) -> None:
     copy = shutil.copy2(sandbox.bin / "clearKTR.bat", sandbox.temp)
     nowhere = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL,
                "stderr": subprocess.DEVNULL}
     script = subprocess.Popen(
-        ["chrt", "--idle", "0", "nice", "-n", "19", copy, "/a b/[c]", ""], cwd=sandbox.temp,
-        start_new_session=True, env=sandbox.environment(), **nowhere)
+        ["chrt", "--idle", "0", "nice", "-n", "19", copy], start_new_session=True, **nowhere)
     assert script.wait(wait.DEADLINE) == 0
     start = sandbox.journal("clearKTR.bat", "start")[0]
-    assert start.items("args") == ["/a b/[c]", ""]
-    assert {key: start.text(key) for key in ("cwd", "script", "sid", "nice", "policy")} == {
-        "cwd": str(sandbox.temp), "script": copy, "sid": str(script.pid), "nice": "19",
-        "policy": "5"}
+    assert {key: start.text(key) for key in ("sid", "nice", "policy")} == {
+        "sid": str(script.pid), "nice": "19", "policy": "5"}
     assert [start.text(stream) for stream in nowhere] == ["/dev/null"] * 3
     subprocess.run([copy], stdin=subprocess.DEVNULL, capture_output=True, check=True)
     other = sandbox.journal("clearKTR.bat", "start")[1]

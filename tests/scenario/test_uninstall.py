@@ -101,7 +101,8 @@ def test_uninstall_cannot_be_pressed_while_the_warning_is_up(sandbox, program):
     assert len(sandbox.journal("SkyrelWrap.DLL", "SkyrelSendInfo")) == 1
 
 
-def test_clean_up_runs_hidden_idle_and_in_the_temp_directory(sandbox, program):
+def clean_up(sandbox, program):
+    """Uninstalls and closes; how the clean-up script was started."""
     sandbox.configure("uninstall.exe", run_ms=1000)
     window = program.window()
     uninstall(window)
@@ -109,14 +110,23 @@ def test_clean_up_runs_hidden_idle_and_in_the_temp_directory(sandbox, program):
     window.click(layout.TITLE_CLOSE)
     expect_end(sandbox, program, cleanup=True)
     entry = sandbox.wait_noted("clearKTR.bat", "start")
+    assert len(sandbox.journal("clearKTR.bat")) == 1
+    return entry
+
+
+def test_clean_up_runs_the_copy_in_the_temp_directory(sandbox, program):
+    entry = clean_up(sandbox, program)
     assert entry.text("script") == sandbox.shown(sandbox.temp / "clearKTR.bat")
     assert entry.text("cwd") == sandbox.shown(sandbox.temp)
+
+
+def test_clean_up_runs_hidden_and_idle(sandbox, program):
+    entry = clean_up(sandbox, program)
     assert entry.text("nice") == "19"
     assert entry.text("policy") == "5"
     assert entry.number("sid") != os.getsid(0), "a session of its own"
     for stream in ("stdin", "stdout", "stderr"):
         assert entry.text(stream) == "/dev/null"
-    assert len(sandbox.journal("clearKTR.bat")) == 1
 
 
 def test_the_uninstaller_inherits_no_lock(sandbox, program):

@@ -12,14 +12,26 @@ int main(int argc, char **argv)
         return 2;
     }
     if (std::strcmp(argv[1], "probe") == 0) {
-        return ::OpenMutexA(SYNCHRONIZE, FALSE, argv[2]) != nullptr ? 1 : 0;
+        auto *const probed = ::OpenMutexA(SYNCHRONIZE, FALSE, argv[2]);
+        if (probed == nullptr) {
+            return 0;
+        }
+        ::CloseHandle(probed);
+        return 1;
     }
-    if (::CreateMutexA(nullptr, TRUE, argv[2]) == nullptr || ::GetLastError() != ERROR_SUCCESS) {
+    auto *const held = ::CreateMutexA(nullptr, TRUE, argv[2]);
+    if (held == nullptr) {
+        return 2;
+    }
+    if (::GetLastError() != ERROR_SUCCESS) {
+        ::CloseHandle(held);
         return 2;
     }
     std::puts("held");
     std::fflush(stdout);
     while (std::getchar() != EOF) {
     }
+    ::ReleaseMutex(held);
+    ::CloseHandle(held);
     return 0;
 }

@@ -4,9 +4,11 @@ from __future__ import annotations
 
 import os
 import re
+import shutil
 import struct
 import subprocess
-from pathlib import Path
+from itertools import product
+from pathlib import Path, PurePosixPath
 from xml.etree import ElementTree
 
 import pefile
@@ -17,6 +19,7 @@ BUILD = Path(os.environ.get("KTR_BUILD", REPOSITORY / "build" / "windows"))
 EXECUTABLE = BUILD / "app" / "UninstallUI.exe"
 ALLOWED = Path(__file__).with_name("allowed-imports.txt")
 ICON = REPOSITORY / "resources" / "icon" / "uninstall.ico"
+COMPILED_IN = REPOSITORY / "qml" / "qml.qrc"
 
 V1 = "{urn:schemas-microsoft-com:asm.v1}"
 V3 = "{urn:schemas-microsoft-com:asm.v3}"
@@ -27,6 +30,12 @@ SETTINGS = "{http://schemas.microsoft.com/SMI/%d/WindowsSettings}"
 @pytest.fixture(scope="module")
 def image() -> pefile.PE:
     return pefile.PE(str(EXECUTABLE))
+
+
+def version() -> str:
+    """The project's own, from the one place where it stands: three numbers."""
+    project = (REPOSITORY / "CMakeLists.txt").read_text(encoding="utf-8")
+    return re.search(r"VERSION (\d+\.\d+\.\d+)", project.split("project(")[1]).group(1)
 
 
 def resources(image: pefile.PE, kind: str) -> dict[int, bytes]:
@@ -45,6 +54,12 @@ def test_it_is_a_64_bit_program_without_a_console(image):
     assert image.OPTIONAL_HEADER.Magic == 0x20B
     assert image.OPTIONAL_HEADER.Subsystem == pefile.SUBSYSTEM_TYPE["IMAGE_SUBSYSTEM_WINDOWS_GUI"]
     assert not image.is_dll()
+
+
+def test_it_asks_for_windows_7(image):
+    header = image.OPTIONAL_HEADER
+    assert (header.MajorOperatingSystemVersion, header.MinorOperatingSystemVersion) == (6, 1)
+    assert (header.MajorSubsystemVersion, header.MinorSubsystemVersion) == (6, 1)
 
 
 def test_its_memory_is_protected(image):
@@ -70,9 +85,15 @@ def test_its_manifest(image):
     root = ElementTree.fromstring(text)
     level = root.find(f".//{V3}requestedExecutionLevel")
     assert level.attrib == {"level": "asInvoker", "uiAccess": "false"}
-    controls = root.find(f"{V1}dependency/{V1}dependentAssembly/{V1}assemblyIdentity")
-    assert (controls.get("name"), controls.get("version")) == (
-        "Microsoft.Windows.Common-Controls", "6.0.0.0")
+    assert (root.tag, root.attrib) == (f"{V1}assembly", {"manifestVersion": "1.0"})
+    itself, = root.findall(f"{V1}assemblyIdentity")
+    assert itself.attrib == {"type": "win32", "name": "Torvan.Dravik.UninstallUI",
+                             "version": f"{version()}.0", "processorArchitecture": "amd64"}
+    # With a wrong token or architecture there is no such assembly, and the program does not start.
+    controls, = root.iterfind(f"{V1}dependency/{V1}dependentAssembly/{V1}assemblyIdentity")
+    assert controls.attrib == {"type": "win32", "name": "Microsoft.Windows.Common-Controls",
+                               "version": "6.0.0.0", "processorArchitecture": "amd64",
+                               "publicKeyToken": "6595b64144ccf1df", "language": "*"}
     systems = [item.get("Id") for item in root.iter(f"{COMPATIBILITY}supportedOS")]
     assert systems == ["{35138b9a-5d96-4fbd-8e2d-a2440225f93a}",
                        "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}",
@@ -99,9 +120,7 @@ def test_its_icon(image):
 
 
 def test_its_version_block(image):
-    project = (REPOSITORY / "CMakeLists.txt").read_text(encoding="utf-8")
-    version = re.search(r"VERSION (\d+\.\d+\.\d+)", project.split("project(")[1]).group(1)
-    numbers = [int(part) for part in version.split(".")]
+    numbers = [int(part) for part in version().split(".")]
     fixed = image.VS_FIXEDFILEINFO[0]
     high_low = (numbers[0] << 16 | numbers[1], numbers[2] << 16)
     assert (fixed.FileVersionMS, fixed.FileVersionLS) == high_low
@@ -112,16 +131,38 @@ def test_its_version_block(image):
             texts.update((key.decode(), value.decode()) for key, value in table.entries.items())
     assert texts == {
         "CompanyName": "Torvan", "ProductName": "Dravik", "FileDescription": "Dravik Uninstall",
-        "FileVersion": version, "ProductVersion": version, "InternalName": "UninstallUI",
+        "FileVersion": version(), "ProductVersion": version(), "InternalName": "UninstallUI",
         "OriginalFilename": "UninstallUI.exe", "LegalCopyright": "Torvan",
     }
+
+
+def test_its_manifest_has_the_version_of_its_version_block(image):
+    text, = resources(image, "RT_MANIFEST").values()
+    itself = ElementTree.fromstring(text).find(f"{V1}assemblyIdentity")
+    fixed = image.VS_FIXEDFILEINFO[0]
+    parts = [fixed.FileVersionMS >> 16, fixed.FileVersionMS & 0xFFFF,
+             fixed.FileVersionLS >> 16, fixed.FileVersionLS & 0xFFFF]
+    assert itself.get("version") == ".".join(map(str, parts))
 
 
 def test_it_does_not_tell_where_it_was_built():
     content = EXECUTABLE.read_bytes()
     for place in (REPOSITORY, BUILD, Path.home() / ".cache"):
-        for encoding in ("utf-8", "utf-16-le"):
-            assert str(place).encode(encoding) not in content, place
+        for text, encoding in product((str(place), place.as_posix()), ("utf-8", "utf-16-le")):
+            assert text.encode(encoding) not in content, place
+
+
+def test_it_does_not_tell_when_it_was_built(image):
+    """Else two builds of the same sources would differ."""
+    assert image.FILE_HEADER.TimeDateStamp == 0
+    assert image.DIRECTORY_ENTRY_RESOURCE.struct.TimeDateStamp == 0
+    # Of what is compiled in, each file and folder has a date: the same one, of 1980.
+    files = ElementTree.parse(COMPILED_IN).getroot().iter("file")
+    names = [PurePosixPath(item.get("alias", item.text)) for item in files]
+    folders = {folder for name in names for folder in name.parents}
+    date = (315532800 * 1000).to_bytes(8, "big")
+    assert names
+    assert EXECUTABLE.read_bytes().count(date) == len(names) + len(folders)
 
 
 def imported(image: pefile.PE) -> dict[str, list[str]]:
@@ -145,5 +186,7 @@ def test_it_imports_only_what_is_allowed(image):
 def test_no_section_is_left_for_a_debugger(image):
     names = [section.Name.rstrip(b"\0").decode() for section in image.sections]
     assert not [name for name in names if name.startswith((".debug", "/"))]
-    assert subprocess.run(["x86_64-w64-mingw32-nm", EXECUTABLE], capture_output=True, text=True,
-                          check=False).stdout == ""
+    # On Windows, where the target is no foreign one, the tool has no prefix.
+    tool = shutil.which("x86_64-w64-mingw32-nm") or "nm"
+    read = subprocess.run([tool, EXECUTABLE], capture_output=True, text=True, check=False)
+    assert read.stdout == ""

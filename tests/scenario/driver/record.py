@@ -17,21 +17,22 @@ from driver.window import Window
 FOLDERS = ("Dravik", "home", "tmp")
 """Where files come and go alike everywhere."""
 
-_ONLY_HERE = re.compile(r"pid|script_pid|sid|fds|nice|policy|std\w+|env\..*")
+_ONLY_HERE = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..*")
 """Particulars of an entry that tell about the system or the moment, not about the program."""
 _SETTINGS = re.compile(r"\w+ Dravik/bin/(registry\.reg|tasklist\.txt|[^/]+\.(exe|dll)\.txt)", re.I)
 """What a test itself writes for the stand-ins."""
-_QUESTIONS = "tasklist"
-"""Asked as often as time allows; that it was asked, and for what, is what counts."""
+_OFTEN = ("tasklist", "SkyrelWrapExe.exe")
+"""Asked, or started by each load of the library, as often as time allows: that it was is what counts."""
 
 
 class Recorder:
-    """Watches one scenario from before the program is started."""
+    """Watches one scenario from the moment in which the program is started."""
 
     def __init__(self, sandbox: Sandbox) -> None:
         self._sandbox = sandbox
-        self._before = sandbox.snapshot(FOLDERS)
+        self._before: tree.Tree = {}
         self._picture = None
+        sandbox.before_start = self._begin
         sandbox.display.before_act = self._look
 
     def save(self, folder: Path, name: str) -> None:
@@ -41,7 +42,9 @@ class Recorder:
         if self._picture is not None:
             self._picture.save(folder / f"{name}.png")
         entries = self._sandbox.journal()
-        change = tree.compare(self._before, self._sandbox.snapshot(FOLDERS))
+        # A scenario that does not start the program has nothing to compare.
+        after = self._sandbox.snapshot(FOLDERS) if self._sandbox.programs else {}
+        change = tree.compare(self._before, after)
         record = {
             "events": [" ".join(entry.items("pairs")) for entry in entries
                        if entry.event == "SkyrelSendInfo"],
@@ -55,6 +58,11 @@ class Recorder:
         }
         (folder / f"{name}.json").write_text(json.dumps(record, indent=1), encoding="utf-8")
 
+    def _begin(self) -> None:
+        """What the scenario itself has prepared until here is none of the program's doing."""
+        if not self._sandbox.programs:
+            self._before = self._sandbox.snapshot(FOLDERS)
+
     def _look(self, window: Window) -> None:
         """Remembers the main window as it is shown with whatever lies above it."""
         program = next((one for one in self._sandbox.programs if window in one.windows()), None)
@@ -66,9 +74,9 @@ class Recorder:
 
     def _processes(self, entries: list[Entry]) -> list[str]:
         told = [self._line(entry) for entry in entries
-                if entry.event in ("start", "end") and entry.image != _QUESTIONS]
-        asked = {self._line(entry) for entry in entries if entry.image == _QUESTIONS}
-        return sorted(told) + sorted(asked)
+                if entry.event in ("start", "end") and entry.image not in _OFTEN]
+        often = {self._line(entry) for entry in entries if entry.image in _OFTEN}
+        return sorted(told) + sorted(often)
 
     def _line(self, entry: Entry) -> str:
         fields = [f"{key}={entry.text(key)}" for key in entry.fields if not _ONLY_HERE.fullmatch(key)]

@@ -51,6 +51,8 @@ class Sandbox:
         self.bin = self.root / "Dravik" / "bin"
         self.home = self.root / "home"
         self.temp = self.root / "tmp"
+        self.before_start: Callable[[], None] = lambda: None
+        """Called before the program is started."""
         self.programs: list[RunningProgram] = []
         self.stand_ins: list[Started] = []
 
@@ -128,6 +130,7 @@ class Sandbox:
 
         `under` is the command line of a program that then becomes the program, as `nice` does.
         """
+        self.before_start()
         self.system.give_variables(self.root, environment or {})
         variables: dict[str, str | None] = {**self.environment(), **(environment or {})}
         program = RunningProgram(

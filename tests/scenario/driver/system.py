@@ -47,6 +47,8 @@ class Native:
 
     program_name = "UninstallUI"
     executable_suffix = ""
+    commands = "tools"
+    """The folder of a sandbox in which the commands of the system are found first."""
     empty_variable = "empty"
     """What becomes of a variable that the program sets to nothing."""
     has_lock_file = True

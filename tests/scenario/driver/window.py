@@ -170,9 +170,9 @@ class Window:
                 nonlocal looks
                 looks += 1
                 seen = self.geometry
-                if seen != target and looks % 40 == 0:
-                    self._display.input.move(point.x + 1, point.y)
-                    self._display.input.move(point.x, point.y)
+                if seen != target and looks % 20 == 0:
+                    # There and back, each with time to be noticed.
+                    self._display.input.move(point.x + looks // 20 % 2, point.y)
                 return seen
 
             wait.until(

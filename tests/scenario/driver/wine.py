@@ -30,6 +30,7 @@ class Wine(Native):
 
     program_name = "UninstallUI.exe"
     executable_suffix = ".exe"
+    commands = "Dravik/bin"
     empty_variable = "unset"
     has_lock_file = False
     has_execute_bit = False
@@ -61,13 +62,17 @@ class Wine(Native):
         Wine drops the names of the toolkit, which it takes for another system's, and has folders
         for temporary files of its own.
         """
-        kept = {name: value for name, value in variables.items()
+        kept = {name: value or None for name, value in variables.items()
                 if name.startswith("QT_") or name in ("TEMP", "TMP")}
         if kept:
-            self._import(root, "Windows Registry Editor Version 5.00\n\n"
-                         "[HKEY_CURRENT_USER\\Environment]\n" + "".join(
-                             f'"{name}"=' + (f'"{_escaped(value)}"' if value else "-") + "\n"
-                             for name, value in kept.items()))
+            self.set_user_values(root, "Environment", kept)
+
+    def set_user_values(self, root: Path, key: str, values: dict[str, str | None]) -> None:
+        """Sets texts in a key below the current user; None removes one."""
+        self._import(root, "Windows Registry Editor Version 5.00\n\n"
+                     f"[HKEY_CURRENT_USER\\{key}]\n" + "".join(
+                         f'"{name}"=' + (f'"{_escaped(value)}"' if value is not None else "-") + "\n"
+                         for name, value in values.items()))
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
         """Replaces the product's values under the local machine; None is left out."""

@@ -1,6 +1,8 @@
 #include "app/process_utils.h"
 #include "platform/module_path.h"
 #include "platform/text.h"
+#include "tests/unit/platform/support/child.h"
+#include "tests/unit/platform/support/waiting.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -8,7 +10,6 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -154,27 +155,24 @@ TEST_F(ProcessUtils, TelemetryHelpersOfTheProgramDirectoryAreEndedAndOthersAreNo
     QFile::remove(programDir + QStringLiteral("/SKYRELwrapexe.exe"));
 }
 
-TEST_F(ProcessUtils, TheCleanupCommandRunsInTheTempDirectory)
+TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
 {
-    const QString folder = Folder(QStringLiteral("launch"));
-    const QString script = folder + QStringLiteral("/clear.sh");
-    QFile file(script);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("#!/bin/sh\n{ pwd; nice; printf '%s\\n' \"$#\" \"$1\"; } > \"$1/out.new\"\n"
-               "mv \"$1/out.new\" \"$1/out\"\n");
-    file.close();
-    file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-
-    LaunchCleanupCommand(QStringLiteral("%1 \"%2\"").arg(script, folder));
-    QFile out(folder + QStringLiteral("/out"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return out.exists(); }, 60000));
-    ASSERT_TRUE(out.open(QIODevice::ReadOnly));
-    const QStringList lines = QString::fromLocal8Bit(out.readAll()).split(QLatin1Char('\n'));
-    EXPECT_EQ(QFileInfo(lines.value(0)).canonicalFilePath(),
-              QFileInfo(QDir::tempPath()).canonicalFilePath());
-    EXPECT_EQ(lines.value(1), QStringLiteral("19"));
-    EXPECT_EQ(lines.value(2), QStringLiteral("1"));
-    EXPECT_EQ(lines.value(3), folder);
+    const contract::ScratchFolder folder;
+    const std::string program = (folder / ("clear" + contract::ProgramExtension())).string();
+    std::filesystem::copy_file(CONTRACT_CHILD, program);
+    contract::DetachedChild child;
+    {
+        const contract::ScopedVariable mailbox(contract::kMailboxVariable, child.Folder().string());
+        LaunchCleanupCommand(QString::fromLocal8Bit((program + " \"a b\"").c_str()));
+    }
+    child.AwaitStart();
+    EXPECT_EQ(child.Ask({"arguments"}), program + "\na b\n");
+    EXPECT_EQ(
+        QFileInfo(QString::fromLocal8Bit(child.Ask({"directory"}).c_str())).canonicalFilePath(),
+        QFileInfo(QDir::tempPath()).canonicalFilePath());
+    // It may have started before its priority was lowered.
+    EXPECT_TRUE(contract::WaitUntil([&child] { return child.Ask({"priority"}) == "idle"; }));
+    EXPECT_TRUE(contract::IsHidden(child.Ask({"facts"})));
 }
 
 TEST_F(ProcessUtils, ACommandThatCannotBeLaunchedHasNoEffect)

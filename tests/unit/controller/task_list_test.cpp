@@ -1,39 +1,38 @@
 #include "controller/task_list.h"
 
-#include <QDir>
+#include "platform/processes.h"
+#include "tests/unit/config/log_watch.h"
+#include "tests/unit/controller/task_list_stand_in.h"
+#include "tests/unit/platform/support/waiting.h"
+
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <algorithm>
 
 namespace {
 
-// Real programs stand for the system's query: shell scripts written for each case.
+using contract::ReadFile;
+
+// The stand-in for the system's query, told what to answer in each case. It stays silent about what
+// really runs on the machine, unless a test wants the form of its answers.
 class TaskList : public testing::Test
 {
 protected:
-    TaskListQuery Query(const char *script, int timeAllowedMs = 60000)
+    // A query that hangs ends at the latest with the folder that has this file.
+    TaskList()
     {
-        TaskListQuery query;
-        query.program = folder_.filePath(QStringLiteral("tasklist"));
-        query.timeAllowedMs = timeAllowedMs;
-        QFile file(query.program);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("#!/bin/sh\n");
-        file.write(script);
-        file.close();
-        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-        return query;
+        contract::WriteFile(folder_ / "sandbox.mark", "a test of the task list");
     }
 
-    QString ReadFile(const QString &name)
+    TaskListQuery Query(const std::string &settings, int timeAllowedMs = 60000)
     {
-        QFile file(folder_.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        standIn_.Tell(settings);
+        TaskListQuery query;
+        query.program = QString::fromStdString(standIn_.Program().u8string());
+        query.timeAllowedMs = timeAllowedMs;
+        return query;
     }
 
     static bool Shows(const TaskListQuery &query)
@@ -41,7 +40,17 @@ protected:
         return TaskListShows(QStringLiteral("KTRUI.exe"), query);
     }
 
-    QTemporaryDir folder_;
+    bool QueryRuns() const
+    {
+        const std::wstring image = standIn_.Program().filename().wstring();
+        const auto processes = platform::SnapshotProcesses();
+        return !processes || std::any_of(processes->begin(), processes->end(), [&](auto &process) {
+            return process.imageName == image;
+        });
+    }
+
+    contract::ScratchFolder folder_;
+    TaskListStandIn standIn_{folder_.Path(), contract::UniqueName("query")};
 };
 
 TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
@@ -53,85 +62,83 @@ TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
 
 TEST_F(TaskList, PassesItsArgumentsInOrder)
 {
-    const TaskListQuery query =
-        Query("for a in \"$@\"; do printf '[%s]' \"$a\"; done > \"$(dirname \"$0\")/args\"\n");
-    EXPECT_FALSE(TaskListShows(QStringLiteral("a b%1.exe"), query));
-    EXPECT_EQ(ReadFile(QStringLiteral("args")),
-              QStringLiteral("[/NH][/FO][CSV][/FI][IMAGENAME eq a b%1.exe]"));
+    EXPECT_FALSE(TaskListShows(QStringLiteral("a b%1.exe"), Query("silent=1\nnote=1\n")));
+    EXPECT_EQ(ReadFile(folder_ / "journal.log"),
+              standIn_.Program().filename().string() +
+                  "\tquery\targs=[/NH][/FO][CSV][/FI][IMAGENAME eq a b%251.exe]\tfound=\n");
 }
 
 TEST_F(TaskList, FindsTheNameAnywhereInTheOutput)
 {
-    EXPECT_TRUE(Shows(Query("printf '\"KTRUI.exe\",\"12\",\"Console\",\"1\",\"9 K\"\\r\\n'\n")));
-    EXPECT_TRUE(Shows(Query("printf 'xxKTRUI.exexx'\n")));
+    EXPECT_TRUE(Shows(Query("show=KTRUI.exe\n"))); // a line of the list
+    EXPECT_TRUE(Shows(Query("silent=1\nsay=xxKTRUI.exexx\n")));
 }
 
 TEST_F(TaskList, ComparesLettersExactly)
 {
-    EXPECT_FALSE(Shows(Query("echo '\"ktrui.exe\",\"12\"'\n")));
-    EXPECT_FALSE(Shows(Query("echo '\"KTRUI.EXE\",\"12\"'\n")));
+    // The list itself does not.
+    EXPECT_FALSE(Shows(Query("root=nowhere\nshow=ktrui.exe\n")));
+    EXPECT_FALSE(Shows(Query("root=nowhere\nshow=KTRUI.EXE\n")));
 }
 
 TEST_F(TaskList, NoMatchingTaskIsNo)
 {
-    EXPECT_FALSE(
-        Shows(Query("echo 'INFO: No tasks are running which match the specified criteria.'\n")));
-    EXPECT_FALSE(Shows(Query("exit 0\n")));
+    EXPECT_FALSE(Shows(Query("root=nowhere\n"))); // a message says so
+    EXPECT_FALSE(Shows(Query("silent=1\n")));
 }
 
 TEST_F(TaskList, CountsByItsOutputWhateverWayItEnded)
 {
-    EXPECT_TRUE(Shows(Query("echo KTRUI.exe; exit 1\n")));
-    EXPECT_TRUE(Shows(Query("echo KTRUI.exe; kill -9 $$\n")));
-    EXPECT_FALSE(Shows(Query("exit 1\n")));
+    EXPECT_TRUE(Shows(Query("silent=1\nsay=KTRUI.exe\nexit=1\n")));
+    EXPECT_TRUE(Shows(Query("silent=1\nsay=KTRUI.exe\nkilled=1\n")));
+    EXPECT_FALSE(Shows(Query("silent=1\nexit=1\n")));
 }
 
 TEST_F(TaskList, StandardErrorDoesNotCount)
 {
-    EXPECT_FALSE(Shows(Query("echo KTRUI.exe >&2\n")));
+    EXPECT_FALSE(Shows(Query("silent=1\ncomplain=KTRUI.exe\n")));
 }
 
 TEST_F(TaskList, AQueryThatCannotBeStartedIsNo)
 {
-    TaskListQuery query;
-    query.program = folder_.filePath(QStringLiteral("missing"));
+    TaskListQuery query = Query("silent=1\nsay=KTRUI.exe\n");
+    query.program += QStringLiteral(".missing");
     EXPECT_FALSE(Shows(query));
 }
 
 TEST_F(TaskList, DecodesUtf8)
 {
-    const TaskListQuery query = Query("printf '\"\\303\\234n\\303\\257.exe\",\"1\"'\n");
-    EXPECT_TRUE(TaskListShows(QString::fromUtf8("\303\234n\303\257.exe"), query));
+    const QString name = QString::fromUtf8("\303\234n\303\257.exe");
+    EXPECT_TRUE(TaskListShows(name, Query("silent=1\nsay=%C3%9Cn%C3%AF.exe\n")));
+    EXPECT_FALSE(TaskListShows(name, Query("silent=1\nsay=%DCn%EF.exe\n"))) << "in Latin-1";
 }
 
 TEST_F(TaskList, ReadsTenMebibytesWithoutADeadlock)
 {
-    const char *const padding = "head -c 10485760 /dev/zero | tr '\\0' x\n";
-    EXPECT_TRUE(
-        Shows(Query(qPrintable(QLatin1String(padding) + QLatin1String("echo KTRUI.exe\n")))));
-    EXPECT_FALSE(Shows(Query(padding)));
+    EXPECT_TRUE(Shows(Query("silent=1\nbytes=10485760\nsay=KTRUI.exe\n")));
+    EXPECT_FALSE(Shows(Query("silent=1\nbytes=10485760\n")));
 }
 
 TEST_F(TaskList, AQueryThatHangsIsEndedWhenItsTimeIsOver)
 {
-    const TaskListQuery query =
-        Query("echo $$ > \"$(dirname \"$0\")/pid.new\"; mv \"$(dirname \"$0\")/pid.new\" "
-              "\"$(dirname \"$0\")/pid\"; exec sleep 600\n",
-              3000);
+    const TaskListQuery query = Query("silent=1\nhang=1\n", 3000);
+    const LogWatch log;
     QElapsedTimer elapsed;
     elapsed.start();
-    testing::internal::CaptureStderr();
     EXPECT_FALSE(Shows(query));
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(LogWatch::NewLines(), QStringList());
     EXPECT_GE(elapsed.elapsed(), 2900);
-    const int pid = ReadFile(QStringLiteral("pid")).toInt();
-    ASSERT_GT(pid, 0);
-    EXPECT_NE(::kill(pid, 0), 0) << "the query outlived its time";
+    EXPECT_TRUE(contract::WaitUntil([this] { return !QueryRuns(); })) << "it outlived its time";
 }
 
 TEST_F(TaskList, WhatAHangingQueryHasPrintedCounts)
 {
-    EXPECT_TRUE(Shows(Query("echo KTRUI.exe; exec sleep 600\n", 3000)));
+    // On a busy machine the query needs a while to come to printing.
+    bool shown = false;
+    for (int timeAllowedMs = 3000; !shown && timeAllowedMs < 60000; timeAllowedMs *= 4) {
+        shown = Shows(Query("silent=1\nsay=KTRUI.exe\nhang=1\n", timeAllowedMs));
+    }
+    EXPECT_TRUE(shown);
 }
 
 } // namespace

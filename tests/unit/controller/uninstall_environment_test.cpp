@@ -1,12 +1,14 @@
 #include "controller/uninstall_environment.h"
 
+#include "tests/unit/config/log_watch.h"
+#include "tests/unit/controller/task_list_stand_in.h"
+#include "tests/unit/platform/support/child.h"
+
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QSysInfo>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -17,26 +19,17 @@ namespace {
 class SystemEnvironment : public testing::Test
 {
 protected:
-    QString Script(const QString &name, const QByteArray &content)
-    {
-        const QString path = folder_.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\n" + content);
-        file.close();
-        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-        return path;
-    }
-
-    QTemporaryDir folder_;
     const UninstallEnvironment system_ = UninstallEnvironment::System();
 };
 
 TEST_F(SystemEnvironment, AsksTheTaskListOfTheSearchPath)
 {
-    Script(QStringLiteral("tasklist"), "echo '\"uninstall.exe\",\"1\"'\n");
+    // Windows looks beside the program before it looks anywhere else.
+    const TaskListStandIn standIn(contract::OwnProgram().parent_path(), "tasklist");
+    standIn.Tell("root=nowhere\nshow=uninstall.exe\n");
     const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", folder_.path().toLocal8Bit() + ':' + path);
+    const QString first = QCoreApplication::applicationDirPath() + QDir::listSeparator();
+    qputenv("PATH", first.toLocal8Bit() + path);
     EXPECT_TRUE(system_.isProcessRunning(QStringLiteral("uninstall.exe")));
     EXPECT_FALSE(system_.isProcessRunning(QStringLiteral("KTRUI.exe")));
     qputenv("PATH", path);
@@ -44,21 +37,42 @@ TEST_F(SystemEnvironment, AsksTheTaskListOfTheSearchPath)
 
 TEST_F(SystemEnvironment, StartsAProgramWithItsArgumentsAsTheyAre)
 {
-    const QString program = Script(QStringLiteral("a program"),
-                                   "printf '[%s]' \"$@\" > \"$0.new\"\n"
-                                   "mv \"$0.new\" \"$0.out\"\n");
-    system_.startDetached(program, {QStringLiteral("/SP-"), QStringLiteral("a b\"c")});
-    QFile out(program + QStringLiteral(".out"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return out.exists(); }, 60000));
-    ASSERT_TRUE(out.open(QIODevice::ReadOnly));
-    EXPECT_EQ(out.readAll(), QByteArray("[/SP-][a b\"c]"));
+    const contract::ScratchFolder folder;
+    const auto program = folder / ("a program" + contract::ProgramExtension());
+    std::filesystem::copy_file(CONTRACT_CHILD, program);
+    const contract::Lines arguments = {"/SP-",
+                                       "/VERYSILENT",
+                                       "a b\"c",
+                                       "",
+                                       R"(\)",
+                                       R"(in \"quotes\\)",
+                                       R"(with blank \)",
+                                       "$HOME %PATH%"};
+    QStringList given;
+    std::string expected;
+    for (const std::string &argument : arguments) {
+        given << QString::fromStdString(argument);
+        expected += argument + '\n';
+    }
+
+    contract::DetachedChild child;
+    {
+        const contract::ScopedVariable mailbox(contract::kMailboxVariable, child.Folder().string());
+        system_.startDetached(QString::fromStdString(program.u8string()), given);
+    }
+    child.AwaitStart();
+    const std::string seen = child.Ask({"arguments"});
+    EXPECT_EQ(seen.substr(seen.find('\n') + 1), expected); // the program's name comes first
 }
 
 TEST_F(SystemEnvironment, AMissingProgramHasNoEffect)
 {
+    const contract::ScratchFolder folder;
+    const LogWatch log;
     testing::internal::CaptureStderr();
-    system_.startDetached(folder_.filePath(QStringLiteral("none")), {});
+    system_.startDetached(QString::fromStdString((folder / "none").u8string()), {});
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(LogWatch::NewLines(), QStringList());
 }
 
 TEST_F(SystemEnvironment, SleepsWithoutLettingEventsThroughAndLetsThemThroughAfterwards)
@@ -67,8 +81,8 @@ TEST_F(SystemEnvironment, SleepsWithoutLettingEventsThroughAndLetsThemThroughAft
     QTimer::singleShot(0, [&arrived] { arrived = true; });
     QElapsedTimer elapsed;
     elapsed.start();
-    system_.sleep(20);
-    EXPECT_GE(elapsed.elapsed(), 20);
+    system_.sleep(60);
+    EXPECT_GE(elapsed.elapsed(), 40); // Windows counts in steps
     EXPECT_FALSE(arrived);
     system_.processEvents();
     EXPECT_TRUE(arrived);

@@ -25,6 +25,21 @@ TEST(LibraryContract, LoadedTwiceIsTheSameLibrary)
     EXPECT_EQ(platform::LoadLibraryFile(path.c_str()), first);
 }
 
+TEST(LibraryContract, EachLoadCountsAndNothingElseLoads)
+{
+    const contract::ScratchFolder folder;
+    const auto path = folder / "contract_counted.dll";
+    std::filesystem::copy_file(contract::FixtureLibrary(), path);
+    const platform::LibraryHandle library = platform::LoadLibraryFile(path.string().c_str());
+    EXPECT_TRUE(contract::IsLibraryLoaded(path));
+    ASSERT_EQ(platform::LoadLibraryFile(path.string().c_str()), library);
+    EXPECT_NE(platform::FindFunction(library, "ContractSum"), nullptr);
+    contract::UnloadLibrary(library);
+    EXPECT_TRUE(contract::IsLibraryLoaded(path)) << "loaded twice, given back once";
+    contract::UnloadLibrary(library);
+    EXPECT_FALSE(contract::IsLibraryLoaded(path)) << "loaded twice, given back twice";
+}
+
 TEST(LibraryContract, MissingExportIsNull)
 {
     const platform::LibraryHandle library =

@@ -84,6 +84,14 @@ TEST_F(RegistryContract, TheTypeDoesNotMatter)
     EXPECT_EQ(Query("Number", 10), "EN");
 }
 
+TEST_F(RegistryContract, NamesOfVariablesInATextStay)
+{
+    constexpr int kExpandable = 2;
+    values.Set(kKey, "Name", std::string("%PATH%\0", 7), kExpandable);
+    EXPECT_EQ(Query("Name", 10), "%PATH%");
+    EXPECT_EQ(RegistryKey::OpenLocalMachine(kKey).Text("Name"), "%PATH%");
+}
+
 TEST_F(RegistryContract, AnEmptyValueIsThere)
 {
     values.SetText(kKey, "Name", "");

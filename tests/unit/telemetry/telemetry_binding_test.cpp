@@ -1,3 +1,4 @@
+#include "platform/library.h"
 #include "platform/module_path.h"
 #include "platform/text.h"
 #include "services/telemetry/telemetry_binding.h"
@@ -120,9 +121,16 @@ TEST(TelemetryBinding, ConstructionLoadsFromTheProgramDirectoryAndMayRunTwice)
         auto *const binding = new (storage.data()) TelemetryBinding;
         // Loaded by the construction already.
         EXPECT_FALSE(binding->LoadTelemetryFromModuleDir());
+        EXPECT_EQ(binding->SendTelemetryPairs(false, u"t", u"0", u"a", u"1", u"b", u"2"), 77);
         auto *const again = new (storage.data()) TelemetryBinding;
         EXPECT_FALSE(again->LoadTelemetryFromModuleDir());
+        EXPECT_EQ(again->SendTelemetryPairs(false, u"t", u"0", u"c", u"3", u"d", u"4"), 77);
         again->~TelemetryBinding();
+        // Loading again has only counted: it is one library that has got both calls.
+        const auto calls = reinterpret_cast<const char *(*)()>(platform::FindFunction(
+            platform::LoadLibraryFile(BesideTheExecutable().string().c_str()), "FixtureCalls"));
+        ASSERT_NE(calls, nullptr);
+        EXPECT_STREQ(calls(), "9 wide t=0 a=1 b=2\n9 wide t=0 c=3 d=4\n");
     }
     std::error_code error;
     std::filesystem::remove(BesideTheExecutable(), error);

@@ -4,8 +4,9 @@
 
 namespace contract {
 
-/// Values under HKEY_LOCAL_MACHINE for the programs in the folder of this one, for as long as the
-/// object lives. The keys of the product are free before and gone after.
+/// The values under HKEY_LOCAL_MACHINE that this process sees for as long as the object lives: none
+/// but those given here. On Linux the other programs in its folder see them, too, on Windows nobody
+/// else does. The machine's own registry stays as it is. One object at a time.
 class RegistryValues
 {
 public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/library.h"
 #include "platform/processes.h"
 
 #include <cstdint>
@@ -62,6 +63,11 @@ private:
     std::string previous_;
 };
 
+/// Gives one of the loads of a library back. The program never does.
+void UnloadLibrary(platform::LibraryHandle library);
+/// Whether this process has a library of that full path.
+bool IsLibraryLoaded(const std::filesystem::path &path);
+
 /// Something that the system holds as long as the object lives.
 class Held
 {
@@ -91,5 +97,9 @@ std::unique_ptr<Held> OpenExclusivelyInheritable(const std::filesystem::path &pa
 std::string OwnPriority();
 /// Facts of this process that only one system has, a line each.
 std::string OwnFacts();
+/// Whether such facts are those of a process of which the user was to see nothing: one that was
+/// told to hide, or, where nothing can be told, one with a session of its own and streams to
+/// nowhere.
+bool IsHidden(const std::string &facts);
 
 } // namespace contract

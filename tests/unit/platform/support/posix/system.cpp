@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <fstream>
 #include <sched.h>
@@ -116,6 +117,20 @@ ScopedVariable::~ScopedVariable()
     }
 }
 
+void UnloadLibrary(platform::LibraryHandle library)
+{
+    ::dlclose(library);
+}
+
+bool IsLibraryLoaded(const std::filesystem::path &path)
+{
+    void *const library = ::dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (library != nullptr) {
+        ::dlclose(library); // the question has counted as a load
+    }
+    return library != nullptr;
+}
+
 std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder)
 {
     const std::filesystem::path file = lockFolder / (name + ".lock");
@@ -165,6 +180,15 @@ std::string OwnFacts()
         facts += line.rfind("Sig", 0) == 0 ? line + '\n' : "";
     }
     return facts;
+}
+
+bool IsHidden(const std::string &facts)
+{
+    const auto has = [&facts](const std::string &line) {
+        return facts.find(line + '\n') != std::string::npos;
+    };
+    return !has("session " + std::to_string(::getsid(0))) && has("descriptor 0 /dev/null") &&
+           has("descriptor 1 /dev/null") && has("descriptor 2 /dev/null");
 }
 
 } // namespace contract

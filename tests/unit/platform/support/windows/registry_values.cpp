@@ -2,39 +2,56 @@
 
 #include <windows.h>
 
-#include <array>
+#include <stdexcept>
 
 namespace contract {
 
 namespace {
 
-constexpr std::array<const char *, 2> kOurs = {"Software\\TORVAN", "Software\\WOW6432Node\\TORVAN"};
+// Goes with the user's session at the latest, should this process not come to removing it.
+constexpr DWORD kVolatile = REG_OPTION_VOLATILE;
 
-void RemoveOurs()
+// The key of the user that is this process's local machine.
+const std::string &OwnMachine()
 {
-    for (const char *key : kOurs) {
-        ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, key);
-    }
+    static const std::string key =
+        "Software\\KtrContract_" + std::to_string(::GetCurrentProcessId());
+    return key;
+}
+
+HKEY Created(HKEY root, const std::string &key)
+{
+    HKEY opened = nullptr;
+    ::RegCreateKeyExA(
+        root, key.c_str(), 0, nullptr, kVolatile, KEY_ALL_ACCESS, nullptr, &opened, nullptr);
+    return opened;
 }
 
 } // namespace
 
 RegistryValues::RegistryValues()
 {
-    RemoveOurs();
+    // An earlier process may have had the same number.
+    ::RegDeleteTreeA(HKEY_CURRENT_USER, OwnMachine().c_str());
+    HKEY machine = Created(HKEY_CURRENT_USER, OwnMachine());
+    // Replacing it by none would bring the machine's own back.
+    const bool replaced =
+        machine != nullptr && ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine) == ERROR_SUCCESS;
+    ::RegCloseKey(machine);
+    if (!replaced) {
+        throw std::runtime_error("the machine's own registry would be written to");
+    }
 }
 
 RegistryValues::~RegistryValues()
 {
-    RemoveOurs();
+    ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    ::RegDeleteTreeA(HKEY_CURRENT_USER, OwnMachine().c_str());
 }
 
 void RegistryValues::Create(const std::string &key)
 {
-    HKEY opened = nullptr;
-    ::RegCreateKeyExA(
-        HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
-    ::RegCloseKey(opened);
+    ::RegCloseKey(Created(HKEY_LOCAL_MACHINE, key));
 }
 
 void RegistryValues::Set(const std::string &key,
@@ -42,9 +59,7 @@ void RegistryValues::Set(const std::string &key,
                          const std::string &data,
                          int type)
 {
-    Create(key);
-    HKEY opened = nullptr;
-    ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_WRITE, &opened);
+    HKEY opened = Created(HKEY_LOCAL_MACHINE, key);
     ::RegSetValueExA(opened,
                      name.c_str(),
                      0,

@@ -78,6 +78,16 @@ ScopedVariable::~ScopedVariable()
     ::SetEnvironmentVariableA(name_.c_str(), wasSet_ ? previous_.c_str() : nullptr);
 }
 
+void UnloadLibrary(platform::LibraryHandle library)
+{
+    ::FreeLibrary(static_cast<HMODULE>(library));
+}
+
+bool IsLibraryLoaded(const std::filesystem::path &path)
+{
+    return ::GetModuleHandleW(path.c_str()) != nullptr;
+}
+
 // An access list without an entry lets nobody in.
 std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &)
 {
@@ -134,6 +144,11 @@ std::string OwnFacts()
     ::GetStartupInfoA(&startup);
     return "flags " + std::to_string(startup.dwFlags) + "\nshow " +
            std::to_string(startup.wShowWindow) + '\n';
+}
+
+bool IsHidden(const std::string &facts)
+{
+    return facts.find("flags 1\nshow 0\n") != std::string::npos;
 }
 
 } // namespace contract

@@ -1,0 +1,275 @@
+r"""What the Windows executable asks of the system: which calls, in which order, with what.
+
+The tables are what the program has agreed with Windows and with the product's setup; each line is a
+call. ROOT is the sandbox, `*` a place in memory; a call that begins with "Qt: " is made by the
+toolkit on the program's behalf. Things go by the names that `driver/relay.py` gives them.
+"""
+
+import re
+
+import pytest
+
+from driver import layout, relay, wait
+from steps import POLLS, uninstall, wait_climbing, wait_complete, wait_given_up
+
+pytestmark = pytest.mark.stderr_unchecked  # The trace is written there.
+
+
+def table(text):
+    """The lines of a table; one that begins with a blank goes on with the one before."""
+    return re.sub(r"\n +", " ", text.strip()).splitlines()
+
+
+# Every start, before everything else.
+ALONE = table(r"""
+LoadLibraryA("ROOT\Dravik\bin\SkyrelWrap.DLL")
+GetProcAddress(telemetry, "SkyrelOpenSession")
+GetProcAddress(telemetry, "SkyrelCloseSession")
+GetProcAddress(telemetry, "SkyrelAddParamToSessionA")
+GetProcAddress(telemetry, "SkyrelAddParamToSessionW")
+GetProcAddress(telemetry, "SkyrelSendInfo")
+GetProcAddress(telemetry, "SkyrelEnableUserInfoCollect")
+GetProcAddress(telemetry, "SkyrelInstallConfigFilePath")
+GetProcAddress(telemetry, "SkyrelInstallInitUid")
+GetProcAddress(telemetry, "SkyrelUninstallStart")
+GetProcAddress(telemetry, "SkyrelUninstallEnd")
+GetProcAddress(telemetry, "SkyrelIsEnableUserInfoCollect")
+GetProcAddress(telemetry, "SkyrelEndCache")
+GetProcAddress(telemetry, "SkyrelGetUserUid")
+GetProcAddress(telemetry, "SkyrelStopProcess")
+GetProcAddress(telemetry, "SkyrelGetKeyValue")
+GetProcAddress(telemetry, "SkyrelSetKeyValue")
+CreateMutexW(null, 1, "ktr_uninstall_version_2023_Ostrel_Torvan")
+""")
+
+# The first instance, until it builds its interface. The empty folder is deliberate.
+TO_THE_INTERFACE = [*ALONE, *table(r"""
+GetLastError() = 0
+SetCurrentDirectoryW("")
+Qt: SetCurrentDirectoryW("ROOT\Dravik\bin")
+Qt: CopyFileW("\\?\ROOT\Dravik\bin\clearKTR.bat", "\\?\ROOT\tmp\clearKTR.bat", 1)
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR", 0, 0x20019, *) = 0
+RegQueryValueExA(opened, "Language", null, null, *, *) = 0
+RegCloseKey(opened)
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE\Torvan\KTR", 0, 0x20019, *) = 0
+RegCloseKey(opened)
+""")]
+REMOVES_AN_OLDER_SCRIPT = r'Qt: DeleteFileW("\\?\ROOT\tmp\clearKTR.bat")'
+
+# What the interface may ask for while it loads, in its own order and as often as it likes.
+VERSION = r"""
+GetPrivateProfileStringW("main", "versionNo", "18.0", *, 100,
+    "ROOT\Dravik\bin\UninstallUI.exe\config.ini")
+"""
+SHADOW = r"""
+SystemParametersInfoA(0x1024, 0, *, 0)
+"""
+LANGUAGE = r"""
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR", 0, 0x20019, *) = 0
+RegQueryValueExA(opened, "Language", null, null, *, *) = 0
+RegCloseKey(opened)
+"""
+CHANNEL = r"""
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR\Version", 0, 0x20019, *) = 0
+RegQueryValueExA(opened, "OEM", null, null, *, *) = 0
+RegCloseKey(opened)
+"""
+NO_CHANNEL = r"""
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR\Version", 0, 0x20019, *) = 2
+"""
+LINK = r"""
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\WOW6432Node\TORVAN\KTR_dd", 0, 0x20019, *) = 0
+RegQueryValueExA(opened, "xurlID", null, null, *, *) = 0
+RegCloseKey(opened)
+"""
+# The setup is a 32-bit program, so its key comes first.
+LINK_OF_ANOTHER_SETUP = r"""
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\WOW6432Node\TORVAN\KTR_dd", 0, 0x20019, *) = 2
+RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR_dd", 0, 0x20019, *) = 0
+RegQueryValueExA(opened, "xurlID", null, null, *, *) = 0
+RegCloseKey(opened)
+"""
+
+PUBLISHES_ITS_WINDOW = table(r"""
+fopen("ROOT\Dravik\bin\hwndFile.ini", "wb")
+fclose(stream)
+""")
+
+ASKS_FOR_THE_PRODUCT = \
+    r'Qt: CreateProcessW(null, "tasklist  /NH /FO CSV /FI "IMAGENAME eq KTRUI.exe"")'
+STARTS_UNINSTALLER = r'Qt: CreateProcessW(null, "ROOT\Dravik\bin\uninstall.exe  /SP- /VERYSILENT")'
+ASKS_FOR_UNINSTALLER = \
+    r'Qt: CreateProcessW(null, "tasklist  /NH /FO CSV /FI "IMAGENAME eq uninstall.exe"")'
+
+# Of two companions only the one from the program's own folder is its own.
+CLEANS_UP = table(r"""
+CreateToolhelp32Snapshot(0x2, 0)
+Process32FirstW(snapshot, *)
+Process32NextW(snapshot, *)
+CloseHandle(snapshot)
+OpenProcess(0x1001, 0, stranger)
+QueryFullProcessImageNameW(process, 0, *, *)
+CloseHandle(process)
+OpenProcess(0x1001, 0, companion)
+QueryFullProcessImageNameW(process, 0, *, *)
+TerminateProcess(process, 0)
+CloseHandle(process)
+CreateProcessA(null, "ROOT\tmp\clearKTR.bat "ROOT\Dravik"", null, null, 0, 0x0, null,
+    "ROOT/tmp", *, *)
+SetPriorityClass(child, 0x40)
+SetProcessPriorityBoost(child, 1)
+""")
+
+GIVES_UP_ITS_PLACE = table(r"""
+ReleaseMutex(mutex)
+CloseHandle(mutex)
+DeleteFileA("ROOT\Dravik\bin\hwndFile.ini")
+exit(0)
+""")
+
+# A start that is not the first.
+LOOKS_FOR_THE_FIRST = [*ALONE, *table(r"""
+GetLastError() = 183
+CloseHandle(mutex)
+fopen("ROOT\Dravik\bin\hwndFile.ini", "rb")
+fclose(stream)
+""")]
+BRINGS_IT_TO_THE_FRONT = table(r"""
+IsWindow(window) = 1
+GetForegroundWindow()
+GetWindowThreadProcessId(foreground, null)
+AttachThreadInput(own-thread, its-thread, 1)
+ShowWindow(window, 1)
+SetWindowPos(window, -1, 0, 0, 0, 0, 0x3)
+SetWindowPos(window, -2, 0, 0, 0, 0, 0x3)
+SetForegroundWindow(window)
+AttachThreadInput(own-thread, its-thread, 0)
+""")
+
+# Whoever asks how often: one line says that it was asked until it was answered.
+UNTIL_ANSWERED = ("Process32NextW", ASKS_FOR_UNINSTALLER)
+# Asked for wherever a path is needed: what counts is how much room there is for the answer.
+OWN_PATH = re.compile(r"GetModuleFileName[AW]\(null, \*, (\d+)\)")
+PATH_CAPACITY = "260"
+
+
+def calls_to_the_end(sandbox, program, named=None):
+    """All calls of a program that has ended; the last ones may be on their way to the trace."""
+    seen = wait.until(lambda: relay.calls(sandbox, program, named=named), "the end in the trace",
+                      accept=lambda calls: calls[-1:] == ["exit(0)"])
+    # A longer one is asked for in wide characters, to see whether the short one tells all.
+    narrow = {call for call in seen if call.startswith("GetModuleFileNameA")}
+    assert {OWN_PATH.fullmatch(call)[1] for call in narrow} == {PATH_CAPACITY}
+    calls = [call for call in seen if not OWN_PATH.fullmatch(call)]
+    return [call for before, call in zip(["", *calls], calls)
+            if call != before or not call.startswith(UNTIL_ANSWERED)]
+
+
+def assert_calls(calls, beginning, loading, end):
+    """The calls begin and end like this, and what lies between is what loading may ask for."""
+    loaded = calls.index(end[0]) if end[0] in calls else len(calls)
+    assert calls[:len(beginning)] == beginning
+    assert reads(calls[len(beginning):loaded]) == {tuple(table(read)) for read in loading}
+    assert calls[loaded:] == end
+
+
+def reads(calls):
+    """Calls that read something, each with those that belong to it."""
+    found = []
+    for call in calls:
+        # The second place of the link is looked at only when the first has failed.
+        other_place = r'"Software\TORVAN\KTR_dd"' in call
+        begins = call.startswith(("RegOpenKeyExA", "GetPrivateProfile", "SystemParameters"))
+        if begins and not other_place or not found:
+            found.append(())
+        found[-1] += (call,)
+    return set(found)
+
+
+def console_shown(sandbox, program):
+    """How the console of what the program has started was shown."""
+    return [call for call in relay.calls(sandbox, program, relay.CONSOLE)
+            if call.startswith("ShowWindow")]
+
+
+def test_a_whole_run(sandbox):
+    sandbox.set_registry("German", oem="a channel", xurl_id="a link")
+    working = sandbox.hold("uninstall.exe")
+    (sandbox.temp / "clearKTR.bat").write_text("an older one", encoding="utf-8")
+    elsewhere = sandbox.root / "hold" / "stranger"
+    elsewhere.touch()
+    sandbox.spawn("SkyrelWrapExe.exe", inside=False, hold_file=elsewhere)
+    stranger = sandbox.wait_noted("SkyrelWrapExe.exe", "start").number("pid")
+    program = relay.start(sandbox)
+    window = program.ready()
+    uninstall(window)
+    wait_climbing(window)
+    working.unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    companion = sandbox.journal("SkyrelWrapExe.exe", "start")[1].number("pid")
+
+    staging = TO_THE_INTERFACE.index(next(one for one in TO_THE_INTERFACE if "CopyFileW" in one))
+    assert_calls(
+        calls_to_the_end(sandbox, program, {("process", stranger): "stranger",
+                                            ("process", companion): "companion"}),
+        [*TO_THE_INTERFACE[:staging], REMOVES_AN_OLDER_SCRIPT, *TO_THE_INTERFACE[staging:]],
+        [VERSION, SHADOW, LANGUAGE, CHANNEL, LINK],
+        [*PUBLISHES_ITS_WINDOW, ASKS_FOR_THE_PRODUCT, STARTS_UNINSTALLER, ASKS_FOR_UNINSTALLER,
+         *CLEANS_UP, *GIVES_UP_ITS_PLACE])
+    # The record that says so is only an address in the trace; this is what comes of it.
+    shown = wait.until(lambda: console_shown(sandbox, program), "the script's console")
+    assert shown == ["ShowWindow(unknown window, 0)"], "hidden"
+    elsewhere.unlink()
+    sandbox.wait_noted("SkyrelWrapExe.exe", "end", pid=stranger)
+
+
+def test_cancelling(sandbox):
+    sandbox.set_registry("German", xurl_id="a link", xurl_key="Software\\TORVAN\\KTR_dd")
+    program = relay.start(sandbox)
+    program.ready().click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    assert_calls(
+        calls_to_the_end(sandbox, program),
+        TO_THE_INTERFACE,
+        [VERSION, SHADOW, LANGUAGE, NO_CHANNEL, LINK_OF_ANOTHER_SETUP],
+        [*PUBLISHES_ITS_WINDOW, *GIVES_UP_ITS_PLACE])
+
+
+def test_an_uninstaller_that_never_appears(sandbox):
+    (sandbox.bin / "uninstall.exe").unlink()
+    sandbox.configure("tasklist", note=1)
+    program = relay.start(sandbox)
+    window = program.ready()
+    uninstall(window)
+    wait_given_up(sandbox)
+    window.close()
+    assert program.wait_exit() == 0
+    calls = calls_to_the_end(sandbox, program)
+    assert calls[calls.index(ASKS_FOR_THE_PRODUCT):] == [
+        ASKS_FOR_THE_PRODUCT, STARTS_UNINSTALLER,
+        *[ASKS_FOR_UNINSTALLER, "Sleep(200)"] * POLLS, *GIVES_UP_ITS_PLACE]
+
+
+def test_a_second_start(sandbox, program):
+    window = program.ready()
+    window.minimise()
+    with sandbox.display.windows.bystander():
+        second = relay.start(sandbox)
+        assert second.wait_exit() == 0
+    calls = calls_to_the_end(sandbox, second, {("window", sandbox.read_handle()): "window"})
+    assert calls == [*LOOKS_FOR_THE_FIRST, *BRINGS_IT_TO_THE_FRONT, "exit(0)"]
+    window.close()
+    assert program.wait_exit() == 0
+
+
+@pytest.mark.parametrize("handle, looks", [(0x7FFFFFF, ["IsWindow(stale) = 0"]), (0, [])],
+                         ids=["stale", "none"])
+def test_a_second_start_without_a_window_to_show(sandbox, handle, looks):
+    with sandbox.holding_instance_lock():
+        sandbox.write_handle(handle)
+        second = relay.start(sandbox)
+        assert second.wait_exit() == 0
+    calls = calls_to_the_end(sandbox, second, {("window", handle): "stale"})
+    assert calls == [*LOOKS_FOR_THE_FIRST, *looks, "exit(0)"]

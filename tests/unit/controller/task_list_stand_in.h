@@ -1,0 +1,50 @@
+#pragma once
+
+#include "tests/unit/platform/support/scratch_folder.h"
+#include "tests/unit/platform/support/system.h"
+
+#include <filesystem>
+#include <string>
+
+/// The stand-in for the system's task list, as a copy that answers what a test wants.
+class TaskListStandIn
+{
+public:
+    /// Makes the copy: a program called `name` in `folder`.
+    TaskListStandIn(const std::filesystem::path &folder, const std::string &name)
+        : program_(folder / (name + contract::ProgramExtension()))
+    {
+        std::filesystem::copy_file(
+            TASK_LIST_STAND_IN, program_, std::filesystem::copy_options::overwrite_existing);
+    }
+    /// Removes it.
+    ~TaskListStandIn()
+    {
+        std::error_code ignored; // its folder may have gone before
+        std::filesystem::remove(program_, ignored);
+        std::filesystem::remove(SettingsFile(), ignored);
+    }
+    TaskListStandIn(const TaskListStandIn &) = delete;
+    TaskListStandIn &operator=(const TaskListStandIn &) = delete;
+    TaskListStandIn(TaskListStandIn &&) = delete;
+    TaskListStandIn &operator=(TaskListStandIn &&) = delete;
+
+    /// Tells it what to do from now on; sandbox/tasklist.cpp says what there is.
+    void Tell(const std::string &settings) const
+    {
+        contract::WriteFile(SettingsFile(), settings);
+    }
+
+    const std::filesystem::path &Program() const
+    {
+        return program_;
+    }
+
+private:
+    std::filesystem::path SettingsFile() const
+    {
+        return program_.string() + ".txt";
+    }
+
+    std::filesystem::path program_;
+};
