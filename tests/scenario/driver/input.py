@@ -65,11 +65,14 @@ class Input:
         """Presses the left button at `start` and releases it at `end`, moving in `steps` steps.
 
         `after_step` is called with the pointer's position after each of them: a hand is slow, and
-        what is dragged needs the time to follow.
+        what is dragged needs the time to follow. The window manager has dealt with the press before
+        the first step, and with the release on return: while it decides about a press, it may take
+        what follows for itself.
         """
         self.move(start.x, start.y)
         self.press()
         try:
+            self._display.windows.settle()
             for step in range(1, steps + 1):
                 point = Point(
                     start.x + (end.x - start.x) * step // steps,
@@ -80,6 +83,7 @@ class Input:
                     after_step(point)
         finally:
             self.release()
+        self._display.windows.settle()
 
     def key(self, *names: str) -> None:
         """Presses keys by their keysym names in turn, releases them in reverse.

@@ -1,4 +1,4 @@
-/* The contracts of the in-house libraries compile as plain C, and mean there what they mean to us. */
+/* The contracts of the in-house libraries compile as C, and mean there what they mean to us. */
 
 #include "services/config/config_contract.h"
 #include "services/telemetry/telemetry_contract.h"
@@ -8,8 +8,9 @@
 #define COUNT(name) +1
 _Static_assert(0 SKYREL_EXPORTS(COUNT) == 16, "sixteen exports");
 _Static_assert(sizeof(SkyrelChar) == 2, "UTF-16");
-#define IS_WIDE_CHARACTER _Generic((SkyrelChar *)0, wchar_t *: 1, default: 0)
-_Static_assert(sizeof(wchar_t) != 2 || IS_WIDE_CHARACTER, "where wide texts are UTF-16, one of them");
+#define IS_WIDE_CHARACTER _Generic((SkyrelChar *)0, wchar_t * : 1, default : 0)
+_Static_assert(sizeof(wchar_t) != 2 || IS_WIDE_CHARACTER,
+               "where wide texts are UTF-16, one of them");
 
 #define POSITION(member) (offsetof(VantorConfigTable, member) / sizeof(void *))
 _Static_assert(POSITION(init_config) == 1, "position in the table");

@@ -21,9 +21,9 @@
 SKYREL_EXPORTS(DEFINE)
 #undef SkyrelSendInfo
 
-int32_t SkyrelSendInfo(
-    uint8_t flag, uint8_t wide, const SkyrelChar *name, const SkyrelChar *value, ...);
-_Static_assert(_Generic(&SkyrelSendInfo, SkyrelSendInfoFunction: 1, default: 0), "as described");
+int32_t
+SkyrelSendInfo(uint8_t flag, uint8_t wide, const SkyrelChar *name, const SkyrelChar *value, ...);
+_Static_assert(_Generic(&SkyrelSendInfo, SkyrelSendInfoFunction : 1, default : 0), "as described");
 
 static int32_t LengthOf(const SkyrelChar *text)
 {
@@ -35,8 +35,8 @@ static int32_t LengthOf(const SkyrelChar *text)
 }
 
 /* In decimal: the flag, whether wide, the number of arguments, the length of all texts (000). */
-int32_t SkyrelSendInfo(
-    uint8_t flag, uint8_t wide, const SkyrelChar *name, const SkyrelChar *value, ...)
+int32_t
+SkyrelSendInfo(uint8_t flag, uint8_t wide, const SkyrelChar *name, const SkyrelChar *value, ...)
 {
     int32_t count = 5;
     int32_t length = LengthOf(name) + LengthOf(value);
@@ -82,27 +82,21 @@ static int32_t GetStringValue(
     return snprintf(buffer, buffer != NULL ? size : 0, "%s|%s|%s", environment, key, suffix);
 }
 
-static const VantorConfigTable table = {Own,
-                                        InitConfig,
-                                        Own,
-                                        SetFilterEnvironment,
-                                        Own,
-                                        Own,
-                                        GetBoolValue,
-                                        Own,
-                                        Own,
-                                        GetStringValue};
+static const VantorConfigTable table = {
+    Own, InitConfig, Own, SetFilterEnvironment, Own, Own, GetBoolValue, Own, Own, GetStringValue};
 static VantorConfig object = {&table};
 
 VantorConfig *create_config(void);
-_Static_assert(_Generic(&create_config, VantorCreateConfigFunction: 1, default: 0), "as described");
+_Static_assert(_Generic(&create_config, VantorCreateConfigFunction : 1, default : 0),
+               "as described");
 VantorConfig *create_config(void)
 {
     return &object;
 }
 
 void release_config(VantorConfig **config);
-_Static_assert(_Generic(&release_config, VantorReleaseConfigFunction: 1, default: 0), "as described");
+_Static_assert(_Generic(&release_config, VantorReleaseConfigFunction : 1, default : 0),
+               "as described");
 void release_config(VantorConfig **config)
 {
     *config = NULL;
