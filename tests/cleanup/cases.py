@@ -1,0 +1,388 @@
+"""The table: what is laid out, how the script is called, what it ends with, and what goes.
+
+Unless a case says otherwise there is a complete product folder, and the script lies in the user's
+temp directory. What is not named in `gone` has to be there afterwards, unchanged.
+"""
+
+from __future__ import annotations
+
+from dataclasses import dataclass, field
+
+from world import (PRODUCT, PROFILE, PROGRAM, STAGED, TEMP, Step, attributes, file, files, folders,
+                   link, mark, without)
+
+GONE, REFUSED, STILL_RUNNING, LEFT = 0, 2, 3, 4
+"""The statuses, as the script's head has them."""
+
+Variables = dict[str, "str | None"]
+
+
+@dataclass(frozen=True)
+class Case:
+    """One call of the script."""
+
+    name: str
+    status: int
+    folder: str = PRODUCT  # where the product is
+    arguments: str | None = None  # as written on the command line; else the folder in quotes
+    steps: tuple[Step, ...] = ()
+    variables: Variables = field(default_factory=dict)  # None unsets one
+    script: str = STAGED
+    in_folder: str = TEMP
+    way: str = "wide"
+    program: str = "bin"
+    gone: tuple[str, ...] | None = None  # else the folder if it is to go
+    script_goes: bool = True
+    patience: int | None = None  # seconds instead of two minutes, in a copy of the script
+    silent: bool = True  # whether what is printed can be seen
+
+    def __str__(self) -> str:
+        return self.name
+
+    @property
+    def to_go(self) -> tuple[str, ...]:
+        """Folders that go with all that is in them, and files."""
+        if self.gone is not None:
+            return self.gone
+        return (self.folder,) if self.status == GONE else ()
+
+
+def gone(name: str, folder: str = PRODUCT, *steps: Step, **more) -> Case:
+    return Case(name, GONE, folder, steps=steps, **more)
+
+
+def named(name: str, **more) -> Case:
+    """A product folder of this name is removed."""
+    return Case(f"folder called {name}", GONE, f"D:\\Program Files\\Torvan\\{name}", **more)
+
+
+def refused(name: str, arguments: str, *steps: Step, **more) -> Case:
+    """The product, which is there as it should be, is called by something else."""
+    return Case(name, REFUSED, arguments=arguments, steps=steps, **more)
+
+
+def kept(name: str, folder: str = PRODUCT, *steps: Step, **more) -> Case:
+    """The folder is named properly, and stays."""
+    return Case(name, REFUSED, folder, steps=steps, **more)
+
+
+def without_mark(name: str, *steps: Step, **more) -> Case:
+    return kept(f"mark: {name}", PRODUCT, *steps, **more)
+
+
+def from_script(name: str, script: str, **more) -> Case:
+    return Case(f"script in {name}", GONE, script=script, **more)
+
+
+def one_byte(script: bytes) -> bytes:
+    """The script with one byte changed in its middle."""
+    middle = len(script) // 2
+    return script[:middle] + bytes([script[middle] ^ 1]) + script[middle + 1:]
+
+
+DEEP = "D:\\" + "\\".join(["level"] * 12) + "\\Dravik"
+RES = PRODUCT + "\\res"
+REAL = "C:\\windows\\system32"
+
+# What the product folder may be called and where it may lie.
+NAMES = [
+    gone("as the setup makes it"),
+    named("with blanks in it"),
+    named("Dravik (x86)"),
+    named("R&D && more"),
+    named("a^b^^c"),
+    named("Hey! You!!"),
+    named("a;b, c=d"),
+    named("it's [1] {2} +@#$`_-"),
+    named("Dräwïk", way="narrow"),
+    named("Dräwïk ß"),
+    named("ドラビック 日本"),
+    named("Дравик"),
+    named("e\u0301 decomposed"),
+    named("a & b (1) ^ ! ü;=,"),
+    named(".dots.in.it"),
+    named(" blank in front"),
+    gone("in other letters", arguments='"d:\\program FILES\\TORVAN\\dravik"'),
+    gone("two levels", "D:\\Torvan\\Dravik"),
+    gone("thirteen levels", DEEP),
+    gone("on another drive", "E:\\Games\\Dravik"),
+    gone("with quotation marks within", arguments='"D:\\Program Files"\\Torvan\\"Dravik"'),
+    gone("without quotes", "D:\\Torvan\\Dravik", arguments="D:\\Torvan\\Dravik"),
+    gone("program directory called otherwise", program="programs of v2"),
+    gone("program directory with everything in its name", program="b & n (1) ^ ! ü"),
+    gone("named as the profile is, elsewhere", "D:\\Elsewhere\\Anna"),
+    gone("in the profile", PROFILE + "\\AppData\\Local\\Programs\\Dravik"),
+    gone("in the shared program folder", "D:\\Program Files\\Common Files\\Dravik"),
+    gone("beginning like a folder that stays", "D:\\Users\\Ann"),
+    gone("going on from a folder that stays", "D:\\Users\\Anna2"),
+]
+
+# What may be in it.
+CONTENTS = [
+    gone("nothing but the mark", PRODUCT, without(RES, PRODUCT + "\\left over.txt",
+                                                  PROGRAM + "\\translations")),
+    gone("read-only files", PRODUCT, attributes(
+        "r", PROGRAM + "\\UninstallUI.exe", PROGRAM + "\\clearKTR.bat", PROGRAM + "\\Qt5Core.dll",
+        PRODUCT + "\\left over.txt")),
+    gone("hidden files and files of the system", PRODUCT, attributes(
+        "hs", PROGRAM + "\\UninstallUI.exe", PROGRAM + "\\clearKTR.bat",
+        PRODUCT + "\\left over.txt")),
+    gone("hidden folders further down", PRODUCT, folders(RES + "\\deep"),
+         attributes("hs", RES + "\\deep", PROGRAM + "\\translations")),
+    gone("many files and folders", PRODUCT, files(*(
+        f"{PRODUCT}\\data\\{a}\\{b}\\{c}.dat" for a in range(6) for b in range(6)
+        for c in range(8)))),
+    gone("a long way down", PRODUCT, files(PRODUCT + "\\d" * 20 + "\\leaf.txt")),
+    gone("names with everything in them", PRODUCT, files(
+        PRODUCT + "\\a & b (1) ^ ! ü\\c & d (2) ^ ! é.txt", PRODUCT + "\\日本\\日本.txt",
+        PRODUCT + "\\;=,\\;=, .txt")),
+    gone("notes on its look further down", PRODUCT, files(RES + "\\desktop.ini")),
+    gone("halves of the mark in other folders", PRODUCT, files(
+        PRODUCT + "\\a\\UninstallUI.exe", PRODUCT + "\\b\\clearKTR.bat"),
+         file(PRODUCT + "\\c\\clearKTR.bat", b"")),
+    gone("another version beside", PRODUCT, mark(PRODUCT + "\\old", change=one_byte)),
+    gone("the mark once more further down", PRODUCT, mark(RES + "\\deep", PROGRAM + "\\bin")),
+    gone("the mark once more in the folder itself", PRODUCT, mark(PRODUCT)),
+    gone("the mark in other letters", PRODUCT,
+         without(PROGRAM + "\\UninstallUI.exe"), files(PROGRAM + "\\uninstallui.EXE")),
+]
+
+# From where it is called.
+PLACES = [
+    gone("called in the folder", in_folder=PRODUCT),
+    gone("called in its program directory", in_folder=PROGRAM),
+    gone("called in a folder above", in_folder="D:\\Program Files"),
+    gone("called as the program calls it", way="detached", silent=False,
+         script="D:\\Temp\\clearKTR.bat", in_folder="D:\\Temp"),
+    from_script("a folder with blanks", "D:\\Temp of Anna\\clearKTR.bat"),
+    from_script("a folder with &", "D:\\R&D & more\\clearKTR.bat"),
+    from_script("a folder with ^ and !", "D:\\^ a^b ! you!\\clearKTR.bat"),
+    from_script("a folder with parentheses", "D:\\Temp (1)\\clearKTR.bat"),
+    from_script("a folder of another script", "D:\\日本 ü\\clearKTR.bat"),
+    from_script("a file called otherwise", "D:\\Temp\\copy of clearKTR.cmd"),
+    gone("script that is read-only", PRODUCT, attributes("r", STAGED)),
+]
+
+# One argument, which is the folder as the program writes it.
+ARGUMENTS = [
+    refused("no argument", ""),
+    refused("an empty argument", '""'),
+    refused("a blank", '" "'),
+    refused("one quotation mark", '"'),
+    refused("three quotation marks", '"""'),
+    refused("two arguments", f'"{PRODUCT}" "{PRODUCT}"'),
+    refused("an empty second argument", f'"{PRODUCT}" ""'),
+    refused("a switch in front", f'/s "{PRODUCT}"'),
+    refused("a switch behind", f'"{PRODUCT}" /q'),
+    refused("blanks without quotes", PRODUCT),
+    refused("a comma without quotes", "D:\\Torvan,Dravik", mark("D:\\Torvan\\bin")),
+    refused("a folder that does not exist", '"D:\\Program Files\\Torvan\\Dravik9"'),
+    refused("a file", f'"{PROGRAM}\\UninstallUI.exe"'),
+    refused("its own program directory", f'"{PROGRAM}"'),
+    refused("the folder above", '"D:\\Program Files\\Torvan"'),
+    refused("a relative name", '"Torvan\\Dravik"', in_folder="D:\\Program Files"),
+    refused("a bare name", '"Dravik"', in_folder="D:\\Program Files\\Torvan"),
+    refused("the current folder", '"."', in_folder=PRODUCT),
+    refused("the folder above the current one", '".."', in_folder=PROGRAM),
+    refused("relative to another drive's folder", '"D:Torvan\\Dravik"',
+            in_folder="D:\\Program Files"),
+    refused("without a drive", '"\\Program Files\\Torvan\\Dravik"'),
+    refused("a root", '"D:\\"', mark("D:\\bin")),
+    refused("a root without a backslash", '"D:"', mark("D:\\bin")),
+    refused("a drive's current folder", '"D:"', in_folder=PRODUCT),
+    refused("a root by a dot", '"D:\\."', mark("D:\\bin")),
+    refused("a root by detours", '"D:\\Torvan\\.."', mark("D:\\bin", "D:\\Torvan\\bin")),
+    refused("one level", '"D:\\Torvan"', mark("D:\\Torvan\\bin")),
+    refused("one level by detours", '"D:\\Torvan\\x\\.."', folders("D:\\Torvan\\x"),
+            mark("D:\\Torvan\\bin")),
+    refused("a share's root", '"\\\\localhost\\D$"', mark("D:\\bin")),
+    refused("a share's folder", '"\\\\localhost\\D$\\Program Files\\Torvan\\Dravik"'),
+    refused("a path for the system's inside", f'"\\\\?\\{PRODUCT}"'),
+    refused("a path for devices", f'"\\\\.\\{PRODUCT}"'),
+    refused("a path of objects", f'"\\??\\{PRODUCT}"'),
+    refused("a device", '"NUL"'),
+    refused("a device in the folder", f'"{PRODUCT}\\NUL"'),
+    refused("slashes", f'"{PRODUCT}"'.replace("\\", "/")),
+    refused("one slash", f'"{PRODUCT}"'.replace("\\Dravik", "/Dravik")),
+    refused("a backslash at the end", f'"{PRODUCT}\\\\"'),
+    refused("two backslashes", f'"{PRODUCT}"'.replace("\\Torvan", "\\\\Torvan")),
+    refused("a dot at the end", f'"{PRODUCT}."'),
+    refused("a blank at the end", f'"{PRODUCT} "'),
+    refused("a dot as a level", f'"{PRODUCT}\\."'),
+    refused("there and back", f'"{PROGRAM}\\.."'),
+    refused("a star", f'"{PRODUCT}*"'),
+    refused("a star for the name", '"D:\\Program Files\\Torvan\\*"'),
+    refused("a star for a level", '"D:\\*\\Torvan\\Dravik"'),
+    refused("a question mark", '"D:\\Program Files\\Torvan\\Dravi?"'),
+    refused("wildcards of the system's inside", '"D:\\Program Files\\Torvan\\Drav<"'),
+    refused("a stream", f'"{PRODUCT}:stream"'),
+    refused("the folder's own stream", f'"{PRODUCT}::$INDEX_ALLOCATION"'),
+    refused("a tilde", '"D:\\PROGRA~1\\Dravik"', mark("D:\\PROGRA~1\\Dravik\\bin")),
+    refused("a command within", f'"{PRODUCT}"^&echo"'),
+    refused("a character that the code page lacks", '"D:\\Torvan\\ドラビック"',
+            mark("D:\\Torvan\\ドラビック\\bin"), way="narrow"),
+]
+
+# Folders that stay even with the mark in them, and those in which such a folder lies.
+SYSTEM = "D:\\System\\"
+PLACES_THAT_STAY = [
+    kept("the profile", PROFILE),
+    kept("the profile in other letters", PROFILE, arguments='"d:\\USERS\\anna"'),
+    kept("the profile with a backslash", PROFILE, variables={"USERPROFILE": PROFILE + "\\"}),
+    kept("the profile with slashes", PROFILE, variables={"USERPROFILE": "D:/Users/Anna"}),
+    kept("the profile by detours", PROFILE,
+         variables={"USERPROFILE": "D:\\Users\\Public\\..\\Anna"}),
+    kept("a profile with everything in its name", SYSTEM + "a & b ^ ! (1) ü",
+         variables={"USERPROFILE": SYSTEM + "a & b ^ ! (1) ü"}),
+    kept("the folder of profiles", SYSTEM + "Users", folders(SYSTEM + "Users\\Anna\\Desktop"),
+         variables={"USERPROFILE": SYSTEM + "Users\\Anna"}),
+    kept("the desktop", PROFILE + "\\Desktop"),
+    kept("the desktop of everybody", "D:\\Users\\Public\\Desktop"),
+    kept("the desktop in the cloud", PROFILE + "\\OneDrive\\Desktop"),
+    kept("the folder of the cloud", PROFILE + "\\OneDrive"),
+    kept("the profile of everybody", "D:\\Users\\Public"),
+    kept("application data", PROFILE + "\\AppData"),
+    kept("application data, roaming", PROFILE + "\\AppData\\Roaming"),
+    kept("application data, local", PROFILE + "\\AppData\\Local"),
+    kept("programs of the user", PROFILE + "\\AppData\\Local\\Programs"),
+    kept("the temp directory", "D:\\System\\Temp", script="D:\\Elsewhere\\clearKTR.bat",
+         variables={"TEMP": "D:\\System\\Temp"}),
+    kept("the other temp directory", "D:\\System\\Temp", script="D:\\Elsewhere\\clearKTR.bat",
+         variables={"TMP": "D:\\System\\Temp"}),
+    kept("a folder around the temp directory", "D:\\System\\A", folders("D:\\System\\A\\b\\c"),
+         script="D:\\Elsewhere\\clearKTR.bat", variables={"TEMP": "D:\\System\\A\\b\\c"}),
+    kept("the folder of the script", "D:\\System\\S", script="D:\\System\\S\\clearKTR.bat"),
+    kept("a folder around the script", "D:\\System\\S", script="D:\\System\\S\\a ^!\\clearKTR.bat"),
+    kept("the programs' folder", SYSTEM + "Programs",
+         variables={"ProgramFiles": SYSTEM + "Programs"}),
+    kept("the 32-bit programs' folder", SYSTEM + "Programs",
+         variables={"ProgramFiles(x86)": SYSTEM + "Programs"}),
+    kept("the 64-bit programs' folder", SYSTEM + "Programs",
+         variables={"ProgramW6432": SYSTEM + "Programs"}),
+    kept("what programs share", SYSTEM + "Common",
+         variables={"CommonProgramFiles": SYSTEM + "Common"}),
+    kept("what 32-bit programs share", "D:\\Program Files (x86)\\Common Files"),
+    kept("what 64-bit programs share", SYSTEM + "Common",
+         variables={"CommonProgramW6432": SYSTEM + "Common"}),
+    kept("data of all programs", SYSTEM + "Program Data"),
+    kept("data of all users", SYSTEM + "Data", variables={"ALLUSERSPROFILE": SYSTEM + "Data"}),
+    kept("the system's own programs", "C:\\windows\\system32"),
+    kept("a profile that no variable names", "D:\\Elsewhere\\Bert",
+         files("D:\\Elsewhere\\Bert\\NTUSER.DAT")),
+    kept("a desktop that no variable names", "D:\\Elsewhere\\Desktop",
+         files("D:\\Elsewhere\\Desktop\\desktop.ini")),
+    kept("a hidden note of the system", "D:\\Elsewhere\\Desktop",
+         files("D:\\Elsewhere\\Desktop\\desktop.ini"),
+         attributes("hs", "D:\\Elsewhere\\Desktop\\desktop.ini")),
+]
+
+HARMFUL = '" & mkdir D:\\harm & "'
+HIJACK = tuple(f"D:\\Hijack\\{name}" for name in ("fc.exe", "ping.exe", "cmd.exe", "dir.exe"))
+SCRIPTS = tuple(f"D:\\Hijack\\{name}.bat" for name in ("fc", "ping", "rd", "del", "dir", "cd"))
+
+# Variables that are wrong, or meant to do harm.
+ENVIRONMENT = [
+    kept("no SystemRoot", variables={"SystemRoot": None}),
+    kept("no USERPROFILE", variables={"USERPROFILE": None}),
+    kept("no ProgramFiles", variables={"ProgramFiles": None}),
+    kept("another SystemRoot", variables={"SystemRoot": "D:\\Elsewhere"}),
+    kept("a command in SystemRoot", variables={"SystemRoot": "C:\\windows" + HARMFUL}),
+    gone("a command in USERPROFILE", variables={"USERPROFILE": HARMFUL}),
+    gone("a command in PUBLIC", variables={"PUBLIC": "x" + HARMFUL}),
+    gone("a command in OneDrive", variables={"OneDrive": "x & mkdir D:\\harm"}),
+    gone("a command in ProgramFiles(x86)", variables={"ProgramFiles(x86)": "x" + HARMFUL}),
+    gone("a command in TEMP", variables={"TEMP": HARMFUL}),
+    gone("all that may be missing is", variables=dict.fromkeys((
+        "APPDATA", "LOCALAPPDATA", "TEMP", "TMP", "OneDrive", "PUBLIC", "ProgramData",
+        "ALLUSERSPROFILE", "ProgramW6432", "ProgramFiles(x86)", "CommonProgramFiles",
+        "CommonProgramW6432", "CommonProgramFiles(x86)"))),
+    gone("relative folders in the variables",
+         variables={"APPDATA": ".", "TMP": "..", "PUBLIC": "x"}, in_folder=PRODUCT),
+    kept("a profile, and USERPROFILE elsewhere", PROFILE,
+         variables={"USERPROFILE": "D:\\Elsewhere"}),
+    gone("the script's own variables are set", variables={
+        "attributes": "l", "folder": "D:\\Elsewhere", "part": "", "status": "9", "found": "5",
+        "entry": "x", "kept": "1", "program": "D:\\keep.txt", "seconds": "0", "below": "x",
+        "above": "x", "self": "D:\\keep.txt", "here": "D:\\", "system": "D:\\Elsewhere"}),
+    gone("what the interpreter says is hidden", variables={
+        "CD": "D:\\Elsewhere", "ERRORLEVEL": "1", "CMDEXTVERSION": "0", "CMDCMDLINE": "x",
+        "DATE": "x", "RANDOM": "x"}),
+    gone("dir shall do something else", variables={"DIRCMD": "/s /p /ad-h"}),
+    without_mark("another script, and an equal one is claimed",
+                 file(PROGRAM + "\\clearKTR.bat", b""), variables={"ERRORLEVEL": "0"}),
+    gone("other programs are found first", PRODUCT, files(*HIJACK),
+         *(file(script, b"@mkdir D:\\harm\r\n@exit 0\r\n") for script in SCRIPTS),
+         variables={"PATH": "D:\\Hijack"}, in_folder="D:\\Hijack"),
+    without_mark("another script, and another fc is found first", *(
+        file(script, b"@mkdir D:\\harm\r\n@exit 0\r\n") for script in SCRIPTS),
+                 file(PROGRAM + "\\clearKTR.bat", b"x"), variables={"PATH": "D:\\Hijack"},
+                 in_folder="D:\\Hijack"),
+]
+
+# Exactly one direct sub-folder with the program and an equal script.
+MARKS = [
+    without_mark("nothing of it", without(PROGRAM)),
+    without_mark("an empty folder", without(PROGRAM, RES, PRODUCT + "\\left over.txt")),
+    without_mark("no script", without(PROGRAM + "\\clearKTR.bat")),
+    without_mark("no program", without(PROGRAM + "\\UninstallUI.exe")),
+    without_mark("in two folders", mark(PRODUCT + "\\bin2")),
+    without_mark("in three folders", mark(PRODUCT + "\\bin2", RES)),
+    without_mark("in two folders, one of them hidden", mark(PRODUCT + "\\bin2"),
+                 attributes("h", PRODUCT + "\\bin2")),
+    without_mark("in a hidden folder", attributes("h", PROGRAM)),
+    without_mark("beside a hidden folder", folders(PRODUCT + "\\hidden"),
+                 attributes("hs", PRODUCT + "\\hidden")),
+    without_mark("in the folder itself only", without(PROGRAM), mark(PRODUCT)),
+    without_mark("further down only", without(PROGRAM), mark(RES + "\\bin")),
+    without_mark("over two folders", without(PROGRAM + "\\clearKTR.bat"),
+                 file(RES + "\\clearKTR.bat", b"")),
+    without_mark("program called otherwise", without(PROGRAM + "\\UninstallUI.exe"),
+                 files(PROGRAM + "\\UninstallUI.exe.bak", PROGRAM + "\\UninstallUI")),
+    without_mark("one byte differs", mark(PROGRAM, change=one_byte)),
+    without_mark("last byte differs", mark(PROGRAM, change=lambda text: text[:-1] + b" ")),
+    without_mark("one byte more", mark(PROGRAM, change=lambda text: text + b"\n")),
+    without_mark("one byte less", mark(PROGRAM, change=lambda text: text[:-1])),
+    without_mark("other line ends", mark(PROGRAM, change=lambda t: t.replace(b"\r\n", b"\n"))),
+    without_mark("other letters", mark(PROGRAM, change=bytes.upper)),
+    without_mark("an empty script", mark(PROGRAM, change=lambda text: b"")),
+    without_mark("the program is a folder", without(PROGRAM + "\\UninstallUI.exe"),
+                 folders(PROGRAM + "\\UninstallUI.exe")),
+    without_mark("the script is a folder", without(PROGRAM + "\\clearKTR.bat"),
+                 folders(PROGRAM + "\\clearKTR.bat")),
+    without_mark("the folder links to one", without(PROGRAM), mark("D:\\Elsewhere\\bin"),
+                 link(PROGRAM, "D:\\Elsewhere\\bin")),
+    without_mark("the program is a link to nothing", link(PROGRAM + "\\UninstallUI.exe", "D:\\no")),
+    kept("a link to a product folder", "D:\\Elsewhere\\Dravik", link(
+        "D:\\Elsewhere\\link", "D:\\Elsewhere\\Dravik"), arguments='"D:\\Elsewhere\\link"'),
+    kept("the script beside the program, without arguments", arguments="",
+         script=PROGRAM + "\\clearKTR.bat", script_goes=False),
+    kept("the script beside the program", script=PROGRAM + "\\clearKTR.bat", script_goes=False),
+]
+
+ELSEWHERE = "D:\\Elsewhere"
+ONLY_THE_PROGRAM = (PROGRAM + "\\UninstallUI.exe",)
+
+
+def linked(name: str, *steps: Step) -> Case:
+    """Wine cannot remove links, so one of them keeps everything, and nothing behind it goes."""
+    return Case(f"link {name}", LEFT, steps=steps, gone=ONLY_THE_PROGRAM, patience=2)
+
+
+# Links to folders inside are never followed.
+LINKS = [
+    linked("to a folder elsewhere", link(PRODUCT + "\\link", ELSEWHERE)),
+    linked("in the program directory", link(PROGRAM + "\\link", ELSEWHERE)),
+    linked("far below", folders(RES + "\\a\\b\\c"), link(RES + "\\a\\b\\c\\link", ELSEWHERE)),
+    linked("in a hidden folder", folders(RES + "\\a"), link(RES + "\\a\\link", ELSEWHERE),
+           attributes("h", RES + "\\a")),
+    linked("to the folder above", link(RES + "\\up", "D:\\Program Files\\Torvan")),
+    linked("to the folder itself", link(RES + "\\self", PRODUCT)),
+    linked("to a root", link(RES + "\\root", "E:\\")),
+    linked("to the profile", link(RES + "\\Anna", PROFILE)),
+    linked("to a link", link(ELSEWHERE + "\\to", "E:\\"), link(RES + "\\two", ELSEWHERE + "\\to")),
+    linked("among others", link(RES + "\\1", ELSEWHERE), link(RES + "\\2", "E:\\"),
+           link(PROGRAM + "\\translations\\3", PROFILE)),
+    linked("with everything in its name", link(RES + "\\a & b (1) ^ ! ü", ELSEWHERE)),
+]
+
+CASES = [*NAMES, *CONTENTS, *PLACES, *ARGUMENTS, *PLACES_THAT_STAY, *ENVIRONMENT, *MARKS, *LINKS]

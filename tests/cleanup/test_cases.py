@@ -1,0 +1,26 @@
+"""The table of cases: every tree as it should be, nothing printed, the right status."""
+
+from __future__ import annotations
+
+import pytest
+
+from calling import call, differences, lay_out
+from cases import CASES, Case
+from machine import Machine
+
+
+@pytest.mark.parametrize("case", CASES, ids=str)
+def test_case(machine: Machine, case: Case) -> None:
+    world = lay_out(machine, case)
+    before = world.tree()
+    result = call(machine, case)
+    after = world.tree()
+    assert differences(case, before, after) == []
+    assert result.status == case.status
+    assert result.output == b""
+
+
+def test_the_table_has_each_case_once() -> None:
+    names = [case.name for case in CASES]
+    assert len(names) >= 60
+    assert len(set(names)) == len(names)

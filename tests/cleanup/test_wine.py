@@ -1,0 +1,142 @@
+"""What Wine's command interpreter does otherwise than that of Windows, and what it costs here.
+
+Each test shows first that it is Wine's doing. Should one of them fail with a later Wine, then more
+can be asked of the script there.
+"""
+
+from __future__ import annotations
+
+import subprocess
+
+import pytest
+
+from calling import call, differences, lay_out
+from cases import GONE, LEFT, ONLY_THE_PROGRAM, REFUSED, STILL_RUNNING, Case
+from machine import Machine, Result
+from world import PRODUCT, PROGRAM, Step, attributes, files, folders, link
+
+PROBE = "D:\\Probe\\probe.bat"
+THERE = "D:\\Probe\\there"
+
+
+def probe(machine: Machine, *lines: str, arguments: str = "") -> Result:
+    """Runs a batch file of some lines."""
+    target = machine.at(PROBE)
+    target.parent.mkdir(exist_ok=True)
+    target.write_bytes("".join(f"{line}\r\n" for line in ("@echo off", *lines)).encode("ascii"))
+    return machine.run(["cd D:\\Probe", f'wide "{PROBE}" {arguments}'.rstrip()])
+
+
+@pytest.mark.parametrize("name", ["100% sure", "%TEMP%", "a%b%c", "%%", "%~f0", "50%"])
+def test_percent_signs_in_an_argument_are_read_once_more(machine: Machine, name: str) -> None:
+    """The folder that the script sees is another one, which is refused."""
+    case = Case(name, REFUSED, f"D:\\Program Files\\Torvan\\{name}")
+    world = lay_out(machine, case)
+    seen = probe(machine, 'set "argument=%~1"', "set argument", arguments=f'"{case.folder}"')
+    assert seen.output.strip() != f"argument={case.folder}".encode()
+    before = world.tree()
+    result = call(machine, case)
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (REFUSED, b"")
+
+
+@pytest.mark.parametrize("folder, status", [
+    (PROGRAM + "\\100% sure", LEFT), (PROGRAM + "\\%TEMP%", LEFT), (PRODUCT + "\\%TEMP%", LEFT),
+    (PRODUCT + "\\a%b%c", LEFT), (PRODUCT + "\\%1", LEFT), (PRODUCT + "\\100% sure", REFUSED),
+])
+def test_percent_signs_in_names_inside_are_read_once_more(
+        machine: Machine, folder: str, status: int) -> None:
+    """The folder of that name cannot be looked into, so all stays."""
+    case = Case(folder, status, steps=(files(folder + "\\x.txt"),), patience=2,
+                gone=ONLY_THE_PROGRAM if status == LEFT else ())
+    world = lay_out(machine, case)
+    before = world.tree()
+    result = call(machine, case)
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (status, b"")
+
+
+def lay_out_probe(machine: Machine, *steps: Step) -> None:
+    world = lay_out(machine, Case("", REFUSED, steps=steps))
+    assert world.machine is machine
+
+
+def test_removing_a_link_to_a_file_removes_the_file(machine: Machine) -> None:
+    """So links to files inside cost what they lead to, under Wine."""
+    lay_out_probe(machine, files(THERE), link("D:\\Probe\\link", THERE))
+    probe(machine, 'del /f /q "link"')
+    assert machine.at("D:\\Probe\\link").is_symlink()
+    assert not machine.at(THERE).exists()
+
+
+def test_removing_a_link_to_an_empty_folder_removes_the_folder(machine: Machine) -> None:
+    """So does a link to an empty folder."""
+    lay_out_probe(machine, folders(THERE), link("D:\\Probe\\link", THERE))
+    probe(machine, 'rd "link"')
+    assert machine.at("D:\\Probe\\link").is_symlink()
+    assert not machine.at(THERE).exists()
+
+
+def test_removing_a_folder_follows_links(machine: Machine) -> None:
+    """That is why the script takes the links first, and does without the rest if one stays."""
+    lay_out_probe(machine, files(THERE + "\\keep.txt"), folders("D:\\Probe\\folder"),
+                  link("D:\\Probe\\folder\\link", THERE))
+    probe(machine, 'rd /s /q "folder"')
+    assert not machine.at(THERE + "\\keep.txt").exists()
+
+
+def test_removing_a_folder_stops_at_what_stays(machine: Machine) -> None:
+    """A link that leads nowhere is not seen and stays, and with it what comes behind it."""
+    case = Case("", LEFT, steps=(link(PROGRAM + "\\nowhere", "D:\\no"),), patience=2,
+                gone=(PRODUCT,))
+    world = lay_out(machine, case)
+    before = world.tree()
+    result = call(machine, case)
+    left = differences(case, before, world.tree())
+    assert f"came or stayed: {PROGRAM}\\nowhere" in left
+    assert f"came or stayed: {PRODUCT}\\left over.txt" in left
+    assert f"came or stayed: {PROGRAM}\\Qt5Core.dll" not in left
+    assert all(line.startswith(f"came or stayed: {PRODUCT}") for line in left)
+    assert (result.status, result.output) == (LEFT, b"")
+
+
+def test_hidden_folders_are_shown(machine: Machine) -> None:
+    """On Windows "for /d" leaves them out; the script refuses a folder that has one either way."""
+    lay_out_probe(machine, folders("D:\\Probe\\folder"), attributes("h", "D:\\Probe\\folder"))
+    assert probe(machine, "for /d %%d in (*) do echo %%d").output.split() == [b"folder"]
+
+
+def test_nothing_is_found_by_a_pattern_in_quotes(machine: Machine) -> None:
+    """That is why the script goes into a folder to look at what is in it."""
+    lay_out_probe(machine, folders("D:\\Probe\\folder"))
+    assert probe(machine, 'for /d %%d in ("*") do echo %%d').output == b""
+
+
+def test_any_two_files_are_equal(machine: Machine) -> None:
+    """That is why a machine has an fc of our own."""
+    lay_out_probe(machine, files("D:\\Probe\\one"))
+    machine.at("D:\\Probe\\two").write_bytes(b"another")
+    statuses = {}
+    for kind in "bn":
+        done = subprocess.run(
+            ["/usr/bin/wine", "C:\\windows\\system32\\fc.exe", "/b", "D:\\Probe\\one",
+             "D:\\Probe\\two"], cwd=machine.at("D:\\"), stdin=subprocess.DEVNULL, timeout=120,
+            env={**machine.environment, "WINEDLLOVERRIDES": f"fc.exe={kind}"},
+            capture_output=True, check=False)
+        statuses[kind] = done.returncode
+    assert statuses == {"b": 0, "n": 1}
+
+
+@pytest.mark.parametrize("case", [
+    Case("a long way down", GONE, steps=(files(PRODUCT + "\\d" * 80 + "\\leaf.txt"),),
+         gone=ONLY_THE_PROGRAM, script_goes=False),
+    Case("the name of an argument", REFUSED, PRODUCT + " %1", script_goes=False),
+], ids=str)
+def test_ends_the_interpreter(machine: Machine, case: Case) -> None:
+    """It has room for some 25 calls within each other, Windows for hundreds; and it goes on for
+    ever with an argument that stands for itself."""
+    world = lay_out(machine, case)
+    before = world.tree()
+    result = call(machine, case)
+    assert result.status not in (GONE, REFUSED, STILL_RUNNING, LEFT)
+    assert differences(case, before, world.tree()) == []
