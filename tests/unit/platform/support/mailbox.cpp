@@ -81,7 +81,7 @@ std::string Mailbox::AwaitAnswer()
 {
     std::optional<std::string> answer;
     WaitUntil([this, &answer] { return (answer = Fetch(kAnswer)).has_value(); });
-    return answer.value_or("(no answer)");
+    return answer.value_or(kNoAnswer);
 }
 
 } // namespace contract

@@ -30,9 +30,10 @@ public:
 
     /// Test: sends a command without waiting.
     void Send(const Lines &command);
-    /// Test: waits for the answer to the command sent last. A text that no command has for an
-    /// answer when it does not come.
+    /// Test: waits for the answer to the command sent last; `kNoAnswer` when it does not come.
     std::string AwaitAnswer();
+    /// No command has this for an answer.
+    static constexpr const char *kNoAnswer = "(no answer)";
 
 private:
     std::filesystem::path File(const char *kind) const;
