@@ -91,7 +91,8 @@ def wait_seen(program, state, window):
         # The box blocks the window; both are served in turn.
         program.box().drag(layout.BOX_TITLE_GRIP, 30, 20)
     else:
-        window.drag(layout.TITLE_GRIP, 30, 20)
+        # In few steps: while it waits for the uninstaller, each costs one of its questions.
+        window.drag(layout.TITLE_GRIP, 30, 20, steps=2)
 
 
 PATHS = {
