@@ -226,16 +226,16 @@ def test_without_an_uninstaller_only_a_system_close_ends_it(sandbox, program):
 
 def test_an_uninstaller_of_another_folder_holds_the_bar(sandbox, program):
     sandbox.configure("uninstall.exe", run_ms=300)
-    other = sandbox.spawn("uninstall.exe", inside=False, hold_file=sandbox.root / "hold" / "x")
+    hold = sandbox.root / "hold" / "other"
+    hold.touch()
+    sandbox.spawn("uninstall.exe", inside=False, hold_file=hold)
+    sandbox.wait_noted("uninstall.exe", "start")
     window = program.window()
-    (sandbox.root / "hold" / "x").touch()
-    other.kill()
-    other = sandbox.spawn("uninstall.exe", inside=False, hold_file=sandbox.root / "hold" / "x")
     uninstall(window)
     sandbox.wait_noted("uninstall.exe", "start", cwd=sandbox.shown(sandbox.bin))
     reached = wait_climbing(window, 0.03)
     wait_climbing(window, reached)
-    (sandbox.root / "hold" / "x").unlink()
+    hold.unlink()
     wait_complete(window)
     window.click(layout.CANCEL)
     expect_end(sandbox, program, cleanup=True)

@@ -5,6 +5,7 @@ from __future__ import annotations
 import os
 import select
 import threading
+import time
 from contextlib import contextmanager
 from typing import Any, Iterator
 
@@ -15,6 +16,8 @@ from Xlib.protocol import event
 from driver import wait
 
 _ANSWER = "KTR_ANSWER"
+_PATIENCE = 5.0
+"""Seconds after which an application asks again."""
 
 
 class Clipboard:
@@ -32,12 +35,17 @@ class Clipboard:
         try:
             atom = connection.intern_atom
             window = _unseen_window(connection)
-            window.convert_selection(
-                atom(selection), atom("UTF8_STRING"), atom(_ANSWER), X.CurrentTime
-            )
-            connection.flush()
+            asked = -_PATIENCE
 
             def answer() -> Any:
+                nonlocal asked
+                if time.monotonic() - asked > _PATIENCE:
+                    # A question may get lost while the selection changes its owner.
+                    asked = time.monotonic()
+                    window.convert_selection(
+                        atom(selection), atom("UTF8_STRING"), atom(_ANSWER), X.CurrentTime
+                    )
+                    connection.flush()
                 if not connection.pending_events():
                     return None
                 found = connection.next_event()

@@ -41,6 +41,8 @@ RECORDED_DIFFERENTLY = {
         "a call to nowhere: a signal on the one system, an access violation on the other",
     ("test_what_is_asked_for_while_the_window_loads_xc9cole", "configuration"):
         "the registry is read in the ANSI code page, which has no Chinese",
+    ("test_without_a_task_list_nothing_is_seen_to_run", "files"):
+        "the command that the scenario takes away lies beside the program, where Windows looks first",
 }
 
 
