@@ -6,6 +6,7 @@
 
 #include <QDebug>
 
+#include <cstdlib>
 #include <memory>
 #include <new>
 
@@ -45,20 +46,20 @@ QString Fetch(VantorConfig *config, const QString &key, const std::string &suffi
         return value;
     }
     const std::int64_t size = length + 1;
-    // Of any size, unfilled, and without an exception when there is no room: no container does
-    // that.
-    const std::unique_ptr<char[]> buffer( // NOLINT(modernize-avoid-c-arrays)
-        size > 0 ? new (std::nothrow) char[static_cast<std::size_t>(size)] : nullptr);
+    // Of any size, and without an exception when there is no room. All zero, so that a library that
+    // fills less than it said, or nothing, leaves a text; of a size that was a lie the system hands
+    // out only what is touched.
+    const std::unique_ptr<char, decltype(&std::free)> buffer(
+        static_cast<char *>(size > 0 ? std::calloc(static_cast<std::size_t>(size), 1) : nullptr),
+        std::free);
     if (!buffer) {
         qDebug() << QStringLiteral("%1 is too long! length:%2").arg(key, QString::number(size));
         return value;
     }
-    // A library that fills nothing, or all of it, must still leave a text.
-    buffer[0] = '\0';
-    buffer[static_cast<std::size_t>(length)] = '\0';
     query(buffer.get(), static_cast<std::uint32_t>(size));
-    buffer[static_cast<std::size_t>(length)] = '\0';
-    if (buffer[0] == '\0') {
+    // A library that fills all of it leaves none.
+    buffer.get()[length] = '\0';
+    if (*buffer == '\0') {
         return value;
     }
     value = QString::fromUtf8(buffer.get());

@@ -186,6 +186,21 @@ TEST_F(ConfigInstance, LengthsThatLieAreSurvived)
     EXPECT_EQ(Get("d"), QString("xxxx"));
 }
 
+// What lay in that memory before must not become part of the text.
+TEST_F(ConfigInstance, ATextThatIsShorterThanSaidAndHasNoZeroIsAllThereIs)
+{
+    constexpr std::int32_t kLength = 999;
+    state->texts["a"] = "text";
+    state->lengths["a"] = kLength;
+    state->unterminated.insert("a");
+    Config();
+    {
+        const auto before = std::make_unique<std::string>(kLength, 'x');
+        EXPECT_EQ(before->back(), 'x');
+    }
+    EXPECT_EQ(Get("a"), QString("text"));
+}
+
 TEST_F(ConfigInstance, LongTextsAreNoProblem)
 {
     state->texts["long"] = std::string(1U << 20U, 'x');

@@ -69,7 +69,8 @@ std::int32_t GetStringValue(VantorConfig * /*config*/,
         std::memset(buffer, 'x', size);
     } else if (text != state.texts.end() && state.unfilled.count(name) == 0) {
         // Not a byte more than the text and its zero: what is offered may be two gigabytes.
-        const std::size_t length = std::min<std::size_t>(text->second.size() + 1, size);
+        const std::size_t zero = state.unterminated.count(name) == 0 ? 1 : 0;
+        const std::size_t length = std::min<std::size_t>(text->second.size() + zero, size);
         std::memcpy(buffer, text->second.c_str(), length);
     }
     return 0;

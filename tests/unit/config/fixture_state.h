@@ -19,6 +19,8 @@ struct FixtureState
     std::map<std::string, std::int32_t> lengths;
     /// Keys whose fetching call leaves the buffer alone.
     std::set<std::string> unfilled;
+    /// Keys whose fetching call fills in the text without its zero.
+    std::set<std::string> unterminated;
     /// Keys whose fetching call fills the whole buffer and leaves no zero.
     std::set<std::string> overfilled;
 
