@@ -17,6 +17,13 @@ void EndQuietly(QProcess &process)
 
 } // namespace
 
+bool ShowsImage(const QByteArray &output, const QString &imageName)
+{
+    // With its length: a zero byte does not end it.
+    const QString text = QString::fromUtf8(output.constData(), output.size());
+    return text.contains(imageName, Qt::CaseSensitive);
+}
+
 bool TaskListShows(const QString &imageName, const TaskListQuery &query)
 {
     const QStringList arguments = {QStringLiteral("/NH"),
@@ -27,7 +34,7 @@ bool TaskListShows(const QString &imageName, const TaskListQuery &query)
     QProcess tasklist;
     tasklist.start(query.program, arguments, QIODevice::ReadWrite);
     tasklist.waitForFinished(query.timeAllowedMs);
-    const QString output = QString::fromUtf8(tasklist.readAllStandardOutput());
+    const QByteArray output = tasklist.readAllStandardOutput();
     EndQuietly(tasklist);
-    return output.contains(imageName, Qt::CaseSensitive);
+    return ShowsImage(output, imageName);
 }

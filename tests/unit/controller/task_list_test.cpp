@@ -74,6 +74,13 @@ TEST_F(TaskList, FindsTheNameAnywhereInTheOutput)
     EXPECT_TRUE(Shows(Query("silent=1\nsay=xxKTRUI.exexx\n")));
 }
 
+TEST_F(TaskList, FindsTheNameBehindAZeroByte)
+{
+    const QString name = QStringLiteral("KTRUI.exe");
+    EXPECT_TRUE(ShowsImage(QByteArray("a\0\0KTRUI.exe", 12), name));
+    EXPECT_FALSE(ShowsImage(QByteArray("a\0KTRUI\0.exe", 12), name));
+}
+
 TEST_F(TaskList, ComparesLettersExactly)
 {
     // The list itself does not.
