@@ -3,7 +3,6 @@
 #include "platform/files.h"
 #include "platform/module_path.h"
 #include "platform/text.h"
-#include "platform/window.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
@@ -15,15 +14,6 @@
 namespace {
 
 using HandleBytes = std::array<char, sizeof(platform::WindowHandle)>;
-
-platform::WindowHandle ReadWindowHandle()
-{
-    HandleBytes bytes = {};
-    std::ifstream file(GetHwndFilePath(), std::ios::binary);
-    file.read(bytes.data(), bytes.size());
-    const bool complete = file.gcount() == static_cast<std::streamsize>(bytes.size());
-    return complete ? qFromLittleEndian<platform::WindowHandle>(bytes.data()) : 0;
-}
 
 } // namespace
 
@@ -56,9 +46,18 @@ void PublishWindowHandle(const QQmlApplicationEngine &engine)
     file.write(bytes.data(), bytes.size());
 }
 
+platform::WindowHandle ReadWindowHandle(std::istream &file)
+{
+    HandleBytes bytes = {};
+    file.read(bytes.data(), bytes.size());
+    const bool complete = file.gcount() == static_cast<std::streamsize>(bytes.size());
+    return complete ? qFromLittleEndian<platform::WindowHandle>(bytes.data()) : 0;
+}
+
 void ActivateRunningInstance()
 {
-    const platform::WindowHandle window = ReadWindowHandle();
+    std::ifstream file(GetHwndFilePath(), std::ios::binary);
+    const platform::WindowHandle window = ReadWindowHandle(file);
     if (window != 0 && platform::WindowExists(window)) {
         platform::BringToFront(window);
     }

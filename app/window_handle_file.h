@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
+#include "platform/window.h"
 
+#include <iosfwd>
 #include <string>
 
 class QQmlApplicationEngine;
@@ -16,6 +17,9 @@ std::string HwndFilePathOf(const std::string &executable);
 
 /// Writes the native handle of the engine's first window to the file; no file without a window.
 void PublishWindowHandle(const QQmlApplicationEngine &engine);
+
+/// The handle in the first eight bytes of what `file` still has; 0 when there are fewer.
+platform::WindowHandle ReadWindowHandle(std::istream &file);
 
 /// Brings the window that the file names to the front. No effect when the file is missing or names
 /// no existing window; a file of fewer than eight bytes names none. Works without a Qt application.

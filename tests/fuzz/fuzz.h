@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+/// Called by the fuzzer with one input after the other; the result is always 0.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
+
+/// Ends the program, so that the fuzzer keeps its input, unless `holds`.
+inline void Check(bool holds, const char *what)
+{
+    if (!holds) {
+        std::fprintf(stderr, "This does not hold: %s\n", what);
+        std::abort();
+    }
+}
+
+/// The input as text.
+inline std::string_view Whole(const std::uint8_t *data, std::size_t size)
+{
+    return {reinterpret_cast<const char *>(data), size};
+}
+
+/// The parts of an input between bytes 0xFF, which UTF-8 does not use: missing ones are empty, the
+/// last has all the rest.
+template<std::size_t kCount>
+std::array<std::string, kCount> Fields(const std::uint8_t *data, std::size_t size)
+{
+    std::array<std::string, kCount> fields;
+    std::string_view rest = Whole(data, size);
+    for (std::size_t index = 0; index + 1 < kCount; ++index) {
+        const std::size_t end = rest.find('\xFF');
+        fields.at(index) = rest.substr(0, end);
+        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+    }
+    fields.back() = rest;
+    return fields;
+}

@@ -1,0 +1,94 @@
+// Usage events from any texts, up to the telemetry library. Fields: window, activity, attribute,
+// source.
+
+#include "services/telemetry/usage_events.h"
+#include "services/telemetry/telemetry_binding.h"
+#include "tests/fuzz/fuzz.h"
+#include "tests/fuzz/telemetry_library.h"
+#include "tests/fuzz/text.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+TelemetryBinding &Binding()
+{
+    static TelemetryBinding binding;
+    // Only one export is there, which is enough.
+    static const bool complete = binding.LoadTelemetryLibrary(TELEMETRY_LIBRARY);
+    Check(!complete, "a library with one export is not complete");
+    return binding;
+}
+
+// As it is: `fromStdU16String` takes a byte order mark away.
+QString Units(const std::u16string &text)
+{
+    QString units;
+    for (const char16_t unit : text) {
+        units += QChar(unit);
+    }
+    return units;
+}
+
+bool IsDocument(const QString &text)
+{
+    return !QJsonDocument::fromJson(text.toUtf8()).isNull();
+}
+
+void CheckAttribute(const QString &given, const QString &sent)
+{
+    if (IsDocument(given)) {
+        Check(sent == given, "a document stays as it is");
+        return;
+    }
+    const QJsonObject object = QJsonDocument::fromJson(sent.toUtf8()).object();
+    Check(object.keys() == QStringList{QStringLiteral("attribute")}, "the wrapper has one member");
+    // The toolkit's reader, not its writer, may drop a byte order mark at the beginning of a text.
+    const QChar mark(QChar::ByteOrderMark);
+    const QString read = object.value(QStringLiteral("attribute")).toString();
+    Check((read == given || mark + read == given) && sent.count(mark) == given.count(mark),
+          "it holds the text");
+    Check(!sent.contains(QLatin1Char('\n')), "it is compact");
+}
+
+// What the library sees of texts that end at their first zero.
+UsageEventPairs CutAtZeros(UsageEventPairs pairs)
+{
+    for (auto &[name, value] : pairs) {
+        value.resize(std::min(value.find(u'\0'), value.size()));
+    }
+    return pairs;
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const auto fields = Fields<4>(data, size);
+    const QString attribute = Text(fields[2]);
+    const QString source = Text(fields[3]);
+    const UsageEventPairs pairs =
+        ComposeUsageEvent(Text(fields[0]), Text(fields[1]), attribute, source);
+
+    UsageEventPairs expected = {{u"Window", Text(fields[0]).toStdU16String()}};
+    if (!source.isEmpty()) {
+        expected.emplace_back(u"Source", source.toStdU16String());
+    }
+    expected.emplace_back(u"Activity", Text(fields[1]).toStdU16String());
+    if (!attribute.isEmpty()) {
+        Check(!pairs.empty() && pairs.back().first == u"Attribute", "the attribute comes last");
+        const QString sent = Units(pairs.back().second);
+        CheckAttribute(attribute, sent);
+        Check(ComposeUsageEvent({}, {}, sent, {}).back().second == pairs.back().second,
+              "wrapping once is enough");
+        expected.push_back(pairs.back());
+    }
+    Check(pairs == expected, "each text under its name, in their order");
+
+    TelemetryBinding &binding = Binding();
+    ReceivedPairs().clear();
+    SendPairs(binding, pairs);
+    Check(ReceivedPairs() == CutAtZeros(pairs), "the library gets them so");
+    return 0;
+}
