@@ -14,7 +14,7 @@ from driver.display import Display
 from driver.installation import assemble, configure
 from driver.journal import Entry, parse
 from driver.program import RunningProgram, Started
-from driver.system import Native, Process
+from driver.system import Native, Process, RegistryValue
 from driver.target import system_under_test
 
 FOLDERS = ("Dravik", "home", "tmp", "run")
@@ -74,7 +74,8 @@ class Sandbox:
         raise FileNotFoundError(f"nothing is called {name} in {self.root}")
 
     def set_registry(
-        self, language: str | None = None, oem: str | None = None, xurl_id: str | None = None,
+        self, language: RegistryValue = None, oem: RegistryValue = None,
+        xurl_id: RegistryValue = None,
         xurl_key: str = "Software\\WOW6432Node\\TORVAN\\KTR_dd",
     ) -> None:
         """What the product's setup has recorded; None leaves the value out."""
@@ -152,6 +153,10 @@ class Sandbox:
         except FileNotFoundError:
             content = b""
         return [entry for entry in parse(content) if entry.matches(image, event, **texts)]
+
+    def forget_journal(self) -> None:
+        """Removes what has been noted so far; nobody may be writing."""
+        (self.root / "journal.log").unlink(missing_ok=True)
 
     def wait_for_journal(
         self, wanted: Callable[[Entry], object], what: str,

@@ -12,7 +12,7 @@ import signal
 from contextlib import contextmanager
 from dataclasses import dataclass
 from pathlib import Path
-from typing import TYPE_CHECKING, Iterator
+from typing import TYPE_CHECKING, Iterator, Union
 
 if TYPE_CHECKING:
     from driver.window import Window
@@ -42,6 +42,18 @@ class Process:
         return f"{self.pid} {self.executable}"
 
 
+@dataclass(frozen=True)
+class Raw:
+    """A registry value of any type, by the type's number, and any bytes."""
+
+    kind: int
+    data: bytes
+
+
+RegistryValue = Union[str, Raw, None]
+"""What a registry value holds: a text or something else; None is no value."""
+
+
 class Native:
     """The Linux executable, started as it is."""
 
@@ -59,6 +71,10 @@ class Native:
     """Whether a window that another program brings to the front gets the focus, too."""
     handle_bits = 64
     """How much of a window handle counts."""
+    without_privileges = (
+        ("/usr/bin/setpriv", "--bounding-set=-dac_override,-dac_read_search")
+        if os.geteuid() == 0 else ())
+    """A command that becomes another one for which permissions count, whoever runs it."""
     terminated = -signal.SIGKILL
     """The status of a process that another one has terminated."""
 
@@ -93,13 +109,12 @@ class Native:
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
         """Sets variables that would not reach a program through its environment: there are none."""
 
-    def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
+    def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
         """Replaces the registry with these values under the local machine; None is left out."""
         lines = ["Windows Registry Editor Version 5.00", ""]
         for (key, name), value in values.items():
             if value is not None:
-                escaped = value.replace("\\", "\\\\").replace('"', '\\"')
-                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"="{escaped}"', ""]
+                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"={exported(value)}', ""]
         (program / "registry.reg").write_text("\n".join(lines), encoding="utf-8")
 
     def command(self, executable: Path, arguments: list[str]) -> list[str]:
@@ -182,6 +197,13 @@ class Native:
             yield
         finally:
             os.close(descriptor)
+
+
+def exported(value: str | Raw) -> str:
+    """A registry value as the registry's editor exports it."""
+    if isinstance(value, Raw):
+        return f"hex({value.kind:x}):" + ",".join(f"{byte:02x}" for byte in value.data)
+    return '"' + value.replace("\\", "\\\\").replace('"', '\\"') + '"'
 
 
 def process_ids() -> list[int]:

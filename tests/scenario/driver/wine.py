@@ -15,7 +15,9 @@ from typing import Iterator
 
 from driver import wait
 from driver.installation import REPOSITORY, build_directory
-from driver.system import MUTEX, Native, Process, process_ids, variables_of
+from driver.system import (
+    MUTEX, Native, Process, RegistryValue, exported, process_ids, variables_of,
+)
 
 WINE_PREFIX = "prefix"
 """The folder of a sandbox in which Wine keeps its system."""
@@ -46,8 +48,8 @@ class Wine(Native):
         text = values.read_text(encoding="utf-8")
         values.unlink()
         self._import(root, text + "\n[HKEY_CURRENT_USER\\Environment]\n" + "".join(
-            f'"{name}"="{_escaped(self.shown(root / "tmp"))}"\n' for name in ("TEMP", "TMP"))
-            + f'"KTR_NOTE"="{_escaped(self.shown(root / "tools" / "note.exe"))}"\n'
+            f'"{name}"={exported(self.shown(root / "tmp"))}\n' for name in ("TEMP", "TMP"))
+            + f'"KTR_NOTE"={exported(self.shown(root / "tools" / "note.exe"))}\n'
             # Without a console, messages would go to the debugger.
             + '"QT_FORCE_STDERR_LOGGING"="1"\n'
             # A program that crashes ends, without a dialog about it.
@@ -71,15 +73,15 @@ class Wine(Native):
         """Sets texts in a key below the current user; None removes one."""
         self._import(root, "Windows Registry Editor Version 5.00\n\n"
                      f"[HKEY_CURRENT_USER\\{key}]\n" + "".join(
-                         f'"{name}"=' + (f'"{_escaped(value)}"' if value is not None else "-") + "\n"
+                         f'"{name}"=' + (exported(value) if value is not None else "-") + "\n"
                          for name, value in values.items()))
 
-    def write_registry(self, program: Path, values: dict[tuple[str, str], str | None]) -> None:
+    def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
         """Replaces the product's values under the local machine; None is left out."""
         lines = [f"[-HKEY_LOCAL_MACHINE\\{key}]" for key in _KEYS]
         for (key, name), value in values.items():
             if value is not None:
-                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"="{_escaped(value)}"']
+                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"={exported(value)}']
         self._import(program.parents[1], "Windows Registry Editor Version 5.00\n\n"
                      + "\n".join(lines) + "\n")
 
@@ -188,10 +190,6 @@ class Wine(Native):
 
 def _prefix(root: Path) -> Path:
     return root / WINE_PREFIX
-
-
-def _escaped(text: str) -> str:
-    return text.replace("\\", "\\\\").replace('"', '\\"')
 
 
 def _programs_of(root: Path) -> Iterator[tuple[int, Path]]:

@@ -1,0 +1,11 @@
+"""The table of faults."""
+
+from faults import ends, facts, files, folders, programs
+
+TABLE = {
+    "Files beside the program": files.FAULTS,
+    "Its folders": folders.FAULTS,
+    "The task list and the uninstaller": programs.FAULTS,
+    "What the setup has recorded": facts.FAULTS,
+    "The end of a run, and what changes meanwhile": ends.FAULTS,
+}

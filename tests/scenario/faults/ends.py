@@ -1,0 +1,141 @@
+"""Runs that are cut short, and surroundings that change while the program runs."""
+
+from __future__ import annotations
+
+import subprocess
+from pathlib import Path
+from typing import Callable
+
+import steps
+from driver.display import Display
+from driver.sandbox import Sandbox
+from driver.window import Window
+from faults.fault import Fault
+from faults.outcomes import AS_EVER, COMPANION, TELEMETRY, Run, Whole
+
+STARTS_ANEW = "Nothing is left that hinders: the next start works as ever."
+FAKETIME = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1"
+ONE_DISPLAY = "Wine's desktop ends with its display"
+
+
+def _start_again(sandbox: Sandbox, fault: Fault) -> None:
+    """What the killed run has left running goes; then the product is uninstalled."""
+    for process in sandbox.system.offspring(sandbox.root):
+        sandbox.system.end(process)
+    sandbox.wait_processes(COMPANION, 0)
+    sandbox.forget_journal()
+    sandbox.configure("uninstall.exe", hold_file=None)
+    Whole(AS_EVER.says).run(sandbox, Fault(fault.what, AS_EVER))
+
+
+def _killed_at(stage: Callable[[Sandbox, Window], object]) -> Run:
+    def cut_short(sandbox: Sandbox, fault: Fault) -> None:
+        program = fault.start(sandbox)
+        stage(sandbox, program.ready())
+        program.kill()
+        assert not sandbox.instance_lock_held()
+        _start_again(sandbox, fault)
+
+    return Run(STARTS_ANEW, cut_short)
+
+
+def _killed_before_its_window(sandbox: Sandbox, fault: Fault) -> None:
+    program = fault.start(sandbox)
+    sandbox.wait_noted(TELEMETRY, "load")
+    program.kill()
+    assert not sandbox.instance_lock_held()
+    _start_again(sandbox, fault)
+
+
+def _running(sandbox: Sandbox, window: Window) -> None:
+    sandbox.hold("uninstall.exe")
+    steps.uninstall(window)
+    steps.wait_climbing(window)
+
+
+def _waiting(sandbox: Sandbox, window: Window) -> None:
+    sandbox.configure("tasklist", hide="uninstall.exe", note=1)
+    steps.uninstall(window)
+    steps.wait_buttons_disabled(window)
+    sandbox.configure("tasklist", hide=None)
+
+
+def _warned(sandbox: Sandbox, window: Window) -> None:
+    sandbox.configure("tasklist", show="KTRUI.exe")
+    steps.uninstall(window)
+    sandbox.programs[-1].box()
+    sandbox.configure("tasklist", show=None)
+
+
+def _complete(sandbox: Sandbox, window: Window) -> None:
+    steps.uninstall(window)
+    steps.wait_complete(window)
+
+
+def _display_goes(sandbox: Sandbox, fault: Fault) -> None:
+    shared = sandbox.display
+    with Display() as own:
+        sandbox.display = own
+        try:
+            program = fault.start(sandbox)
+            _running(sandbox, program.ready())
+        finally:
+            sandbox.display = shared
+    assert program.wait_exit() != 0
+    assert not sandbox.instance_lock_held()
+    _start_again(sandbox, fault)
+
+
+def _no_display(sandbox: Sandbox, fault: Fault) -> None:
+    program = sandbox.start(environment={"DISPLAY": ":1.invalid"})
+    assert program.wait_exit() != 0
+    assert not sandbox.instance_lock_held()
+    assert not sandbox.handle_file.exists()
+    _start_again(sandbox, fault)
+
+
+def _fake_clock(sandbox: Sandbox) -> None:
+    sandbox.configure("uninstall.exe", run_ms=4000)
+
+
+def _locale(name: str) -> Fault:
+    """The program in a locale that is made for it, if there is a source of it."""
+    source, _, encoding = name.partition(".")
+
+    def make(sandbox: Sandbox) -> None:
+        if encoding and (Path("/usr/share/i18n/locales") / source).exists():
+            (sandbox.root / "locales").mkdir()
+            subprocess.run(["/usr/bin/localedef", "--no-archive", "-i", source, "-f", encoding,
+                            sandbox.root / "locales" / name], check=True, capture_output=True)
+
+    return Fault(f"locale: {name}", AS_EVER, make, linux_only="the locale is one of this system",
+                 stderr=(r"Fontconfig warning: ignoring .*",),
+                 environment=lambda sandbox: {"LC_ALL": name,
+                                              "LOCPATH": str(sandbox.root / "locales")})
+
+
+FAULTS = [
+    Fault("killed before its window is there", Run(STARTS_ANEW, _killed_before_its_window)),
+    Fault("killed with its window there", _killed_at(lambda sandbox, window: None)),
+    Fault("killed with a coupon shown",
+          _killed_at(lambda sandbox, window: steps.choose(sandbox, window, 2))),
+    Fault("killed with the warning shown", _killed_at(_warned)),
+    Fault("killed while it waits for the uninstaller", _killed_at(_waiting)),
+    Fault("killed during the run", _killed_at(_running)),
+    Fault("killed after the run", _killed_at(_complete)),
+    Fault("the display goes during the run",
+          Run("The toolkit ends the program. " + STARTS_ANEW, _display_goes),
+          linux_only=ONE_DISPLAY, stderr=(r"The X11 connection broke.*", r"XIO: .*", r"\s.*")),
+    Fault("there is no display",
+          Run("The toolkit ends the program. " + STARTS_ANEW, _no_display),
+          linux_only=ONE_DISPLAY, stderr=(r"qt\.qpa\.xcb: .*", r"This application failed .*",
+                                          r"Available platform plugins .*", r"qt\.qpa\.plugin: .*",
+                                          r"\s*")),
+    Fault("midnight, and a new year, during the run", AS_EVER, _fake_clock,
+          environment=lambda sandbox: {
+              "LD_PRELOAD": FAKETIME, "FAKETIME": "@2025-12-31 23:59:57", "TZ": "UTC",
+              "FAKETIME_DONT_FAKE_MONOTONIC": "1"},
+          linux_only="the clock is changed by a library of this system"),
+    *(_locale(name) for name in ("C", "tr_TR.UTF-8", "ar_EG.UTF-8", "th_TH.UTF-8",
+                                 "tr_TR.ISO-8859-9", "no_SUCH.UTF-8")),
+]

@@ -1,0 +1,93 @@
+"""A hostile registry: the texts reach a path, a URL, the keys and the prefix of the configuration."""
+
+from __future__ import annotations
+
+import json
+from dataclasses import dataclass
+
+import steps
+from driver import layout
+from driver.sandbox import Sandbox
+from driver.system import Raw
+from faults.fault import Fault
+from faults.outcomes import CONFIG
+
+CART = "url_cart_with_ktr_uninstall_coupon"
+PLAIN = "https://shop.torvan.example/cart?product=dravik"
+ROOM = 260
+"""Bytes that a value may have, with the zero at its end."""
+NOT_TEXT = "what is no text is read in another way by a registry that knows types"
+
+
+@dataclass(frozen=True)
+class Hostile:
+    """The program with the same text in a value, or in all of them."""
+
+    says: str
+    value: str | Raw
+    text: str
+    """What the program makes of it."""
+
+    def run(self, sandbox: Sandbox, fault: Fault) -> None:
+        """See `says`."""
+        sandbox.set_registry(self.value, self.value, self.value)
+        sandbox.configure(CONFIG, **{f"string.{CART}": PLAIN})
+        before = sandbox.snapshot()
+        program = fault.start(sandbox)
+        window = program.ready()
+        parts = [part for part in (self.text, "uninstall__180", self.text) if part]
+        prefix = sandbox.journal(CONFIG, "set_filter_environment")[0].text("prefix")
+        assert prefix == sandbox.system.narrow("__".join(parts))
+        # The language may have a translation of no such name: the reasons are the source texts.
+        steps.choose(sandbox, window, 1)
+        window.click(layout.COUPON)
+        link = json.loads(steps.wait_event(sandbox, "Click_Gift_Url")[2])["url"]
+        # Without an OEM there is an address; with this one there is none, and only the tail.
+        assert link == (f"?x-url=1-{sandbox.system.narrow(self.text)}" if self.text else PLAIN)
+        window.drag(layout.TITLE_GRIP, 20, 10)
+        window.click(layout.CANCEL)
+        steps.expect_end(sandbox, program, cleanup=False)
+        for entry in sandbox.journal("xdg-open", "open"):
+            assert len(entry.items("args")) == 1
+        after = sandbox.snapshot()
+        assert {path for path in after if "harm" in path} == set()
+        assert before.keys() <= after.keys()
+
+
+TAKEN = "It is a text like any other: nothing in it is carried out, and all works."
+LEFT_OUT = "It counts as missing, and all works."
+
+
+def _text(name: str, text: str) -> Fault:
+    return Fault(f"registry: {name}", Hostile(TAKEN, text, text))
+
+
+def _raw(name: str, kind: int, data: bytes, text: str, stderr: tuple[str, ...] = ()) -> Fault:
+    return Fault(f"registry: {name}", Hostile(TAKEN if text else LEFT_OUT, Raw(kind, data), text),
+                 linux_only=NOT_TEXT, stderr=stderr)
+
+
+FAULTS = [
+    *(Fault(f"registry: values of {size} bytes",
+            Hostile(TAKEN if size <= ROOM else LEFT_OUT, "x" * (size - 1),
+                    "x" * (size - 1) if size <= ROOM else "")) for size in (259, 260, 261)),
+    Fault("registry: values of 64 KiB", Hostile(LEFT_OUT, "x" * 65535, "")),
+    _text("quotation marks", "a\"b\"'c'"),
+    _text("percent signs", "%1%2%n%s%99%PATH%%41"),
+    _text("commands of a shell", "$(touch harm)`touch harm`;touch harm|touch harm&touch harm"),
+    _text("options of a command", "--help -e harm"),
+    _text("a way up", "../../../../harm"),
+    _text("a way up, with backslashes", "..\\..\\..\\harm"),
+    _text("an address of its own", "&x-url=2#fragment?https://harm.example/@"),
+    _text("markup", "<img src='file:///harm'><b>&amp;"),
+    _text("separators of keys", "__a__b____"),
+    _text("letters of another script", "\u00c4\u00df\u00e9"),
+    _raw("line breaks", 1, b"one\r\ntwo\tthree\0", "one\r\ntwo\tthree",
+         stderr=(r"two\tthree.*",)),  # the log has the prefix as it is
+    _raw("no zero at the end", 1, b"acme", "acme"),
+    _raw("no zero at the end of all the room", 1, b"x" * ROOM, "x" * ROOM),
+    _raw("a zero in the middle", 1, b"acme\0harm\0", "acme"),
+    _raw("a number in place of a text", 4, b"acme", "acme"),
+    _raw("bytes in place of a text", 3, b"acme\0", "acme"),
+    _raw("nothing at all", 1, b"", ""),
+]

@@ -1,0 +1,102 @@
+"""Every file that is delivered with the program or lies beside it, in every state but its own."""
+
+from __future__ import annotations
+
+import random
+import shutil
+from pathlib import Path
+from typing import Callable, Iterator
+
+from driver.sandbox import Sandbox
+from faults.fault import Fault, Outcome, Prepare
+from faults.outcomes import (
+    AS_EVER, CONFIG, NO_CLEAN_UP, NO_HANDLE, NO_OFFERS, SILENT, TELEMETRY, UNTRANSLATED,
+)
+
+GARBAGE = random.Random(1).randbytes(1 << 16)
+ROOT_READS_ALL = "what a file's permissions forbid is decided by another process under Wine"
+NO_EXECUTABLE_FORMAT = "a batch file of any content is run there, and runs nothing"
+TEXT_FILE = "the registry is no file there"
+
+Damage = Callable[[Path], object]
+
+
+def _gone(file: Path) -> None:
+    if file.exists():
+        file.unlink()
+
+
+def _folder(file: Path) -> None:
+    _gone(file)
+    file.mkdir()
+    (file / "something").write_text("within")
+
+
+def _unreadable(file: Path) -> None:
+    file.touch()
+    file.chmod(0)
+
+
+DAMAGES: dict[str, Damage] = {
+    "missing": _gone,
+    "empty": lambda file: file.write_bytes(b""),
+    "a folder": _folder,
+    "unreadable": _unreadable,
+    "garbage": lambda file: file.write_bytes(GARBAGE),
+}
+
+
+def _german(sandbox: Sandbox) -> None:
+    sandbox.set_registry("German", "official")
+
+
+def _damaged(name: str, where: Callable[[Sandbox], Path], outcome: Outcome,
+             first: Prepare = lambda sandbox: None, linux_only: str = "",
+             stderr: tuple[str, ...] = ()) -> Iterator[Fault]:
+    """A file in each of the states."""
+    for damage, cause in DAMAGES.items():
+        def prepare(sandbox: Sandbox, cause: Damage = cause) -> None:
+            first(sandbox)
+            cause(where(sandbox))
+
+        unreadable = damage == "unreadable"
+        yield Fault(f"{name}: {damage}", outcome, prepare, unprivileged=unreadable,
+                    linux_only=linux_only or (ROOT_READS_ALL if unreadable else ""),
+                    stderr=stderr)
+
+
+def _handle_file(size: int | str, content: bytes) -> Fault:
+    """A handle file that an earlier run left."""
+    return Fault(f"window-handle file: left over, {size}", AS_EVER,
+                 lambda sandbox: sandbox.write_handle(content))
+
+
+def _read_only_handle(sandbox: Sandbox) -> None:
+    sandbox.write_handle(0)
+    sandbox.handle_file.chmod(0o400)
+
+
+def _no_translations(sandbox: Sandbox) -> None:
+    _german(sandbox)
+    shutil.rmtree(sandbox.bin / "translations")
+
+
+FAULTS = [
+    *_damaged("external bundle", lambda sandbox: sandbox.bin / "UninstallUI.rcc", AS_EVER),
+    *_damaged("translation", lambda sandbox: sandbox.bin / "translations" / "ktr_German.qm",
+              UNTRANSLATED, _german),
+    Fault("translations: no folder", UNTRANSLATED, _no_translations),
+    *_damaged("window icon", lambda sandbox: sandbox.root / "Dravik" / "res" / "install_box.ico",
+              AS_EVER),
+    *_damaged("clean-up script", lambda sandbox: sandbox.bin / "clearKTR.bat", NO_CLEAN_UP),
+    *_damaged("telemetry library", lambda sandbox: sandbox.bin / TELEMETRY, SILENT),
+    *_damaged("configuration library", lambda sandbox: sandbox.locate(CONFIG), NO_OFFERS),
+    *_damaged("registry", lambda sandbox: sandbox.bin / "registry.reg", AS_EVER,
+              linux_only=TEXT_FILE),
+    *(_handle_file(f"{size} bytes" if size < 1 << 20 else "1 MiB", GARBAGE[:1] * size)
+      for size in (0, 1, 7, 8, 9, 1 << 20)),
+    Fault("window-handle file: a folder", NO_HANDLE,
+          lambda sandbox: sandbox.handle_file.mkdir()),
+    Fault("window-handle file: not writable", NO_HANDLE, _read_only_handle, unprivileged=True,
+          linux_only=ROOT_READS_ALL),
+]

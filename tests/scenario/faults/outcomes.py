@@ -1,0 +1,151 @@
+"""What the program does in spite of a fault: runs of it from its start to its end."""
+
+from __future__ import annotations
+
+from dataclasses import dataclass
+from typing import Callable
+
+import steps
+from driver import layout, tree
+from driver.program import RunningProgram
+from driver.sandbox import Sandbox
+from driver.system import MUTEX
+from driver.window import Window
+from faults.fault import Fault
+
+CONFIG, TELEMETRY, COMPANION = "vantoronlineconfig.dll", "SkyrelWrap.DLL", "SkyrelWrapExe.exe"
+HANDLE, STAGED = "Dravik/bin/hwndFile.ini", "tmp/clearKTR.bat"
+
+
+@dataclass(frozen=True)
+class Whole:
+    """A whole run: a reason, its coupon, the uninstallation to its end, "OK"."""
+
+    says: str
+    events: bool = True
+    offers: bool = True
+    clean_up: bool = True
+    handle: bool = True
+    translated: bool = True
+    stays: tuple[str, ...] = ()
+    """What is on the disk afterwards that was not there before, or has changed."""
+
+    def run(self, sandbox: Sandbox, fault: Fault) -> None:
+        """See `says`."""
+        sandbox.configure("uninstall.exe", remove=None, run_ms=500)
+        untranslated = None if self.translated else title_without_language(sandbox)
+        fault.prepare(sandbox)
+        before = sandbox.snapshot()
+        program = fault.start(sandbox)
+        window = program.ready()
+        assert published(sandbox, window) == self.handle
+        if untranslated is not None:
+            assert steps.title(window) == untranslated
+        self._choose(sandbox, window)
+        if not self.handle:
+            second_start_ends(sandbox, fault)
+        steps.uninstall(window)
+        steps.wait_complete(window)
+        window.click(layout.CANCEL)
+        self._expect_end(sandbox, program)
+        self._expect_disk(before, sandbox)
+        fault.also(sandbox)
+
+    def _choose(self, sandbox: Sandbox, window: Window) -> None:
+        if self.events:
+            steps.choose(sandbox, window, 1)
+        else:
+            # The picture of the reasons tells which is which, with or without events.
+            window.click(layout.reason(steps.reason_rows(window)[1]))
+            steps.wait_coupon(window)
+        assert bool(sandbox.journal(CONFIG)) == self.offers
+
+    def _expect_end(self, sandbox: Sandbox, program: RunningProgram) -> None:
+        if self.clean_up and self.events and self.handle:
+            steps.expect_end(sandbox, program, cleanup=True)
+            return
+        assert program.wait_exit() == 0
+        assert not sandbox.instance_lock_held()
+        sandbox.wait_processes(COMPANION, 0)
+        assert not sandbox.journal(COMPANION, "end"), "the companion ended by itself"
+        if self.clean_up:
+            entry = sandbox.wait_noted("clearKTR.bat", "start")
+            assert entry.items("args") == [sandbox.shown(sandbox.root / "Dravik")]
+        else:
+            assert not sandbox.journal("clearKTR.bat")
+        assert bool(sandbox.journal(TELEMETRY, "SkyrelSendInfo")) == self.events
+
+    def _expect_disk(self, before: tree.Tree, sandbox: Sandbox) -> None:
+        """Nothing has come but what is described, and nothing else has changed."""
+        difference = tree.compare(before, sandbox.snapshot())
+        lock = f"run/{MUTEX}.lock"
+        seen = {*difference.added, *difference.removed, *difference.changed}
+        assert seen <= {lock, STAGED, HANDLE, *self.stays}, difference
+
+
+@dataclass(frozen=True)
+class Run:
+    """A run that is told step by step."""
+
+    says: str
+    steps: Callable[[Sandbox, Fault], object]
+
+    def run(self, sandbox: Sandbox, fault: Fault) -> None:
+        """See `says`."""
+        sandbox.configure("uninstall.exe", remove=None, run_ms=500)
+        fault.prepare(sandbox)
+        self.steps(sandbox, fault)
+        fault.also(sandbox)
+
+
+def published(sandbox: Sandbox, window: Window) -> bool:
+    """Whether the handle file leads to the window."""
+    file = sandbox.handle_file
+    return (file.is_file() and file.stat().st_size == 8
+            and sandbox.system.publishes(sandbox.read_handle(), window))
+
+
+def title_without_language(sandbox: Sandbox) -> bytes:
+    """How the title is drawn without a translation."""
+    translations = sandbox.bin / "translations"
+    away = translations.rename(sandbox.root / "elsewhere" / "translations")
+    program = sandbox.start()
+    window = program.ready()
+    drawn = steps.title(window)
+    window.click(layout.CANCEL)
+    assert program.wait_exit() == 0
+    sandbox.wait_processes(COMPANION, 0)
+    away.rename(translations)
+    sandbox.forget_journal()
+    return drawn
+
+
+def second_start_ends(sandbox: Sandbox, fault: Fault) -> None:
+    """A second start ends with 0 and leaves one window."""
+    second = fault.start(sandbox)
+    assert second.wait_exit() == 0
+    assert not second.windows()
+
+
+def _empty_bar(sandbox: Sandbox, fault: Fault) -> None:
+    sandbox.configure("tasklist", note=1)
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    steps.wait_given_up(sandbox)
+    steps.wait_buttons_disabled(window)
+    assert window.bar_fraction() == 0.0
+    window.close()
+    steps.expect_end(sandbox, program, cleanup=False)
+
+
+AS_EVER = Whole("Everything works as ever.")
+SILENT = Whole("Everything works, without usage events.", events=False)
+NO_OFFERS = Whole("Everything works, with empty offers.", offers=False)
+NO_CLEAN_UP = Whole("Everything works; the clean-up script is not run, and nothing is said.",
+                    clean_up=False)
+NO_HANDLE = Whole("Everything works; a second start ends without bringing the window to the front.",
+                  handle=False)
+UNTRANSLATED = Whole("Everything works, with the source texts.", translated=False)
+EMPTY_BAR = Run("After 25 questions the bar stays empty. The window can be closed by the system, "
+                "and the clean-up does not run.", _empty_bar)

@@ -1,0 +1,167 @@
+"""The task list and the uninstaller."""
+
+from __future__ import annotations
+
+import time
+
+import steps
+from driver import layout, wait
+from driver.sandbox import Sandbox
+from faults.fault import Fault
+from faults.files import GARBAGE
+from faults.outcomes import AS_EVER, EMPTY_BAR, Run
+
+PATIENCE = 30.0
+"""Seconds that a query of the task list may take."""
+_WINE_SAYS = (r"wine: failed to open .*", r".*is not a valid Win32 application.*")
+
+
+def _tasklist(**settings: object):
+    return lambda sandbox: sandbox.configure("tasklist", **settings)
+
+
+def _without(name: str):
+    return lambda sandbox: sandbox.locate(name).unlink()
+
+
+def _replace_uninstaller(sandbox: Sandbox, content: bytes) -> None:
+    file = sandbox.bin / "uninstall.exe"
+    mode = file.stat().st_mode
+    file.unlink()
+    file.write_bytes(content)
+    file.chmod(mode)
+
+
+def _not_executable(sandbox: Sandbox) -> None:
+    (sandbox.bin / "uninstall.exe").chmod(0o644)
+
+
+def _a_folder(sandbox: Sandbox) -> None:
+    (sandbox.bin / "uninstall.exe").unlink()
+    (sandbox.bin / "uninstall.exe").mkdir()
+
+
+def _finish(sandbox: Sandbox, program, window) -> None:
+    steps.wait_complete(window)
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=True)
+
+
+def _hang_in_the_product_check(sandbox: Sandbox, fault: Fault) -> None:
+    sandbox.configure("tasklist", note=1, hang=1, show="KTRUI.exe")
+    program = fault.start(sandbox)
+    window = program.ready()
+    began = time.monotonic()
+    steps.uninstall(window)
+    sandbox.wait_noted("tasklist", "query")
+    sandbox.configure("tasklist", hang=None, show=None)
+    # What had been printed counts: the warning comes.
+    box = program.box(wait.DEADLINE + PATIENCE)
+    assert time.monotonic() - began > PATIENCE - 1
+    box.click(layout.BOX_OK)
+    box.wait_gone()
+    steps.uninstall(window)
+    _finish(sandbox, program, window)
+
+
+def _hang_in_a_tick(sandbox: Sandbox, fault: Fault) -> None:
+    hold = sandbox.hold("uninstall.exe")
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    steps.wait_climbing(window)
+    sandbox.configure("tasklist", note=1, hang=1, silent=1)
+    sandbox.wait_noted("tasklist", "query")
+    began = time.monotonic()
+    wait.until(lambda: steps.complete_text_share(window), "the green text",
+               wait.DEADLINE + PATIENCE, accept=lambda share: share > 0.002)
+    assert time.monotonic() - began > PATIENCE - 10
+    _finish(sandbox, program, window)
+    hold.unlink()
+
+
+def _lingers(sandbox: Sandbox, fault: Fault) -> None:
+    hold = sandbox.hold("uninstall.exe")
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    steps.wait_climbing(window, 0.985)
+    steps.wait_buttons_disabled(window)
+    assert window.bar_fraction() < 1.0
+    hold.unlink()
+    _finish(sandbox, program, window)
+
+
+def _another_takes_over(sandbox: Sandbox, fault: Fault) -> None:
+    hold = sandbox.hold("uninstall.exe")
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    steps.wait_climbing(window)
+    other_hold = sandbox.root / "hold" / "other"
+    other_hold.touch()
+    sandbox.spawn("uninstall.exe", inside=False, hold_file=other_hold)
+    sandbox.wait_processes("uninstall.exe", 2)
+    hold.unlink()
+    sandbox.wait_processes("uninstall.exe", 1)
+    steps.wait_climbing(window, steps.wait_climbing(window))
+    other_hold.unlink()
+    _finish(sandbox, program, window)
+
+
+def _killed(sandbox: Sandbox, fault: Fault) -> None:
+    sandbox.hold("uninstall.exe")
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    steps.wait_climbing(window)
+    for process in sandbox.processes("uninstall.exe"):
+        sandbox.system.end(process)
+    _finish(sandbox, program, window)
+
+
+def _no_task_list(sandbox: Sandbox, fault: Fault) -> None:
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    sandbox.wait_noted("uninstall.exe", "end")
+    steps.wait_buttons_disabled(window)
+    assert window.bar_fraction() == 0.0
+    window.close()
+    steps.expect_end(sandbox, program, cleanup=False)
+
+
+COMPLETES = "The bar goes on until it has gone, and all else works as ever."
+
+FAULTS = [
+    Fault("task list: missing", Run(EMPTY_BAR.says, _no_task_list), _without("tasklist"),
+          stderr=_WINE_SAYS),
+    Fault("task list: ends with 1, without a list", EMPTY_BAR, _tasklist(exit=1, silent=1)),
+    Fault("task list: ends with 1 after its list", AS_EVER, _tasklist(exit=1)),
+    Fault("task list: says nothing", EMPTY_BAR, _tasklist(silent=1)),
+    Fault("task list: is killed after its list", AS_EVER, _tasklist(killed=1)),
+    Fault("task list: complains on standard error", AS_EVER, _tasklist(complain="ERROR: no")),
+    Fault("task list: prints 10 MiB first", AS_EVER, _tasklist(bytes=10 << 20)),
+    Fault("task list: prints what is no text", AS_EVER, _tasklist(say="%FF%FE%00%80uninstall")),
+    Fault("task list: hangs in the check for the product",
+          Run("After 30 seconds what it has printed counts; later ones work as ever.",
+              _hang_in_the_product_check)),
+    Fault("task list: hangs in a tick",
+          Run("After 30 seconds it counts as an answer that nothing runs: the bar completes.",
+              _hang_in_a_tick)),
+    Fault("uninstaller: missing", EMPTY_BAR, _without("uninstall.exe"), stderr=_WINE_SAYS),
+    Fault("uninstaller: a folder", EMPTY_BAR, _a_folder, stderr=_WINE_SAYS),
+    Fault("uninstaller: not executable", EMPTY_BAR, _not_executable,
+          linux_only="a file is executable by its content there"),
+    Fault("uninstaller: empty", EMPTY_BAR, lambda sandbox: _replace_uninstaller(sandbox, b""),
+          stderr=_WINE_SAYS),
+    Fault("uninstaller: garbage", EMPTY_BAR,
+          lambda sandbox: _replace_uninstaller(sandbox, GARBAGE), stderr=_WINE_SAYS),
+    Fault("uninstaller: ends before it is seen", EMPTY_BAR,
+          lambda sandbox: sandbox.configure("uninstall.exe", mode="never")),
+    Fault("uninstaller: fails", AS_EVER,
+          lambda sandbox: sandbox.configure("uninstall.exe", exit=1)),
+    Fault("uninstaller: lingers", Run("The bar holds at 99 until it has gone.", _lingers)),
+    Fault("uninstaller: another of its name takes over", Run(COMPLETES, _another_takes_over)),
+    Fault("uninstaller: is killed", Run("The bar completes, and all else works as ever.", _killed)),
+]

@@ -1,0 +1,25 @@
+"""Whatever is wrong around the program, it does what the table of faults says."""
+
+import pytest
+
+from driver.output import unexpected_lines
+from driver.target import is_windows
+from faults import TABLE
+
+FAULTS = [fault for faults in TABLE.values() for fault in faults]
+
+
+@pytest.mark.stderr_unchecked  # Checked here, with what the fault allows.
+@pytest.mark.parametrize("fault", FAULTS, ids=str)
+def test_fault(sandbox, fault):
+    if is_windows() and fault.linux_only:
+        pytest.skip(fault.linux_only)
+    fault.outcome.run(sandbox, fault)
+    for program in sandbox.programs:
+        assert unexpected_lines(program.stderr, fault.stderr) == []
+
+
+def test_each_fault_is_there_once():
+    names = [fault.what for fault in FAULTS]
+    assert len(names) >= 60
+    assert len(set(names)) == len(names)
