@@ -1,0 +1,87 @@
+"""What takes too long for every change: great storms, many runs, a long one. `./test --soak`."""
+
+import csv
+import os
+import time
+from pathlib import Path
+
+import pytest
+
+import steps
+from driver import layout, wait
+from driver.resources import Usage, clients, resources
+from test_storm import storm
+
+pytestmark = pytest.mark.soak
+
+ROUNDS, RUNS = 20, 200
+TEN_MINUTES = 600.0
+GROWTH_KB = 512
+"""What allocators may add in ten minutes without anything being kept."""
+FIGURES = Path(os.environ.get("KTR_SOAK_FIGURES", "build/soak"))
+"""Where the samples go, as tables."""
+
+
+def write(name, heads, rows):
+    """Writes a table of figures."""
+    FIGURES.mkdir(parents=True, exist_ok=True)
+    with open(FIGURES / f"{name}.csv", "w", encoding="utf-8", newline="") as file:
+        csv.writer(file).writerows([heads, *rows])
+
+
+@pytest.mark.timeout(600)
+@pytest.mark.parametrize("_round", range(ROUNDS))
+def test_great_storm(sandbox, _round):
+    storm(sandbox)
+
+
+@pytest.mark.timeout(3600)
+def test_cancelled_runs_leave_nothing(sandbox):
+    before, samples = sandbox.snapshot(), []
+    for number in range(RUNS):
+        program = sandbox.start()
+        window = program.ready()
+        peak = Usage.of(program.pid).peak
+        window.click(layout.CANCEL)
+        assert program.wait_exit() == 0
+        # Its companion was not ended: it goes by itself.
+        sandbox.wait_processes("SkyrelWrapExe.exe", 0)
+        ends = sandbox.journal("SkyrelWrapExe.exe", "end")
+        assert len(ends) == number + 1
+        wait.until(lambda: sandbox.display.windows.all(), "no window to be left",
+                   accept=lambda windows: not windows)
+        samples.append((number, peak, clients(sandbox.display), resources(sandbox.display)))
+    write("cancelled", ("run", "peak memory, KB", "X clients", "X resources"), samples)
+    _, first, *display = samples[1]
+    _, last, *display_at_end = samples[-1]
+    assert display_at_end == display
+    assert abs(last - first) < 0.05 * first
+    added = set(sandbox.snapshot()) - set(before)
+    assert added <= {"tmp/clearKTR.bat", f"run/{sandbox.system.lock_file(sandbox.root).name}"}
+
+
+@pytest.mark.timeout(1500)
+def test_a_long_run_needs_no_more_at_its_end(sandbox, program):
+    hold = sandbox.hold("uninstall.exe")
+    window = program.window()
+    steps.uninstall(window)
+    steps.wait_climbing(window, 0.985)
+    began, samples = time.monotonic(), []
+    while (since := time.monotonic() - began) < TEN_MINUTES:
+        usage = Usage.of(program.pid)
+        samples.append((round(since), usage.own, usage.handles, usage.threads,
+                        resources(sandbox.display)))
+        # It answers between two questions to the task list.
+        window.drag(layout.TITLE_GRIP, 10 if len(samples) % 2 else -10, 0)
+        assert 0.985 < window.bar_fraction() < 1.0
+        time.sleep(5)
+    write("long run", ("second", "own memory, KB", "handles", "threads", "X resources"), samples)
+    half = samples[len(samples) // 2:]
+    assert max(sample[1] for sample in half) <= samples[0][1] + GROWTH_KB
+    # A question to the task list has pipes of its own while it runs.
+    assert min(sample[2] for sample in half) <= min(sample[2] for sample in samples[:5])
+    assert {sample[3] for sample in half} <= {sample[3] for sample in samples[:5]}
+    hold.unlink()
+    steps.wait_complete(window)
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=True)
