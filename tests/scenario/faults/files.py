@@ -5,7 +5,8 @@ from __future__ import annotations
 import random
 import shutil
 from pathlib import Path
-from typing import Callable, Iterator
+from types import MappingProxyType
+from typing import Callable, Iterator, Mapping
 
 from driver.sandbox import Sandbox
 from faults.fault import Fault, Outcome, Prepare
@@ -15,7 +16,7 @@ from faults.outcomes import (
 
 GARBAGE = random.Random(1).randbytes(1 << 16)
 ROOT_READS_ALL = "what a file's permissions forbid is decided by another process under Wine"
-NO_EXECUTABLE_FORMAT = "a batch file of any content is run there, and runs nothing"
+BATCH_FILE = "what a batch file of garbage does is the command interpreter's affair"
 TEXT_FILE = "the registry is no file there"
 
 Damage = Callable[[Path], object]
@@ -51,18 +52,17 @@ def _german(sandbox: Sandbox) -> None:
 
 
 def _damaged(name: str, where: Callable[[Sandbox], Path], outcome: Outcome,
-             first: Prepare = lambda sandbox: None, linux_only: str = "",
-             stderr: tuple[str, ...] = ()) -> Iterator[Fault]:
-    """A file in each of the states."""
+             first: Prepare = lambda sandbox: None,
+             linux_only: Mapping[str, str] = MappingProxyType({})) -> Iterator[Fault]:
+    """A file in each of the states; `linux_only` says why which are not tried on Windows."""
+    reasons = {"unreadable": ROOT_READS_ALL, **linux_only}
     for damage, cause in DAMAGES.items():
         def prepare(sandbox: Sandbox, cause: Damage = cause) -> None:
             first(sandbox)
             cause(where(sandbox))
 
-        unreadable = damage == "unreadable"
-        yield Fault(f"{name}: {damage}", outcome, prepare, unprivileged=unreadable,
-                    linux_only=linux_only or (ROOT_READS_ALL if unreadable else ""),
-                    stderr=stderr)
+        yield Fault(f"{name}: {damage}", outcome, prepare, unprivileged=damage == "unreadable",
+                    linux_only=reasons.get(damage, ""))
 
 
 def _handle_file(size: int | str, content: bytes) -> Fault:
@@ -88,11 +88,12 @@ FAULTS = [
     Fault("translations: no folder", UNTRANSLATED, _no_translations),
     *_damaged("window icon", lambda sandbox: sandbox.root / "Dravik" / "res" / "install_box.ico",
               AS_EVER),
-    *_damaged("clean-up script", lambda sandbox: sandbox.bin / "clearKTR.bat", NO_CLEAN_UP),
+    *_damaged("clean-up script", lambda sandbox: sandbox.bin / "clearKTR.bat", NO_CLEAN_UP,
+              linux_only={"garbage": BATCH_FILE}),
     *_damaged("telemetry library", lambda sandbox: sandbox.bin / TELEMETRY, SILENT),
     *_damaged("configuration library", lambda sandbox: sandbox.locate(CONFIG), NO_OFFERS),
     *_damaged("registry", lambda sandbox: sandbox.bin / "registry.reg", AS_EVER,
-              linux_only=TEXT_FILE),
+              linux_only=dict.fromkeys(DAMAGES, TEXT_FILE)),
     *(_handle_file(f"{size} bytes" if size < 1 << 20 else "1 MiB", GARBAGE[:1] * size)
       for size in (0, 1, 7, 8, 9, 1 << 20)),
     Fault("window-handle file: a folder", NO_HANDLE,
