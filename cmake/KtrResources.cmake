@@ -1,9 +1,8 @@
-# Compiles resources into a target itself: ktr_add_resources(TARGET QRC-FILE).
+# Compiles resources into a target itself: ktr_add_resources(TARGET QRC-FILE NAME).
 # As AUTORCC does, but for the dates of the files, which the resource compiler writes down, too: all
 # get the same, or each copy of the sources would give another program.
-function(ktr_add_resources target file)
+function(ktr_add_resources target file name)
     cmake_path(GET file PARENT_PATH folder)
-    cmake_path(GET file STEM name)
     set(compiled "${CMAKE_CURRENT_BINARY_DIR}/${target}_${name}_qrc.cpp")
     file(STRINGS "${file}" files REGEX "<file.*</file>")
     list(TRANSFORM files REPLACE ".*<file[^>]*>(.*)</file>.*" "${folder}/\\1")
@@ -18,4 +17,43 @@ function(ktr_add_resources target file)
         VERBATIM)
     set_source_files_properties("${compiled}" PROPERTIES SKIP_AUTOGEN ON)
     target_sources(${target} PRIVATE "${compiled}")
+endfunction()
+
+# The same for a resource file with an interface, which is compiled in advance as well; that spares
+# the program the work at each start: ktr_add_interface(TARGET QRC-FILE). The sources stay among the
+# resources: a toolkit that does not take what another version of it has compiled falls back to them.
+find_program(KTR_QMLCACHEGEN NAMES qmlcachegen
+    PATHS "${Qt5_DIR}/../../../bin" /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
+
+function(ktr_add_interface target file)
+    ktr_add_resources(${target} "${file}" interface_sources)
+    cmake_path(GET file PARENT_PATH folder)
+    file(STRINGS "${file}" sources REGEX "<file>.*\\.(qml|js)</file>")
+    list(TRANSFORM sources REPLACE ".*<file>(.*)</file>.*" "\\1")
+    # It lists what it knows in an order of chance otherwise.
+    set(compiler "${CMAKE_COMMAND}" -E env QT_HASH_SEED=0 "${KTR_QMLCACHEGEN}")
+    set(compiled)
+    foreach(source IN LISTS sources)
+        string(MAKE_C_IDENTIFIER "${target}_${source}" name)
+        set(output "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+        add_custom_command(
+            OUTPUT "${output}"
+            COMMAND ${compiler} "--resource=${file}" -o "${output}" "${folder}/${source}"
+            DEPENDS "${folder}/${source}" "${file}"
+            COMMENT "Compiling ${folder}/${source}"
+            VERBATIM)
+        list(APPEND compiled "${output}")
+    endforeach()
+    # Finds each by its place among the resources, and stands for the whole of them. By the end of
+    # its name the compiler knows what is wanted.
+    set(index "${CMAKE_CURRENT_BINARY_DIR}/${target}_qmlcache_loader.cpp")
+    add_custom_command(
+        OUTPUT "${index}"
+        COMMAND ${compiler} "--resource-file-mapping=${file}=interface_sources.qrc"
+            -o "${index}" "${file}"
+        DEPENDS "${file}"
+        COMMENT "Indexing ${file}"
+        VERBATIM)
+    set_source_files_properties(${compiled} "${index}" PROPERTIES SKIP_AUTOGEN ON)
+    target_sources(${target} PRIVATE ${compiled} "${index}")
 endfunction()
