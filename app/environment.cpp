@@ -28,7 +28,7 @@ void EnterProgramDirectory()
 
 void RemoveWhenNotEmpty(const char *variable)
 {
-    if (!qgetenv(variable).isEmpty()) {
+    if (!qEnvironmentVariableIsEmpty(variable)) {
         qunsetenv(variable);
     }
 }
@@ -47,7 +47,7 @@ void ConfigureScaling()
 // keeps its say. Nothing may stay on disk, hence no cache of compiled QML.
 void ChooseRenderer()
 {
-    if (qgetenv("QT_QUICK_BACKEND").isEmpty()) {
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     }
     qputenv("QML_DISABLE_DISK_CACHE", "1");

@@ -12,7 +12,7 @@ void LoadMainWindow(QQmlApplicationEngine *engine)
         engine,
         &QQmlApplicationEngine::objectCreated,
         QCoreApplication::instance(),
-        [mainUrl](QObject *object, const QUrl &url) {
+        [mainUrl](const QObject *object, const QUrl &url) {
             if (object == nullptr && url == mainUrl) {
                 QCoreApplication::exit(-1);
             }

@@ -12,6 +12,7 @@ namespace platform {
 /// handle of the zero-filled record after a failure. The new process's handles stay open.
 template<class Calls>
 void LaunchSequence(Calls &calls,
+                    // cppcheck-suppress passedByValue ; a copy for the call to write into
                     std::string commandLine,
                     const std::string &workingDirectory,
                     const LaunchOptions &options)

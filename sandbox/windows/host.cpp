@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// cppcheck-suppress constParameter ; a handle points to nothing
 bool IsStandard(HANDLE handle)
 {
     return handle == ::GetStdHandle(STD_INPUT_HANDLE) ||

@@ -44,9 +44,10 @@ protected:
     {
         const std::wstring image = standIn_.Program().filename().wstring();
         const auto processes = platform::SnapshotProcesses();
-        return !processes || std::any_of(processes->begin(), processes->end(), [&](auto &process) {
-            return process.imageName == image;
-        });
+        return !processes ||
+               std::any_of(processes->begin(), processes->end(), [&](const auto &process) {
+                   return process.imageName == image;
+               });
     }
 
     contract::ScratchFolder folder_;
