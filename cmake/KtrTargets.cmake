@@ -1,10 +1,31 @@
-# What every target of ours shares: warnings as errors, the source root as include path, sanitizers.
+# What every target of ours shares: warnings as errors, the source root as include path, sanitizers,
+# counters of what runs.
 
 if(WIN32)
     set(KTR_PLATFORM windows)
 else()
     set(KTR_PLATFORM posix)
 endif()
+
+# Counters of what runs, for tools/coverage.
+function(ktr_target_counters target)
+    # Several threads count, and several processes add to one file in the build directory.
+    target_compile_options(${target} PRIVATE --coverage -O0 -fprofile-update=atomic
+        -fprofile-abs-path)
+    target_link_options(${target} PRIVATE --coverage)
+    # Nothing of ours throws or catches: what remains without the compiler's own branches, which
+    # clear up after exceptions, is what our sources decide. The tests' library wants exceptions.
+    set(tests "${PROJECT_SOURCE_DIR}/tests")
+    cmake_path(IS_PREFIX tests "${CMAKE_CURRENT_SOURCE_DIR}" in_tests)
+    if(NOT in_tests)
+        target_compile_options(${target} PRIVATE -fno-exceptions)
+    endif()
+    get_target_property(type ${target} TYPE)
+    if(NOT type MATCHES "STATIC_LIBRARY|OBJECT_LIBRARY")
+        target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/coverage_counters.cpp")
+        target_link_options(${target} PRIVATE -Wl,--wrap=execve,--wrap=_exit)
+    endif()
+endfunction()
 
 function(ktr_target_defaults target)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
@@ -29,6 +50,9 @@ function(ktr_target_defaults target)
         target_compile_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE}
             -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE})
+    endif()
+    if(KTR_COVERAGE)
+        ktr_target_counters(${target})
     endif()
 endfunction()
 

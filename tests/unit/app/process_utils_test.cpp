@@ -1,5 +1,6 @@
 #include "app/process_utils.h"
 #include "platform/module_path.h"
+#include "platform/processes.h"
 #include "platform/text.h"
 #include "tests/unit/platform/support/child.h"
 #include "tests/unit/platform/support/waiting.h"
@@ -173,6 +174,33 @@ TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
     // It may have started before its priority was lowered.
     EXPECT_TRUE(contract::WaitUntil([&child] { return child.Ask({"priority"}) == "idle"; }));
     EXPECT_TRUE(contract::IsHidden(child.Ask({"facts"})));
+}
+
+// Half a letter stands for all that a code page lacks.
+TEST_F(ProcessUtils, ACleanupCommandThatTheCodePageCannotSayIsNotRun)
+{
+    const contract::ScratchFolder folder;
+    const auto copy = [&folder](const std::string &name) {
+        const std::string program =
+            (folder / (contract::UniqueName(name) + contract::ProgramExtension())).string();
+        std::filesystem::copy_file(CONTRACT_CHILD, program);
+        return QString::fromLocal8Bit(program.c_str());
+    };
+    const QString unsaid = copy("unsaid");
+    const QString said = copy("said");
+    contract::DetachedChild child;
+    {
+        const contract::ScopedVariable mailbox(contract::kMailboxVariable, child.Folder().string());
+        LaunchCleanupCommand(unsaid + QStringLiteral(" \"") + QChar(0xD800) + QLatin1Char('"'));
+        LaunchCleanupCommand(said);
+    }
+    child.AwaitStart();
+    EXPECT_EQ(contract::ImageNameOf(child.Id()), QFileInfo(said).fileName().toStdWString());
+    const auto processes = platform::SnapshotProcesses();
+    ASSERT_TRUE(processes);
+    for (const platform::ProcessEntry &process : *processes) {
+        EXPECT_NE(process.imageName, QFileInfo(unsaid).fileName().toStdWString());
+    }
 }
 
 TEST_F(ProcessUtils, ACommandThatCannotBeLaunchedHasNoEffect)
