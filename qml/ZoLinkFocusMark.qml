@@ -1,14 +1,15 @@
 import QtQuick 2.12
 
 // The mark behind a link that has the keyboard focus. A link may stand at the very edge of a clipped
-// page, where a frame round it would lose a side.
+// page, where a frame round it would lose a side. Its line is below: it has the colour of the
+// letters, which would run into it.
 Rectangle {
     z: -1
     color: "#E8F0FF"
     Accessible.ignored: true
 
     Rectangle {
-        anchors.bottom: parent.bottom
+        anchors.top: parent.bottom
         width: parent.width
         height: 2
         color: "#1F6FFF"

@@ -5,8 +5,9 @@ import "qrc:/"
 import "qrc:/public.js" as Public
 import "parts.js" as Parts
 
-// Takes the picture of every state of the interface, below the folder that KTR_GALLERY names. Run by
-// tools/gallery, once for each scale.
+// Takes the picture of every state of the interface, below the folder that KTR_GALLERY names: each pane
+// as a whole window, its further states as the part that they change. Run by tools/gallery, once for
+// each scale.
 TestCase {
     id: test
 
@@ -30,7 +31,7 @@ TestCase {
         repeat: true
         onTriggered: {
             var popups = probe.popups()
-            if (popups.length === 1 && popups[0].contentItem.width > 0) {
+            if (popups.length === 1 && popups[0].active && popups[0].contentItem.width > 0) {
                 stop()
                 test.whileBoxIsUp(popups[0])
             }
@@ -39,6 +40,7 @@ TestCase {
 
     function initTestCase() {
         verify(folder !== "", "KTR_GALLERY names the folder for the pictures")
+        probe.holdStill()
     }
 
     function init() {
@@ -64,9 +66,25 @@ TestCase {
         verify(save(what, name), name)
     }
 
+    // What all of these items cover together.
+    function shotOf(items, name) {
+        var rect = items.map(function(item) {
+            return item.mapToItem(main.contentItem, 0, 0, item.width, item.height)
+        }).reduce(function(one, other) {
+            var left = Math.min(one.x, other.x)
+            var top = Math.min(one.y, other.y)
+            return Qt.rect(left, top, Math.max(one.x + one.width, other.x + other.width) - left,
+                           Math.max(one.y + one.height, other.y + other.height) - top)
+        })
+        shot(createTemporaryObject(part, main.contentItem, {
+            x: rect.x, y: rect.y, width: rect.width, height: rect.height
+        }), name)
+    }
+
+    // A window has the keyboard, and shows it, only once the window manager gave it.
     function open() {
         main = Qt.createComponent("qrc:/Main.qml").createObject(null)
-        tryVerify(function() { return main.visible && main.contentItem.width === main.width })
+        tryVerify(function() { return main.active && main.contentItem.width === main.width })
         return main
     }
 
@@ -88,6 +106,15 @@ TestCase {
         })[0]
     }
 
+    Component {
+        id: part
+        Item {}
+    }
+
+    function titleLabel() {
+        return Parts.all(page(), "Label")[0]
+    }
+
     // Windows ----------------------------------------------------------------------------------
 
     function test_01_reasons() {
@@ -96,10 +123,10 @@ TestCase {
         var reasons = all("ZoRadioButton")
         mouseMove(reasons[1], 40, 9)
         tryCompare(reasons[1], "hovered", true)
-        shot(main, "reasons, the second hovered")
+        shotOf(reasons, "reasons, the second hovered")
         mouseMove(main.contentItem, 300, 380)
         reasons[2].forceActiveFocus(Qt.TabFocusReason)
-        shot(main, "reasons, keyboard on the third")
+        shotOf(reasons, "reasons, keyboard on the third")
     }
 
     function test_02_shadow() {
@@ -113,14 +140,14 @@ TestCase {
         page().switchPage(1)
         shot(main, "price too expensive")
         page().switchPage(2)
-        shot(main, "problem solved")
+        shotOf([titleLabel()], "title of problem solved")
         Parts.all(shown("DiscountComponent"), "MouseArea")[0].forceActiveFocus(Qt.TabFocusReason)
-        shot(main, "coupon, keyboard on the link")
+        shotOf(Parts.all(shown("DiscountComponent"), "Text").slice(-1), "coupon, keyboard on the link")
         Parts.destroy(test, main)
         uninstallMgr.offers = {}
         open()
         page().switchPage(1)
-        shot(main, "coupon without an offer")
+        shotOf(Parts.all(shown("DiscountComponent"), "Text"), "coupon without an offer")
     }
 
     function test_04_feedback() {
@@ -128,39 +155,45 @@ TestCase {
         page().switchPage(3)
         shot(main, "problem not solved")
         var area = Parts.all(shown("SubmitAdviceComponent"), "TextArea")[0]
+        var box = Parts.ground(shown("SubmitAdviceComponent"))
         area.forceActiveFocus(Qt.MouseFocusReason)
         area.cursorVisible = true
-        shot(main, "feedback, in the box")
+        shotOf([box], "feedback, in the box")
         area.text = "The picture was cut off on the left.\nI tried twice."
         area.cursorPosition = area.length
-        shot(main, "feedback, some words")
+        shotOf([box], "feedback, some words")
         area.text = new Array(120).join("word ")
         area.select(10, 40)
-        shot(main, "feedback, much text and a selection")
+        shotOf([box], "feedback, much text and a selection")
         area.focus = false
-        shot(main, "feedback, after the box")
+        shotOf([box], "feedback, after the box")
         var link = Parts.all(shown("SubmitAdviceComponent"), "ZoLinkLabel")[0]
         link.forceActiveFocus(Qt.TabFocusReason)
-        shot(main, "feedback, keyboard on the link")
+        shotOf([link], "feedback, keyboard on the link")
         page().thank(3)
-        shot(main, "thanks for a feedback")
+        shotOf([titleLabel()], "title of thanks for a feedback")
     }
 
     function test_05_uninstall() {
         open()
+        var buttons = [buttonWith("Uninstall"), buttonWith("Cancel")]
         buttonWith("Uninstall").forceActiveFocus(Qt.TabFocusReason)
-        shot(main, "keyboard on Uninstall")
+        shotOf(buttons, "keyboard on Uninstall")
         buttonWith("Cancel").forceActiveFocus(Qt.TabFocusReason)
-        shot(main, "keyboard on Cancel")
+        shotOf(buttons, "keyboard on Cancel")
         main.contentItem.forceActiveFocus()
         mouseClick(buttonWith("Uninstall"))
         mouseMove(main.contentItem, 300, 200)
         uninstallMgr.valProgress = 42
         tryCompare(shown("ZoProgressBar"), "value", 42)
-        shot(main, "uninstalling")
+        var label = all("Text").filter(function(text) {
+            return text.visible && text.text === "Unistalling\u2026"
+        })[0]
+        shotOf([label, shown("ZoProgressBar")].concat(buttons), "uninstalling")
+        shot(all("WinTitle")[0], "title bar while uninstalling")
         uninstallMgr.valProgress = 100
         tryVerify(function() { return buttonWith("OK") !== undefined })
-        shot(main, "complete")
+        shotOf([label, buttonWith("OK")], "complete")
     }
 
     function test_06_warning() {
@@ -231,6 +264,7 @@ TestCase {
     }
 
     function test_10_buttons(row) {
+        tryVerify(function() { return test.Window.active })
         var control = createTemporaryObject(row.made, test, { x: 20, y: 20 })
         if (row.state === "focused") {
             control.forceActiveFocus(Qt.TabFocusReason)
@@ -243,6 +277,7 @@ TestCase {
 
     function test_11_links() {
         var label = createTemporaryObject(link, test, { x: 20, y: 20 })
+        tryVerify(function() { return test.Window.active })
         shot(label, "link")
         label.forceActiveFocus(Qt.TabFocusReason)
         shot(label, "link, focused")

@@ -14,6 +14,7 @@
 #include <QQuickWindow>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QTouchDevice>
 #include <QtTest>
 
@@ -88,6 +89,12 @@ QString UiProbe::pixel(QObject *item, int x, int y) const
     return colour.alpha() != 0 ? colour.name() : QString();
 }
 
+void UiProbe::holdStill() const
+{
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+}
+
 bool UiProbe::save(QObject *itemOrWindow, const QString &path) const
 {
     auto *window = qobject_cast<QQuickWindow *>(WindowOf(itemOrWindow));
@@ -109,8 +116,9 @@ bool UiProbe::save(QObject *itemOrWindow, const QString &path) const
         const qreal scale = window->effectiveDevicePixelRatio();
         const QRectF place = item->mapRectToScene(item->boundingRect())
                                  .adjusted(-kAround, -kAround, kAround, kAround);
-        picture =
-            picture.copy(QRectF(place.topLeft() * scale, place.size() * scale).toAlignedRect());
+        picture = picture.copy(QRectF(place.topLeft() * scale, place.size() * scale)
+                                   .toAlignedRect()
+                                   .intersected(picture.rect()));
     }
     return QDir().mkpath(QFileInfo(path).path()) && picture.save(path);
 }

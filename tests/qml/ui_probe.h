@@ -23,6 +23,10 @@ public:
     /// The colour, as "#rrggbb", that an item draws at a place of its own; empty when it draws none
     /// there or could not be drawn within five seconds.
     Q_INVOKABLE QString pixel(QObject *item, int x, int y) const;
+    /// Keeps what is not the interface's out of its pictures, for good: the text cursor stops
+    /// blinking, and the pointer of the display goes to the corner, where no window of ours
+    /// reaches.
+    Q_INVOKABLE void holdStill() const;
     /// Saves what a window, or a part of it with some pixels round it, shows at present; false when
     /// it cannot be written.
     Q_INVOKABLE bool save(QObject *itemOrWindow, const QString &path) const;
