@@ -4,8 +4,9 @@ from __future__ import annotations
 
 import shutil
 import subprocess
-from dataclasses import dataclass, field
+from dataclasses import dataclass, field, replace
 from pathlib import Path
+from typing import Sequence
 
 from driver.display import Display
 from driver.installation import build_directory
@@ -15,6 +16,9 @@ from driver.sandbox import Sandbox
 _HERE = Path(__file__).resolve().parent
 _COMPILER_LIBRARIES = "lib*-*.dll"
 PROGRAM = "UninstallUI"
+EMPTY = "empty window"
+CONTROLS = "window with each control"
+OPENGL = ", OpenGL"
 
 
 @dataclass
@@ -27,11 +31,12 @@ class Contender:
     arguments: list[str] = field(default_factory=list)
     variables: dict[str, str] = field(default_factory=dict)
 
-    def start(self) -> Started:
-        """Starts it; the caller ends it."""
+    def start(self, under: Sequence[str] = ()) -> Started:
+        """Starts it, `under` another program's command line if so wanted; the caller ends it."""
         environment = {**self.sandbox.environment(), **self.variables}
-        return Started(self.sandbox.system.command(self.executable, self.arguments), environment,
-                       self.sandbox.root, self.sandbox.root / "logs" / self.executable.name)
+        command = [*under, *self.sandbox.system.command(self.executable, self.arguments)]
+        return Started(command, environment, self.sandbox.root,
+                       self.sandbox.root / "logs" / self.executable.name)
 
     def end(self, started: Started) -> None:
         """Ends it, and whatever else it has started."""
@@ -73,8 +78,8 @@ def rivals(sandbox: Sandbox) -> list[Contender]:
         built("measure_empty_window", sandbox.system.executable_suffix), sandbox.bin))
     found = [
         Contender(PROGRAM, sandbox, sandbox.program_file),
-        Contender("empty window", sandbox, window),
-        Contender("window with each control", sandbox, window, ["controls"]),
+        Contender(EMPTY, sandbox, window),
+        Contender(CONTROLS, sandbox, window, ["controls"]),
     ]
     if is_wine(sandbox):
         page = sandbox.bin / "question-page.exe"
@@ -95,21 +100,33 @@ def variants(display: Display, sandboxes: list[Sandbox]) -> list[Contender]:
         found.append(contender)
 
     found: list[Contender] = []
-    variant("interface compiled in advance", _compile_interface)
+    variant("interface compiled at each start", _plain_interface)
     variant("without the telemetry library", _remove_telemetry)
     variant("without the window's icon", _remove_icon)
     if is_wine(sandboxes[0]):
         variant("compiler's DLLs without debugging information", _strip_compiler_libraries)
         variant("toolkit that cannot ask Direct3D 9", _hide_direct3d)
-        variant("the last two and compiled in advance", _compile_interface,
-                _strip_compiler_libraries, _hide_direct3d)
+        variant("the last two", _strip_compiler_libraries, _hide_direct3d)
+    else:
+        variant("drawn by the toolkit's own renderer", _draw_with_opengl)
     return found
 
 
-def _compile_interface(contender: Contender) -> None:
+def with_opengl(contenders: Sequence[Contender]) -> list[Contender]:
+    """Windows of the toolkit, drawn as it does when nobody says anything."""
+    return [replace(one, title=one.title + OPENGL, arguments=[*one.arguments, "opengl"])
+            for one in contenders]
+
+
+def _plain_interface(contender: Contender) -> None:
     suffix = contender.sandbox.system.executable_suffix
     contender.executable.unlink()
-    shutil.copy2(built("measure_compiled_interface", suffix), contender.executable)
+    shutil.copy2(built("measure_plain_interface", suffix), contender.executable)
+
+
+def _draw_with_opengl(contender: Contender) -> None:
+    # No renderer has this name, so the toolkit takes its own.
+    contender.variables["QT_QUICK_BACKEND"] = "opengl"
 
 
 def _remove_telemetry(contender: Contender) -> None:

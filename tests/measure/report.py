@@ -7,7 +7,7 @@ import re
 import textwrap
 from pathlib import Path
 from statistics import median, quantiles
-from typing import Sequence
+from typing import Iterable, Sequence
 
 
 def spread(values: Sequence[float], digits: int = 0) -> str:
@@ -16,6 +16,11 @@ def spread(values: Sequence[float], digits: int = 0) -> str:
         return f"{values[0]:.{digits}f}"
     low, _, high = quantiles(values, n=4, method="inclusive")
     return f"{median(values):.{digits}f} ({low:.{digits}f} to {high:.{digits}f})"
+
+
+def milliseconds(values: Iterable[float]) -> str:
+    """The same for seconds, in milliseconds."""
+    return spread([1000 * value for value in values])
 
 
 def table(head: Sequence[str], rows: Sequence[Sequence[str]]) -> str:
