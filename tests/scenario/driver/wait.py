@@ -2,11 +2,14 @@
 
 from __future__ import annotations
 
+import os
 import time
 from typing import Callable, TypeVar
 
-DEADLINE = 60.0
-"""Seconds that anything may take by default: generous, since test machines are slow and noisy."""
+DEADLINE = 60.0 * float(os.environ.get("KTR_PATIENCE", "1"))
+"""Seconds that anything may take by default: generous, since test machines are slow and noisy.
+
+`KTR_PATIENCE` multiplies it for a program that is slowed down on purpose."""
 
 PAUSE = 0.02
 """Seconds between two looks at a condition."""
