@@ -1,16 +1,18 @@
 #include "platform/posix/executable_link.h"
 
+#include <fcntl.h>
 #include <string_view>
 #include <unistd.h>
 
 namespace platform {
+namespace {
 
-std::optional<std::string> ReadExecutableLink(int processFolder)
+std::optional<std::string> ReadLink(int folder, const char *link)
 {
     constexpr std::size_t kFirstGuess = 256;
     std::string target(kFirstGuess, '\0');
     for (;;) {
-        const ssize_t length = ::readlinkat(processFolder, "exe", target.data(), target.size());
+        const ssize_t length = ::readlinkat(folder, link, target.data(), target.size());
         if (length < 0) {
             return std::nullopt;
         }
@@ -27,6 +29,19 @@ std::optional<std::string> ReadExecutableLink(int processFolder)
         target.resize(target.size() - kDeletedMark.size());
     }
     return target;
+}
+
+} // namespace
+
+std::optional<std::string> ReadExecutableLink(int processFolder)
+{
+    return ReadLink(processFolder, "exe");
+}
+
+std::optional<std::string> ReadOwnExecutableLink()
+{
+    // By this name a checker that runs the program within itself knows which one is meant.
+    return ReadLink(AT_FDCWD, "/proc/self/exe");
 }
 
 std::string FileNameOf(const std::string &path)

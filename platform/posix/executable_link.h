@@ -10,6 +10,9 @@ namespace platform {
 /// ENOENT for a process that has ended (and for a kernel thread).
 std::optional<std::string> ReadExecutableLink(int processFolder);
 
+/// The same for the calling process.
+std::optional<std::string> ReadOwnExecutableLink();
+
 /// Part of `path` after its last slash.
 std::string FileNameOf(const std::string &path);
 

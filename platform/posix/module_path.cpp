@@ -1,18 +1,14 @@
 #include "platform/module_path.h"
 
 #include "platform/posix/executable_link.h"
-#include "platform/posix/file_descriptor.h"
 #include "platform/posix/narrow_text.h"
-
-#include <fcntl.h>
 
 namespace platform {
 namespace {
 
 std::string OwnExecutable()
 {
-    const FileDescriptor self(::open("/proc/self", O_PATH | O_DIRECTORY | O_CLOEXEC));
-    return self ? ReadExecutableLink(self.Get()).value_or(std::string()) : std::string();
+    return ReadOwnExecutableLink().value_or(std::string());
 }
 
 /// What fits into `capacity` with a terminating zero.
