@@ -6,6 +6,8 @@ from driver.output import unexpected_lines
 from driver.target import is_windows
 from faults import TABLE
 
+# Everything takes longer there, and what the program decides is the same.
+pytestmark = [pytest.mark.soak] if is_windows() else []
 FAULTS = [fault for faults in TABLE.values() for fault in faults]
 
 

@@ -10,9 +10,11 @@ import pytest
 import steps
 from driver import layout, wait
 from driver.resources import Usage, clients, resources
+from driver.target import is_windows
 from test_storm import storm
 
-pytestmark = pytest.mark.soak
+# What these look at belongs to Wine there.
+pytestmark = [pytest.mark.soak, pytest.mark.skipif(is_windows(), reason="looks at this system")]
 
 ROUNDS, RUNS = 20, 200
 TEN_MINUTES = 600.0
