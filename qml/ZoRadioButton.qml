@@ -71,6 +71,8 @@ RadioButton {
             id: label
             anchors.verticalCenter: parent.verticalCenter
             width: control.width - leftPadding
+            // Never at the other end, as a text that runs right to left would be by itself.
+            horizontalAlignment: Text.AlignLeft
             leftPadding: control.indicator.width + 8
             text: control.text
             textFormat: Text.PlainText
