@@ -51,6 +51,8 @@ FocusScope {
             id: expireTxt
 
             anchors.centerIn: parent
+            //: Small badge under the price of a coupon; %1 is the coupon's last day, such as
+            //: 12/31/2026. One line, left of a picture: about 30 letters and the date.
             text: qsTr("Validity period: %1").arg(Public.textOf(root.perferentialInfo, "expired"))
             textFormat: Text.PlainText
             color: "#4F545C"

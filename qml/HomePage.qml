@@ -13,15 +13,27 @@ Item {
 
     // By the number of the page; the last one follows a feedback and belongs to no page.
     property var listTitleTxt: [
+        //: Heading over the list of reasons. Two lines of about 60 letters at most.
         qsTr("Please tell us why you want to uninstall Dravik:"),
+        //: Heading over a coupon, after "The price is too expensive". Two lines of about 60
+        //: letters.
         qsTr("Give you an exclusive discount:"),
+        //: Heading over a coupon, after "The product has solved my problem". Two lines of about 60
+        //: letters at most.
         qsTr("Glad to solve your problem! We have an extra coupon for you. Hope you like it!"),
+        //: Heading over the box for feedback, after "The product doesn't solve my problem" and "I
+        //: have other reasons". Two lines of about 60 letters at most. The blank at the end stays.
         qsTr("We'd like to know what problem you've been experiencing. And we have an extra coupon for you. "),
         qsTr("We'd like to know what problem you've been experiencing. And we have an extra coupon for you. "),
+        //: Heading over a coupon, after a feedback was submitted. Two lines of about 60 letters.
         qsTr("Thanks for your feedback! We have an extra coupon for you. Hope you like it!")
     ]
     property var discountedPrices: [
+        //: Underlined line under a coupon; a click opens its page in the browser. One line, left
+        //: of a picture: about 50 letters.
         qsTr("View exclusive discounted prices"),
+        //: Link under the box for feedback, and line under a coupon; a click opens the offer in
+        //: the browser. One line, left of a picture: about 50 letters.
         qsTr("Enjoy discounted prices to buy other products")
     ]
     property var listPages: []
@@ -161,6 +173,8 @@ Item {
         anchors.right: parent.right
         anchors.bottom: progressBar.top
         anchors.bottomMargin: 4
+        //: Line over the progress bar while the product is being removed. One line of about 80
+        //: letters.
         text: qsTr("Unistalling\u2026")
         font.pixelSize: 14
         color: "#090A0A"
@@ -180,10 +194,14 @@ Item {
         onValueChanged: {
             if (value >= 100) {
                 uninstallLabel.color = "#10A91D"
+                //: The same line in green, once the product has been removed. One line of about 80
+                //: letters.
                 uninstallLabel.text = qsTr("Unistall complete!")
                 progressBar.visible = false
                 btnUninstall.visible = false
                 btnCancel.enabled = true
+                //: Button that closes the window after the removal, and the one of the warning;
+                //: the word that Windows has on such buttons.
                 btnCancel.text = qsTr("OK")
                 home.uninstalling(false)
             }
@@ -205,14 +223,23 @@ Item {
             anchors.top: btnCancel.top
             anchors.right: btnCancel.left
             anchors.rightMargin: 20
+            //: Button that starts the removal. The button grows with the text: about 25 letters.
             text: qsTr("Uninstall")
             enabled: progressBar.value === 0 || progressBar.value === 100
             onClicked: {
                 Public.sendUserInfoEx("UninstallPop", "Click_Uninstall")
                 if (uninstallMgr.isKTRRunning()) {
                     Public.showMessageBox({
+                        //: Title of the message box that says the product is running. One line of
+                        //: about 60 letters.
                         "title": qsTr("Warning"),
+                        //: First sentence of that message box: the product must not run while it
+                        //: is removed. "Torvan Dravik" is its name. Wraps at about 45 letters;
+                        //: both sentences have room for five lines together.
                         "mainTitle": qsTr("Uninstall has detected that Torvan Dravik is currently running."),
+                        //: Second sentence of that message box, on lines of its own: the user
+                        //: shall close every window of the product. Wraps at about 45 letters;
+                        //: both sentences have room for five lines together.
                         "subTitle": qsTr("Please close all instances and try again."),
                         "buttons": [qsTr("OK")]
                     }, window)
@@ -233,6 +260,8 @@ Item {
 
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
+            //: Button that closes the window and leaves the product installed; becomes "OK" later.
+            //: The word that Windows has on such buttons; about 25 letters.
             text: qsTr("Cancel")
             onClicked: window.titleClose(window.exitCode === 0 ? 0 : -1)
         }

@@ -72,6 +72,8 @@ FocusScope {
             selectByMouse: true
             selectionColor: "#1F6FFF"
             selectedTextColor: "#FFFFFF"
+            //: In grey inside the empty box for feedback; gone once something is typed. The source
+            //: says "you" for "your". One line of about 80 letters.
             placeholderText: qsTr("you voice is important to us.")
             font.pixelSize: 14
             color: "#090A0A"
@@ -123,6 +125,8 @@ FocusScope {
         anchors.rightMargin: 16
         anchors.bottom: frame.bottom
         anchors.bottomMargin: 16
+        //: Button inside the box for feedback: sends what was typed. The button grows with the
+        //: text: about 20 letters.
         text: qsTr("Submit")
         fontPixcelSize: 14
         enabled: adviceText.length > 0

@@ -44,6 +44,7 @@ Item {
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         resName: "ico_popup_close"
+        //: What a screen reader calls the cross in the title bar of the window; nothing shows it.
         Accessible.name: qsTr("Close")
         onClicked: titleBar.closed()
     }

@@ -68,6 +68,8 @@ Rectangle {
         resName: "ico_popup_close"
         visible: titleBar.closable
         enabled: !titleBar.busy
+        //: What a screen reader calls the cross in the title bar of a message box; nothing shows
+        //: it.
         Accessible.name: qsTr("Close")
         onClicked: titleBar.closed()
     }

@@ -5,6 +5,7 @@
     <name>DiscountComponent</name>
     <message>
         <source>Validity period: %1</source>
+        <extracomment>Small badge under the price of a coupon; %1 is the coupon&apos;s last day, such as 12/31/2026. One line, left of a picture: about 30 letters and the date.</extracomment>
         <translation>Gyldig til: %1</translation>
     </message>
 </context>
@@ -12,62 +13,77 @@
     <name>HomePage</name>
     <message>
         <source>Please tell us why you want to uninstall Dravik:</source>
+        <extracomment>Heading over the list of reasons. Two lines of about 60 letters at most.</extracomment>
         <translation>Fortæl os, hvorfor du vil afinstallere Dravik:</translation>
     </message>
     <message>
         <source>Give you an exclusive discount:</source>
+        <extracomment>Heading over a coupon, after &quot;The price is too expensive&quot;. Two lines of about 60 letters.</extracomment>
         <translation>En eksklusiv rabat til dig:</translation>
     </message>
     <message>
         <source>Glad to solve your problem! We have an extra coupon for you. Hope you like it!</source>
+        <extracomment>Heading over a coupon, after &quot;The product has solved my problem&quot;. Two lines of about 60 letters at most.</extracomment>
         <translation>Dejligt, at dit problem er løst! Vi har en ekstra kupon til dig. Vi håber, du kan lide den!</translation>
     </message>
     <message>
         <source>We&apos;d like to know what problem you&apos;ve been experiencing. And we have an extra coupon for you. </source>
+        <extracomment>Heading over the box for feedback, after &quot;The product doesn&apos;t solve my problem&quot; and &quot;I have other reasons&quot;. Two lines of about 60 letters at most. The blank at the end stays.</extracomment>
         <translation>Vi vil gerne vide, hvilket problem du har oplevet. Og vi har en ekstra kupon til dig. </translation>
     </message>
     <message>
         <source>Thanks for your feedback! We have an extra coupon for you. Hope you like it!</source>
+        <extracomment>Heading over a coupon, after a feedback was submitted. Two lines of about 60 letters.</extracomment>
         <translation>Tak for din feedback! Vi har en ekstra kupon til dig. Vi håber, du kan lide den!</translation>
     </message>
     <message>
         <source>View exclusive discounted prices</source>
+        <extracomment>Underlined line under a coupon; a click opens its page in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Se eksklusive rabatpriser</translation>
     </message>
     <message>
         <source>Enjoy discounted prices to buy other products</source>
+        <extracomment>Link under the box for feedback, and line under a coupon; a click opens the offer in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Køb andre produkter med rabat</translation>
     </message>
     <message>
         <source>Unistalling…</source>
+        <extracomment>Line over the progress bar while the product is being removed. One line of about 80 letters.</extracomment>
         <translation>Afinstallerer…</translation>
     </message>
     <message>
         <source>Unistall complete!</source>
+        <extracomment>The same line in green, once the product has been removed. One line of about 80 letters.</extracomment>
         <translation>Afinstallationen er fuldført!</translation>
     </message>
     <message>
         <source>OK</source>
+        <extracomment>Button that closes the window after the removal, and the one of the warning; the word that Windows has on such buttons.</extracomment>
         <translation>OK</translation>
     </message>
     <message>
         <source>Uninstall</source>
+        <extracomment>Button that starts the removal. The button grows with the text: about 25 letters.</extracomment>
         <translation>Afinstaller</translation>
     </message>
     <message>
         <source>Warning</source>
+        <extracomment>Title of the message box that says the product is running. One line of about 60 letters.</extracomment>
         <translation>Advarsel</translation>
     </message>
     <message>
         <source>Uninstall has detected that Torvan Dravik is currently running.</source>
+        <extracomment>First sentence of that message box: the product must not run while it is removed. &quot;Torvan Dravik&quot; is its name. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
         <translation>Torvan Dravik kører i øjeblikket.</translation>
     </message>
     <message>
         <source>Please close all instances and try again.</source>
-        <translation>Luk alle dets vinduer, og prøv igen.</translation>
+        <extracomment>Second sentence of that message box, on lines of its own: the user shall close every window of the product. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
+        <translation>Luk alle programmets vinduer, og prøv igen.</translation>
     </message>
     <message>
         <source>Cancel</source>
+        <extracomment>Button that closes the window and leaves the product installed; becomes &quot;OK&quot; later. The word that Windows has on such buttons; about 25 letters.</extracomment>
         <translation>Annuller</translation>
     </message>
 </context>
@@ -75,18 +91,22 @@
     <name>ReasonComponent</name>
     <message>
         <source>The price is too expensive</source>
+        <extracomment>Reason to choose from a list: the product costs too much. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Prisen er for høj</translation>
     </message>
     <message>
         <source>The product has solved my problem</source>
+        <extracomment>Reason to choose from a list: the product is needed no longer. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Produktet har løst mit problem</translation>
     </message>
     <message>
         <source>The product doesn&apos;t solve my problem</source>
+        <extracomment>Reason to choose from a list: the product does not help. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Produktet løser ikke mit problem</translation>
     </message>
     <message>
         <source>I have other reasons</source>
+        <extracomment>Reason to choose from a list, always the last one. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Jeg har andre grunde</translation>
     </message>
 </context>
@@ -94,10 +114,12 @@
     <name>SubmitAdviceComponent</name>
     <message>
         <source>you voice is important to us.</source>
+        <extracomment>In grey inside the empty box for feedback; gone once something is typed. The source says &quot;you&quot; for &quot;your&quot;. One line of about 80 letters.</extracomment>
         <translation>Din mening er vigtig for os.</translation>
     </message>
     <message>
         <source>Submit</source>
+        <extracomment>Button inside the box for feedback: sends what was typed. The button grows with the text: about 20 letters.</extracomment>
         <translation>Send</translation>
     </message>
 </context>
@@ -105,6 +127,7 @@
     <name>WinTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of the window; nothing shows it.</extracomment>
         <translation>Luk</translation>
     </message>
 </context>
@@ -112,6 +135,7 @@
     <name>ZoPopTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of a message box; nothing shows it.</extracomment>
         <translation>Luk</translation>
     </message>
 </context>

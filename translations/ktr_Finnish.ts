@@ -5,69 +5,85 @@
     <name>DiscountComponent</name>
     <message>
         <source>Validity period: %1</source>
-        <translation>Voimassa: %1 asti</translation>
+        <extracomment>Small badge under the price of a coupon; %1 is the coupon&apos;s last day, such as 12/31/2026. One line, left of a picture: about 30 letters and the date.</extracomment>
+        <translation>Voimassa %1 asti</translation>
     </message>
 </context>
 <context>
     <name>HomePage</name>
     <message>
         <source>Please tell us why you want to uninstall Dravik:</source>
+        <extracomment>Heading over the list of reasons. Two lines of about 60 letters at most.</extracomment>
         <translation>Kerro meille, miksi haluat poistaa Dravikin asennuksen:</translation>
     </message>
     <message>
         <source>Give you an exclusive discount:</source>
-        <translation>Yksinoikeudella sinulle tarjottava alennus:</translation>
+        <extracomment>Heading over a coupon, after &quot;The price is too expensive&quot;. Two lines of about 60 letters.</extracomment>
+        <translation>Erikoisalennus vain sinulle:</translation>
     </message>
     <message>
         <source>Glad to solve your problem! We have an extra coupon for you. Hope you like it!</source>
-        <translation>Hienoa, että ongelmasi ratkesi! Meillä on sinulle vielä yksi kuponki. Toivottavasti pidät siitä!</translation>
+        <extracomment>Heading over a coupon, after &quot;The product has solved my problem&quot;. Two lines of about 60 letters at most.</extracomment>
+        <translation>Hienoa, että ongelmasi ratkesi! Meillä on sinulle lisäkuponki. Toivottavasti pidät siitä!</translation>
     </message>
     <message>
         <source>We&apos;d like to know what problem you&apos;ve been experiencing. And we have an extra coupon for you. </source>
-        <translation>Haluaisimme tietää, millainen ongelma sinulla oli. Ja meillä on sinulle vielä yksi kuponki. </translation>
+        <extracomment>Heading over the box for feedback, after &quot;The product doesn&apos;t solve my problem&quot; and &quot;I have other reasons&quot;. Two lines of about 60 letters at most. The blank at the end stays.</extracomment>
+        <translation>Haluaisimme tietää, millainen ongelma sinulla oli. Meillä on sinulle myös lisäkuponki. </translation>
     </message>
     <message>
         <source>Thanks for your feedback! We have an extra coupon for you. Hope you like it!</source>
-        <translation>Kiitos palautteestasi! Meillä on sinulle vielä yksi kuponki. Toivottavasti pidät siitä!</translation>
+        <extracomment>Heading over a coupon, after a feedback was submitted. Two lines of about 60 letters.</extracomment>
+        <translation>Kiitos palautteestasi! Meillä on sinulle lisäkuponki. Toivottavasti pidät siitä!</translation>
     </message>
     <message>
         <source>View exclusive discounted prices</source>
+        <extracomment>Underlined line under a coupon; a click opens its page in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Katso erikoishinnat</translation>
     </message>
     <message>
         <source>Enjoy discounted prices to buy other products</source>
+        <extracomment>Link under the box for feedback, and line under a coupon; a click opens the offer in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Osta muita tuotteita alennuksella</translation>
     </message>
     <message>
         <source>Unistalling…</source>
+        <extracomment>Line over the progress bar while the product is being removed. One line of about 80 letters.</extracomment>
         <translation>Poistetaan asennusta…</translation>
     </message>
     <message>
         <source>Unistall complete!</source>
+        <extracomment>The same line in green, once the product has been removed. One line of about 80 letters.</extracomment>
         <translation>Asennuksen poisto on valmis!</translation>
     </message>
     <message>
         <source>OK</source>
+        <extracomment>Button that closes the window after the removal, and the one of the warning; the word that Windows has on such buttons.</extracomment>
         <translation>OK</translation>
     </message>
     <message>
         <source>Uninstall</source>
+        <extracomment>Button that starts the removal. The button grows with the text: about 25 letters.</extracomment>
         <translation>Poista asennus</translation>
     </message>
     <message>
         <source>Warning</source>
+        <extracomment>Title of the message box that says the product is running. One line of about 60 letters.</extracomment>
         <translation>Varoitus</translation>
     </message>
     <message>
         <source>Uninstall has detected that Torvan Dravik is currently running.</source>
+        <extracomment>First sentence of that message box: the product must not run while it is removed. &quot;Torvan Dravik&quot; is its name. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
         <translation>Torvan Dravik on parhaillaan käynnissä.</translation>
     </message>
     <message>
         <source>Please close all instances and try again.</source>
-        <translation>Sulje kaikki sen ikkunat ja yritä uudelleen.</translation>
+        <extracomment>Second sentence of that message box, on lines of its own: the user shall close every window of the product. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
+        <translation>Sulje kaikki ohjelman ikkunat ja yritä uudelleen.</translation>
     </message>
     <message>
         <source>Cancel</source>
+        <extracomment>Button that closes the window and leaves the product installed; becomes &quot;OK&quot; later. The word that Windows has on such buttons; about 25 letters.</extracomment>
         <translation>Peruuta</translation>
     </message>
 </context>
@@ -75,18 +91,22 @@
     <name>ReasonComponent</name>
     <message>
         <source>The price is too expensive</source>
+        <extracomment>Reason to choose from a list: the product costs too much. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Hinta on liian korkea</translation>
     </message>
     <message>
         <source>The product has solved my problem</source>
+        <extracomment>Reason to choose from a list: the product is needed no longer. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Tuote ratkaisi ongelmani</translation>
     </message>
     <message>
         <source>The product doesn&apos;t solve my problem</source>
+        <extracomment>Reason to choose from a list: the product does not help. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Tuote ei ratkaise ongelmaani</translation>
     </message>
     <message>
         <source>I have other reasons</source>
+        <extracomment>Reason to choose from a list, always the last one. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Minulla on muita syitä</translation>
     </message>
 </context>
@@ -94,10 +114,12 @@
     <name>SubmitAdviceComponent</name>
     <message>
         <source>you voice is important to us.</source>
+        <extracomment>In grey inside the empty box for feedback; gone once something is typed. The source says &quot;you&quot; for &quot;your&quot;. One line of about 80 letters.</extracomment>
         <translation>Mielipiteesi on meille tärkeä.</translation>
     </message>
     <message>
         <source>Submit</source>
+        <extracomment>Button inside the box for feedback: sends what was typed. The button grows with the text: about 20 letters.</extracomment>
         <translation>Lähetä</translation>
     </message>
 </context>
@@ -105,6 +127,7 @@
     <name>WinTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of the window; nothing shows it.</extracomment>
         <translation>Sulje</translation>
     </message>
 </context>
@@ -112,6 +135,7 @@
     <name>ZoPopTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of a message box; nothing shows it.</extracomment>
         <translation>Sulje</translation>
     </message>
 </context>

@@ -5,6 +5,7 @@
     <name>DiscountComponent</name>
     <message>
         <source>Validity period: %1</source>
+        <extracomment>Small badge under the price of a coupon; %1 is the coupon&apos;s last day, such as 12/31/2026. One line, left of a picture: about 30 letters and the date.</extracomment>
         <translation>Ισχύει έως: %1</translation>
     </message>
 </context>
@@ -12,62 +13,77 @@
     <name>HomePage</name>
     <message>
         <source>Please tell us why you want to uninstall Dravik:</source>
+        <extracomment>Heading over the list of reasons. Two lines of about 60 letters at most.</extracomment>
         <translation>Πείτε μας γιατί θέλετε να απεγκαταστήσετε το Dravik:</translation>
     </message>
     <message>
         <source>Give you an exclusive discount:</source>
+        <extracomment>Heading over a coupon, after &quot;The price is too expensive&quot;. Two lines of about 60 letters.</extracomment>
         <translation>Μια αποκλειστική έκπτωση για εσάς:</translation>
     </message>
     <message>
         <source>Glad to solve your problem! We have an extra coupon for you. Hope you like it!</source>
+        <extracomment>Heading over a coupon, after &quot;The product has solved my problem&quot;. Two lines of about 60 letters at most.</extracomment>
         <translation>Χαιρόμαστε που λύθηκε το πρόβλημά σας! Έχουμε ένα επιπλέον κουπόνι για εσάς. Ελπίζουμε να σας αρέσει!</translation>
     </message>
     <message>
         <source>We&apos;d like to know what problem you&apos;ve been experiencing. And we have an extra coupon for you. </source>
+        <extracomment>Heading over the box for feedback, after &quot;The product doesn&apos;t solve my problem&quot; and &quot;I have other reasons&quot;. Two lines of about 60 letters at most. The blank at the end stays.</extracomment>
         <translation>Θα θέλαμε να μάθουμε ποιο πρόβλημα αντιμετωπίσατε. Και έχουμε ένα επιπλέον κουπόνι για εσάς. </translation>
     </message>
     <message>
         <source>Thanks for your feedback! We have an extra coupon for you. Hope you like it!</source>
+        <extracomment>Heading over a coupon, after a feedback was submitted. Two lines of about 60 letters.</extracomment>
         <translation>Ευχαριστούμε για τα σχόλιά σας! Έχουμε ένα επιπλέον κουπόνι για εσάς. Ελπίζουμε να σας αρέσει!</translation>
     </message>
     <message>
         <source>View exclusive discounted prices</source>
-        <translation>Δείτε τις αποκλειστικές τιμές</translation>
+        <extracomment>Underlined line under a coupon; a click opens its page in the browser. One line, left of a picture: about 50 letters.</extracomment>
+        <translation>Δείτε τις αποκλειστικές τιμές με έκπτωση</translation>
     </message>
     <message>
         <source>Enjoy discounted prices to buy other products</source>
+        <extracomment>Link under the box for feedback, and line under a coupon; a click opens the offer in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Αγοράστε άλλα προϊόντα με έκπτωση</translation>
     </message>
     <message>
         <source>Unistalling…</source>
+        <extracomment>Line over the progress bar while the product is being removed. One line of about 80 letters.</extracomment>
         <translation>Απεγκατάσταση…</translation>
     </message>
     <message>
         <source>Unistall complete!</source>
+        <extracomment>The same line in green, once the product has been removed. One line of about 80 letters.</extracomment>
         <translation>Η απεγκατάσταση ολοκληρώθηκε!</translation>
     </message>
     <message>
         <source>OK</source>
+        <extracomment>Button that closes the window after the removal, and the one of the warning; the word that Windows has on such buttons.</extracomment>
         <translation>OK</translation>
     </message>
     <message>
         <source>Uninstall</source>
+        <extracomment>Button that starts the removal. The button grows with the text: about 25 letters.</extracomment>
         <translation>Απεγκατάσταση</translation>
     </message>
     <message>
         <source>Warning</source>
+        <extracomment>Title of the message box that says the product is running. One line of about 60 letters.</extracomment>
         <translation>Προειδοποίηση</translation>
     </message>
     <message>
         <source>Uninstall has detected that Torvan Dravik is currently running.</source>
+        <extracomment>First sentence of that message box: the product must not run while it is removed. &quot;Torvan Dravik&quot; is its name. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
         <translation>Το Torvan Dravik εκτελείται αυτή τη στιγμή.</translation>
     </message>
     <message>
         <source>Please close all instances and try again.</source>
-        <translation>Κλείστε όλα τα παράθυρά του και δοκιμάστε ξανά.</translation>
+        <extracomment>Second sentence of that message box, on lines of its own: the user shall close every window of the product. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
+        <translation>Κλείστε όλα τα παράθυρα του προγράμματος και δοκιμάστε ξανά.</translation>
     </message>
     <message>
         <source>Cancel</source>
+        <extracomment>Button that closes the window and leaves the product installed; becomes &quot;OK&quot; later. The word that Windows has on such buttons; about 25 letters.</extracomment>
         <translation>Άκυρο</translation>
     </message>
 </context>
@@ -75,18 +91,22 @@
     <name>ReasonComponent</name>
     <message>
         <source>The price is too expensive</source>
+        <extracomment>Reason to choose from a list: the product costs too much. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Η τιμή είναι πολύ υψηλή</translation>
     </message>
     <message>
         <source>The product has solved my problem</source>
+        <extracomment>Reason to choose from a list: the product is needed no longer. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Το προϊόν έλυσε το πρόβλημά μου</translation>
     </message>
     <message>
         <source>The product doesn&apos;t solve my problem</source>
+        <extracomment>Reason to choose from a list: the product does not help. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Το προϊόν δεν λύνει το πρόβλημά μου</translation>
     </message>
     <message>
         <source>I have other reasons</source>
+        <extracomment>Reason to choose from a list, always the last one. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Έχω άλλους λόγους</translation>
     </message>
 </context>
@@ -94,10 +114,12 @@
     <name>SubmitAdviceComponent</name>
     <message>
         <source>you voice is important to us.</source>
+        <extracomment>In grey inside the empty box for feedback; gone once something is typed. The source says &quot;you&quot; for &quot;your&quot;. One line of about 80 letters.</extracomment>
         <translation>Η γνώμη σας είναι σημαντική για εμάς.</translation>
     </message>
     <message>
         <source>Submit</source>
+        <extracomment>Button inside the box for feedback: sends what was typed. The button grows with the text: about 20 letters.</extracomment>
         <translation>Υποβολή</translation>
     </message>
 </context>
@@ -105,6 +127,7 @@
     <name>WinTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of the window; nothing shows it.</extracomment>
         <translation>Κλείσιμο</translation>
     </message>
 </context>
@@ -112,6 +135,7 @@
     <name>ZoPopTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of a message box; nothing shows it.</extracomment>
         <translation>Κλείσιμο</translation>
     </message>
 </context>

@@ -5,6 +5,7 @@
     <name>DiscountComponent</name>
     <message>
         <source>Validity period: %1</source>
+        <extracomment>Small badge under the price of a coupon; %1 is the coupon&apos;s last day, such as 12/31/2026. One line, left of a picture: about 30 letters and the date.</extracomment>
         <translation>Valabil până la: %1</translation>
     </message>
 </context>
@@ -12,62 +13,77 @@
     <name>HomePage</name>
     <message>
         <source>Please tell us why you want to uninstall Dravik:</source>
+        <extracomment>Heading over the list of reasons. Two lines of about 60 letters at most.</extracomment>
         <translation>Spuneți-ne de ce doriți să dezinstalați Dravik:</translation>
     </message>
     <message>
         <source>Give you an exclusive discount:</source>
-        <translation>O reducere exclusivă pentru dvs.:</translation>
+        <extracomment>Heading over a coupon, after &quot;The price is too expensive&quot;. Two lines of about 60 letters.</extracomment>
+        <translation>O reducere exclusivă pentru dumneavoastră:</translation>
     </message>
     <message>
         <source>Glad to solve your problem! We have an extra coupon for you. Hope you like it!</source>
-        <translation>Ne bucurăm că v-am rezolvat problema! Avem încă un cupon pentru dvs. Sperăm să vă placă!</translation>
+        <extracomment>Heading over a coupon, after &quot;The product has solved my problem&quot;. Two lines of about 60 letters at most.</extracomment>
+        <translation>Ne bucurăm că v-am rezolvat problema! Avem încă un cupon pentru dumneavoastră. Sperăm să vă placă!</translation>
     </message>
     <message>
         <source>We&apos;d like to know what problem you&apos;ve been experiencing. And we have an extra coupon for you. </source>
-        <translation>Am dori să știm ce problemă ați întâmpinat. Și avem încă un cupon pentru dvs. </translation>
+        <extracomment>Heading over the box for feedback, after &quot;The product doesn&apos;t solve my problem&quot; and &quot;I have other reasons&quot;. Two lines of about 60 letters at most. The blank at the end stays.</extracomment>
+        <translation>Am dori să știm ce problemă ați întâmpinat. Și avem încă un cupon pentru dumneavoastră. </translation>
     </message>
     <message>
         <source>Thanks for your feedback! We have an extra coupon for you. Hope you like it!</source>
-        <translation>Vă mulțumim pentru opinie! Avem încă un cupon pentru dvs. Sperăm să vă placă!</translation>
+        <extracomment>Heading over a coupon, after a feedback was submitted. Two lines of about 60 letters.</extracomment>
+        <translation>Vă mulțumim pentru opinie! Avem încă un cupon pentru dumneavoastră. Sperăm să vă placă!</translation>
     </message>
     <message>
         <source>View exclusive discounted prices</source>
+        <extracomment>Underlined line under a coupon; a click opens its page in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Vedeți prețurile reduse exclusive</translation>
     </message>
     <message>
         <source>Enjoy discounted prices to buy other products</source>
+        <extracomment>Link under the box for feedback, and line under a coupon; a click opens the offer in the browser. One line, left of a picture: about 50 letters.</extracomment>
         <translation>Cumpărați alte produse la preț redus</translation>
     </message>
     <message>
         <source>Unistalling…</source>
+        <extracomment>Line over the progress bar while the product is being removed. One line of about 80 letters.</extracomment>
         <translation>Se dezinstalează…</translation>
     </message>
     <message>
         <source>Unistall complete!</source>
+        <extracomment>The same line in green, once the product has been removed. One line of about 80 letters.</extracomment>
         <translation>Dezinstalare finalizată!</translation>
     </message>
     <message>
         <source>OK</source>
+        <extracomment>Button that closes the window after the removal, and the one of the warning; the word that Windows has on such buttons.</extracomment>
         <translation>OK</translation>
     </message>
     <message>
         <source>Uninstall</source>
+        <extracomment>Button that starts the removal. The button grows with the text: about 25 letters.</extracomment>
         <translation>Dezinstalare</translation>
     </message>
     <message>
         <source>Warning</source>
+        <extracomment>Title of the message box that says the product is running. One line of about 60 letters.</extracomment>
         <translation>Avertisment</translation>
     </message>
     <message>
         <source>Uninstall has detected that Torvan Dravik is currently running.</source>
+        <extracomment>First sentence of that message box: the product must not run while it is removed. &quot;Torvan Dravik&quot; is its name. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
         <translation>Torvan Dravik rulează în acest moment.</translation>
     </message>
     <message>
         <source>Please close all instances and try again.</source>
-        <translation>Închideți toate ferestrele sale și încercați din nou.</translation>
+        <extracomment>Second sentence of that message box, on lines of its own: the user shall close every window of the product. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
+        <translation>Închideți toate ferestrele programului și încercați din nou.</translation>
     </message>
     <message>
         <source>Cancel</source>
+        <extracomment>Button that closes the window and leaves the product installed; becomes &quot;OK&quot; later. The word that Windows has on such buttons; about 25 letters.</extracomment>
         <translation>Anulare</translation>
     </message>
 </context>
@@ -75,18 +91,22 @@
     <name>ReasonComponent</name>
     <message>
         <source>The price is too expensive</source>
+        <extracomment>Reason to choose from a list: the product costs too much. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Prețul este prea mare</translation>
     </message>
     <message>
         <source>The product has solved my problem</source>
+        <extracomment>Reason to choose from a list: the product is needed no longer. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Produsul mi-a rezolvat problema</translation>
     </message>
     <message>
         <source>The product doesn&apos;t solve my problem</source>
+        <extracomment>Reason to choose from a list: the product does not help. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Produsul nu îmi rezolvă problema</translation>
     </message>
     <message>
         <source>I have other reasons</source>
+        <extracomment>Reason to choose from a list, always the last one. One line, left of a picture: about 55 letters.</extracomment>
         <translation>Am alte motive</translation>
     </message>
 </context>
@@ -94,10 +114,12 @@
     <name>SubmitAdviceComponent</name>
     <message>
         <source>you voice is important to us.</source>
-        <translation>Opinia dvs. este importantă pentru noi.</translation>
+        <extracomment>In grey inside the empty box for feedback; gone once something is typed. The source says &quot;you&quot; for &quot;your&quot;. One line of about 80 letters.</extracomment>
+        <translation>Opinia dumneavoastră este importantă pentru noi.</translation>
     </message>
     <message>
         <source>Submit</source>
+        <extracomment>Button inside the box for feedback: sends what was typed. The button grows with the text: about 20 letters.</extracomment>
         <translation>Trimiteți</translation>
     </message>
 </context>
@@ -105,6 +127,7 @@
     <name>WinTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of the window; nothing shows it.</extracomment>
         <translation>Închidere</translation>
     </message>
 </context>
@@ -112,6 +135,7 @@
     <name>ZoPopTitle</name>
     <message>
         <source>Close</source>
+        <extracomment>What a screen reader calls the cross in the title bar of a message box; nothing shows it.</extracomment>
         <translation>Închidere</translation>
     </message>
 </context>

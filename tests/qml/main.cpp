@@ -1,5 +1,6 @@
 #include "app/appearance.h"
 #include "app/language.h"
+#include "language_switch.h"
 #include "recording_mgr.h"
 #include "ui_probe.h"
 #include "warning_watch.h"
@@ -14,7 +15,7 @@
 #include <memory>
 
 /// Prepares each run of a test file: the application's warnings are watched, and every engine gets
-/// the recording controller and the probe.
+/// the recording controller, the probe and the languages.
 class TestSetup : public QObject
 {
     Q_OBJECT
@@ -33,12 +34,14 @@ public Q_SLOTS:
     {
         engine->rootContext()->setContextProperty(QStringLiteral("uninstallMgr"), &m_mgr);
         engine->rootContext()->setContextProperty(QStringLiteral("probe"), &m_probe);
+        engine->rootContext()->setContextProperty(QStringLiteral("languages"), &m_languages);
     }
 
 private:
     WarningWatch m_watch;
     RecordingMgr m_mgr;
     UiProbe m_probe;
+    LanguageSwitch m_languages;
 };
 
 /// Runs the test file given with -input; fails on a failed test and on any warning.

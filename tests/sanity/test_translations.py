@@ -1,6 +1,9 @@
-"""The translations: complete, true to their sources, and of one shape."""
+"""The translations: complete, true to their sources, of one shape, and all in the table."""
 
+import csv
 import re
+import shutil
+import subprocess
 from pathlib import Path
 from xml.etree import ElementTree
 
@@ -8,6 +11,8 @@ import pytest
 
 ROOT = Path(__file__).resolve().parents[2]
 FILES = sorted((ROOT / "translations").glob("ktr_*.ts"))
+with open(ROOT / "translations" / "languages.csv", encoding="utf-8", newline="") as table:
+    LANGUAGES = list(csv.DictReader(table))
 TEXT = re.compile(r'qsTr\("((?:[^"\\]|\\.)*)"\)')
 # Written out one by one in the sources; in the catalogue they are the characters themselves.
 ESCAPES = re.compile(r"\\u([0-9a-fA-F]{4})")
@@ -34,6 +39,25 @@ def test_there_are_languages():
     assert {"ktr_English", "ktr_Arabic", "ktr_ChineseSimp"} <= {file.stem for file in FILES}
 
 
+def test_the_table_has_every_language_and_no_other():
+    assert sorted(f"ktr_{row['name']}" for row in LANGUAGES) == [file.stem for file in FILES]
+
+
+@pytest.mark.parametrize("row", LANGUAGES, ids=lambda row: row["name"])
+def test_a_row_of_the_table(row):
+    # Its readers split lines at commas, without a thought of quotation marks.
+    assert len(row) == 7 and all(row.values()) and '"' not in "".join(row.values())
+    language = ElementTree.parse(ROOT / "translations" / f"ktr_{row['name']}.ts").getroot()
+    assert language.get("language") == row["code"].replace("-", "_")
+    assert language.get("sourcelanguage") == "en"
+    known = {"English", "Arabic", "ChineseSimp"}
+    assert row["recorded_name"] == ("known" if row["name"] in known else "assumed")
+    assert row["layout"] == ("right-to-left" if row["name"] == "Arabic" else "left-to-right")
+    fonts = (ROOT / "tests" / "qml" / "language-fonts.conf").read_text("utf-8")
+    assert f"<string>{row['font']}</string>" in fonts
+    assert re.search(rf"\b{row['package']}\b", (ROOT / "tools" / "bootstrap").read_text("utf-8"))
+
+
 @pytest.mark.parametrize("file", FILES, ids=lambda file: file.stem)
 def test_a_catalogue_has_every_text_and_no_other(file):
     found = [(context, source) for context, source, _ in messages(file)]
@@ -53,6 +77,12 @@ def test_every_text_is_translated(file):
 
 
 @pytest.mark.parametrize("file", FILES, ids=lambda file: file.stem)
+def test_every_text_has_a_comment_for_translators(file):
+    for message in ElementTree.parse(file).getroot().iter("message"):
+        assert message.findtext("extracomment"), message.findtext("source")
+
+
+@pytest.mark.parametrize("file", FILES, ids=lambda file: file.stem)
 def test_one_text_has_one_translation(file):
     seen = {}
     for _, source, translation in messages(file):
@@ -62,3 +92,56 @@ def test_one_text_has_one_translation(file):
 def test_english_repeats_the_sources():
     for _, source, translation in messages(ROOT / "translations" / "ktr_English.ts"):
         assert translation.text == source
+
+
+@pytest.fixture(name="copy")
+def copy_of_what_is_updated(tmp_path):
+    """A folder with the texts, their translations and the command that updates these."""
+    for name in ("qml", "translations"):
+        shutil.copytree(ROOT / name, tmp_path / name)
+    (tmp_path / "tools").mkdir()
+    shutil.copy(ROOT / "tools" / "update-translations", tmp_path / "tools")
+    return tmp_path
+
+
+def update(copy):
+    """Runs the command; returns what it says."""
+    return subprocess.run([copy / "tools" / "update-translations"], capture_output=True, text=True,
+                          check=True).stdout
+
+
+def contents(copy):
+    """All files of the translations."""
+    return {path.name: path.read_bytes() for path in (copy / "translations").iterdir()}
+
+
+def test_updating_changes_nothing(copy):
+    before = contents(copy)
+    assert update(copy) == "" and contents(copy) == before, \
+        "the interface and its translations differ: run tools/update-translations"
+
+
+def test_updating_follows_the_sources(copy):
+    page = copy / "qml" / "WinTitle.qml"
+    text = page.read_text("utf-8").replace('qsTr("Close")', 'qsTr("Leave it")')
+    page.write_text(text.replace("screen reader", "reader"), "utf-8")
+    said = update(copy).splitlines()
+    assert len(said) == len(FILES)
+    assert "ktr_English.ts: changed, 0 to translate" in said
+    assert "ktr_German.ts: changed, 1 to translate" in said
+    for name, translation in ("German", None), ("English", "Leave it"):
+        found = [(context, source, target.text if target.get("type") is None else None)
+                 for context, source, target in messages(copy / "translations" / f"ktr_{name}.ts")
+                 if context == "WinTitle"]
+        assert found == [("WinTitle", "Leave it", translation)]
+    after = contents(copy)
+    assert b"What a reader calls" in after["ktr_German.ts"]
+    assert update(copy) == "" and contents(copy) == after
+
+
+def test_updating_begins_a_new_language(copy):
+    with open(copy / "translations" / "languages.csv", "a", encoding="utf-8") as languages:
+        languages.write("Welsh,cy,Welsh,assumed,left-to-right,Open Sans,fonts-open-sans\n")
+    assert update(copy) == f"ktr_Welsh.ts: changed, {len(sources())} to translate\n"
+    begun = ElementTree.parse(copy / "translations" / "ktr_Welsh.ts").getroot()
+    assert (begun.get("language"), begun.get("sourcelanguage")) == ("cy", "en")
