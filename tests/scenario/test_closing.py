@@ -4,7 +4,8 @@ import pytest
 
 from driver import layout
 from steps import (
-    expect_end, uninstall, wait_buttons_disabled, wait_climbing, wait_complete, wait_given_up,
+    events, expect_end, uninstall, wait_buttons_disabled, wait_climbing, wait_complete,
+    wait_given_up,
 )
 
 
@@ -95,6 +96,12 @@ def wait_seen(program, state, window):
         window.drag(layout.TITLE_GRIP, 30, 20, steps=2)
 
 
+def expect_no_event_of_its_own(sandbox, state):
+    """Leaving is not reported: all that was is what led to the state."""
+    pressed = [] if state is idle else [("UninstallPop", "Click_Uninstall", "")]
+    assert events(sandbox) == pressed
+
+
 PATHS = {
     "title bar": lambda window: window.click(layout.TITLE_CLOSE),
     "Cancel/OK": lambda window: window.click(layout.CANCEL),
@@ -139,11 +146,13 @@ def test_close(sandbox, program, state, path):
         assert window in program.windows() and program.running
         go_on()
         expect_end(sandbox, program, cleanup=reaches_the_end)
+        expect_no_event_of_its_own(sandbox, state)
         return
     window.wait_gone()
     if state is start_up_wait:
         go_on()
     expect_end(sandbox, program, cleanup=expected == CLOSES_AND_CLEANS)
+    expect_no_event_of_its_own(sandbox, state)
     if state is running:
         assert sandbox.processes("uninstall.exe"), "the uninstaller lives on"
         go_on()

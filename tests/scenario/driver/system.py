@@ -69,6 +69,8 @@ class Native:
     """Whether a file says that it may be run."""
     gives_focus = True
     """Whether a window that another program brings to the front gets the focus, too."""
+    modules_beside_program = False
+    """Whether the toolkit's QML modules lie beside the program rather than in the system."""
     handle_bits = 64
     """How much of a window handle counts."""
     without_privileges = (

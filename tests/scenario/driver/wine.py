@@ -40,6 +40,7 @@ class Wine(Native):
     # Wine asks X11 for the focus with the time of the window's last event; a bystander on X11 has
     # taken it later, and X11 listens to the later one.
     gives_focus = False
+    modules_beside_program = True
     handle_bits = 32
 
     def prepare(self, root: Path) -> None:

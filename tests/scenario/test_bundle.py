@@ -1,0 +1,237 @@
+"""The external bundle UninstallUI.rcc: what it cannot replace, and the ways in which it can.
+
+Every bundle here is told by its colours: what shall be replaced is `MARK` all over, and one picture
+is `PLANTED` in each bundle of the first table, so that a bundle that is not read fails there, too.
+"""
+
+import io
+import shutil
+import subprocess
+
+import pytest
+from PIL import Image
+
+import steps
+from driver import layout, wait
+from driver.installation import REPOSITORY, build_directory
+
+MARK = "#FF00FF"
+PLANTED = "#00FF00"
+QML = REPOSITORY / "qml"
+SYSTEMS = ("unix", "windows")
+"""What the toolkit's file selectors call the two systems."""
+LOCALES = ("C", "en", "en_US")
+"""The user's locale in a sandbox, as the systems call it."""
+QUESTION = layout.Rect(layout.FRAME.right - 48 - 132, layout.FRAME.top, 132, layout.FRAME.height)
+"""Where the picture of the reasons' page stands."""
+
+
+def marked(name):
+    """A file of the interface as it is, but with the mark over all that it draws."""
+    text = (QML / name).read_text("utf-8")
+    end = text.rindex("}")
+    return f'{text[:end]}Rectangle {{ anchors.fill: parent; color: "{MARK}"; z: 99 }}\n}}\n'
+
+
+def marked_script():
+    """The interface's script with the mark for the colour of the filled button."""
+    return (QML / "public.js").read_text("utf-8").replace(layout.CANCEL_NORMAL, MARK)
+
+
+def picture(colour, width=640, height=306):
+    """A picture of one colour, as the bytes of its file."""
+    content = io.BytesIO()
+    Image.new("RGB", (width, height), colour).save(content, "png")
+    return content.getvalue()
+
+
+def marked_label():
+    """A type of the toolkit's with the mark over it."""
+    return ("import QtQuick 2.14\n"
+            f'Text {{ Rectangle {{ anchors.fill: parent; color: "{MARK}" }} }}\n')
+
+
+def for_each_system(path, content):
+    """A file in the places where it is taken in the place of another on one system only."""
+    return {f"+{system}/{path}": content for system in SYSTEMS}
+
+
+def module(folder):
+    """A module of the toolkit's in which there is a marked label."""
+    where = f"qt-project.org/imports/{folder}"
+    return {f"{where}/qmldir": "module QtGraphicalEffects\nLabel 1.0 Label.qml\n",
+            f"{where}/Label.qml": marked_label()}
+
+
+def style(configuration):
+    """The toolkit's settings at a path, which choose a style with a marked label."""
+    return {configuration: "[Controls]\nStyle=:/marked\n", "marked/Label.qml": marked_label()}
+
+
+@pytest.fixture
+def bundle(sandbox, tmp_path):
+    """Puts a bundle beside the program: contents by resource path, made by Qt's own compiler."""
+    def make(files):
+        entries = []
+        for number, (path, content) in enumerate(files.items()):
+            source = tmp_path / f"file{number}"
+            source.write_bytes(content if isinstance(content, bytes) else content.encode())
+            entries.append(f'<file alias="{path}">{source.name}</file>')
+        (tmp_path / "bundle.qrc").write_text(
+            f'<RCC><qresource prefix="/">{"".join(entries)}</qresource></RCC>', "utf-8")
+        subprocess.run([shutil.which("rcc") or "/usr/lib/qt5/bin/rcc", "-binary",
+                        "-o", sandbox.bin / "UninstallUI.rcc", tmp_path / "bundle.qrc"], check=True)
+    return make
+
+
+def wait_mark(window, area, share=0.5):
+    """Waits until so much of an area has the mark."""
+    wait.until(lambda: window.screen.share(window.area(area), MARK), f"the mark in {area}",
+               accept=lambda seen: seen >= share)
+
+
+def leave(sandbox, program, window):
+    """Leaves by the button, which works whatever has been added."""
+    window.click(layout.CANCEL)
+    steps.expect_end(sandbox, program, cleanup=False)
+
+
+# What it cannot do ------------------------------------------------------------------------------
+
+OF_NO_EFFECT = {
+    "the main window": {"Main.qml": marked("Main.qml")},
+    "the page": {"HomePage.qml": marked("HomePage.qml")},
+    "a control": {"WinTitle.qml": marked("WinTitle.qml")},
+    "the script": {"public.js": marked_script()},
+    "a picture": {"home_bg.png": picture(MARK), "home_bg@2x.png": picture(MARK, 1280, 612)},
+    "the toolkit's settings": style("qtquickcontrols2.conf"),
+    "a folder of the toolkit's own resources": {
+        "qt-project.org/imports/QtQuick/Controls.2/Label.qml": marked_label(),
+        "QtQuick/Controls/Button.qml": marked_label(),
+    },
+    # Read before, when the application came into being. It would leave no module to be found.
+    "the toolkit's paths": {
+        "qt/etc/qt.conf": "[Paths]\nPrefix=/nowhere\nPlugins=/nowhere\nQml2Imports=/nowhere\n"},
+    # Whatever compiled form lies beside a source belongs to a cache, which is turned off.
+    "a compiled form": {"Main.qmlc": b"qv4cdata", "public.jsc": b"qv4cdata"},
+    "an icon theme": {"icons/marked/index.theme": "[Icon Theme]\nName=marked\n",
+                      "icons/install_box.ico": picture(MARK, 16, 16)},
+}
+
+
+@pytest.mark.parametrize("files", OF_NO_EFFECT.values(), ids=OF_NO_EFFECT)
+def test_what_is_compiled_in_comes_first(sandbox, bundle, files):
+    bundle({**files, **for_each_system("pic_question.png", picture(PLANTED, 132, 132))})
+    program = sandbox.start()
+    window = program.ready()
+    wait.until(lambda: window.screen.share(window.area(QUESTION), PLANTED),
+               "the picture that tells that the bundle is read", accept=lambda seen: seen > 0.3)
+    assert window.screen.share(window.area(layout.CARD), MARK) == 0
+    leave(sandbox, program, window)
+
+
+# What it can do ---------------------------------------------------------------------------------
+
+FOR_ONE_SYSTEM = {
+    "the page": ("HomePage.qml", marked("HomePage.qml"), layout.TITLE_LABEL),
+    "a control": ("WinTitle.qml", marked("WinTitle.qml"), layout.TITLE_BAR),
+    "the script": ("public.js", marked_script(), layout.CANCEL),
+    "a picture": ("home_bg.png", picture(MARK), layout.TITLE_BAR),
+}
+
+
+@pytest.mark.parametrize("path, content, area", FOR_ONE_SYSTEM.values(), ids=FOR_ONE_SYSTEM)
+def test_a_file_for_one_system_is_taken(sandbox, bundle, path, content, area):
+    bundle(for_each_system(path, content))
+    window = sandbox.start().window()
+    wait_mark(window, area)
+
+
+def test_settings_for_one_system_are_taken(sandbox, bundle):
+    files = {}
+    for system in SYSTEMS:
+        files.update(style(f"+{system}/qtquickcontrols2.conf"))
+    bundle(files)
+    program = sandbox.start()
+    window = program.ready()
+    wait_mark(window, layout.TITLE_LABEL)
+    leave(sandbox, program, window)
+
+
+def test_a_file_for_the_users_locale_is_taken(sandbox, bundle):
+    bundle({f"+{locale}/WinTitle.qml": marked("WinTitle.qml") for locale in LOCALES})
+    window = sandbox.start().window()
+    wait_mark(window, layout.TITLE_BAR)
+
+
+def test_a_directory_of_types_replaces_one(sandbox, bundle):
+    bundle({"qmldir": "WinTitle 1.0 Marked.qml\n", "Marked.qml": marked("WinTitle.qml")})
+    window = sandbox.start().window()
+    wait_mark(window, layout.TITLE_BAR)
+
+
+def test_a_module_with_its_version_in_the_name_is_found_first(sandbox, bundle):
+    bundle(module("QtGraphicalEffects.1.0"))
+    program = sandbox.start()
+    window = program.ready()
+    wait_mark(window, layout.TITLE_LABEL)
+    leave(sandbox, program, window)
+
+
+def test_a_module_is_found_before_those_of_the_system(sandbox, bundle):
+    bundle({**module("QtGraphicalEffects"),
+            **for_each_system("pic_question.png", picture(PLANTED, 132, 132))})
+    program = sandbox.start()
+    window = program.ready()
+    wait.until(lambda: window.screen.share(window.area(QUESTION), PLANTED),
+               "the picture that tells that the bundle is read", accept=lambda seen: seen > 0.3)
+    found = window.screen.share(window.area(layout.TITLE_LABEL), MARK) > 0.5
+    # One that lies beside the program is found before both.
+    assert found == (not sandbox.system.modules_beside_program)
+    leave(sandbox, program, window)
+
+
+@pytest.mark.parametrize("factor, taken", (("2", False), ("2.25", True)))
+def test_a_picture_of_a_density_that_is_not_compiled_in_is_taken(sandbox, bundle, factor, taken):
+    bundle({"home_bg@3x.png": picture(MARK, 1920, 918)})
+    window = sandbox.start(environment={"QT_SCALE_FACTOR": factor}).window()
+    scale = float(factor)
+    title = layout.Rect(0, 0, int(560 * scale), int(32 * scale))
+    button = layout.face(layout.CANCEL)
+    window.wait_colour(layout.Point(int(button.x * scale), int(button.y * scale)),
+                       layout.CANCEL_NORMAL)
+    assert (window.screen.share(window.area(title), MARK) > 0.9) == taken
+
+
+def test_a_translation_for_the_users_locale_goes_before_the_products(sandbox, bundle):
+    def title():
+        program = sandbox.start()
+        window = program.ready()
+        seen = steps.title(window)
+        leave(sandbox, program, window)
+        return seen
+
+    sandbox.set_registry("French")
+    french = title()
+    german = (build_directory() / "translations" / "ktr_German.qm").read_bytes()
+    bundle({f"i18n/qml_{locale}.qm": german for locale in LOCALES})
+    planted = title()
+    (sandbox.bin / "UninstallUI.rcc").unlink()
+    sandbox.set_registry("German")
+    assert planted == title() != french
+
+
+# What a wrong one does --------------------------------------------------------------------------
+
+
+@pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
+def test_one_that_breaks_the_interface_ends_the_program(sandbox, bundle):
+    bundle(for_each_system("HomePage.qml", "this is not QML\n"))
+    program = sandbox.start()
+    assert program.wait_exit() == 0
+    assert "HomePage.qml" in program.stderr
+    assert not sandbox.handle_file.exists()
+    assert not sandbox.instance_lock_held()
+    sandbox.wait_noted("SkyrelWrapExe.exe", "end")
+    assert not sandbox.journal("uninstall.exe")
+    assert not sandbox.journal("clearKTR.bat")
