@@ -65,7 +65,8 @@ class Recorder:
 
     def _look(self, window: Window) -> None:
         """Remembers the main window as it is shown with whatever lies above it."""
-        program = next((one for one in self._sandbox.programs if window in one.windows()), None)
+        program = next((one for one in self._sandbox.programs
+                        if one.running and window in one.windows()), None)
         if program is not None:
             try:
                 self._picture = program.windows()[0].picture()

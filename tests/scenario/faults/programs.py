@@ -133,6 +133,12 @@ def _no_task_list(sandbox: Sandbox, fault: Fault) -> None:
 
 COMPLETES = "The bar goes on until it has gone, and all else works as ever."
 
+def _ends_unseen(sandbox: Sandbox) -> None:
+    sandbox.configure("uninstall.exe", mode="never")
+    # Or a quick task list would still see it now and then.
+    sandbox.configure("tasklist", hide="uninstall.exe")
+
+
 FAULTS = [
     Fault("task list: missing", Run(EMPTY_BAR.says, _no_task_list), _without("tasklist"),
           stderr=_WINE_SAYS),
@@ -158,7 +164,7 @@ FAULTS = [
     Fault("uninstaller: garbage", EMPTY_BAR,
           lambda sandbox: _replace_uninstaller(sandbox, GARBAGE), stderr=_WINE_SAYS),
     Fault("uninstaller: ends before it is seen", EMPTY_BAR,
-          lambda sandbox: sandbox.configure("uninstall.exe", mode="never")),
+          _ends_unseen),
     Fault("uninstaller: fails", AS_EVER,
           lambda sandbox: sandbox.configure("uninstall.exe", exit=1)),
     Fault("uninstaller: lingers", Run("The bar holds at 99 until it has gone.", _lingers)),
