@@ -15,6 +15,13 @@ namespace {
 
 using HandleBytes = std::array<char, sizeof(platform::WindowHandle)>;
 
+// Closes the file again before anything is done with the window.
+platform::WindowHandle PublishedWindowHandle()
+{
+    std::ifstream file(GetHwndFilePath(), std::ios::binary);
+    return ReadWindowHandle(file);
+}
+
 } // namespace
 
 std::string HwndFilePathOf(const std::string &executable)
@@ -56,8 +63,7 @@ platform::WindowHandle ReadWindowHandle(std::istream &file)
 
 void ActivateRunningInstance()
 {
-    std::ifstream file(GetHwndFilePath(), std::ios::binary);
-    const platform::WindowHandle window = ReadWindowHandle(file);
+    const platform::WindowHandle window = PublishedWindowHandle();
     if (window != 0 && platform::WindowExists(window)) {
         platform::BringToFront(window);
     }
