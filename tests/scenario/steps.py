@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import json
+from pathlib import Path
 
 from driver import layout, wait
 from driver.program import RunningProgram
@@ -24,6 +25,17 @@ def wait_climbing(window: Window, beyond: float = 0.0) -> float:
         window.bar_fraction, f"the bar to be filled beyond {beyond:g}",
         accept=lambda seen: seen is not None and seen > beyond,
     )
+
+
+def uninstall_held(sandbox: Sandbox, window: Window, beyond: float = 0.0) -> Path:
+    """Presses "Uninstall" and waits until the bar is filled further than a fraction.
+
+    The uninstaller runs until the returned file is deleted.
+    """
+    hold = sandbox.hold("uninstall.exe")
+    uninstall(window)
+    wait_climbing(window, beyond)
+    return hold
 
 
 def wait_buttons_disabled(window: Window) -> None:

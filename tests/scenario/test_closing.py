@@ -4,8 +4,8 @@ import pytest
 
 from driver import layout
 from steps import (
-    events, expect_end, uninstall, wait_buttons_disabled, wait_climbing, wait_complete,
-    wait_given_up,
+    events, expect_end, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
+    wait_complete, wait_given_up,
 )
 
 
@@ -51,9 +51,7 @@ def start_up_wait(sandbox, program):
 
 def running(sandbox, program):
     """The bar climbs."""
-    hold = sandbox.hold("uninstall.exe")
-    uninstall(program.window())
-    wait_climbing(program.window())
+    hold = uninstall_held(sandbox, program.window())
 
     def go_on():
         hold.unlink()

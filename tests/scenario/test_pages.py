@@ -189,10 +189,9 @@ def test_leaves_without_a_trace_from_another_page(sandbox, program, page, way):
 
 @pytest.mark.parametrize("page", PAGES[1:])
 def test_a_reason_can_be_given_while_the_uninstaller_runs(sandbox, program, page):
-    hold = sandbox.hold("uninstall.exe")
     window = program.window()
-    steps.uninstall(window)
-    first = steps.wait_climbing(window)
+    hold = steps.uninstall_held(sandbox, window)
+    first = window.bar_fraction()
     go_to(sandbox, window, page)
     steps.wait_climbing(window, first)
     hold.unlink()

@@ -64,10 +64,8 @@ def test_cancelled_runs_leave_nothing(sandbox):
 
 @pytest.mark.timeout(1500)
 def test_a_long_run_needs_no_more_at_its_end(sandbox, program):
-    hold = sandbox.hold("uninstall.exe")
     window = program.window()
-    steps.uninstall(window)
-    steps.wait_climbing(window, 0.985)
+    hold = steps.uninstall_held(sandbox, window, 0.985)
     began, samples = time.monotonic(), []
     while (since := time.monotonic() - began) < TEN_MINUTES:
         usage = Usage.of(program.pid)

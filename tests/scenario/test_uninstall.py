@@ -6,8 +6,8 @@ import pytest
 
 from driver import layout, wait
 from steps import (
-    expect_end, questions, uninstall, wait_buttons_disabled, wait_climbing, wait_complete,
-    wait_given_up,
+    expect_end, questions, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
+    wait_complete, wait_given_up,
 )
 
 
@@ -73,10 +73,8 @@ def test_the_uninstaller_may_appear_late(sandbox, program):
 @pytest.mark.stderr_allowed(r"wine: failed to open .*tasklist\.exe.*")
 def test_without_a_task_list_nothing_is_seen_to_run(sandbox, program):
     # Gone in the middle of the run: no answer is the answer that the uninstaller has gone.
-    hold = sandbox.hold("uninstall.exe")
     window = program.window()
-    uninstall(window)
-    wait_climbing(window)
+    hold = uninstall_held(sandbox, window)
     sandbox.locate("tasklist").unlink()
     wait_complete(window)
     window.click(layout.CANCEL)
@@ -249,9 +247,7 @@ def test_the_window_is_dragged_by_its_title_also_during_the_run(sandbox, program
     # The enabled close button is no grip.
     window.drag(layout.TITLE_CLOSE, 60, 60, follows=False)
     assert program.running
-    hold = sandbox.hold("uninstall.exe")
-    uninstall(window)
-    wait_climbing(window)
+    hold = uninstall_held(sandbox, window)
     moved = window.geometry
     # Nor is the disabled one; the drag by the bar that follows shows that its press has been seen.
     window.drag(layout.TITLE_CLOSE, 70, 70, follows=False)

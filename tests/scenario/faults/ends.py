@@ -47,12 +47,6 @@ def _killed_before_its_window(sandbox: Sandbox, fault: Fault) -> None:
     _start_again(sandbox, fault)
 
 
-def _running(sandbox: Sandbox, window: Window) -> None:
-    sandbox.hold("uninstall.exe")
-    steps.uninstall(window)
-    steps.wait_climbing(window)
-
-
 def _waiting(sandbox: Sandbox, window: Window) -> None:
     sandbox.configure("tasklist", hide="uninstall.exe", note=1)
     steps.uninstall(window)
@@ -78,7 +72,7 @@ def _display_goes(sandbox: Sandbox, fault: Fault) -> None:
         sandbox.display = own
         try:
             program = fault.start(sandbox)
-            _running(sandbox, program.ready())
+            steps.uninstall_held(sandbox, program.ready())
         finally:
             sandbox.display = shared
     assert program.wait_exit() != 0
@@ -121,7 +115,7 @@ FAULTS = [
           _killed_at(lambda sandbox, window: steps.choose(sandbox, window, 2))),
     Fault("killed with the warning shown", _killed_at(_warned)),
     Fault("killed while it waits for the uninstaller", _killed_at(_waiting)),
-    Fault("killed during the run", _killed_at(_running)),
+    Fault("killed during the run", _killed_at(steps.uninstall_held)),
     Fault("killed after the run", _killed_at(_complete)),
     Fault("the display goes during the run",
           Run("The toolkit ends the program. " + STARTS_ANEW, _display_goes),

@@ -65,11 +65,9 @@ def _hang_in_the_product_check(sandbox: Sandbox, fault: Fault) -> None:
 
 
 def _hang_in_a_tick(sandbox: Sandbox, fault: Fault) -> None:
-    hold = sandbox.hold("uninstall.exe")
     program = fault.start(sandbox)
     window = program.ready()
-    steps.uninstall(window)
-    steps.wait_climbing(window)
+    hold = steps.uninstall_held(sandbox, window)
     sandbox.configure("tasklist", note=1, hang=1, silent=1)
     sandbox.wait_noted("tasklist", "query")
     began = time.monotonic()
@@ -81,11 +79,9 @@ def _hang_in_a_tick(sandbox: Sandbox, fault: Fault) -> None:
 
 
 def _lingers(sandbox: Sandbox, fault: Fault) -> None:
-    hold = sandbox.hold("uninstall.exe")
     program = fault.start(sandbox)
     window = program.ready()
-    steps.uninstall(window)
-    steps.wait_climbing(window, 0.985)
+    hold = steps.uninstall_held(sandbox, window, 0.985)
     steps.wait_buttons_disabled(window)
     assert window.bar_fraction() < 1.0
     hold.unlink()
@@ -93,11 +89,9 @@ def _lingers(sandbox: Sandbox, fault: Fault) -> None:
 
 
 def _another_takes_over(sandbox: Sandbox, fault: Fault) -> None:
-    hold = sandbox.hold("uninstall.exe")
     program = fault.start(sandbox)
     window = program.ready()
-    steps.uninstall(window)
-    steps.wait_climbing(window)
+    hold = steps.uninstall_held(sandbox, window)
     other_hold = sandbox.root / "hold" / "other"
     other_hold.touch()
     sandbox.spawn("uninstall.exe", inside=False, hold_file=other_hold)
@@ -110,11 +104,9 @@ def _another_takes_over(sandbox: Sandbox, fault: Fault) -> None:
 
 
 def _killed(sandbox: Sandbox, fault: Fault) -> None:
-    sandbox.hold("uninstall.exe")
     program = fault.start(sandbox)
     window = program.ready()
-    steps.uninstall(window)
-    steps.wait_climbing(window)
+    steps.uninstall_held(sandbox, window)
     for process in sandbox.processes("uninstall.exe"):
         sandbox.system.end(process)
     _finish(sandbox, program, window)
