@@ -68,7 +68,7 @@ FocusScope {
         anchors.bottomMargin: 11
         text: root.discountPricesTxt
         textFormat: Text.PlainText
-        color: "#1F6FFF"
+        color: Public.accentColor
         font.pixelSize: 13
         font.underline: true
 

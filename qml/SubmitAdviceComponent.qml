@@ -70,7 +70,7 @@ FocusScope {
             rightPadding: 16
             bottomPadding: 8
             selectByMouse: true
-            selectionColor: "#1F6FFF"
+            selectionColor: Public.accentColor
             selectedTextColor: "#FFFFFF"
             //: In grey inside the empty box for feedback; gone once something is typed. The source
             //: says "you" for "your". One line of about 80 letters.

@@ -1,4 +1,5 @@
 import QtQuick 2.12
+import "public.js" as Public
 
 // The mark behind a link that has the keyboard focus. A link may stand at the very edge of a clipped
 // page, where a frame round it would lose a side. Its line is below: it has the colour of the
@@ -12,6 +13,6 @@ Rectangle {
         anchors.top: parent.bottom
         width: parent.width
         height: 2
-        color: "#1F6FFF"
+        color: Public.accentColor
     }
 }

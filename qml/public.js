@@ -4,6 +4,9 @@
 // Deliberately no ".pragma library": the functions reach `uninstallMgr` and `window` through the
 // file that imports them.
 
+// The blue of the family: what is filled or framed, and what asks for a click
+var accentColor = "#1F6FFF"
+
 // Pop-up windows
 var winRadius = 8
 var winBorderWidth = 1
@@ -15,14 +18,14 @@ var winShadowBlur = 8
 // a table may have a `gradient` of two stops, which ZoDefaultRoundButton draws.
 var lightBackground = ["#E0EAFC", "#C5D5F3", "#A6BDE6", "#E9ECF2"]
 var whiteBackground = ["#FFFFFF", "#E8F0FF", "#D2E2FF", "#FFFFFF"]
-var blueBackground = ["#1F6FFF", "#227AFF", "#1B63FF", "#E9ECF2"]
-var steadyBlueBorder = ["#1F6FFF", "#1F6FFF", "#1F6FFF", "#E9ECF2"]
+var blueBackground = [accentColor, "#227AFF", "#1B63FF", "#E9ECF2"]
+var steadyBlueBorder = [accentColor, accentColor, accentColor, "#E9ECF2"]
 
-var rpInfo = buttonTable(lightBackground, blueBackground, 0, "#1F6FFF")
-var nrpInfo = buttonTable(lightBackground, blueBackground, 0, "#1F6FFF")
-var nrpInfo_submit = buttonTable(whiteBackground, steadyBlueBorder, 1, "#1F6FFF")
+var rpInfo = buttonTable(lightBackground, blueBackground, 0, accentColor)
+var nrpInfo = buttonTable(lightBackground, blueBackground, 0, accentColor)
+var nrpInfo_submit = buttonTable(whiteBackground, steadyBlueBorder, 1, accentColor)
 var drpInfo = buttonTable(blueBackground, blueBackground, 0, "#FFFFFF")
-var rplInfo = buttonTable(lightBackground, blueBackground, 0, "#1F6FFF")
+var rplInfo = buttonTable(lightBackground, blueBackground, 0, accentColor)
 
 // Links
 var homePageUrl = "https://www.torvan.example"
