@@ -1,5 +1,27 @@
 #include "recording_mgr.h"
 
+#include "controller/reason_list.h"
+
+#include <algorithm>
+
+namespace {
+
+QVariantList ReasonsByNumber()
+{
+    QVariantList reasons = ShuffledReasons();
+    std::sort(reasons.begin(), reasons.end(), [](const QVariant &left, const QVariant &right) {
+        return left.toInt() < right.toInt();
+    });
+    return reasons;
+}
+
+} // namespace
+
+RecordingMgr::RecordingMgr()
+    : m_reasonList(ReasonsByNumber())
+{
+}
+
 void RecordingMgr::record(const QVariantList &call)
 {
     m_calls.append(QVariant(call));
@@ -96,7 +118,7 @@ void RecordingMgr::forgetCalls()
 void RecordingMgr::reset()
 {
     forgetCalls();
-    m_reasonList = {1, 2, 3, 4};
+    m_reasonList = ReasonsByNumber();
     m_offers.clear();
     m_ktrRunning = false;
     m_windowShadow = false;

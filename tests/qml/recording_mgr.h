@@ -27,6 +27,9 @@ class RecordingMgr : public QObject
     Q_PROPERTY(QVariantList calls READ calls)
 
 public:
+    /// Answers with every reason that the controller knows, by their numbers.
+    RecordingMgr();
+
     Q_INVOKABLE void doUninstall();
     Q_INVOKABLE QVariantList getReasonList();
     Q_INVOKABLE void setExitCode(int exitCode);
@@ -62,7 +65,7 @@ private:
     void record(const QVariantList &call);
 
     QVariantList m_calls;
-    QVariantList m_reasonList{1, 2, 3, 4};
+    QVariantList m_reasonList;
     QVariantMap m_offers;
     bool m_ktrRunning = false;
     bool m_windowShadow = false;
