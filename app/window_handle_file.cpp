@@ -34,7 +34,7 @@ std::string HwndFilePathOf(const std::string &executable)
 std::string GetHwndFilePath()
 {
     // A file in another folder with a similar name is not ours to write or to delete.
-    if (!platform::IsExecutablePathExact(platform::kPathCapacity)) {
+    if (!platform::IsExecutableFolderExact(platform::kPathCapacity)) {
         return {};
     }
     return HwndFilePathOf(platform::ExecutablePath(platform::kPathCapacity));

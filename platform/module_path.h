@@ -14,10 +14,11 @@ inline constexpr std::size_t kPathCapacity = 260;
 /// when the system does not tell it. Any thread, also before `main`.
 std::string ExecutablePath(std::size_t capacity);
 
-/// Whether `ExecutablePath(capacity)` names this very executable. It does not when it is cut, or
-/// when the ANSI code page lacks one of its letters: the system then puts a similar one in its
-/// place, and the path may be that of another file. Any thread, also before `main`.
-bool IsExecutablePathExact(std::size_t capacity);
+/// Whether the text before the last separator of `ExecutablePath(capacity)` is the folder of this
+/// very executable. It is not when it is cut, or when the ANSI code page lacks one of its letters:
+/// the system then puts a similar one in its place, and it may be the name of another folder. The
+/// file's own name may be cut. Any thread, also before `main`.
+bool IsExecutableFolderExact(std::size_t capacity);
 
 /// `ExecutablePath` in wide characters; `capacity` counts characters.
 std::wstring ExecutablePathWide(std::size_t capacity);

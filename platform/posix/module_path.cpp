@@ -27,10 +27,10 @@ std::string ExecutablePath(std::size_t capacity)
     return Cut(OwnExecutable(), capacity);
 }
 
-bool IsExecutablePathExact(std::size_t capacity)
+bool IsExecutableFolderExact(std::size_t capacity)
 {
     const std::string path = OwnExecutable();
-    return !path.empty() && path.size() < capacity;
+    return !path.empty() && Cut(path, capacity).rfind('/') == path.rfind('/');
 }
 
 std::wstring ExecutablePathWide(std::size_t capacity)

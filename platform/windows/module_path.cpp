@@ -19,6 +19,12 @@ template<class Text, class Read> Text ReadBounded(std::size_t capacity, Read rea
     return buffer;
 }
 
+template<class Text> Text FolderOf(const Text &path, typename Text::value_type separator)
+{
+    const std::size_t cut = path.rfind(separator);
+    return cut == Text::npos ? Text() : path.substr(0, cut);
+}
+
 } // namespace
 
 std::string ExecutablePath(std::size_t capacity)
@@ -26,16 +32,16 @@ std::string ExecutablePath(std::size_t capacity)
     return ReadBounded<std::string>(capacity, ::GetModuleFileNameA);
 }
 
-bool IsExecutablePathExact(std::size_t capacity)
+bool IsExecutableFolderExact(std::size_t capacity)
 {
     constexpr std::size_t kLongestPath = 32768;
-    const std::string narrow = ExecutablePath(capacity);
+    const std::string narrow = FolderOf(ExecutablePath(capacity), '\\');
     const int length = static_cast<int>(narrow.size());
     std::wstring widened(narrow.size(), 0);
     const int used =
         ::MultiByteToWideChar(CP_ACP, 0, narrow.data(), length, widened.data(), length);
     widened.resize(static_cast<std::size_t>(used));
-    return !widened.empty() && widened == ExecutablePathWide(kLongestPath);
+    return !widened.empty() && widened == FolderOf(ExecutablePathWide(kLongestPath), L'\\');
 }
 
 std::wstring ExecutablePathWide(std::size_t capacity)

@@ -33,7 +33,7 @@ TelemetryBinding::TelemetryBinding()
 bool TelemetryBinding::LoadTelemetryFromModuleDir()
 {
     // A library of another folder with a similar name is not the product's.
-    if (!platform::IsExecutablePathExact(platform::kPathCapacity)) {
+    if (!platform::IsExecutableFolderExact(platform::kPathCapacity)) {
         return false;
     }
     const std::string path = LibraryPathOf(platform::ExecutablePath(platform::kPathCapacity));

@@ -1,4 +1,6 @@
 #include "platform/module_path.h"
+
+#include "platform/text.h"
 #include "tests/unit/platform/support/child.h"
 
 #include <gtest/gtest.h>
@@ -38,14 +40,18 @@ TEST(ModulePathContract, NarrowIsCutToTheCapacity)
     EXPECT_EQ(platform::ExecutablePath(0), "");
 }
 
-TEST(ModulePathContract, ExactIsWhatIsNotCut)
+TEST(ModulePathContract, TheFolderIsExactAsLongAsItsSeparatorFits)
 {
-    const std::size_t length = platform::ExecutablePath(kLongPath).size();
-    EXPECT_TRUE(platform::IsExecutablePathExact(kLongPath));
-    EXPECT_TRUE(platform::IsExecutablePathExact(length + 1));
-    EXPECT_FALSE(platform::IsExecutablePathExact(length));
-    EXPECT_FALSE(platform::IsExecutablePathExact(1));
-    EXPECT_FALSE(platform::IsExecutablePathExact(0));
+    const std::string path = platform::ExecutablePath(kLongPath);
+    const std::size_t separator = path.rfind(platform::kNativeSeparator);
+    EXPECT_TRUE(platform::IsExecutableFolderExact(kLongPath));
+    EXPECT_TRUE(platform::IsExecutableFolderExact(path.size()));
+    // The separator and the terminating zero
+    EXPECT_TRUE(platform::IsExecutableFolderExact(separator + 2));
+    EXPECT_FALSE(platform::IsExecutableFolderExact(separator + 1));
+    EXPECT_FALSE(platform::IsExecutableFolderExact(2));
+    EXPECT_FALSE(platform::IsExecutableFolderExact(1));
+    EXPECT_FALSE(platform::IsExecutableFolderExact(0));
 }
 
 TEST(ModulePathContract, WideIsCutToTheCapacity)

@@ -1,19 +1,36 @@
+#include "app/environment.h"
+#include "app/process_utils.h"
 #include "app/window_handle_file.h"
+#include "services/product/product_facts.h"
 #include "services/telemetry/telemetry_binding.h"
 
-#include <cstdio>
+#include <QDir>
+
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <string>
 
-// Says where it would keep the window's handle, and whether it has loaded a telemetry library.
+namespace {
+
+bool HasTelemetryLibrary()
+{
+    std::ifstream mapped("/proc/self/maps");
+    const std::string files(std::istreambuf_iterator<char>(mapped), {});
+    return files.find("/SkyrelWrap.DLL\n") != std::string::npos;
+}
+
+} // namespace
+
+// Says what it takes for its own, one line each.
 int main()
 {
     const TelemetryBinding binding;
-    std::ifstream mapped("/proc/self/maps");
-    const std::string files(std::istreambuf_iterator<char>(mapped), {});
-    std::printf("%s\n%s\n",
-                GetHwndFilePath().c_str(),
-                files.find("/SkyrelWrap.DLL\n") != std::string::npos ? "library" : "no library");
+    PrepareEnvironment();
+    std::cout << "handle file=" << GetHwndFilePath() << '\n'
+              << "library=" << (HasTelemetryLibrary() ? "yes" : "no") << '\n'
+              << "folder=" << QString::fromStdWString(GetModuleDirW()).toStdString() << '\n'
+              << "working directory=" << QDir::currentPath().toStdString() << '\n'
+              << "version=" << QString::fromStdWString(GetConfigVersionNo()).toStdString() << '\n';
     return 0;
 }

@@ -163,9 +163,9 @@ const std::map<std::string, Answer> &Commands()
          [](const Lines &) {
              return platform::ExecutablePath(kLongPath);
          }},
-        {"path-is-exact",
+        {"folder-is-exact",
          [](const Lines &) {
-             return platform::IsExecutablePathExact(kLongPath) ? "yes" : "no";
+             return platform::IsExecutableFolderExact(kLongPath) ? "yes" : "no";
          }},
         {"path-before-main",
          [](const Lines &) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What a program in a folder of this name (UTF-8) says of its own path.
+/// What a program in a folder of this name (UTF-8) says of the folder in its own path.
 std::string IsExactIn(const char *folder)
 {
     const contract::ScratchFolder scratch;
@@ -13,11 +13,11 @@ std::string IsExactIn(const char *folder)
         scratch / std::filesystem::u8path(folder) / ("program" + contract::ProgramExtension());
     contract::CopyChildProgram(program);
     contract::StartedChild child(program);
-    return child.Ask({"path-is-exact"});
+    return child.Ask({"folder-is-exact"});
 }
 
 // For a letter that the code page lacks, the system puts a similar one or a question mark.
-TEST(ModulePathOnWindows, IsExactWhenTheCodePageHasEveryLetter)
+TEST(ModulePathOnWindows, TheFolderIsExactWhenTheCodePageHasEveryLetter)
 {
     EXPECT_EQ(IsExactIn("plain"), "yes");
     EXPECT_EQ(IsExactIn("\u00dcml\u00e4ute \u00e9"), "yes");
