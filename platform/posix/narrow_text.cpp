@@ -4,6 +4,7 @@
 #include <climits>
 #include <clocale>
 #include <cwchar>
+#include <langinfo.h>
 
 namespace platform {
 namespace {
@@ -30,11 +31,20 @@ public:
     EnvironmentLocale &operator=(EnvironmentLocale &&) = delete;
 
 private:
+    // Nobody has chosen an encoding then. File names are UTF-8 all the same, to the toolkit as
+    // well.
+    static bool KnowsAsciiOnly(locale_t locale)
+    {
+        return std::string_view(::nl_langinfo_l(CODESET, locale)) == "ANSI_X3.4-1968";
+    }
+
     static locale_t Environment()
     {
         static const locale_t environment = [] {
             const locale_t named = ::newlocale(LC_CTYPE_MASK, "", nullptr);
-            return named != nullptr ? named : ::newlocale(LC_CTYPE_MASK, "C", nullptr);
+            return named != nullptr && !KnowsAsciiOnly(named)
+                       ? named
+                       : ::newlocale(LC_CTYPE_MASK, "C.UTF-8", named);
         }();
         return environment;
     }
