@@ -51,6 +51,8 @@ void ChooseRenderer()
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     }
     qputenv("QML_DISABLE_DISK_CACHE", "1");
+    // It would win over the other one.
+    qunsetenv("QML_FORCE_DISK_CACHE");
 }
 
 } // namespace

@@ -32,6 +32,7 @@ int main()
     Say("QML2_IMPORT_PATH", Variable("QML2_IMPORT_PATH"));
     Say("QT_AUTO_SCREEN_SCALE_FACTOR", Variable("QT_AUTO_SCREEN_SCALE_FACTOR"));
     Say("QML_DISABLE_DISK_CACHE", Variable("QML_DISABLE_DISK_CACHE"));
+    Say("QML_FORCE_DISK_CACHE", Variable("QML_FORCE_DISK_CACHE"));
     Say("scaling", QString::number(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling)));
     Say("high-density pixmaps",
         QString::number(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps)));
