@@ -13,9 +13,8 @@ CleanupScript LocateCleanupScript(const QString &programDir)
 
 void StageCleanupScript(const CleanupScript &script)
 {
-    if (QFile::exists(script.staged)) {
-        QFile::remove(script.staged);
-    }
+    // Without asking whether it is there: a link that leads nowhere would be called absent.
+    QFile::remove(script.staged);
     QFile::copy(script.source, script.staged);
 }
 

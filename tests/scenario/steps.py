@@ -19,10 +19,13 @@ def uninstall(window: Window) -> None:
     window.click(layout.UNINSTALL)
 
 
-def wait_climbing(window: Window, beyond: float = 0.0) -> float:
-    """Waits until the progress bar is filled further than a fraction; returns how far."""
+def wait_climbing(window: Window, beyond: float = 0.0, patience: float = 0.0) -> float:
+    """Waits until the progress bar is filled further than a fraction; returns how far.
+
+    `patience` is how many seconds that may take longer than usual.
+    """
     return wait.until(
-        window.bar_fraction, f"the bar to be filled beyond {beyond:g}",
+        window.bar_fraction, f"the bar to be filled beyond {beyond:g}", wait.DEADLINE + patience,
         accept=lambda seen: seen is not None and seen > beyond,
     )
 

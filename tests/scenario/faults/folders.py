@@ -47,6 +47,7 @@ def _copy_is_a_dangling_link(sandbox: Sandbox) -> None:
 
 def _nothing_at_its_end(sandbox: Sandbox) -> None:
     assert not (sandbox.root / VICTIM).exists()
+    assert not (sandbox.temp / "clearKTR.bat").is_symlink()
 
 
 FAULTS = [
@@ -69,6 +70,6 @@ FAULTS = [
           Whole(NO_CLEAN_UP.says + " The folder stays.", clean_up=False), _copy_is_a_folder),
     Fault("the script's copy: a link to a file", AS_EVER, _copy_is_a_link, also=_victim_is_safe,
           linux_only="under Wine a link is what it leads to"),
-    Fault("the script's copy: a link to nothing", NO_CLEAN_UP, _copy_is_a_dangling_link,
+    Fault("the script's copy: a link to nothing", AS_EVER, _copy_is_a_dangling_link,
           also=_nothing_at_its_end, linux_only="under Wine a link is what it leads to"),
 ]

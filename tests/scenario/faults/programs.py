@@ -64,6 +64,23 @@ def _hang_in_the_product_check(sandbox: Sandbox, fault: Fault) -> None:
     _finish(sandbox, program, window)
 
 
+def _hang_in_the_wait(sandbox: Sandbox, fault: Fault) -> None:
+    sandbox.configure("tasklist", hide="uninstall.exe")
+    hold = sandbox.hold("uninstall.exe")
+    program = fault.start(sandbox)
+    window = program.ready()
+    steps.uninstall(window)
+    sandbox.wait_noted("uninstall.exe", "start")
+    sandbox.configure("tasklist", note=1, hang=1, silent=1)
+    sandbox.wait_noted("tasklist", "query")
+    began = time.monotonic()
+    sandbox.configure("tasklist", hang=None, silent=None, hide=None)
+    steps.wait_climbing(window, patience=PATIENCE)
+    assert time.monotonic() - began > PATIENCE - 10
+    hold.unlink()
+    _finish(sandbox, program, window)
+
+
 def _hang_in_a_tick(sandbox: Sandbox, fault: Fault) -> None:
     program = fault.start(sandbox)
     window = program.ready()
@@ -144,6 +161,9 @@ FAULTS = [
     Fault("task list: hangs in the check for the product",
           Run("After 30 seconds what it has printed counts; later ones work as ever.",
               _hang_in_the_product_check)),
+    Fault("task list: hangs while the uninstaller is waited for",
+          Run("After 30 seconds it counts as an answer that nothing runs; later ones work as ever.",
+              _hang_in_the_wait)),
     Fault("task list: hangs in a tick",
           Run("After 30 seconds it counts as an answer that nothing runs: the bar completes.",
               _hang_in_a_tick)),
