@@ -1,5 +1,6 @@
 #include "services/config/vantor_config_instance.h"
 #include "tests/unit/config/log_watch.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,15 @@ TEST(ConfigInC, EveryEntryOfTheTableIsWhereTheClientCallsIt)
     EXPECT_EQ(config.GetString("other", ""), QString("prefix|other|"));
     EXPECT_TRUE(config.GetBoolean("switch__on", false));
     EXPECT_FALSE(config.GetBoolean("switch__off", true));
+}
+
+TEST(ConfigInC, TheLibraryStaysWhenItsClientHasGone)
+{
+    const LogWatch log;
+    {
+        const CVantorConfigInstance config;
+    }
+    EXPECT_TRUE(contract::IsLibraryLoaded("vantoronlineconfig.dll"));
 }
 
 } // namespace

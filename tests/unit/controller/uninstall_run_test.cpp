@@ -120,6 +120,29 @@ TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
     EXPECT_EQ(manager_.getValProgress(), 1);
 }
 
+TEST_F(UninstallRun, ALittleLongerIntervalFallsBehind)
+{
+    world_.PollsAnswer({true});
+    int rounds = 0;
+    QTimer longer;
+    longer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&longer, &QTimer::timeout, [&rounds] { ++rounds; });
+    manager_.doUninstall();
+    longer.start(220);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return changed_.count() >= rounds + 2; }, 60000));
+}
+
+TEST_F(UninstallRun, IsNotGuardedAgainstASecondCall)
+{
+    world_.PollsAnswer({true});
+    manager_.doUninstall();
+    manager_.doUninstall();
+    EXPECT_EQ(world_.Asked(),
+              (QStringList{Start(), QLatin1String(kAsk), Start(), QLatin1String(kAsk)}));
+    Tick();
+    EXPECT_EQ(manager_.getValProgress(), 1);
+}
+
 TEST_F(UninstallRun, ClimbsByOneHoldsAtNinetyNineAndEndsOnce)
 {
     world_.PollsAnswer({true});

@@ -2,6 +2,7 @@
 #include "platform/module_path.h"
 #include "platform/text.h"
 #include "services/telemetry/telemetry_binding.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 
@@ -101,6 +102,20 @@ TEST(TelemetryBinding, APartialLibraryStaysLoadedButIsNotComplete)
         binding.LoadTelemetryLibrary(Fixture("telemetry_lacks_SkyrelGetKeyValue").c_str()));
     // It stays: another load on the same binding is refused.
     EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+}
+
+TEST(TelemetryBinding, ItsLibraryStaysWhenItHasGone)
+{
+    // A copy that nothing else in this program loads
+    const std::string library = Fixture("telemetry_to_stay");
+    std::filesystem::copy_file(
+        Fixture("telemetry_complete"), library, std::filesystem::copy_options::overwrite_existing);
+    ASSERT_FALSE(contract::IsLibraryLoaded(library));
+    {
+        TelemetryBinding binding;
+        ASSERT_TRUE(binding.LoadTelemetryLibrary(library.c_str()));
+    }
+    EXPECT_TRUE(contract::IsLibraryLoaded(library));
 }
 
 TEST(TelemetryBinding, AFileThatIsNoLibraryLoadsNothing)
