@@ -23,6 +23,7 @@ OS_HEADERS = re.compile(
 OS_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__linux__|__unix__|__APPLE__|Q_OS_\w+|_MSC_VER|__MINGW\w+)\b")
 HEX_COLOUR = re.compile(r"[\"']#[0-9a-fA-F]{3,8}[\"']")
 README_LINES = 15
+CODE = (".cpp", ".h", ".c", ".qml", ".js", ".py", ".cmake", ".bat", ".nsi")
 
 
 def sources(folder: str, *patterns: str) -> list[Path]:
@@ -149,12 +150,24 @@ def test_no_font_family_in_the_interface():
         assert "font.family" not in path.read_text("utf-8"), name(path)
 
 
-def test_every_code_folder_says_what_lives_there():
-    folders = [*MAY_INCLUDE, "qml", "sandbox", "packaging", "resources", "tests", "tools", "cmake"]
-    for folder in folders:
-        readme = ROOT / folder / "README.md"
-        assert readme.is_file(), f"{folder}/README.md is missing"
-        assert len(readme.read_text("utf-8").splitlines()) <= README_LINES, folder
+def code_folders() -> list[Path]:
+    """Every folder of the project with a file that is compiled or interpreted."""
+    roots = [*MAY_INCLUDE, "qml", "sandbox", "packaging", "resources", "tests", "tools", "cmake"]
+    files = [path for root in roots for path in sources(root, "*")
+             if path.suffix in CODE and "__pycache__" not in path.parts]
+    return sorted({path.parent for path in files} | {ROOT / root for root in roots})
+
+
+@pytest.mark.parametrize("folder", code_folders(), ids=name)
+def test_every_code_folder_says_what_lives_there(folder):
+    """In a README of its own, or, where it is a small one, in that of the folder above."""
+    place = next(place for place in (folder, *folder.parents) if (place / "README.md").is_file())
+    assert place != ROOT, f"{name(folder)}/README.md is missing"
+    text = (place / "README.md").read_text("utf-8")
+    assert len(text.splitlines()) <= README_LINES, name(place)
+    if place != folder:
+        part = folder.relative_to(place).parts[0]
+        assert f"`{part}/" in text, f"{name(place)}/README.md does not say what {part}/ is"
 
 
 def test_the_program_has_no_branch_for_tests():
