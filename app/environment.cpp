@@ -33,6 +33,18 @@ void RemoveWhenNotEmpty(const char *variable)
     }
 }
 
+// What other programs have set for their own Qt would bring foreign controls and plug-ins into
+// ours.
+void KeepOutForeignParts()
+{
+    for (const char *variable : {"QT_QPA_PLATFORM_PLUGIN_PATH",
+                                 "QT_QUICK_CONTROLS_CONF",
+                                 "QT_QUICK_CONTROLS_FALLBACK_STYLE",
+                                 "QT_QUICK_CONTROLS_STYLE"}) {
+        qunsetenv(variable);
+    }
+}
+
 void ConfigureScaling()
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
@@ -63,5 +75,6 @@ void PrepareEnvironment()
     RemoveWhenNotEmpty("QT_PLUGIN_PATH");
     RemoveWhenNotEmpty("QML2_IMPORT_PATH");
     ConfigureScaling();
+    KeepOutForeignParts();
     ChooseRenderer();
 }

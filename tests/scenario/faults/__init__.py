@@ -1,11 +1,12 @@
 """The table of faults."""
 
-from faults import ends, facts, files, folders, programs
+from faults import ends, facts, files, folders, programs, variables
 
 TABLE = {
     "Files beside the program": files.FAULTS,
     "Its folders": folders.FAULTS,
     "The task list and the uninstaller": programs.FAULTS,
     "What the setup has recorded": facts.FAULTS,
+    "Variables of the toolkit that somebody has set": variables.FAULTS,
     "The end of a run, and what changes meanwhile": ends.FAULTS,
 }

@@ -30,6 +30,12 @@ int main()
     Say("library paths", QCoreApplication::libraryPaths().join(QLatin1Char(';')));
     Say("QT_PLUGIN_PATH", Variable("QT_PLUGIN_PATH"));
     Say("QML2_IMPORT_PATH", Variable("QML2_IMPORT_PATH"));
+    for (const char *const name : {"QT_QPA_PLATFORM_PLUGIN_PATH",
+                                   "QT_QUICK_CONTROLS_CONF",
+                                   "QT_QUICK_CONTROLS_FALLBACK_STYLE",
+                                   "QT_QUICK_CONTROLS_STYLE"}) {
+        Say(name, Variable(name));
+    }
     Say("QT_AUTO_SCREEN_SCALE_FACTOR", Variable("QT_AUTO_SCREEN_SCALE_FACTOR"));
     Say("QML_DISABLE_DISK_CACHE", Variable("QML_DISABLE_DISK_CACHE"));
     Say("QML_FORCE_DISK_CACHE", Variable("QML_FORCE_DISK_CACHE"));

@@ -91,6 +91,18 @@ TEST(Environment, ForeignQtPathsAreRemovedButEmptyOnesAreLeft)
     EXPECT_EQ(absent[modules], unset);
 }
 
+TEST(Environment, NobodyElseChoosesPlugInsAndControls)
+{
+    for (const char *name : {"QT_QPA_PLATFORM_PLUGIN_PATH",
+                             "QT_QUICK_CONTROLS_CONF",
+                             "QT_QUICK_CONTROLS_FALLBACK_STYLE",
+                             "QT_QUICK_CONTROLS_STYLE"}) {
+        const QString variable = QString::fromLatin1(name);
+        EXPECT_EQ(Probe({{variable, QStringLiteral("/a")}})[variable], QStringLiteral("unset"))
+            << name;
+    }
+}
+
 TEST(Environment, ScalesByFractionsAndTakesNoScalingFromOutside)
 {
     const Report report =

@@ -1,0 +1,40 @@
+"""Variables of the toolkit that whoever starts the program has set for something else."""
+
+from __future__ import annotations
+
+from pathlib import Path
+from typing import Callable
+
+from driver.sandbox import Sandbox
+from faults.fault import Fault
+from faults.outcomes import AS_EVER
+
+CONTROLS = ("ApplicationWindow", "Label", "RadioButton", "ScrollView", "TextArea")
+
+
+def _foreign(sandbox: Sandbox) -> Path:
+    return sandbox.root / "elsewhere" / "foreign"
+
+
+def _plant(sandbox: Sandbox) -> None:
+    folder = _foreign(sandbox)
+    folder.mkdir()
+    for control in CONTROLS:
+        # Whoever uses it has no window.
+        (folder / f"{control}.qml").write_text("import Nothing 1.0\nItem {}\n", encoding="utf-8")
+    (folder / "controls.conf").write_text(
+        f"[Controls]\nStyle={sandbox.shown(folder)}\n", encoding="utf-8")
+
+
+def _given(variable: str, file: str = "") -> Callable[[Sandbox], dict[str, str | None]]:
+    return lambda sandbox: {variable: sandbox.shown(_foreign(sandbox) / file)}
+
+
+FAULTS = [
+    Fault("a style of the controls that does not load", AS_EVER, _plant,
+          environment=_given("QT_QUICK_CONTROLS_STYLE")),
+    Fault("such a style for what the chosen one lacks", AS_EVER, _plant,
+          environment=_given("QT_QUICK_CONTROLS_FALLBACK_STYLE")),
+    Fault("settings of the controls that name such a style", AS_EVER, _plant,
+          environment=_given("QT_QUICK_CONTROLS_CONF", "controls.conf")),
+]
