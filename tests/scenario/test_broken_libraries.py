@@ -43,6 +43,16 @@ def test_a_telemetry_library_without_one_export(sandbox, export):
     walk_through(sandbox, with_events=False)
 
 
+def test_a_partial_telemetry_library_gets_the_events(sandbox):
+    library = sandbox.bin / TELEMETRY
+    whole = library.read_bytes()
+    # Another name of the same length for one of the exports that nothing calls
+    partial = whole.replace(b"\0SkyrelGetKeyValue\0", b"\0SkyrelGetKeyValu_\0")
+    assert partial != whole
+    library.write_bytes(partial)
+    walk_through(sandbox)
+
+
 @pytest.mark.parametrize("content", (None, b"", b"no library"))
 @pytest.mark.parametrize("library", (TELEMETRY, CONFIG))
 def test_a_library_missing_or_damaged(sandbox, library, content):
