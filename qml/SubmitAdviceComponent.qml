@@ -59,6 +59,9 @@ FocusScope {
         anchors.top: frame.top
         anchors.bottom: submitBtn.top
         clip: true
+        // A bar that has nothing to scroll is not to be seen, but takes the clicks at its edge.
+        ScrollBar.vertical.interactive: ScrollBar.vertical.size < 1
+        ScrollBar.horizontal.interactive: ScrollBar.horizontal.size < 1
 
         TextArea {
             id: adviceText

@@ -110,6 +110,30 @@ TestCase {
         compare(border(), described.focused)
     }
 
+    function test_aClickAtTheFramesEdgeFocusesTheText_data() {
+        var right = 575, bottom = described.frame.height - 1
+        return [
+            { tag: "top left", x: 0, y: 0 }, { tag: "top right", x: right, y: 0 },
+            { tag: "bottom left", x: 0, y: bottom }, { tag: "bottom right", x: right, y: bottom },
+            // Where bars would scroll
+            { tag: "right", x: right - 5, y: 60 }, { tag: "above the button", x: 300, y: 107 }
+        ]
+    }
+
+    function test_aClickAtTheFramesEdgeFocusesTheText(row) {
+        compare(page.width, 576)
+        mouseClick(page, row.x, row.y)
+        compare(border(), described.focused)
+        compare(box().activeFocus, true)
+    }
+
+    function test_aClickBelowTheFrameDoesNot() {
+        // To the toolkit, an item reaches to its far edge and includes it.
+        mouseClick(page, 300, described.frame.height + 1)
+        compare(frame().border.width, 0)
+        compare(box().activeFocus, false)
+    }
+
     function test_aTapFocusesTheText() {
         var place = page.mapToItem(null, 100, 20)
         probe.tap(page, place.x, place.y)

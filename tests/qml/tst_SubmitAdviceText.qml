@@ -75,6 +75,10 @@ TestCase {
         compare(flickable.contentY, 0)
         box().cursorPosition = box().length
         tryVerify(function() { return flickable.contentY > 0 })
+        // And by its bar, which now has something to scroll.
+        mouseDrag(page, page.width - 3, submit().y - 10, 0, -submit().y, Qt.LeftButton,
+                  Qt.NoModifier, 10)
+        compare(flickable.contentY, 0)
     }
 
     function test_theLimit_data() {
