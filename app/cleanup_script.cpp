@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 CleanupScript LocateCleanupScript(const QString &programDir)
 {
@@ -13,8 +14,10 @@ CleanupScript LocateCleanupScript(const QString &programDir)
 
 void StageCleanupScript(const CleanupScript &script)
 {
-    // Without asking whether it is there: a link that leads nowhere would be called absent.
-    QFile::remove(script.staged);
+    // A link that leads nowhere is called absent, but it would stay in the way.
+    if (QFile::exists(script.staged) || QFileInfo(script.staged).isSymLink()) {
+        QFile::remove(script.staged);
+    }
     QFile::copy(script.source, script.staged);
 }
 
