@@ -111,10 +111,6 @@ TestCase {
         Item {}
     }
 
-    function titleLabel() {
-        return Parts.all(page(), "Label")[0]
-    }
-
     // Windows ----------------------------------------------------------------------------------
 
     function test_01_reasons() {
@@ -140,7 +136,7 @@ TestCase {
         page().switchPage(1)
         shot(main, "price too expensive")
         page().switchPage(2)
-        shotOf([titleLabel()], "title of problem solved")
+        shot(main, "problem solved")
         Parts.all(shown("DiscountComponent"), "MouseArea")[0].forceActiveFocus(Qt.TabFocusReason)
         shotOf(Parts.all(shown("DiscountComponent"), "Text").slice(-1), "coupon, keyboard on the link")
         Parts.destroy(test, main)
@@ -171,7 +167,7 @@ TestCase {
         link.forceActiveFocus(Qt.TabFocusReason)
         shotOf([link], "feedback, keyboard on the link")
         page().thank(3)
-        shotOf([titleLabel()], "title of thanks for a feedback")
+        shot(main, "thanks for a feedback")
     }
 
     function test_05_uninstall() {
@@ -181,19 +177,16 @@ TestCase {
         shotOf(buttons, "keyboard on Uninstall")
         buttonWith("Cancel").forceActiveFocus(Qt.TabFocusReason)
         shotOf(buttons, "keyboard on Cancel")
-        main.contentItem.forceActiveFocus()
+        // It would have the keyboard again as soon as it is enabled.
+        buttonWith("Cancel").focus = false
         mouseClick(buttonWith("Uninstall"))
         mouseMove(main.contentItem, 300, 200)
         uninstallMgr.valProgress = 42
         tryCompare(shown("ZoProgressBar"), "value", 42)
-        var label = all("Text").filter(function(text) {
-            return text.visible && text.text === "Unistalling\u2026"
-        })[0]
-        shotOf([label, shown("ZoProgressBar")].concat(buttons), "uninstalling")
-        shot(all("WinTitle")[0], "title bar while uninstalling")
+        shot(main, "uninstalling")
         uninstallMgr.valProgress = 100
         tryVerify(function() { return buttonWith("OK") !== undefined })
-        shotOf([label, buttonWith("OK")], "complete")
+        shot(main, "complete")
     }
 
     function test_06_warning() {
