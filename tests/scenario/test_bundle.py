@@ -96,6 +96,12 @@ def leave(sandbox, program, window):
     steps.expect_end(sandbox, program, cleanup=False)
 
 
+def leaving_with(code):
+    """A page that hands over an exit code as soon as it can."""
+    return ("import QtQuick 2.14\nItem {\n    signal uninstalling(var running)\n"
+            f"    Timer {{ interval: 1; running: true; onTriggered: window.titleClose({code}) }}\n}}\n")
+
+
 # What it cannot do ------------------------------------------------------------------------------
 
 OF_NO_EFFECT = {
@@ -189,6 +195,13 @@ def test_a_module_is_found_before_those_of_the_system(sandbox, bundle):
     # One that lies beside the program is found before both.
     assert found == (not sandbox.system.modules_beside_program)
     leave(sandbox, program, window)
+
+
+@pytest.mark.parametrize("code, cleanup",
+                         ((0, True), (1, False), (5, False), (-3, False), (-(1 << 31), False)))
+def test_a_page_may_hand_over_any_exit_code(sandbox, bundle, code, cleanup):
+    bundle(for_each_system("HomePage.qml", leaving_with(code)))
+    steps.expect_end(sandbox, sandbox.start(), cleanup)
 
 
 @pytest.mark.parametrize("factor, taken", (("2", False), ("2.25", True)))
