@@ -1,5 +1,6 @@
 """Environment, companions, files: what the program touches besides its window."""
 
+import shutil
 from pathlib import Path
 
 import pytest
@@ -130,6 +131,22 @@ def test_no_graphics_driver_is_loaded(sandbox, program):
     assert "libQt5Quick" in maps
     assert "_dri.so" not in maps
     assert "libgallium" not in maps
+
+
+@pytest.mark.parametrize("variable, folder", (
+    ("QT_PLUGIN_PATH", "."), ("QT_QPA_PLATFORM_PLUGIN_PATH", "platforms"),
+))
+def test_no_plug_in_of_another_toolkit_is_loaded(sandbox, variable, folder):
+    foreign = sandbox.root / "elsewhere"
+    # One that would work as well as the program's own
+    own = next(Path("/usr/lib").glob("*/qt5/plugins/platforms/libqxcb.so"))
+    (foreign / "platforms").mkdir()
+    shutil.copy(own, foreign / "platforms")
+    program = sandbox.start(environment={variable: str(foreign / folder)})
+    program.ready()
+    maps = Path(f"/proc/{program.pid}/maps").read_text()
+    assert "libqxcb.so" in maps
+    assert str(foreign) not in maps
 
 
 # The language ---------------------------------------------------------------------------------

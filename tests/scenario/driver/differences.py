@@ -31,6 +31,8 @@ ONLY_ON_LINUX = {
     "test_surroundings.py::test_no_graphics_driver_is_loaded":
         "the toolkit asks Direct3D for the adapter, for which Wine loads a driver; the Qt kit has no "
         "OpenGL, so nothing is drawn with it",
+    "test_surroundings.py::test_no_plug_in_of_another_toolkit_is_loaded":
+        "what a process has loaded is read from /proc",
     "test_window.py::test_a_lock_that_cannot_be_had_does_not_count":
         "a named mutex has no file that could be in the way",
 }

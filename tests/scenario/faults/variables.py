@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-import shutil
 from pathlib import Path
 from typing import Callable
 
@@ -31,14 +30,6 @@ def _given(variable: str, file: str = "") -> Callable[[Sandbox], dict[str, str |
     return lambda sandbox: {variable: sandbox.shown(_foreign(sandbox) / file)}
 
 
-def _plant_plugins(sandbox: Sandbox) -> None:
-    folder = _foreign(sandbox) / "platforms"
-    folder.mkdir(parents=True)
-    for plugin in ("libqxcb.so", "qwindows.dll"):
-        # Unlike garbage, this would be loaded, and then lack what the toolkit asks it for.
-        shutil.copy(sandbox.bin / "SkyrelWrap.DLL", folder / plugin)
-
-
 FAULTS = [
     Fault("a style of the controls that does not load", AS_EVER, _plant,
           environment=_given("QT_QUICK_CONTROLS_STYLE")),
@@ -46,8 +37,4 @@ FAULTS = [
           environment=_given("QT_QUICK_CONTROLS_FALLBACK_STYLE")),
     Fault("settings of the controls that name such a style", AS_EVER, _plant,
           environment=_given("QT_QUICK_CONTROLS_CONF", "controls.conf")),
-    Fault("plug-ins of another toolkit", AS_EVER, _plant_plugins,
-          environment=_given("QT_PLUGIN_PATH")),
-    Fault("platform plug-ins of another toolkit", AS_EVER, _plant_plugins,
-          environment=_given("QT_QPA_PLATFORM_PLUGIN_PATH", "platforms")),
 ]
