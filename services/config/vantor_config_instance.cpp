@@ -2,7 +2,7 @@
 
 #include "services/config/config_key.h"
 #include "services/product/product_facts.h"
-#include "services/telemetry/convert_text.h"
+#include "services/text/convert_text.h"
 
 #include <QDebug>
 

@@ -1,7 +1,7 @@
 // Conversion to 8-bit text, against encoders written for this purpose. Fields: the encoding's name,
 // the text. Runs in a UTF-8 locale.
 
-#include "services/telemetry/convert_text.h"
+#include "services/text/convert_text.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/fuzz/text.h"
 

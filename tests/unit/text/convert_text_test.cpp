@@ -1,4 +1,4 @@
-#include "services/telemetry/convert_text.h"
+#include "services/text/convert_text.h"
 
 #include <QTextCodec>
 
