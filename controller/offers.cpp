@@ -21,7 +21,7 @@ constexpr OfferKeys kOwnProduct = {"uninstall_coupon_4_ktr", "url_cart_with_ktr_
 constexpr OfferKeys kOtherProducts = {"uninstall_coupon_4_others",
                                       "url_landing_with_others_uninstall_coupon"};
 
-const OfferKeys *KeysOf(int type)
+const OfferKeys *FindOfferKeys(int type)
 {
     if (type == 1) {
         return &kOwnProduct;
@@ -94,7 +94,7 @@ QVariantMap ComposeOffer(int type, const OfferSources &sources)
     const QString expired =
         QLocale::c().toString(sources.today().addDays(1), QStringLiteral("MM/dd/yyyy"));
     QVariantMap offer{{QStringLiteral("expired"), expired}};
-    if (const OfferKeys *const keys = KeysOf(type)) {
+    if (const OfferKeys *const keys = FindOfferKeys(type)) {
         offer.insert(QStringLiteral("price"), sources.text(QLatin1String(keys->price)));
         offer.insert(QStringLiteral("url"), ComposeOfferUrl(QLatin1String(keys->url), sources));
     }

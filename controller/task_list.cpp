@@ -17,14 +17,14 @@ void EndQuietly(QProcess &process)
 
 } // namespace
 
-bool ShowsImage(const QByteArray &output, const QString &imageName)
+bool ContainsImage(const QByteArray &output, const QString &imageName)
 {
     // With its length: a zero byte does not end it.
     const QString text = QString::fromUtf8(output.constData(), output.size());
     return text.contains(imageName, Qt::CaseSensitive);
 }
 
-bool TaskListShows(const QString &imageName, const TaskListQuery &query)
+bool IsInTaskList(const QString &imageName, const TaskListQuery &query)
 {
     const QStringList arguments = {QStringLiteral("/NH"),
                                    QStringLiteral("/FO"),
@@ -36,5 +36,5 @@ bool TaskListShows(const QString &imageName, const TaskListQuery &query)
     tasklist.waitForFinished(query.timeAllowedMs);
     const QByteArray output = tasklist.readAllStandardOutput();
     EndQuietly(tasklist);
-    return ShowsImage(output, imageName);
+    return ContainsImage(output, imageName);
 }

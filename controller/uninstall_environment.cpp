@@ -14,7 +14,7 @@ UninstallEnvironment UninstallEnvironment::System()
 {
     UninstallEnvironment system;
     system.isProcessRunning = [](const QString &imageName) {
-        return TaskListShows(imageName);
+        return IsInTaskList(imageName);
     };
     system.startDetached = [](const QString &program, const QStringList &arguments) {
         QProcess::startDetached(program, arguments);

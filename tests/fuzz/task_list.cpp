@@ -15,7 +15,7 @@ bool Occurs(const std::string &output, const QString &name)
 void CheckName(const std::string &output, const QString &name)
 {
     const auto shows = [&name](const std::string &bytes) {
-        return ShowsImage(QByteArray::fromStdString(bytes), name);
+        return ContainsImage(QByteArray::fromStdString(bytes), name);
     };
     Check(shows(output) == Occurs(output, name),
           "a name is shown exactly when its bytes are there");

@@ -102,7 +102,7 @@ int main(int argc, char **argv)
             return AskTaskList();
         }
         if (mode == "query") {
-            return TaskListShows(QStringLiteral("uninstall.exe"), TaskListQuery());
+            return IsInTaskList(QStringLiteral("uninstall.exe"), TaskListQuery());
         }
         QMetaObject::invokeMethod(&manager, "slotTimeOut", Qt::DirectConnection);
         return manager.getValProgress() < 100;

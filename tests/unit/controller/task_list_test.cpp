@@ -37,7 +37,7 @@ protected:
 
     static bool Shows(const TaskListQuery &query)
     {
-        return TaskListShows(QStringLiteral("KTRUI.exe"), query);
+        return IsInTaskList(QStringLiteral("KTRUI.exe"), query);
     }
 
     bool QueryRuns() const
@@ -63,7 +63,7 @@ TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
 
 TEST_F(TaskList, PassesItsArgumentsInOrder)
 {
-    EXPECT_FALSE(TaskListShows(QStringLiteral("a b%1.exe"), Query("silent=1\nnote=1\n")));
+    EXPECT_FALSE(IsInTaskList(QStringLiteral("a b%1.exe"), Query("silent=1\nnote=1\n")));
     EXPECT_EQ(ReadFile(folder_ / "journal.log"),
               standIn_.Program().filename().string() +
                   "\tquery\targs=[/NH][/FO][CSV][/FI][IMAGENAME eq a b%251.exe]\tfound=\n");
@@ -78,8 +78,8 @@ TEST_F(TaskList, FindsTheNameAnywhereInTheOutput)
 TEST_F(TaskList, FindsTheNameBehindAZeroByte)
 {
     const QString name = QStringLiteral("KTRUI.exe");
-    EXPECT_TRUE(ShowsImage(QByteArray("a\0\0KTRUI.exe", 12), name));
-    EXPECT_FALSE(ShowsImage(QByteArray("a\0KTRUI\0.exe", 12), name));
+    EXPECT_TRUE(ContainsImage(QByteArray("a\0\0KTRUI.exe", 12), name));
+    EXPECT_FALSE(ContainsImage(QByteArray("a\0KTRUI\0.exe", 12), name));
 }
 
 TEST_F(TaskList, ComparesLettersExactly)
@@ -117,8 +117,8 @@ TEST_F(TaskList, AQueryThatCannotBeStartedIsNo)
 TEST_F(TaskList, DecodesUtf8)
 {
     const QString name = QString::fromUtf8("\303\234n\303\257.exe");
-    EXPECT_TRUE(TaskListShows(name, Query("silent=1\nsay=%C3%9Cn%C3%AF.exe\n")));
-    EXPECT_FALSE(TaskListShows(name, Query("silent=1\nsay=%DCn%EF.exe\n"))) << "in Latin-1";
+    EXPECT_TRUE(IsInTaskList(name, Query("silent=1\nsay=%C3%9Cn%C3%AF.exe\n")));
+    EXPECT_FALSE(IsInTaskList(name, Query("silent=1\nsay=%DCn%EF.exe\n"))) << "in Latin-1";
 }
 
 TEST_F(TaskList, ReadsTenMebibytesWithoutADeadlock)
