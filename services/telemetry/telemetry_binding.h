@@ -8,11 +8,20 @@
 #include <cstdint>
 #include <mutex>
 #include <string>
+#include <type_traits>
 
 #define SKYREL_QUOTED(name) #name,
 /// The library's exports in their order.
 constexpr std::array<const char *, 16> kSkyrelExports = {SKYREL_EXPORTS(SKYREL_QUOTED)};
 #undef SKYREL_QUOTED
+
+#define SKYREL_INDEX(name) k##name,
+/// The place of each export in that list.
+enum SkyrelExport : std::size_t
+{
+    SKYREL_EXPORTS(SKYREL_INDEX)
+};
+#undef SKYREL_INDEX
 
 /// The process's binding to the telemetry library, which lies beside the executable and is loaded
 /// at run time. A missing or incomplete library is a normal state: nothing is reported.
@@ -42,54 +51,43 @@ public:
     /// `path` is null or a library is loaded already.
     bool LoadTelemetryLibrary(const char *path);
 
-    /// Sends the pairs of name and value in their order, serialised with every other send of the
-    /// process. The result is the library's; 0, with nothing sent, when a text is null or the
-    /// library cannot send. Texts are UTF-16 with a zero at the end. Any thread.
+    /// Sends two to five pairs, each a name and its value, in their order; one send of the process
+    /// at a time. Returns the library's result, or 0 without a send when a text is null or the
+    /// library cannot send. Texts are zero-terminated UTF-16. Any thread.
+    template<typename... Texts>
     std::int32_t SendTelemetryPairs(bool flag,
                                     const char16_t *sendTypeName,
                                     const char16_t *sendTypeValue,
-                                    const char16_t *name1,
-                                    const char16_t *value1,
-                                    const char16_t *name2,
-                                    const char16_t *value2);
-    std::int32_t SendTelemetryPairs(bool flag,
-                                    const char16_t *sendTypeName,
-                                    const char16_t *sendTypeValue,
-                                    const char16_t *name1,
-                                    const char16_t *value1,
-                                    const char16_t *name2,
-                                    const char16_t *value2,
-                                    const char16_t *name3,
-                                    const char16_t *value3);
-    std::int32_t SendTelemetryPairs(bool flag,
-                                    const char16_t *sendTypeName,
-                                    const char16_t *sendTypeValue,
-                                    const char16_t *name1,
-                                    const char16_t *value1,
-                                    const char16_t *name2,
-                                    const char16_t *value2,
-                                    const char16_t *name3,
-                                    const char16_t *value3,
-                                    const char16_t *name4,
-                                    const char16_t *value4);
-    std::int32_t SendTelemetryPairs(bool flag,
-                                    const char16_t *sendTypeName,
-                                    const char16_t *sendTypeValue,
-                                    const char16_t *name1,
-                                    const char16_t *value1,
-                                    const char16_t *name2,
-                                    const char16_t *value2,
-                                    const char16_t *name3,
-                                    const char16_t *value3,
-                                    const char16_t *name4,
-                                    const char16_t *value4,
-                                    const char16_t *name5,
-                                    const char16_t *value5);
+                                    Texts... pairs);
 
 private:
-    template<typename... Texts> std::int32_t Send(bool flag, Texts... texts);
-
     platform::LibraryHandle module_ = nullptr;
     std::array<platform::FunctionAddress, kSkyrelExports.size()> entryPoints_ = {};
     std::mutex lock_;
 };
+
+template<typename... Texts>
+std::int32_t TelemetryBinding::SendTelemetryPairs(bool flag,
+                                                  const char16_t *sendTypeName,
+                                                  const char16_t *sendTypeValue,
+                                                  Texts... pairs)
+{
+    static_assert(sizeof...(pairs) % 2 == 0 && sizeof...(pairs) >= 4 && sizeof...(pairs) <= 10,
+                  "A usage event has two to five pairs.");
+    static_assert((std::is_convertible_v<Texts, const char16_t *> && ...));
+    if (sendTypeName == nullptr || sendTypeValue == nullptr || ((pairs == nullptr) || ...)) {
+        return 0;
+    }
+    const std::lock_guard<std::mutex> guard(lock_);
+    const auto send = reinterpret_cast<SkyrelSendInfoFunction>(entryPoints_[kSkyrelSendInfo]);
+    if (send == nullptr) {
+        return 0;
+    }
+    constexpr std::uint8_t kWide = 1;
+    return send(flag ? 1 : 0,
+                kWide,
+                sendTypeName,
+                sendTypeValue,
+                static_cast<const char16_t *>(pairs)...,
+                SKYREL_END_OF_LIST);
+}

@@ -9,9 +9,6 @@
 
 namespace {
 
-constexpr const char16_t *kSendTypeName = u"torvanSendType";
-constexpr const char16_t *kSendTypeValue = u"0";
-
 QString AsJsonDocument(const QString &attribute)
 {
     if (!QJsonDocument::fromJson(attribute.toUtf8()).isNull()) {
@@ -19,6 +16,19 @@ QString AsJsonDocument(const QString &attribute)
     }
     const QJsonObject wrapper{{QStringLiteral("attribute"), attribute}};
     return QString::fromUtf8(QJsonDocument(wrapper).toJson(QJsonDocument::Compact));
+}
+
+// Name and value take turns: the even texts are names.
+template<std::size_t... kText>
+void SendTexts(TelemetryBinding &binding,
+               const UsageEventPairs &pairs,
+               std::index_sequence<kText...> /*texts*/)
+{
+    const auto text = [&pairs](std::size_t index) {
+        const auto &[name, value] = pairs[index / 2];
+        return (index % 2 == 0 ? name : value).c_str();
+    };
+    binding.SendTelemetryPairs(false, u"torvanSendType", u"0", text(kText)...);
 }
 
 } // namespace
@@ -42,36 +52,18 @@ UsageEventPairs ComposeUsageEvent(const QString &window,
 
 void SendPairs(TelemetryBinding &binding, const UsageEventPairs &pairs)
 {
-    const auto name = [&pairs](std::size_t index) {
-        return pairs[index].first.c_str();
-    };
-    const auto value = [&pairs](std::size_t index) {
-        return pairs[index].second.c_str();
-    };
-    // clang-format off
     switch (pairs.size()) {
     case 2:
-        binding.SendTelemetryPairs(false, kSendTypeName, kSendTypeValue,
-                                   name(0), value(0), name(1), value(1));
-        break;
+        return SendTexts(binding, pairs, std::make_index_sequence<4>());
     case 3:
-        binding.SendTelemetryPairs(false, kSendTypeName, kSendTypeValue,
-                                   name(0), value(0), name(1), value(1), name(2), value(2));
-        break;
+        return SendTexts(binding, pairs, std::make_index_sequence<6>());
     case 4:
-        binding.SendTelemetryPairs(false, kSendTypeName, kSendTypeValue,
-                                   name(0), value(0), name(1), value(1), name(2), value(2),
-                                   name(3), value(3));
-        break;
+        return SendTexts(binding, pairs, std::make_index_sequence<8>());
     case 5:
-        binding.SendTelemetryPairs(false, kSendTypeName, kSendTypeValue,
-                                   name(0), value(0), name(1), value(1), name(2), value(2),
-                                   name(3), value(3), name(4), value(4));
-        break;
+        return SendTexts(binding, pairs, std::make_index_sequence<10>());
     default:
-        break;
+        return;
     }
-    // clang-format on
 }
 
 void SendUsageEvent(const QString &window,
