@@ -54,8 +54,10 @@ bool CUninstallMgr::WaitForUninstaller()
 
 void CUninstallMgr::slotTimeOut()
 {
-    const int progress =
-        NextProgress(valProgress, isProcessRunning(QLatin1String(kUninstallerName)));
+    // A statement each: the order in which arguments are evaluated is unspecified.
+    const int value = valProgress;
+    const bool uninstallerRunning = isProcessRunning(QLatin1String(kUninstallerName));
+    const int progress = NextProgress(value, uninstallerRunning);
     if (progress < kProgressEnd) {
         setValProgress(progress);
     } else if (progress == kProgressEnd) {

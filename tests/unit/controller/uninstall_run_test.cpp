@@ -108,6 +108,18 @@ TEST_F(UninstallRun, TheWorkingDirectoryNamesTheUninstaller)
     QDir::setCurrent(before);
 }
 
+TEST_F(UninstallRun, PathOfTheUninstallerInTheRootFolderHasOneSeparator)
+{
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(QDir::rootPath()));
+    world_.PollsAnswer({true});
+    manager_.doUninstall();
+    QDir::setCurrent(before);
+    ASSERT_TRUE(QDir::rootPath().endsWith(QLatin1Char('/')));
+    EXPECT_EQ(world_.Asked().first(),
+              QStringLiteral("start %1uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::rootPath()));
+}
+
 TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
 {
     world_.PollsAnswer({true});
@@ -159,6 +171,33 @@ TEST_F(UninstallRun, ClimbsByOneHoldsAtNinetyNineAndEndsOnce)
     Tick();
     EXPECT_EQ(manager_.getValProgress(), 100);
     EXPECT_EQ(changed_.count(), 105);
+}
+
+TEST_F(UninstallRun, EachTickAsksOnce)
+{
+    for (const int value : {0, 98, 99, 100}) {
+        for (const bool running : {true, false}) {
+            manager_.setValProgress(value);
+            world_.PollsAnswer({running});
+            world_.Forget();
+            Tick();
+            EXPECT_EQ(world_.Asked(), QStringList{QLatin1String(kAsk)}) << value << running;
+        }
+    }
+}
+
+TEST_F(UninstallRun, ATickReadsTheProgressBeforeItAsks)
+{
+    UninstallEnvironment environment = world_.Environment();
+    CUninstallMgr *asking = nullptr;
+    environment.isProcessRunning = [&asking](const QString &) {
+        asking->setValProgress(50);
+        return true;
+    };
+    CUninstallMgr manager(environment);
+    asking = &manager;
+    QMetaObject::invokeMethod(&manager, "slotTimeOut", Qt::DirectConnection);
+    EXPECT_EQ(manager.getValProgress(), 1);
 }
 
 TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
