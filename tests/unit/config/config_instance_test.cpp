@@ -146,16 +146,37 @@ TEST_F(ConfigInstance, AKeyThatIsEmptyIsNotAskedFor)
     EXPECT_EQ(state->calls, Calls{});
 }
 
-TEST_F(ConfigInstance, ErrorsAndMissingValuesAreLogged)
+struct Miss
 {
-    state->lengths["broken"] = 0;
-    EXPECT_EQ(Get("broken__x"), QString("fallback"));
+    const char *key;
+    QStringList reason;
+};
+
+TEST_F(ConfigInstance, EveryLookUpWithoutAValueLogsWhyAndThatItLeaves)
+{
     state->lengths["broken|x"] = 0;
-    LogWatch::NewLines();
-    EXPECT_EQ(Get("broken__x"), QString("fallback"));
-    EXPECT_EQ(LogWatch::NewLines().at(1), QString("\"broken query error!\""));
-    EXPECT_EQ(Get("unknown"), QString("fallback"));
-    EXPECT_EQ(LogWatch::NewLines().at(1), QString("\"unknown has No value!\""));
+    state->lengths["long"] = -5;
+    state->lengths["empty"] = 3;
+    state->unfilled.insert("empty");
+    Config();
+    for (const Miss &miss : {Miss{"__x", {}},
+                             Miss{"", {}},
+                             Miss{"broken__x", {"\"broken query error!\""}},
+                             Miss{"unknown", {"\"unknown has No value!\""}},
+                             Miss{"long", {"\"long is too long! length:-4\""}},
+                             Miss{"empty", {}}}) {
+        EXPECT_EQ(Get(miss.key), QString("fallback"));
+        const QString enter = "CVantorConfigInstance::GetString enter(qstrKey= \"%1\" "
+                              " strDefault= \"fallback\" )";
+        EXPECT_EQ(LogWatch::NewLines(),
+                  QStringList{enter.arg(miss.key)} + miss.reason +
+                      QStringList{"CVantorConfigInstance::GetString leave. strRet= \"fallback\""});
+    }
+    EXPECT_TRUE(Config().GetBoolean("__x", true));
+    EXPECT_EQ(LogWatch::NewLines(),
+              (QStringList{"CVantorConfigInstance::GetBoolean enter(qstrKey= \"\" "
+                           " bIsDefault= true )",
+                           "CVantorConfigInstance::GetBoolean leave. bRet= true"}));
 }
 
 TEST_F(ConfigInstance, AKeyWithAPlaceholderIsLoggedAsItStands)

@@ -1,7 +1,10 @@
 #include "controller/uninstall_mgr.h"
+#include "tests/unit/config/log_watch.h"
+#include "tests/unit/controller/object_watch.h"
 #include "tests/unit/controller/world.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QTimer>
 #include <QWindow>
 
@@ -43,16 +46,28 @@ TEST_F(MessageWait, EndingAnIdleWaitHasNoLastingEffect)
     EXPECT_EQ(manager_.popMsgBox(true), 3);
 }
 
-TEST_F(MessageWait, IsReused)
+TEST_F(MessageWait, ReusesItsEventLoop)
 {
+    const ObjectWatch watch;
+    std::map<int, const QEventLoop *> first;
     for (const int code : {1, 2, 3}) {
-        Inside([&] { manager_.popMsgBox(false, code); });
+        Inside([&] {
+            const auto loops = watch.Existing<QEventLoop>();
+            EXPECT_EQ(loops.size(), 1U);
+            if (first.empty()) {
+                first = loops;
+            }
+            EXPECT_EQ(loops, first);
+            manager_.popMsgBox(false, code);
+        });
         EXPECT_EQ(manager_.popMsgBox(true), code);
     }
+    EXPECT_EQ(watch.Existing<QEventLoop>(), first);
 }
 
-TEST_F(MessageWait, CannotBeEnteredTwice)
+TEST_F(MessageWait, CannotBeEnteredTwiceAndQtDoesNotWarn)
 {
+    const LogWatch log;
     int second = 0;
     Inside([&] {
         second = manager_.popMsgBox(true);
@@ -60,6 +75,7 @@ TEST_F(MessageWait, CannotBeEnteredTwice)
     });
     EXPECT_EQ(manager_.popMsgBox(true), 4);
     EXPECT_EQ(second, -1);
+    EXPECT_EQ(LogWatch::NewLines(), QStringList());
 }
 
 TEST_F(MessageWait, EachWindowHasItsOwn)

@@ -2,10 +2,14 @@
 
 #include "platform/processes.h"
 #include "tests/unit/config/log_watch.h"
+#include "tests/unit/controller/object_watch.h"
 #include "tests/unit/controller/task_list_stand_in.h"
 #include "tests/unit/platform/support/waiting.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QProcess>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -67,6 +71,29 @@ TEST_F(TaskList, PassesItsArgumentsInOrder)
     EXPECT_EQ(ReadFile(folder_ / "journal.log"),
               standIn_.Program().filename().string() +
                   "\tquery\targs=[/NH][/FO][CSV][/FI][IMAGENAME eq a b%251.exe]\tfound=\n");
+}
+
+TEST_F(TaskList, OpensTheQueryForReadingAndWriting)
+{
+    QIODevice::OpenMode mode;
+    // Starting it creates objects that watch its pipes.
+    const ObjectWatch watch([&mode](const ObjectWatch &objects) {
+        for (const auto &[number, process] : objects.Existing<QProcess>()) {
+            mode |= process->openMode();
+        }
+    });
+    Shows(Query("silent=1\n"));
+    EXPECT_EQ(mode, QIODevice::ReadWrite);
+}
+
+TEST_F(TaskList, ProcessesNoEvents)
+{
+    bool processed = false;
+    QTimer::singleShot(0, [&processed] { processed = true; });
+    Shows(Query("silent=1\n"));
+    EXPECT_FALSE(processed);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(processed);
 }
 
 TEST_F(TaskList, FindsTheNameAnywhereInTheOutput)

@@ -5,8 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -53,6 +56,31 @@ TEST_F(ProductFacts, AreReadAfreshEachTime)
     EXPECT_EQ(GetOemName(), "one");
     values.SetText(kVersion, "OEM", "two");
     EXPECT_EQ(GetOemName(), "two");
+}
+
+TEST_F(ProductFacts, CanBeReadFromSeveralThreads)
+{
+    values.SetText(kVersion, "OEM", "acme");
+    values.SetText(kDownload32, "xurlID", "5521");
+    values.SetText(kProduct, "Language", "English");
+    constexpr int kThreads = 4;
+    constexpr int kRounds = 200;
+    std::atomic<int> wrong{0};
+    std::vector<std::thread> readers;
+    for (int i = 0; i < kThreads; ++i) {
+        readers.emplace_back([&wrong] {
+            for (int round = 0; round < kRounds; ++round) {
+                const bool right = GetOemName() == "acme" && GetXurlId() == "5521" &&
+                                   GetProductLanguage() == "English" &&
+                                   GetConfigVersionNo() == L"18.0";
+                wrong += right ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread &reader : readers) {
+        reader.join();
+    }
+    EXPECT_EQ(wrong, 0);
 }
 
 TEST_F(ProductFacts, FitIntoTheirBuffer)

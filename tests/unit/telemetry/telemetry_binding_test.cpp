@@ -128,8 +128,10 @@ TEST(TelemetryBinding, AFileThatIsNoLibraryLoadsNothing)
 
 TEST(TelemetryBinding, ConstructionLoadsFromTheProgramDirectoryAndMayRunTwice)
 {
+    TelemetryBinding tooEarly;
     std::filesystem::copy_file(Fixture("telemetry_complete"), BesideTheExecutable());
     {
+        EXPECT_TRUE(tooEarly.LoadTelemetryFromModuleDir());
         alignas(TelemetryBinding) std::array<unsigned char, sizeof(TelemetryBinding)> storage = {};
         auto *const binding = new (storage.data()) TelemetryBinding;
         // Loaded by the construction already.
