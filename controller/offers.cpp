@@ -8,9 +8,6 @@
 
 namespace {
 
-// Selects this program's group of configured values.
-constexpr const char *kSegment = "uninstall";
-
 struct OfferKeys
 {
     const char *price;
@@ -37,7 +34,7 @@ QString ComposeOfferUrl(QString key, const OfferSources &sources)
     }
     QString url = sources.text(key);
     const QString xurlId = sources.xurlId();
-    // Also behind an empty link, so that a known installation never loses its mark.
+    // Appended even to an empty URL, so that the download id is never lost.
     if (!xurlId.isEmpty()) {
         const QString separator = QLatin1String(url.contains(QLatin1Char('?')) ? "&" : "?");
         url += QStringLiteral("%1x-url=1-%2").arg(separator, xurlId);
@@ -71,21 +68,15 @@ OfferSources OfferSources::System()
     system.versionNo = [] {
         return QString::fromStdWString(GetConfigVersionNo());
     };
-    system.today = [] {
-        return QDate::currentDate();
-    };
+    system.today = QDate::currentDate;
     return system;
 }
 
 std::string ConfigVersionTag(const QString &versionNo)
 {
-    QString tag = QString::fromLatin1(kSegment).toLower();
-    QString digits = versionNo;
-    digits.remove(QLatin1Char('.'));
-    if (!digits.isEmpty()) {
-        tag += QStringLiteral("__") + digits;
-    }
-    return tag.toStdString();
+    const QString segment = QStringLiteral("uninstall");
+    const QString digits = QString(versionNo).remove(QLatin1Char('.'));
+    return (digits.isEmpty() ? segment : segment + QStringLiteral("__") + digits).toStdString();
 }
 
 QVariantMap ComposeOffer(int type, const OfferSources &sources)

@@ -26,7 +26,8 @@ struct OfferSources
     static OfferSources System();
 };
 
-/// The version tag: the segment of this program's values, and the digits of the product's version.
+/// The version tag: the word that selects this program's group of configured values, and the
+/// product's version without its dots.
 std::string ConfigVersionTag(const QString &versionNo);
 
 /// The offer of a type: "expired" always, "price" and "url" for the types 1 to 4.

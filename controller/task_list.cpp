@@ -3,23 +3,9 @@
 #include <QProcess>
 #include <QStringList>
 
-namespace {
-
-// A process object that is destroyed while its process runs complains on standard error.
-void EndQuietly(QProcess &process)
-{
-    constexpr int kKillGraceMs = 1000;
-    if (process.state() != QProcess::NotRunning) {
-        process.kill();
-        process.waitForFinished(kKillGraceMs);
-    }
-}
-
-} // namespace
-
 bool ContainsImage(const QByteArray &output, const QString &imageName)
 {
-    // With its length: a zero byte does not end it.
+    // Pass the size: the output may contain NUL bytes.
     const QString text = QString::fromUtf8(output.constData(), output.size());
     return text.contains(imageName, Qt::CaseSensitive);
 }
@@ -35,6 +21,9 @@ bool IsInTaskList(const QString &imageName, const TaskListQuery &query)
     tasklist.start(query.program, arguments, QIODevice::ReadWrite);
     tasklist.waitForFinished(query.timeAllowedMs);
     const QByteArray output = tasklist.readAllStandardOutput();
-    EndQuietly(tasklist);
+    // Qt warns when a process object is destroyed while its process runs.
+    constexpr int kKillGraceMs = 1000;
+    tasklist.kill();
+    tasklist.waitForFinished(kKillGraceMs);
     return ContainsImage(output, imageName);
 }

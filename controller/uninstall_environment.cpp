@@ -19,21 +19,13 @@ UninstallEnvironment UninstallEnvironment::System()
     system.startDetached = [](const QString &program, const QStringList &arguments) {
         QProcess::startDetached(program, arguments);
     };
-    system.sleep = [](unsigned long milliseconds) {
-        QThread::msleep(milliseconds);
-    };
+    system.sleep = QThread::msleep;
     system.processEvents = [] {
         QCoreApplication::processEvents(QEventLoop::AllEvents);
     };
-    system.kernelVersion = [] {
-        return QSysInfo::kernelVersion();
-    };
-    system.dropShadowEnabled = [] {
-        return platform::DropShadowEnabled();
-    };
-    system.openUrl = [](const QUrl &url) {
-        QDesktopServices::openUrl(url);
-    };
+    system.kernelVersion = QSysInfo::kernelVersion;
+    system.dropShadowEnabled = platform::DropShadowEnabled;
+    system.openUrl = QDesktopServices::openUrl;
     system.sendUsageEvent = SendUsageEvent;
     system.offers = OfferSources::System();
     return system;

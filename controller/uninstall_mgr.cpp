@@ -18,11 +18,6 @@ constexpr int kProgressIntervalMs = 200;
 
 } // namespace
 
-CUninstallMgr::CUninstallMgr()
-    : CUninstallMgr(UninstallEnvironment::System())
-{
-}
-
 CUninstallMgr::CUninstallMgr(UninstallEnvironment environment)
     : environment(std::move(environment))
 {
@@ -35,21 +30,14 @@ void CUninstallMgr::doUninstall()
     const QString uninstaller = QDir::cleanPath(
         QStringLiteral("%1/%2").arg(QDir::currentPath(), QLatin1String(kUninstallerName)));
     environment.startDetached(uninstaller, {QStringLiteral("/SP-"), QStringLiteral("/VERYSILENT")});
-    if (WaitForUninstaller()) {
-        progressTimer.start(kProgressIntervalMs);
-    }
-}
-
-bool CUninstallMgr::WaitForUninstaller()
-{
     for (int poll = 0; poll < kStartUpPolls; ++poll) {
         if (isProcessRunning(QLatin1String(kUninstallerName))) {
-            return true;
+            progressTimer.start(kProgressIntervalMs);
+            return;
         }
         environment.sleep(kStartUpPauseMs);
         environment.processEvents();
     }
-    return false;
 }
 
 void CUninstallMgr::slotTimeOut()
@@ -78,19 +66,15 @@ void CUninstallMgr::setExitCode(int exitCode)
 
 QVariantMap CUninstallMgr::getPreferentialLink(int type)
 {
-    if (!environment.offers.configured()) {
+    const OfferSources &offers = environment.offers;
+    if (!offers.configured()) {
         return {};
     }
-    ApplyConfigPrefix();
-    return ComposeOffer(type, environment.offers);
-}
-
-void CUninstallMgr::ApplyConfigPrefix()
-{
     if (!configPrefixApplied) {
-        environment.offers.setVersionTag(ConfigVersionTag(environment.offers.versionNo()));
+        offers.setVersionTag(ConfigVersionTag(offers.versionNo()));
         configPrefixApplied = true;
     }
+    return ComposeOffer(type, offers);
 }
 
 void CUninstallMgr::openLink(const QString &strUrl)
@@ -120,17 +104,13 @@ bool CUninstallMgr::isProcessRunning(const QString &imageName)
 
 int CUninstallMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
 {
-    QWindow *const window = parent != nullptr ? parent : defaultParentWindow;
-    std::unique_ptr<QEventLoop> &loop = eventLoops[window];
-    if (!loop) {
-        loop = std::make_unique<QEventLoop>();
-    }
+    QEventLoop &loop = eventLoops[parent != nullptr ? parent : defaultParentWindow];
     if (!b) {
-        loop->exit(exitCode);
+        loop.exit(exitCode);
         return -1;
     }
-    // A running loop would refuse with the same result, but with a warning.
-    return loop->isRunning() ? -1 : loop->exec(QEventLoop::AllEvents);
+    // exec() on a running loop also returns -1, but Qt would warn.
+    return loop.isRunning() ? -1 : loop.exec(QEventLoop::AllEvents);
 }
 
 bool CUninstallMgr::showWindowShadow()

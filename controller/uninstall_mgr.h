@@ -11,7 +11,6 @@
 #include <QWindow>
 
 #include <map>
-#include <memory>
 
 /// The one native object that the user interface knows, published to QML as `uninstallMgr`. No
 /// operation throws or reports an error; a failure ends in a neutral result. GUI thread only; some
@@ -23,28 +22,19 @@ class CUninstallMgr : public QObject
         int valProgress READ getValProgress WRITE setValProgress NOTIFY sigValProgressChanged)
 
 public:
-    CUninstallMgr();
-    /// For tests: with a world of their own.
-    explicit CUninstallMgr(UninstallEnvironment environment);
-
-    // The uninstallation ---------------------------------------------------------------------
+    /// Tests pass an environment of their own.
+    explicit CUninstallMgr(UninstallEnvironment environment = UninstallEnvironment::System());
 
     /// Starts the product's uninstaller silently and the progress with it. Returns when the
     /// uninstaller has been seen in the task list, or after 25 polls without it, in which case the
     /// progress stays where it is; processes events between the polls.
     Q_INVOKABLE void doUninstall();
 
-    // What the pages show ---------------------------------------------------------------------
-
     /// Reason codes in the order in which to show them: 1 to 3 shuffled, then 4.
     Q_INVOKABLE QVariantList getReasonList();
 
-    // The end ---------------------------------------------------------------------------------
-
     /// Remembers the exit code as it is.
     Q_INVOKABLE void setExitCode(int exitCode);
-
-    // Offers, links, usage events ---------------------------------------------------------------
 
     /// The offer of a type (1 to 4) with "expired", "price" and "url"; empty without configuration.
     Q_INVOKABLE QVariantMap getPreferentialLink(int type);
@@ -58,8 +48,6 @@ public:
                                   const QString &attr = QString(),
                                   const QString &src = QString());
 
-    // Prompts ---------------------------------------------------------------------------------
-
     /// Whether the product's own window process runs. Blocks for one task-list query.
     Q_INVOKABLE bool isKTRRunning();
 
@@ -70,8 +58,6 @@ public:
 
     /// Whether the window should draw a drop shadow of its own.
     Q_INVOKABLE bool showWindowShadow();
-
-    // For the shell -----------------------------------------------------------------------------
 
     /// What the user interface stored with `setExitCode`; -10 until then.
     int getExitCode() const;
@@ -90,11 +76,8 @@ private Q_SLOTS:
     void slotTimeOut();
 
 private:
-    bool WaitForUninstaller();
-    void ApplyConfigPrefix();
-
     QWindow *defaultParentWindow = nullptr;
-    std::map<QWindow *, std::unique_ptr<QEventLoop>> eventLoops;
+    std::map<QWindow *, QEventLoop> eventLoops; // one for each parent, never removed
     int valProgress = 0;
     int exitCode = -10;
     bool configPrefixApplied = false;
