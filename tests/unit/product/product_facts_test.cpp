@@ -5,11 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <filesystem>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -60,23 +60,23 @@ TEST_F(ProductFacts, AreReadAfreshEachTime)
 
 TEST_F(ProductFacts, CanBeReadFromSeveralThreads)
 {
-    values.SetText(kVersion, "OEM", "acme");
-    values.SetText(kDownload32, "xurlID", "5521");
-    values.SetText(kProduct, "Language", "English");
-    constexpr int kThreads = 4;
-    constexpr int kRounds = 200;
+    constexpr int kRounds = 1000;
+    values.SetText(kVersion, "OEM", std::string(259, 'o'));
+    values.SetText(kDownload32, "xurlID", std::string(259, 'x'));
+    values.SetText(kProduct, "Language", std::string(259, 'l'));
     std::atomic<int> wrong{0};
-    std::vector<std::thread> readers;
-    for (int i = 0; i < kThreads; ++i) {
-        readers.emplace_back([&wrong] {
+    const auto read = [&wrong](auto fact) {
+        return std::thread([&wrong, fact, expected = fact()] {
             for (int round = 0; round < kRounds; ++round) {
-                const bool right = GetOemName() == "acme" && GetXurlId() == "5521" &&
-                                   GetProductLanguage() == "English" &&
-                                   GetConfigVersionNo() == L"18.0";
-                wrong += right ? 0 : 1;
+                wrong += fact() == expected ? 0 : 1;
             }
         });
-    }
+    };
+    std::array<std::thread, 5> readers = {read(GetOemName),
+                                          read(GetXurlId),
+                                          read(GetXurlId),
+                                          read(GetProductLanguage),
+                                          read(GetConfigVersionNo)};
     for (std::thread &reader : readers) {
         reader.join();
     }
