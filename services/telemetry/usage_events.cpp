@@ -18,12 +18,15 @@ QString AsJsonDocument(const QString &attribute)
     return QString::fromUtf8(QJsonDocument(wrapper).toJson(QJsonDocument::Compact));
 }
 
-// Name and value take turns: the even texts are names.
+// Sends the pairs if they have this number of texts. Names and values take turns.
 template<std::size_t... kText>
 void SendTexts(TelemetryBinding &binding,
                const UsageEventPairs &pairs,
                std::index_sequence<kText...> /*texts*/)
 {
+    if (sizeof...(kText) != 2 * pairs.size()) {
+        return;
+    }
     const auto text = [&pairs](std::size_t index) {
         const auto &[name, value] = pairs[index / 2];
         return (index % 2 == 0 ? name : value).c_str();
@@ -52,18 +55,10 @@ UsageEventPairs ComposeUsageEvent(const QString &window,
 
 void SendPairs(TelemetryBinding &binding, const UsageEventPairs &pairs)
 {
-    switch (pairs.size()) {
-    case 2:
-        return SendTexts(binding, pairs, std::make_index_sequence<4>());
-    case 3:
-        return SendTexts(binding, pairs, std::make_index_sequence<6>());
-    case 4:
-        return SendTexts(binding, pairs, std::make_index_sequence<8>());
-    case 5:
-        return SendTexts(binding, pairs, std::make_index_sequence<10>());
-    default:
-        return;
-    }
+    SendTexts(binding, pairs, std::make_index_sequence<4>());
+    SendTexts(binding, pairs, std::make_index_sequence<6>());
+    SendTexts(binding, pairs, std::make_index_sequence<8>());
+    SendTexts(binding, pairs, std::make_index_sequence<10>());
 }
 
 void SendUsageEvent(const QString &window,

@@ -9,7 +9,7 @@
 
 // Qt calls the functions in this table for every object that is created or destroyed, in any
 // thread. It is meant for debuggers, so its declaration is in a private header.
-extern quintptr Q_CORE_EXPORT qtHookData[];
+extern quintptr Q_CORE_EXPORT qtHookData[]; // NOLINT(modernize-avoid-c-arrays): Qt has it so
 
 /// Watches the objects that the current thread creates while the watch lives. One at a time.
 class ObjectWatch
