@@ -18,17 +18,9 @@ Item {
 
     height: 32
 
-    MouseArea {
-        property point clickPos: "0,0"
-
+    ZoDragArea {
         anchors.fill: parent
-        acceptedButtons: Qt.LeftButton
-        onPressed: clickPos = Qt.point(mouse.x, mouse.y)
-        onPositionChanged: {
-            var delta = Qt.point(mouse.x - clickPos.x, mouse.y - clickPos.y)
-            window.setX(window.x + delta.x)
-            window.setY(window.y + delta.y)
-        }
+        dragged: window
     }
 
     // A disabled button lets presses fall through to what lies beneath; here they must not drag.

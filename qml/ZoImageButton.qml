@@ -5,7 +5,7 @@ import "."
 
 // A button that is a picture: one image per state, found by name, on an optional background.
 // Give it an Accessible.name, since it shows no text.
-Button {
+ZoPushButton {
     id: root
 
     property string resName: ""
@@ -52,22 +52,6 @@ Button {
             color = bgColorOnChecked
         }
         return color
-    }
-
-    Keys.onReturnPressed: activate(event)
-    Keys.onEnterPressed: activate(event)
-
-    function activate(event) {
-        if (!event.isAutoRepeat) {
-            clicked()
-        }
-    }
-
-    // Assistive tools can press what is disabled; the toolkit's own action would go ahead.
-    function accessiblePressAction() {
-        if (enabled) {
-            clicked()
-        }
     }
 
     style: ButtonStyle {

@@ -25,16 +25,9 @@ Rectangle {
         color: parent.color
     }
 
-    MouseArea {
-        property point clickPos: "0,0"
-
+    ZoDragArea {
         anchors.fill: parent
-        acceptedButtons: Qt.LeftButton
-        onPressed: clickPos = Qt.point(mouse.x, mouse.y)
-        onPositionChanged: {
-            titleBar.popup.setX(titleBar.popup.x + mouse.x - clickPos.x)
-            titleBar.popup.setY(titleBar.popup.y + mouse.y - clickPos.y)
-        }
+        dragged: titleBar.popup
     }
 
     Text {

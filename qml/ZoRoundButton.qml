@@ -6,7 +6,7 @@ import "public.js" as Public
 
 // A rounded push button that takes its colours from a table of states (public.js) and grows with
 // its text.
-Button {
+ZoPushButton {
     id: root
 
     property var properties: Public.nrpInfo
@@ -69,22 +69,6 @@ Button {
     onWidthChanged: reCalcWidth()
     onImplicitWidthChanged: reCalcWidth()
     Component.onCompleted: reCalcWidth()
-
-    Keys.onReturnPressed: activate(event)
-    Keys.onEnterPressed: activate(event)
-
-    function activate(event) {
-        if (!event.isAutoRepeat) {
-            clicked()
-        }
-    }
-
-    // Assistive tools can press what is disabled; the toolkit's own action would go ahead.
-    function accessiblePressAction() {
-        if (enabled) {
-            clicked()
-        }
-    }
 
     style: ButtonStyle {
         background: Rectangle {
