@@ -24,7 +24,7 @@ FocusScope {
         anchors.topMargin: 10
         text: Public.textOf(root.perferentialInfo, "price")
         textFormat: Text.PlainText
-        color: "#090A0A"
+        color: Public.pageTextColor
         font.pixelSize: 48
         font.weight: Font.Bold
     }

@@ -91,7 +91,7 @@ Item {
         anchors.right: parent.right
         height: 48
         text: home.listTitleTxt[0]
-        color: "#090A0A"
+        color: Public.pageTextColor
         font.pixelSize: 18
         font.weight: Font.DemiBold
         wrapMode: Text.WordWrap
@@ -177,7 +177,7 @@ Item {
         //: letters.
         text: qsTr("Unistalling\u2026")
         font.pixelSize: 14
-        color: "#090A0A"
+        color: Public.pageTextColor
         visible: false
     }
 

@@ -79,7 +79,7 @@ FocusScope {
             //: says "you" for "your". One line of about 80 letters.
             placeholderText: qsTr("you voice is important to us.")
             font.pixelSize: 14
-            color: "#090A0A"
+            color: Public.pageTextColor
             Accessible.name: placeholderText
 
             // Not its `focus`, which stays: the view round it is a scope of its own.

@@ -57,7 +57,7 @@ ZoPopWindow {
             textFormat: Text.RichText
             wrapMode: Text.WordWrap
             font.pixelSize: 14
-            color: "#555b66"
+            color: box.textColor
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
@@ -73,7 +73,7 @@ ZoPopWindow {
             textFormat: Text.RichText
             wrapMode: Text.WordWrap
             font.pixelSize: 14
-            color: "#555b66"
+            color: box.textColor
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }

@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Window 2.14
 import "."
+import "public.js" as Public
 
 // The title bar of a pop-up: moves the window, names it, and offers to close it.
 Rectangle {
@@ -42,7 +43,7 @@ Rectangle {
         textFormat: Text.PlainText
         elide: Text.ElideRight
         font.pixelSize: 14
-        color: "#555b66"
+        color: Public.winTextColor
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }

@@ -33,6 +33,7 @@ Window {
     property alias radius: background.radius
     property alias titleRightMargin: titleBar.closeRightMargin
 
+    readonly property color textColor: Public.winTextColor
     readonly property int borderw: haveBorder ? Public.winBorderWidth : 0
 
     signal buttonClicked(int index)

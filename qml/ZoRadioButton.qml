@@ -1,12 +1,13 @@
 import QtQuick 2.14
 import QtQuick.Controls 2.14
 import "."
+import "public.js" as Public
 
 // A radio button with a thin ring that becomes a thick one when checked.
 RadioButton {
     id: control
 
-    property color textColor: "#090A0A"
+    property color textColor: Public.pageTextColor
     property int fontSize: 14
 
     padding: 0

@@ -7,10 +7,14 @@
 // The blue of the family: what is filled or framed, and what asks for a click
 var accentColor = "#1F6FFF"
 
+// Text on the pages
+var pageTextColor = "#090A0A"
+
 // Pop-up windows
 var winRadius = 8
 var winBorderWidth = 1
 var winBorderColor = "#e1e7ef"
+var winTextColor = "#555b66"
 var winShadowColor = "#48475963"
 var winShadowBlur = 8
 
