@@ -1,7 +1,6 @@
 import QtQuick 2.6
 import QtQuick.Controls 1.4
 import QtQuick.Controls.Styles 1.4
-import "."
 
 // A button that is a picture: one image per state, found by name, on an optional background.
 // Give it an Accessible.name, since it shows no text.

@@ -22,6 +22,39 @@ OS_HEADERS = re.compile(
 )
 OS_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__linux__|__unix__|__APPLE__|Q_OS_\w+|_MSC_VER|__MINGW\w+)\b")
 HEX_COLOUR = re.compile(r"[\"']#[0-9a-fA-F]{3,8}[\"']")
+# What each file of the interface imports, in this order: versions decide which properties there are,
+# and the later of two modules with a type of the same name wins.
+QML_IMPORTS = {
+    "DiscountComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14", '"public.js" as Public'],
+    "HomePage.qml": ["QtQuick 2.14", "QtQuick.Window 2.14", "QtQuick.Controls 2.5",
+                     "QtGraphicalEffects 1.0", "QtQuick.Shapes 1.15", '"public.js" as Public',
+                     '"."'],
+    "Main.qml": ["QtQuick 2.14", "QtQuick.Window 2.14", "QtQuick.Controls 2.5",
+                 "QtQuick.Layouts 1.15", '"."'],
+    "ReasonComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14", '"public.js" as Public'],
+    "SubmitAdviceComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14",
+                                  '"public.js" as Public'],
+    "WinTitle.qml": ["QtQuick 2.12", "QtQuick.Layouts 1.14", "QtQuick.Controls.Styles 1.4",
+                     "QtQuick.Controls 1.4 as T", "QtQuick.Controls 2.14", "QtQuick.Window 2.14",
+                     "QtGraphicalEffects 1.0"],
+    "ZoDefaultRoundButton.qml": ["QtQuick 2.14", '"."', '"public.js" as Public'],
+    "ZoDragArea.qml": ["QtQuick 2.12", "QtQuick.Window 2.14"],
+    "ZoFocusFrame.qml": ["QtQuick 2.12", '"public.js" as Public'],
+    "ZoGradientFill.qml": ["QtQuick 2.12", "QtQuick.Shapes 1.14"],
+    "ZoImageButton.qml": ["QtQuick 2.6", "QtQuick.Controls 1.4", "QtQuick.Controls.Styles 1.4"],
+    "ZoLinkFocusMark.qml": ["QtQuick 2.12", '"public.js" as Public'],
+    "ZoLinkLabel.qml": ["QtQuick 2.14", '"public.js" as Public'],
+    "ZoMessageBox.qml": ["QtQuick 2.12", "QtQuick.Window 2.12", '"."'],
+    "ZoPopTitle.qml": ["QtQuick 2.12", "QtQuick.Window 2.14", '"."', '"public.js" as Public'],
+    "ZoPopWindow.qml": ["QtQuick 2.12", "QtQuick.Window 2.14", '"."', "QtQuick.Layouts 1.14",
+                        '"public.js" as Public'],
+    "ZoProgressBar.qml": ["QtQuick.Shapes 1.14", "QtQuick 2.14"],
+    "ZoPushButton.qml": ["QtQuick 2.14", "QtQuick.Controls 1.4"],
+    "ZoRadioButton.qml": ["QtQuick 2.14", "QtQuick.Controls 2.14", '"."', '"public.js" as Public'],
+    "ZoRoundButton.qml": ["QtQuick 2.14", "QtQuick.Controls 1.4", "QtQuick.Controls.Styles 1.4",
+                          '"."', '"public.js" as Public'],
+    "ZoRoundButtonLegacy.qml": ["QtQuick 2.14", '"."', '"public.js" as Public'],
+}
 README_LINES = 15
 CODE = (".cpp", ".h", ".c", ".qml", ".js", ".py", ".cmake", ".bat", ".nsi")
 
@@ -119,6 +152,14 @@ def test_every_resource_that_the_interface_names_is_there():
     }
     assert named
     assert named <= listed
+
+
+def test_the_interface_imports_what_the_table_lists():
+    imports = {
+        path.name: re.findall(r"^\s*import\s+(.+?)\s*$", path.read_text("utf-8"), re.MULTILINE)
+        for path in sources("qml", "*.qml")
+    }
+    assert imports == QML_IMPORTS
 
 
 def test_colours_live_in_the_interface_only():
