@@ -82,8 +82,9 @@ FocusScope {
             color: Public.pageTextColor
             Accessible.name: placeholderText
 
-            // Not its `focus`, which stays: the view round it is a scope of its own.
-            onActiveFocusChanged: root.frameFocus(activeFocus)
+            // Not its activeFocus, which goes whenever another window becomes active. The view
+            // round it is a focus scope, so the look also stays while a button has the keyboard.
+            onFocusChanged: root.frameFocus(focus)
 
             // The cut comes back here once more, with a text that fits. It begins a new history:
             // nothing that is undone can be longer.

@@ -1,5 +1,7 @@
 import QtQuick 2.14
+import QtQuick.Window 2.14
 import QtTest 1.15
+import "qrc:/"
 import "parts.js" as Parts
 
 // The feedback page: its frame, its button, and the link below. The text has tests of its own.
@@ -92,10 +94,46 @@ TestCase {
         mouseClick(box(), 100, 20)
         compare(border(), described.focused)
         keyClick(Qt.Key_Tab)
+        compare([box().activeFocus, box().focus], [false, true], "the view is a focus scope")
+        compare(border(), described.focused)
+        box().focus = false
         compare(border(), described.left)
         verify(Qt.colorEqual(probe.pixel(frame(), 100, 0), "#000000"))
         mouseClick(box(), 100, 20)
         compare(border(), described.focused)
+    }
+
+    Component {
+        id: otherWindow
+        Window {
+            width: 100
+            height: 100
+            visible: true
+        }
+    }
+
+    Component {
+        id: messageBox
+        ZoMessageBox {
+            visible: true
+        }
+    }
+
+    function test_anotherActiveWindowLeavesTheLook_data() {
+        return [{ tag: "another window", made: otherWindow }, { tag: "message box", made: messageBox }]
+    }
+
+    function test_anotherActiveWindowLeavesTheLook(row) {
+        mouseClick(box(), 100, 20)
+        tryCompare(box(), "activeFocus", true)
+        var other = row.made.createObject(null)
+        other.requestActivate()
+        tryCompare(other, "active", true)
+        tryCompare(box(), "activeFocus", false)
+        compare(border(), described.focused)
+        Parts.destroy(test, other)
+        test.Window.window.requestActivate()
+        tryCompare(test.Window.window, "active", true)
     }
 
     function test_aPressBelowTheTextFocusesIt() {
