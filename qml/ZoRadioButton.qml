@@ -10,7 +10,6 @@ RadioButton {
     property color textColor: Public.pageTextColor
     property int fontSize: 14
 
-    padding: 0
     hoverEnabled: true
 
     Accessible.role: Accessible.RadioButton
@@ -59,6 +58,9 @@ RadioButton {
         // On a whole pixel, or the ring would be drawn blurred.
         y: Math.round((control.height - height) / 2)
         radius: 7
+        // At scales such as 1.25 the ring may begin in the middle of a pixel, and the software
+        // renderer would drop the half that it has there. A hair larger, it rounds outwards.
+        scale: 1.002
         border.color: control.hovered || control.checked ? "#0079ff" : "#9aa6b3"
         border.width: control.checked ? 4 : 1
     }
@@ -84,8 +86,10 @@ RadioButton {
 
         ZoFocusFrame {
             x: label.leftPadding - 4
+            // The padding of Qt Quick Controls leaves the content less than a line of text.
+            y: -control.topPadding
             width: label.contentWidth + 8
-            height: parent.height
+            height: control.height
             visible: control.visualFocus
         }
     }

@@ -8,7 +8,7 @@ TestCase {
     id: test
 
     readonly property var described: ({
-        textColor: "#090a0a", fontSize: 14, padding: 0, checked: false,
+        textColor: "#090a0a", fontSize: 14, padding: 6, checked: false,
         indicator: 14, radius: 7, gap: 8, disabledOpacity: 0.3
     })
     readonly property var ring: ({
@@ -37,6 +37,11 @@ TestCase {
             onToggled: uninstallMgr.note("toggled " + checked)
             onClicked: uninstallMgr.note("clicked")
         }
+    }
+
+    Component {
+        id: base
+        RadioButton {}
     }
 
     Component {
@@ -77,16 +82,21 @@ TestCase {
         var button = make()
         verify(Qt.colorEqual(button.textColor, described.textColor))
         compare(button.fontSize, described.fontSize)
-        compare(button.padding, described.padding)
         compare(button.checked, described.checked)
+        var unchanged = createTemporaryObject(base, test)
+        var sides = ["padding", "leftPadding", "topPadding", "rightPadding", "bottomPadding"]
+        sides.forEach(function(side) {
+            compare(button[side], unchanged[side], side)
+            compare(button[side], described.padding, side)
+        })
     }
 
     function test_isAsSmallAsItsContent() {
         var button = make()
-        verify(button.implicitHeight <= 19, button.implicitHeight)
         compare(button.height, 19)
         var label = Parts.text(button)
-        compare(button.implicitWidth, label.contentWidth + 22)
+        compare(button.implicitWidth, label.contentWidth + 22 + 2 * described.padding)
+        compare(button.implicitHeight, label.contentHeight + 2 * described.padding)
     }
 
     function test_indicatorGeometry() {
@@ -94,7 +104,7 @@ TestCase {
         compare(indicator.width, described.indicator)
         compare(indicator.height, described.indicator)
         compare(indicator.radius, described.radius)
-        compare(indicator.x, 0)
+        compare(indicator.x, described.padding)
         fuzzyCompare(indicator.y, (19 - 14) / 2, 0.5)
         compare(indicator.y, Math.round(indicator.y), "on a whole pixel")
         compare(make({ leftPadding: 5 }).indicator.x, 5)
@@ -109,7 +119,7 @@ TestCase {
         verify(Qt.colorEqual(label.color, described.textColor))
         compare(label.leftPadding, described.indicator + described.gap)
         compare(label.width, 300 - 22)
-        compare(label.mapToItem(button, 0, 0).x, 0)
+        compare(label.mapToItem(button, 0, 0).x, described.padding)
         fuzzyCompare(label.mapToItem(button, 0, label.height / 2).y, 19 / 2, 0.5)
         compare(label.opacity, 1.0)
         button.enabled = false
@@ -211,7 +221,10 @@ TestCase {
         button.focus = false
         keyClick(Qt.Key_Tab)
         tryCompare(frame, "visible", true)
-        verify(frame.mapToItem(button, 0, 0).x >= 14, "clear of the ring")
+        var area = frame.mapToItem(button, 0, 0, frame.width, frame.height)
+        verify(area.x > described.padding + described.indicator, "clear of the ring")
+        verify(area.x + area.width <= button.width, "inside: pages clip")
+        compare([area.y, area.height], [0, button.height], "round the whole line")
     }
 
     function test_accessible() {

@@ -56,6 +56,29 @@ def install_icon(sandbox, colour):
     return set(sizes)
 
 
+def test_the_rings_of_the_reasons_are_closed_at_a_scale_between_whole_ones(sandbox):
+    factor = 1.25
+    program = sandbox.start(environment={"QT_SCALE_FACTOR": str(factor)})
+    window = program.window()
+
+    def scaled(point):
+        return layout.Point(int(point.x * factor), int(point.y * factor))
+
+    window.wait_colour(scaled(layout.face(layout.CANCEL)), layout.CANCEL_NORMAL)
+    reach = int(9 * factor)
+    for row in range(4):
+        centre = scaled(layout.ring(row))
+        area = layout.Rect(centre.x - reach, centre.y - reach, 2 * reach + 1, 2 * reach + 1)
+        picture = window.screen.picture(window.area(area)).convert("L")
+        # From the white centre to the light ground there is a grey line in between.
+        for x, y in ((-1, 0), (1, 0), (0, -1), (0, 1)):
+            line = [picture.getpixel((reach + x * step, reach + y * step))
+                    for step in range(reach + 1)]
+            assert line[0] == 255 and line[-1] > 225 and min(line) < 215, (row, x, y, line)
+    window.close()
+    expect_end(sandbox, program, cleanup=False)
+
+
 def test_its_icon_is_the_product_s(sandbox):
     violet = (120, 20, 200)
     sizes = install_icon(sandbox, violet)

@@ -51,6 +51,11 @@ def reason(row: int) -> Rect:
     return Rect(FRAME.left, FRAME.top + row * (19 + 10), 60, 19)
 
 
+def ring(row: int) -> Point:
+    """The centre of the radio button's ring in a row from 0."""
+    return Point(FRAME.left + 6 + 7, FRAME.top + row * (19 + 10) + 3 + 7)
+
+
 GIFT = Rect(FRAME.right - 48 - 210, FRAME.top + (FRAME.height - 140) // 2, 210, 140)
 """The picture of the coupon pages."""
 COUPON = FRAME
