@@ -57,8 +57,12 @@ function buttonTable(background, border, borderWidth, text) {
     }
 }
 
+function isGiven(value) {
+    return value !== undefined && value !== null
+}
+
 function isAbsent(value) {
-    return value === undefined || value === null || value === ""
+    return !isGiven(value) || value === ""
 }
 
 // The text under `key` of a map; the empty text when there is none.
@@ -116,8 +120,9 @@ function makeJsonAttr(list) {
 }
 
 // Shows a message box and returns only when it has gone, always with -1. Fields of `info`, all
-// optional: title, mainTitle, subTitle, buttons, icon, height. A `defaultIdx` is tolerated and
-// has no effect: the first button is always the default one.
+// optional: title, mainTitle, subTitle, buttons, icon, height. An empty field counts: an empty icon
+// is a box without one. A `defaultIdx` is tolerated and has no effect: the first button is always
+// the default one.
 function showMessageBox(info, parent) {
     var component = Qt.createComponent("qrc:/ZoMessageBox.qml")
     var box = component.createObject(parent ? parent : window, { visible: true })
@@ -128,11 +133,11 @@ function showMessageBox(info, parent) {
     var fields = info ? info : {}
     var copied = ["title", "mainTitle", "subTitle", "icon", "height"]
     for (var i = 0; i < copied.length; ++i) {
-        if (!isAbsent(fields[copied[i]])) {
+        if (isGiven(fields[copied[i]])) {
             box[copied[i]] = fields[copied[i]]
         }
     }
-    if (!isAbsent(fields.buttons)) {
+    if (isGiven(fields.buttons)) {
         box.setButtons(fields.buttons)
     }
     return box.open()
@@ -142,7 +147,7 @@ function showMessageBox(info, parent) {
 // the text itself. The target stays unquoted.
 function makeLink(text, url, linkColor) {
     var color = isAbsent(linkColor) ? defaultLinkColor : linkColor
-    var target = url === undefined || url === null ? homePageUrl : url
+    var target = isGiven(url) ? url : homePageUrl
     if (target === "") {
         target = text
     }

@@ -178,8 +178,7 @@ TestCase {
             { tag: "empty", info: {} },
             { tag: "undefined", info: undefined },
             { tag: "null", info: null },
-            { tag: "fields null", info: { title: null, icon: null, height: null, buttons: null } },
-            { tag: "fields empty", info: { title: "", icon: "", buttons: "" } }
+            { tag: "fields null", info: { title: null, icon: null, height: null, buttons: null } }
         ]
     }
 
@@ -192,6 +191,19 @@ TestCase {
             mouseClick(closeButton(box))
         })
         compare(waits().length, 2)
+    }
+
+    // An empty field is no absent one.
+    function test_emptyFields() {
+        ask({ title: "", mainTitle: "", subTitle: "", icon: "", buttons: [] }, function(box) {
+            compare([box.title, box.mainTitle, box.subTitle], ["", "", ""])
+            compare(box.icon.toString(), "")
+            compare(row(box).visible, false)
+            var icon = body(box).children[0]
+            compare(icon.status, Image.Null)
+            compare(Parts.all(body(box), "Text")[0].x, look.icon + look.textGap)
+            box.close()
+        })
     }
 
     function test_threeButtons() {
