@@ -43,7 +43,7 @@ ZoPushButton {
             return undefined
         }
         if (!enabled) {
-            return c.disabled
+            return normalOf(c.disabled)
         }
         if (c.enabled.pressed !== undefined && pressed) {
             return c.enabled.pressed
@@ -51,7 +51,12 @@ ZoPushButton {
         if (c.enabled.hovered !== undefined && hovered) {
             return c.enabled.hovered
         }
-        return c.enabled.normal !== undefined ? c.enabled.normal : c.enabled
+        return normalOf(c.enabled)
+    }
+
+    // The value itself, or its `normal` where it is split by state.
+    function normalOf(value) {
+        return value && value.normal !== undefined ? value.normal : value
     }
 
     function enabledOr(c, fallback) {

@@ -212,6 +212,21 @@ TestCase {
         ]
     }
 
+    // A disabled button has one look, whatever the mouse does: the normal one.
+    function test_disabledTextMayBeSplitByState_data() {
+        return [{ tag: "disabled" }, { tag: "disabled while hovered" },
+                { tag: "disabled while pressed" }]
+    }
+
+    function test_disabledTextMayBeSplitByState(row) {
+        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        table.textColor.disabled = { normal: "#040404", hovered: "#050505", pressed: "#060606" }
+        var button = make({ properties: table })
+        Parts.enter(test, button, row.tag)
+        verify(Qt.colorEqual(Parts.text(button).color, "#040404"), Parts.text(button).color)
+        Parts.leave(test, button)
+    }
+
     function test_valuesUnderEnabledMayBeSplitByState(row) {
         var table = JSON.parse(JSON.stringify(Public.nrpInfo))
         table.textColor = {
