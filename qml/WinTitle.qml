@@ -36,6 +36,8 @@ Item {
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         resName: "ico_popup_close"
+        // As in native title bars, or Tab and Space would close the window.
+        activeFocusOnTab: false
         //: What a screen reader calls the cross in the title bar of the window; nothing shows it.
         Accessible.name: qsTr("Close")
         onClicked: titleBar.closed()

@@ -60,6 +60,7 @@ Rectangle {
         anchors.rightMargin: 16
         anchors.verticalCenter: parent.verticalCenter
         resName: "ico_popup_close"
+        activeFocusOnTab: false
         visible: titleBar.closable
         enabled: !titleBar.busy
         //: What a screen reader calls the cross in the title bar of a message box; nothing shows

@@ -144,13 +144,18 @@ TestCase {
         compare(button.enabled, true)
     }
 
-    function test_closeButtonSaysClosed() {
+    function test_closeButtonSaysClosed_data() {
+        return [{ tag: "mouse", press: mouseClick },
+                { tag: "assistive tool", press: probe.pressAccessible }]
+    }
+
+    function test_closeButtonSaysClosed(row) {
         open()
         hiding.target = null
         var spy = createTemporaryQmlObject("import QtTest 1.15; SignalSpy {}", test)
         spy.target = titleBar()
         spy.signalName = "closed"
-        mouseClick(closeButton())
+        row.press(closeButton())
         compare(spy.count, 1)
     }
 

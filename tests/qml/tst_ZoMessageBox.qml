@@ -244,18 +244,23 @@ TestCase {
             { tag: "Enter", act: function(box) { keyPress(Qt.Key_Enter) } },
             { tag: "Escape on a button", act: function(box) {
                 keyClick(Qt.Key_Tab)
-                keyClick(Qt.Key_Tab)
                 compare(rowButtons(box)[0].activeFocus, true)
                 keyPress(Qt.Key_Escape)
             } },
             { tag: "Space on a button", act: function(box) {
                 keyClick(Qt.Key_Tab)
-                keyClick(Qt.Key_Tab)
                 keyClick(Qt.Key_Space)
             } },
-            { tag: "Return on the close button", act: function(box) {
+            { tag: "assistive tool on the close button", act: function(box) {
+                verify(probe.pressAccessible(closeButton(box)))
+            } },
+            { tag: "Escape in a box without a tab stop", act: function(box) {
+                box.setButtons([])
+                wait(0)
                 keyClick(Qt.Key_Tab)
-                keyPress(Qt.Key_Return)
+                keyClick(Qt.Key_Space)
+                compare(box.visible, true)
+                keyPress(Qt.Key_Escape)
             } },
             { tag: "twice at once", act: function(box) {
                 box.close()

@@ -199,7 +199,7 @@ def test_tab_leads_through_the_box_to_the_coupon(sandbox, program, window):
     cancel(sandbox, program, window)
 
 
-def test_shift_tab_leaves_the_box_for_the_title_bar(sandbox, program, window):
+def test_shift_tab_leaves_the_box_for_cancel(sandbox, program, window):
     steps.write(window, "x")
     window.keyboard.key("Shift_L", "Tab")
     window.keyboard.key("space")

@@ -83,7 +83,6 @@ def test_the_title_tells_the_page(sandbox):
 def test_a_reason_by_keyboard(sandbox, program, reason, key, from_the_end):
     window = program.window()
     row = steps.reason_rows(window)[reason]
-    window.keyboard.key("Tab")  # the title's button
     window.keyboard.key("Tab")
     if from_the_end:
         for _ in range(6):  # there is nothing beyond the last row
