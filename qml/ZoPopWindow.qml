@@ -100,7 +100,8 @@ Window {
             y = main.y + (main.height - height) / 2
         }
         if (visible) {
-            requestActivate()
+            // Later: now there is no window yet that could be activated.
+            Qt.callLater(requestActivate)
         }
         tellMainWindow(visible)
     }

@@ -457,6 +457,22 @@ TestCase {
         popup.close()
     }
 
+    // Also when the user goes to another window while the pop-up appears.
+    function test_asksForActivation() {
+        // Without an owner: one that the test's own window owns is active whenever that is.
+        var other = plainStage.createObject(null)
+        other.requestActivate()
+        tryCompare(other, "active", true)
+        tryCompare(stage, "active", false)
+        var popup = make()
+        popup.open()
+        other.requestActivate()
+        tryCompare(popup, "active", true)
+        compare(other.active, false)
+        popup.close()
+        Parts.destroy(test, other)
+    }
+
     function test_mainWindowIsTold() {
         stage = createTemporaryObject(hookedStage, test)
         var popup = show()
