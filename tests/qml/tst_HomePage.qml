@@ -276,7 +276,8 @@ TestCase {
                 buttons: Parts.all(popup.contentItem, "ZoDefaultRoundButton").map(function(button) {
                     return button.text
                 }),
-                others: Parts.all(popup.contentItem, "ZoRoundButton").length
+                others: Parts.all(popup.contentItem, "ZoRoundButton").length,
+                ofTheWindow: probe.ownerOf(popup) === main
             }
             uninstallMgr.note("box is up")
             popup.close()
@@ -288,12 +289,29 @@ TestCase {
             mainTitle: "Uninstall has detected that Torvan Dravik is currently running.",
             subTitle: "Please close all instances and try again.",
             buttons: ["OK"],
-            others: 0
+            others: 0,
+            ofTheWindow: true
         })
         compare(names(), ["sendUserInfo", "isKTRRunning", "popMsgBox", "note", "popMsgBox"])
         compare(main.exitCode, -2)
         compare([cancelButton().enabled, uninstallButton().enabled, closeButton().enabled],
                 [true, true, true])
         compare([progressLabel().visible, bar().visible], [false, false])
+    }
+
+    function test_everyTryIsReported() {
+        var reported = ["sendUserInfo", "UninstallPop", "Click_Uninstall", "", ""]
+        uninstallMgr.ktrRunning = true
+        insideBox = function(popup) { popup.close() }
+        for (var tries = 1; tries <= 2; ++tries) {
+            whenBoxIsUp.start()
+            mouseClick(uninstallButton())
+            compare(uninstallMgr.callsOf("sendUserInfo").length, tries)
+        }
+        uninstallMgr.ktrRunning = false
+        mouseClick(uninstallButton())
+        compare(uninstallMgr.callsOf("sendUserInfo"), [reported, reported, reported])
+        compare(uninstallMgr.callsOf("isKTRRunning").length, 3)
+        compare(uninstallMgr.callsOf("doUninstall").length, 1)
     }
 }

@@ -260,6 +260,15 @@ TestCase {
         GradientStop { position: 1; color: "red" }
     }
 
+    // Only the filled button draws the gradient of a table.
+    function test_gradientOfTheTableIsIgnored() {
+        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        table.gradient = { stops: [{ normal: "#ff0000" }, { normal: "#ff0000" }] }
+        var button = make({ text: "", properties: table })
+        compare(button.bgGradient, null)
+        compare(probe.pixel(button, 50, 14), colours.normal.fill.toLowerCase())
+    }
+
     function test_gradientReplacesTheFill() {
         var button = make({ text: "", bgGradient: someGradient })
         compare(probe.pixel(button, 50, 14), "#ff0000")

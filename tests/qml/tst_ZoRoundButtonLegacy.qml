@@ -81,6 +81,15 @@ TestCase {
         verify(Qt.colorEqual(Parts.text(button).color, "#654321"))
     }
 
+    // Only the filled button draws the gradient of a table.
+    function test_gradientOfTheTableIsIgnored() {
+        var table = JSON.parse(JSON.stringify(Public.rplInfo))
+        table.gradient = { stops: [{ normal: "#ff0000" }, { normal: "#ff0000" }] }
+        var button = createTemporaryObject(fixture, test, { text: "", properties: table })
+        compare(button.bgGradient, null)
+        compare(probe.pixel(button, 50, 14), colours.normal.fill.toLowerCase())
+    }
+
     function test_tableWithoutTextColor() {
         var table = JSON.parse(JSON.stringify(Public.rplInfo))
         delete table.textColor

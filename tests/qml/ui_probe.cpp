@@ -140,6 +140,11 @@ QVariantList UiProbe::below(QObject *object, const QString &className) const
     return found;
 }
 
+QObject *UiProbe::ownerOf(QObject *object) const
+{
+    return object != nullptr ? object->parent() : nullptr;
+}
+
 void UiProbe::closeBySystem(QObject *window) const
 {
     if (QWindow *target = WindowOf(window)) {

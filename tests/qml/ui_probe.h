@@ -35,6 +35,8 @@ public:
     /// Objects below another one that need be no items, such as animations and windows, by the
     /// beginning of their class name.
     Q_INVOKABLE QVariantList below(QObject *object, const QString &className) const;
+    /// The object that owns another one, which need not be an item; null when there is none.
+    Q_INVOKABLE QObject *ownerOf(QObject *object) const;
     /// Closes a window as a window manager does.
     Q_INVOKABLE void closeBySystem(QObject *window) const;
     /// Sends a key event that says it is a repetition of a held key.
