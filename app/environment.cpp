@@ -26,16 +26,15 @@ void EnterProgramDirectory()
     QCoreApplication::addLibraryPath(directory);
 }
 
-void RemoveWhenNotEmpty(const char *variable)
+void UnsetIfNonEmpty(const char *variable)
 {
     if (!qEnvironmentVariableIsEmpty(variable)) {
         qunsetenv(variable);
     }
 }
 
-// What other programs have set for their own Qt would bring foreign controls and plug-ins into
-// ours.
-void KeepOutForeignParts()
+// Variables that another program has set for its own Qt would load its plug-ins and controls.
+void UnsetQtPluginOverrides()
 {
     for (const char *variable : {"QT_QPA_PLATFORM_PLUGIN_PATH",
                                  "QT_QUICK_CONTROLS_CONF",
@@ -54,17 +53,22 @@ void ConfigureScaling()
     qputenv("QT_AUTO_SCREEN_SCALE_FACTOR", "");
 }
 
-// The software renderer loads no graphics driver, so it looks and works the same on remote desktops
-// and virtual machines, and it starts in a third of the time. A backend that is asked for by name
-// keeps its say. Nothing may stay on disk, hence no cache of compiled QML.
+// The program leaves nothing in the user's cache folder. QML_FORCE_DISK_CACHE would win over
+// QML_DISABLE_DISK_CACHE.
+void DisableQmlDiskCache()
+{
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
+    qunsetenv("QML_FORCE_DISK_CACHE");
+}
+
+// The software renderer loads no graphics driver, so the window looks and works the same on remote
+// desktops and virtual machines, and the program starts in a third of the time. An explicit
+// QT_QUICK_BACKEND wins.
 void ChooseRenderer()
 {
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     }
-    qputenv("QML_DISABLE_DISK_CACHE", "1");
-    // It would win over the other one.
-    qunsetenv("QML_FORCE_DISK_CACHE");
 }
 
 } // namespace
@@ -72,9 +76,10 @@ void ChooseRenderer()
 void PrepareEnvironment()
 {
     EnterProgramDirectory();
-    RemoveWhenNotEmpty("QT_PLUGIN_PATH");
-    RemoveWhenNotEmpty("QML2_IMPORT_PATH");
+    UnsetIfNonEmpty("QT_PLUGIN_PATH");
+    UnsetIfNonEmpty("QML2_IMPORT_PATH");
     ConfigureScaling();
-    KeepOutForeignParts();
+    UnsetQtPluginOverrides();
+    DisableQmlDiskCache();
     ChooseRenderer();
 }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::array<const wchar_t *, 1> kTelemetryHelpers = {L"SkyrelWrapExe.exe"};
 
-bool LiesIn(const platform::OpenedProcess &process, const std::wstring &dir)
+bool RunsFrom(const platform::OpenedProcess &process, const std::wstring &dir)
 {
     const auto path = process.ImagePath(platform::kPathCapacity);
     return path && platform::EqualsIgnoringCase(DirectoryOf(*path), dir);
@@ -45,7 +45,7 @@ bool KillProcessInDir(const std::wstring &name, const std::wstring &dir)
             continue;
         }
         const platform::OpenedProcess process = platform::OpenedProcess::Open(entry.id);
-        if (process && LiesIn(process, dir)) {
+        if (process && RunsFrom(process, dir)) {
             process.Terminate(0);
             terminated = true;
         }

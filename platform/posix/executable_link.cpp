@@ -33,12 +33,12 @@ std::optional<std::string> ReadLink(int folder, const char *link)
 
 } // namespace
 
-std::optional<std::string> ReadExecutableLink(int processFolder)
+std::optional<std::string> ReadExeLink(int processFolder)
 {
     return ReadLink(processFolder, "exe");
 }
 
-std::optional<std::string> ReadOwnExecutableLink()
+std::optional<std::string> ReadOwnExeLink()
 {
     // By this name a checker that runs the program within itself knows which one is meant.
     return ReadLink(AT_FDCWD, "/proc/self/exe");

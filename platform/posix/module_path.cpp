@@ -8,7 +8,7 @@ namespace {
 
 std::string OwnExecutable()
 {
-    return ReadOwnExecutableLink().value_or(std::string());
+    return ReadOwnExeLink().value_or(std::string());
 }
 
 /// What fits into `capacity` with a terminating zero.

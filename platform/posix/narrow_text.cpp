@@ -14,21 +14,21 @@ constexpr wchar_t kEscapeLast = 0xDCFF;
 
 /// The environment's encoding, for the calling thread, as long as it lives. The global locale is no
 /// help: it is "C" until somebody calls `setlocale`, which is long after the first use here.
-class EnvironmentLocale
+class ScopedEnvironmentLocale
 {
 public:
-    EnvironmentLocale()
+    ScopedEnvironmentLocale()
         : previous_(::uselocale(Environment()))
     {
     }
-    ~EnvironmentLocale()
+    ~ScopedEnvironmentLocale()
     {
         ::uselocale(previous_);
     }
-    EnvironmentLocale(const EnvironmentLocale &) = delete;
-    EnvironmentLocale &operator=(const EnvironmentLocale &) = delete;
-    EnvironmentLocale(EnvironmentLocale &&) = delete;
-    EnvironmentLocale &operator=(EnvironmentLocale &&) = delete;
+    ScopedEnvironmentLocale(const ScopedEnvironmentLocale &) = delete;
+    ScopedEnvironmentLocale &operator=(const ScopedEnvironmentLocale &) = delete;
+    ScopedEnvironmentLocale(ScopedEnvironmentLocale &&) = delete;
+    ScopedEnvironmentLocale &operator=(ScopedEnvironmentLocale &&) = delete;
 
 private:
     // Nobody has chosen an encoding then. File names are UTF-8 all the same, to the toolkit as
@@ -56,7 +56,7 @@ private:
 
 std::wstring ToWide(std::string_view bytes)
 {
-    const EnvironmentLocale locale;
+    const ScopedEnvironmentLocale locale;
     std::wstring text;
     text.reserve(bytes.size());
     std::mbstate_t state{};
@@ -77,7 +77,7 @@ std::wstring ToWide(std::string_view bytes)
 
 std::string ToNarrow(std::wstring_view text)
 {
-    const EnvironmentLocale locale;
+    const ScopedEnvironmentLocale locale;
     std::string bytes;
     bytes.reserve(text.size());
     std::mbstate_t state{};

@@ -55,7 +55,7 @@ bool Signal(int processFolder, ProcessId id, int signal)
 /// A process that has ended but whose parent has not asked for its status still has its folder.
 bool HasEnded(int processFolder)
 {
-    return !ReadExecutableLink(processFolder) && (errno == ENOENT || errno == ESRCH);
+    return !ReadExeLink(processFolder) && (errno == ENOENT || errno == ESRCH);
 }
 
 } // namespace
@@ -70,7 +70,7 @@ std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
     while (const dirent *const item = ::readdir(folder.get())) {
         const ProcessId id = ProcessIdOf(item->d_name);
         const FileDescriptor process = id != 0 ? OpenProcessFolder(id) : FileDescriptor();
-        const auto path = process ? ReadExecutableLink(process.Get()) : std::nullopt;
+        const auto path = process ? ReadExeLink(process.Get()) : std::nullopt;
         // No path: a kernel thread, one that has just ended, or one that we may not look at.
         if (path) {
             entries.push_back({id, ToWide(FileNameOf(*path))});
@@ -113,7 +113,7 @@ OpenedProcess::operator bool() const
 
 std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const
 {
-    const auto path = state_ ? ReadExecutableLink(state_->folder.Get()) : std::nullopt;
+    const auto path = state_ ? ReadExeLink(state_->folder.Get()) : std::nullopt;
     if (!path) {
         return std::nullopt;
     }

@@ -67,7 +67,7 @@ private:
         rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
     }
 
-    bool Take(char character)
+    bool Consume(char character)
     {
         if (rest_.empty() || rest_.front() != character) {
             return false;
@@ -117,13 +117,13 @@ private:
 
     void ReadValue()
     {
-        const std::optional<std::string> name = Take('@') ? std::string() : ReadQuoted();
+        const std::optional<std::string> name = Consume('@') ? std::string() : ReadQuoted();
         SkipBlanks();
-        if (!name || !Take('=')) {
+        if (!name || !Consume('=')) {
             return;
         }
         SkipBlanks();
-        if (Take('-')) {
+        if (Consume('-')) {
             if (current_ != nullptr) {
                 current_->erase(SmallLetters(*name));
             }
@@ -164,7 +164,7 @@ private:
             text += rest_.front();
             rest_.remove_prefix(1);
         }
-        return Take('"') ? std::optional(text) : std::nullopt;
+        return Consume('"') ? std::optional(text) : std::nullopt;
     }
 
     std::string_view TakeUntil(std::string_view ends)
@@ -193,13 +193,13 @@ private:
     std::optional<std::string> ReadBytes()
     {
         TakeUntil(":\n");
-        if (!Take(':')) {
+        if (!Consume(':')) {
             return std::nullopt;
         }
         std::string data;
         while (true) {
             SkipBlanks();
-            if (Take('\\')) {
+            if (Consume('\\')) {
                 SkipLine();
                 continue;
             }
@@ -213,7 +213,7 @@ private:
             }
             data += static_cast<char>(*byte);
             SkipBlanks();
-            if (!Take(',')) {
+            if (!Consume(',')) {
                 return data;
             }
         }
