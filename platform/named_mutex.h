@@ -12,24 +12,19 @@ inline constexpr std::uint32_t kErrorAccessDenied = 5;
 inline constexpr std::uint32_t kErrorAlreadyExists = 183;
 
 /// A mutex that processes of one user session find by name. Having a handle on it and owning it are
-/// two things: `Create` asks to own it, but gives a handle also when another process owns it.
+/// two things: `Create` asks to own it, but gives a handle also when another process owns it. Empty
+/// by default; the handle is closed at the end of the object's life.
 class NamedMutex
 {
 public:
-    /// Empty: no handle.
-    NamedMutex();
-    NamedMutex(NamedMutex &&other) noexcept;
-    NamedMutex &operator=(NamedMutex &&other) noexcept;
-    NamedMutex(const NamedMutex &) = delete;
-    NamedMutex &operator=(const NamedMutex &) = delete;
-    /// Closes the handle.
-    ~NamedMutex();
-
     /// Creates the mutex and owns it, or opens it when it exists; `error` becomes the last error of
     /// that very call. Empty when no handle could be had. The name takes no part of a path.
     static NamedMutex Create(const std::wstring &name, std::uint32_t &error);
 
-    explicit operator bool() const;
+    explicit operator bool() const
+    {
+        return state_ != nullptr;
+    }
 
     /// Gives the ownership up; the handle stays. No effect when empty.
     void Release();
@@ -39,8 +34,7 @@ public:
 
 private:
     struct State;
-    explicit NamedMutex(std::unique_ptr<State> state);
-    std::unique_ptr<State> state_;
+    std::unique_ptr<State, void (*)(State *)> state_{nullptr, nullptr};
 };
 
 } // namespace platform

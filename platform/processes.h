@@ -21,20 +21,18 @@ struct ProcessEntry
 /// the snapshot has no first entry.
 std::optional<std::vector<ProcessEntry>> SnapshotProcesses();
 
-/// A process opened with the rights to ask for its path and to end it, and no others.
+/// A process opened with the rights to ask for its path and to end it, and no others. Empty by
+/// default.
 class OpenedProcess
 {
 public:
     /// Empty when there is no such process or when it may not be opened.
     static OpenedProcess Open(ProcessId id);
 
-    OpenedProcess(OpenedProcess &&other) noexcept;
-    OpenedProcess &operator=(OpenedProcess &&other) noexcept;
-    OpenedProcess(const OpenedProcess &) = delete;
-    OpenedProcess &operator=(const OpenedProcess &) = delete;
-    ~OpenedProcess();
-
-    explicit operator bool() const;
+    explicit operator bool() const
+    {
+        return state_ != nullptr;
+    }
 
     /// Full path of the executable. No value when the system does not tell it or when it does not
     /// fit into `capacity` characters with its terminating zero.
@@ -45,8 +43,7 @@ public:
 
 private:
     struct State;
-    explicit OpenedProcess(std::unique_ptr<State> state);
-    std::unique_ptr<State> state_;
+    std::unique_ptr<State, void (*)(State *)> state_{nullptr, nullptr};
 };
 
 } // namespace platform

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-/// A key under HKEY_LOCAL_MACHINE, open for reading. Any thread; what it reads is what the registry
-/// held when the key was opened or later.
+/// A key under HKEY_LOCAL_MACHINE, open for reading; empty by default. Any thread; what it reads is
+/// what the registry held when the key was opened or later.
 class RegistryKey
 {
 public:
@@ -16,14 +16,10 @@ public:
     /// registry. The result is empty when there is no such key or it may not be read.
     static RegistryKey OpenLocalMachine(const std::string &path);
 
-    RegistryKey();
-    ~RegistryKey();
-    RegistryKey(RegistryKey &&other) noexcept;
-    RegistryKey &operator=(RegistryKey &&other) noexcept;
-    RegistryKey(const RegistryKey &) = delete;
-    RegistryKey &operator=(const RegistryKey &) = delete;
-
-    explicit operator bool() const;
+    explicit operator bool() const
+    {
+        return state_ != nullptr;
+    }
 
     /// Copies the data of a value, whatever its type, into `buffer`: text in the narrow encoding
     /// with its terminating zero, if the value has one. False, with nothing to be relied on in the
@@ -34,10 +30,8 @@ public:
     std::optional<std::string> Text(const std::string &name) const;
 
 private:
-    struct Data;
-    explicit RegistryKey(std::unique_ptr<Data> data);
-
-    std::unique_ptr<Data> data_;
+    struct State;
+    std::unique_ptr<State, void (*)(State *)> state_{nullptr, nullptr};
 };
 
 } // namespace platform

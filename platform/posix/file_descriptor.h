@@ -1,68 +1,47 @@
 #pragma once
 
+#include "platform/owner.h"
+
 #include <cerrno>
+#include <dirent.h>
 #include <unistd.h>
 
 namespace platform {
 
-/// Owns a file descriptor. Empty is -1, since 0 is a descriptor like any other.
-class FileDescriptor
+/// Calls `function` and puts `errno` back after it.
+template<class Function> void KeepErrno(Function function)
 {
-public:
-    FileDescriptor() = default;
-    explicit FileDescriptor(int descriptor)
-        : descriptor_(descriptor)
-    {
-    }
-    FileDescriptor(FileDescriptor &&other) noexcept
-        : descriptor_(other.Take())
-    {
-    }
-    FileDescriptor &operator=(FileDescriptor &&other) noexcept
-    {
-        if (this != &other) {
-            Close();
-            descriptor_ = other.Take();
-        }
-        return *this;
-    }
-    FileDescriptor(const FileDescriptor &) = delete;
-    FileDescriptor &operator=(const FileDescriptor &) = delete;
-    ~FileDescriptor()
-    {
-        Close();
-    }
+    const int lastError = errno;
+    function();
+    errno = lastError;
+}
 
-    explicit operator bool() const
+struct DescriptorTraits
+{
+    using Type = int;
+    static int Empty()
     {
-        return descriptor_ != kEmpty;
+        return -1; // 0 is a descriptor like any other
     }
-    int Get() const
+    static void Close(int descriptor)
     {
-        return descriptor_;
+        KeepErrno([descriptor] { ::close(descriptor); });
     }
-
-    /// Closes it; empty then. Keeps `errno`.
-    void Close()
-    {
-        if (descriptor_ != kEmpty) {
-            const int lastError = errno;
-            ::close(Take());
-            errno = lastError;
-        }
-    }
-
-private:
-    static constexpr int kEmpty = -1;
-
-    int Take()
-    {
-        const int taken = descriptor_;
-        descriptor_ = kEmpty;
-        return taken;
-    }
-
-    int descriptor_ = kEmpty;
 };
+struct FolderTraits
+{
+    using Type = DIR *;
+    static DIR *Empty()
+    {
+        return nullptr;
+    }
+    static void Close(DIR *folder)
+    {
+        KeepErrno([folder] { ::closedir(folder); });
+    }
+};
+
+using FileDescriptor = Owner<DescriptorTraits>;
+using FolderStream = Owner<FolderTraits>;
 
 } // namespace platform

@@ -8,7 +8,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <utility>
 
 namespace platform {
 namespace {
@@ -63,53 +62,36 @@ bool LockWithoutWaiting(int file)
 
 struct NamedMutex::State
 {
-    State(FileDescriptor openFile, bool holdsLock)
-        : file(std::move(openFile))
-        , locked(holdsLock)
-    {
-    }
-    State(const State &) = delete;
-    State &operator=(const State &) = delete;
-    State(State &&) = delete;
-    State &operator=(State &&) = delete;
-
-    // Unlocked by name: a process that was forked a moment ago and has not yet become another
-    // program still shares the descriptor, and closing ours alone would leave the lock with it.
-    ~State()
-    {
-        if (locked) {
-            const int savedError = errno;
-            ::flock(file.Get(), LOCK_UN);
-            errno = savedError;
-        }
-    }
-
     FileDescriptor file;
     bool locked;
-};
 
-NamedMutex::NamedMutex() = default;
-NamedMutex::NamedMutex(std::unique_ptr<State> state)
-    : state_(std::move(state))
-{
-}
-NamedMutex::NamedMutex(NamedMutex &&other) noexcept = default;
-NamedMutex &NamedMutex::operator=(NamedMutex &&other) noexcept = default;
-NamedMutex::~NamedMutex() = default;
+    // Unlocks before it closes: a process that was forked a moment ago and has not yet become
+    // another program still shares the descriptor, and closing ours alone would leave it the lock.
+    static void Delete(State *state)
+    {
+        KeepErrno([state] {
+            if (state->locked) {
+                ::flock(state->file.Get(), LOCK_UN);
+            }
+            delete state;
+        });
+    }
+};
 
 NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
 {
+    NamedMutex mutex;
     const std::string narrowName = ToNarrow(name);
     error = kErrorGeneralFailure;
     if (narrowName.empty() || narrowName.find('/') != std::string::npos) {
-        return {};
+        return mutex;
     }
     FileDescriptor file = OpenLockFile(LockFilePath(narrowName));
     if (!file) {
         if (errno == EACCES || errno == EPERM) {
             error = kErrorAccessDenied;
         }
-        return {};
+        return mutex;
     }
     const bool locked = LockWithoutWaiting(file.Get());
     if (locked) {
@@ -117,14 +99,10 @@ NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
     } else if (errno == EWOULDBLOCK) {
         error = kErrorAlreadyExists;
     } else {
-        return {};
+        return mutex;
     }
-    return NamedMutex(std::make_unique<State>(std::move(file), locked));
-}
-
-NamedMutex::operator bool() const
-{
-    return state_ != nullptr;
+    mutex.state_ = {new State{std::move(file), locked}, State::Delete};
+    return mutex;
 }
 
 void NamedMutex::Release()

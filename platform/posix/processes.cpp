@@ -7,11 +7,9 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
-#include <dirent.h>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/syscall.h>
-#include <utility>
 
 namespace platform {
 namespace {
@@ -30,14 +28,6 @@ ProcessId ProcessIdOf(std::string_view folderName)
     const auto [stop, error] = std::from_chars(folderName.data(), end, id);
     return error == std::errc() && stop == end ? id : 0;
 }
-
-struct CloseFolder
-{
-    void operator()(DIR *folder) const
-    {
-        ::closedir(folder);
-    }
-};
 
 /// Signals the process whose `/proc` folder is open, which a re-used identifier cannot redirect.
 /// Only a kernel that does not know the call leaves the identifier as the second-best way.
@@ -62,12 +52,12 @@ bool HasEnded(int processFolder)
 
 std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
 {
-    const std::unique_ptr<DIR, CloseFolder> folder(::opendir("/proc"));
+    const FolderStream folder(::opendir("/proc"));
     if (!folder) {
         return std::nullopt;
     }
     std::vector<ProcessEntry> entries;
-    while (const dirent *const item = ::readdir(folder.get())) {
+    while (const dirent *const item = ::readdir(folder.Get())) {
         const ProcessId id = ProcessIdOf(item->d_name);
         const FileDescriptor process = id != 0 ? OpenProcessFolder(id) : FileDescriptor();
         const auto path = process ? ReadExeLink(process.Get()) : std::nullopt;
@@ -86,29 +76,22 @@ struct OpenedProcess::State
 {
     FileDescriptor folder;
     ProcessId id;
-};
 
-OpenedProcess::OpenedProcess(std::unique_ptr<State> state)
-    : state_(std::move(state))
-{
-}
-OpenedProcess::OpenedProcess(OpenedProcess &&other) noexcept = default;
-OpenedProcess &OpenedProcess::operator=(OpenedProcess &&other) noexcept = default;
-OpenedProcess::~OpenedProcess() = default;
+    static void Delete(State *state)
+    {
+        delete state;
+    }
+};
 
 OpenedProcess OpenedProcess::Open(ProcessId id)
 {
     FileDescriptor folder = OpenProcessFolder(id);
     constexpr int kOnlyAsk = 0;
-    if (!folder || HasEnded(folder.Get()) || !Signal(folder.Get(), id, kOnlyAsk)) {
-        return OpenedProcess(nullptr);
+    OpenedProcess process;
+    if (folder && !HasEnded(folder.Get()) && Signal(folder.Get(), id, kOnlyAsk)) {
+        process.state_ = {new State{std::move(folder), id}, State::Delete};
     }
-    return OpenedProcess(std::make_unique<State>(State{std::move(folder), id}));
-}
-
-OpenedProcess::operator bool() const
-{
-    return state_ != nullptr;
+    return process;
 }
 
 std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const

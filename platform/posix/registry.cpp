@@ -5,8 +5,6 @@
 #include "platform/posix/text_file.h"
 
 #include <algorithm>
-#include <cstring>
-#include <utility>
 
 namespace platform {
 
@@ -24,7 +22,7 @@ std::string RegistryFile()
 } // namespace
 
 // The values as they were when the key was opened.
-struct RegistryKey::Data
+struct RegistryKey::State
 {
     RegistryValues values;
 
@@ -33,37 +31,27 @@ struct RegistryKey::Data
         const auto found = values.find(SmallLetters(name));
         return found != values.end() ? &found->second : nullptr;
     }
+
+    static void Delete(State *state)
+    {
+        delete state;
+    }
 };
 
 RegistryKey RegistryKey::OpenLocalMachine(const std::string &path)
 {
     RegistryKeys keys = ParseRegistry(ReadTextFile(RegistryFile()));
     const auto key = keys.find(SmallLetters(path));
-    if (key == keys.end()) {
-        return {};
+    RegistryKey opened;
+    if (key != keys.end()) {
+        opened.state_ = {new State{std::move(key->second)}, State::Delete};
     }
-    auto data = std::make_unique<Data>();
-    data->values = std::move(key->second);
-    return RegistryKey(std::move(data));
-}
-
-RegistryKey::RegistryKey() = default;
-RegistryKey::RegistryKey(std::unique_ptr<Data> data)
-    : data_(std::move(data))
-{
-}
-RegistryKey::~RegistryKey() = default;
-RegistryKey::RegistryKey(RegistryKey &&other) noexcept = default;
-RegistryKey &RegistryKey::operator=(RegistryKey &&other) noexcept = default;
-
-RegistryKey::operator bool() const
-{
-    return data_ != nullptr;
+    return opened;
 }
 
 bool RegistryKey::Query(const std::string &name, char *buffer, std::size_t capacity) const
 {
-    const std::string *const found = data_ ? data_->Find(name) : nullptr;
+    const std::string *const found = state_ ? state_->Find(name) : nullptr;
     if (found == nullptr || found->size() > capacity) {
         return false;
     }
@@ -73,7 +61,7 @@ bool RegistryKey::Query(const std::string &name, char *buffer, std::size_t capac
 
 std::optional<std::string> RegistryKey::Text(const std::string &name) const
 {
-    const std::string *const found = data_ ? data_->Find(name) : nullptr;
+    const std::string *const found = state_ ? state_->Find(name) : nullptr;
     return found != nullptr ? std::optional(found->substr(0, found->find('\0'))) : std::nullopt;
 }
 

@@ -1,85 +1,55 @@
 #pragma once
 
+#include "platform/owner.h"
+
 #include <windows.h>
 
 namespace platform {
 
+/// Calls `function` and puts the thread's last error back after it.
+template<class Function> void KeepLastError(Function function)
+{
+    const DWORD lastError = ::GetLastError();
+    function();
+    ::SetLastError(lastError);
+}
+
 /// Most calls that fail give null; some give -1 instead, and each would take the other's empty
 /// value for a handle.
-struct EmptyIsNull
+struct ObjectTraits
 {
+    using Type = HANDLE;
     static HANDLE Empty()
     {
         return nullptr;
     }
+    static void Close(HANDLE handle)
+    {
+        KeepLastError([handle] { ::CloseHandle(handle); });
+    }
 };
-struct EmptyIsInvalid
+struct SnapshotTraits : ObjectTraits
 {
     static HANDLE Empty()
     {
         return INVALID_HANDLE_VALUE;
     }
 };
-
-/// Owns a kernel handle whose empty value `Emptiness` knows.
-template<class Emptiness> class Handle
+struct RegistryTraits
 {
-public:
-    Handle() = default;
-    explicit Handle(HANDLE handle)
-        : handle_(handle)
+    using Type = HKEY;
+    static HKEY Empty()
     {
+        return nullptr;
     }
-    Handle(Handle &&other) noexcept
-        : handle_(other.Take())
+    static void Close(HKEY key)
     {
+        KeepLastError([key] { ::RegCloseKey(key); });
     }
-    Handle &operator=(Handle &&other) noexcept
-    {
-        if (this != &other) {
-            Close();
-            handle_ = other.Take();
-        }
-        return *this;
-    }
-    Handle(const Handle &) = delete;
-    Handle &operator=(const Handle &) = delete;
-    ~Handle()
-    {
-        Close();
-    }
-
-    explicit operator bool() const
-    {
-        return handle_ != Emptiness::Empty();
-    }
-    HANDLE Get() const
-    {
-        return handle_;
-    }
-
-    /// Closes it; empty then. Keeps the last error.
-    void Close()
-    {
-        if (handle_ != Emptiness::Empty()) {
-            const DWORD lastError = ::GetLastError();
-            ::CloseHandle(Take());
-            ::SetLastError(lastError);
-        }
-    }
-
-private:
-    HANDLE Take()
-    {
-        auto *const taken = handle_;
-        handle_ = Emptiness::Empty();
-        return taken;
-    }
-
-    HANDLE handle_ = Emptiness::Empty();
 };
 
-using ObjectHandle = Handle<EmptyIsNull>;      ///< mutexes, processes
-using SnapshotHandle = Handle<EmptyIsInvalid>; ///< toolhelp snapshots, files
+using ObjectHandle = Owner<ObjectTraits>;     ///< mutexes, processes
+using SnapshotHandle = Owner<SnapshotTraits>; ///< toolhelp snapshots, files
+using RegistryHandle = Owner<RegistryTraits>; ///< registry keys
 
 } // namespace platform

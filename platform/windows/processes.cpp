@@ -3,7 +3,6 @@
 #include "platform/windows/handle.h"
 
 #include <tlhelp32.h>
-#include <utility>
 
 namespace platform {
 
@@ -29,31 +28,22 @@ std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
 struct OpenedProcess::State
 {
     ObjectHandle handle;
-};
 
-OpenedProcess::OpenedProcess(std::unique_ptr<State> state)
-    : state_(std::move(state))
-{
-}
-OpenedProcess::OpenedProcess(OpenedProcess &&other) noexcept = default;
-OpenedProcess &OpenedProcess::operator=(OpenedProcess &&other) noexcept = default;
-OpenedProcess::~OpenedProcess() = default;
+    static void Delete(State *state)
+    {
+        delete state;
+    }
+};
 
 OpenedProcess OpenedProcess::Open(ProcessId id)
 {
     constexpr DWORD kRights = PROCESS_TERMINATE | PROCESS_QUERY_LIMITED_INFORMATION;
     ObjectHandle handle(::OpenProcess(kRights, FALSE, id));
-    if (!handle) {
-        return OpenedProcess(nullptr);
+    OpenedProcess process;
+    if (handle) {
+        process.state_ = {new State{std::move(handle)}, State::Delete};
     }
-    auto state = std::make_unique<State>();
-    state->handle = std::move(handle);
-    return OpenedProcess(std::move(state));
-}
-
-OpenedProcess::operator bool() const
-{
-    return state_ != nullptr;
+    return process;
 }
 
 std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const

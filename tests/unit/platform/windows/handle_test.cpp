@@ -7,6 +7,7 @@
 namespace {
 
 using platform::ObjectHandle;
+using platform::RegistryHandle;
 using platform::SnapshotHandle;
 
 HANDLE NewEvent()
@@ -26,6 +27,7 @@ TEST(Handle, EachKindKnowsItsEmptyValue)
     EXPECT_FALSE(ObjectHandle(nullptr));
     EXPECT_FALSE(SnapshotHandle());
     EXPECT_FALSE(SnapshotHandle(INVALID_HANDLE_VALUE));
+    EXPECT_FALSE(RegistryHandle());
     EXPECT_EQ(ObjectHandle().Get(), nullptr);
     EXPECT_EQ(SnapshotHandle().Get(), INVALID_HANDLE_VALUE);
 }
@@ -45,6 +47,18 @@ TEST(Handle, ClosesWhatItOwns)
         EXPECT_TRUE(IsOpen(event));
     }
     EXPECT_FALSE(IsOpen(event));
+}
+
+TEST(Handle, ClosesARegistryKey)
+{
+    HKEY key = nullptr;
+    ASSERT_EQ(::RegOpenKeyExA(HKEY_CURRENT_USER, "Software", 0, KEY_READ, &key), ERROR_SUCCESS);
+    {
+        const RegistryHandle owner(key);
+        EXPECT_TRUE(owner);
+        EXPECT_TRUE(IsOpen(key));
+    }
+    EXPECT_FALSE(IsOpen(key));
 }
 
 TEST(Handle, MovingHandsItOver)
