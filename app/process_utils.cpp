@@ -35,21 +35,17 @@ std::wstring GetModuleDirW()
 
 bool KillProcessInDir(const std::wstring &name, const std::wstring &dir)
 {
-    const auto processes = platform::SnapshotProcesses();
-    if (!processes) {
-        return false;
-    }
     bool terminated = false;
-    for (const platform::ProcessEntry &entry : *processes) {
+    platform::VisitProcesses([&](const platform::ProcessEntry &entry) {
         if (!platform::EqualsIgnoringCase(entry.imageName, name)) {
-            continue;
+            return;
         }
         const platform::OpenedProcess process = platform::OpenedProcess::Open(entry.id);
         if (process && RunsFrom(process, dir)) {
             process.Terminate(0);
             terminated = true;
         }
-    }
+    });
     return terminated;
 }
 

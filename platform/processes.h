@@ -2,10 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace platform {
 
@@ -17,9 +17,10 @@ struct ProcessEntry
     std::wstring imageName; ///< file name of the executable, without its directory
 };
 
-/// All processes that run now, in the system's order. No value when the system gives no snapshot or
-/// the snapshot has no first entry.
-std::optional<std::vector<ProcessEntry>> SnapshotProcesses();
+/// Takes a snapshot of the processes that run now, calls `visit` for each, in the system's order,
+/// and closes the snapshot. False, without a call, when the system gives no snapshot or the
+/// snapshot has no first entry.
+bool VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit);
 
 /// A process opened with the rights to ask for its path and to end it, and no others. Empty by
 /// default.

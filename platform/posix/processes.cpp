@@ -50,26 +50,24 @@ bool HasEnded(int processFolder)
 
 } // namespace
 
-std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
+bool VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
 {
     const FolderStream folder(::opendir("/proc"));
     if (!folder) {
-        return std::nullopt;
+        return false;
     }
-    std::vector<ProcessEntry> entries;
+    bool any = false;
     while (const dirent *const item = ::readdir(folder.Get())) {
         const ProcessId id = ProcessIdOf(item->d_name);
         const FileDescriptor process = id != 0 ? OpenProcessFolder(id) : FileDescriptor();
         const auto path = process ? ReadExeLink(process.Get()) : std::nullopt;
         // No path: a kernel thread, one that has just ended, or one that we may not look at.
         if (path) {
-            entries.push_back({id, ToWide(FileNameOf(*path))});
+            any = true;
+            visit({id, ToWide(FileNameOf(*path))});
         }
     }
-    if (entries.empty()) {
-        return std::nullopt;
-    }
-    return entries;
+    return any;
 }
 
 struct OpenedProcess::State

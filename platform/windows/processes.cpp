@@ -6,23 +6,22 @@
 
 namespace platform {
 
-std::optional<std::vector<ProcessEntry>> SnapshotProcesses()
+bool VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
 {
     const SnapshotHandle snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     if (!snapshot) {
-        return std::nullopt;
+        return false;
     }
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
     static_assert(sizeof(entry) == 568, "the wide process entry of 64-bit Windows");
     if (::Process32FirstW(snapshot.Get(), &entry) == FALSE) {
-        return std::nullopt;
+        return false;
     }
-    std::vector<ProcessEntry> entries;
     do {
-        entries.push_back({entry.th32ProcessID, entry.szExeFile});
+        visit({entry.th32ProcessID, entry.szExeFile});
     } while (::Process32NextW(snapshot.Get(), &entry) != FALSE);
-    return entries;
+    return true;
 }
 
 struct OpenedProcess::State

@@ -1,9 +1,9 @@
 #include "controller/task_list.h"
 
-#include "platform/processes.h"
 #include "tests/unit/config/log_watch.h"
 #include "tests/unit/controller/object_watch.h"
 #include "tests/unit/controller/task_list_stand_in.h"
+#include "tests/unit/platform/support/child.h"
 #include "tests/unit/platform/support/waiting.h"
 
 #include <QCoreApplication>
@@ -12,8 +12,6 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -46,12 +44,7 @@ protected:
 
     bool QueryRuns() const
     {
-        const std::wstring image = standIn_.Program().filename().wstring();
-        const auto processes = platform::SnapshotProcesses();
-        return !processes ||
-               std::any_of(processes->begin(), processes->end(), [&](const auto &process) {
-                   return process.imageName == image;
-               });
+        return contract::IsImageRunning(standIn_.Program().filename().wstring());
     }
 
     contract::ScratchFolder folder_;

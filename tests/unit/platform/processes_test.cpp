@@ -25,11 +25,10 @@ TEST(ProcessesContract, SnapshotNamesThisProcess)
 
 TEST(ProcessesContract, SnapshotHasEveryProcessOnce)
 {
-    const auto processes = platform::SnapshotProcesses();
-    ASSERT_TRUE(processes);
+    const auto processes = contract::ListedProcesses();
     const auto own = contract::OwnProcessId();
-    EXPECT_EQ(std::count_if(processes->begin(),
-                            processes->end(),
+    EXPECT_EQ(std::count_if(processes.begin(),
+                            processes.end(),
                             [own](const auto &process) { return process.id == own; }),
               1);
 }

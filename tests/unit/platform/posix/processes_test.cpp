@@ -3,6 +3,7 @@
 #include "tests/unit/platform/support/waiting.h"
 
 #include <gtest/gtest.h>
+#include <set>
 #include <sys/wait.h>
 
 namespace {
@@ -62,11 +63,28 @@ TEST(PosixProcesses, AProcessOfAnotherUserCannotBeOpened)
 
 TEST(PosixProcesses, KernelThreadsAreNotListed)
 {
-    const auto processes = platform::SnapshotProcesses();
-    ASSERT_TRUE(processes);
-    for (const auto &process : *processes) {
+    for (const auto &process : contract::ListedProcesses()) {
         EXPECT_FALSE(process.imageName.empty()) << process.id;
     }
+}
+
+/// How many descriptors of this process lead to `/proc` itself.
+int OpenSnapshots()
+{
+    int count = 0;
+    for (const auto &item : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone;
+        count += std::filesystem::read_symlink(item.path(), gone) == "/proc" ? 1 : 0;
+    }
+    return count;
+}
+
+TEST(PosixProcesses, TheSnapshotIsOpenUntilTheLastEntryIsVisited)
+{
+    std::set<int> open;
+    EXPECT_TRUE(platform::VisitProcesses([&open](const auto &) { open.insert(OpenSnapshots()); }));
+    EXPECT_EQ(open, std::set<int>{1});
+    EXPECT_EQ(OpenSnapshots(), 0);
 }
 
 TEST(PosixProcesses, NamesOfBrokenBytesStayApart)

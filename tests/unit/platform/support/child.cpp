@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <stdexcept>
 
 namespace contract {
 
@@ -96,16 +97,33 @@ void DetachedChild::AwaitStart()
     id_ = static_cast<platform::ProcessId>(std::strtoul(answer.c_str(), nullptr, 10));
 }
 
+std::vector<platform::ProcessEntry> ListedProcesses()
+{
+    std::vector<platform::ProcessEntry> processes;
+    const bool listed =
+        platform::VisitProcesses([&](const auto &process) { processes.push_back(process); });
+    if (!listed) {
+        throw std::runtime_error("the system lists no processes");
+    }
+    return processes;
+}
+
 std::wstring ImageNameOf(platform::ProcessId id)
 {
-    const auto processes = platform::SnapshotProcesses();
-    if (!processes) {
-        return {};
+    for (const auto &process : ListedProcesses()) {
+        if (process.id == id) {
+            return process.imageName;
+        }
     }
-    const auto found = std::find_if(processes->begin(),
-                                    processes->end(),
-                                    [id](const auto &process) { return process.id == id; });
-    return found != processes->end() ? found->imageName : std::wstring();
+    return {};
+}
+
+bool IsImageRunning(const std::wstring &imageName)
+{
+    const auto processes = ListedProcesses();
+    return std::any_of(processes.begin(), processes.end(), [&](const auto &process) {
+        return process.imageName == imageName;
+    });
 }
 
 bool IsRunning(platform::ProcessId id)

@@ -92,8 +92,12 @@ private:
     platform::ProcessId id_ = 0;
 };
 
+/// All entries of a snapshot.
+std::vector<platform::ProcessEntry> ListedProcesses();
 /// Whether a process with that identifier is in the snapshot.
 bool IsRunning(platform::ProcessId id);
+/// Whether a process with that image name is in the snapshot.
+bool IsImageRunning(const std::wstring &imageName);
 /// Its image name in the snapshot; empty when it is not there.
 std::wstring ImageNameOf(platform::ProcessId id);
 

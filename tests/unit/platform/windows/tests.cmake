@@ -5,7 +5,9 @@ ktr_add_contract_test(platform_windows_test
     windows/launch_test.cpp
     windows/library_test.cpp
     windows/module_path_test.cpp
+    windows/processes_test.cpp
     windows/registry_values_test.cpp
+    windows/replaced_import.h
     windows/window_test.cpp)
 
 add_library(contract_error_mode MODULE fixtures/error_mode_library.cpp)
