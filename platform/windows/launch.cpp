@@ -1,34 +1,39 @@
 #include "platform/launch.h"
 
-#include "platform/windows/launch_sequence.h"
+#include <windows.h>
 
 namespace platform {
-namespace {
-
-struct System
-{
-    template<class... Arguments> void CreateProcessNarrow(Arguments... arguments)
-    {
-        ::CreateProcessA(arguments...);
-    }
-    void SetPriorityClass(HANDLE process, DWORD priorityClass)
-    {
-        ::SetPriorityClass(process, priorityClass);
-    }
-    void SetProcessPriorityBoost(HANDLE process, BOOL disabled)
-    {
-        ::SetProcessPriorityBoost(process, disabled);
-    }
-};
-
-} // namespace
 
 void LaunchDetached(const std::string &commandLine,
                     const std::string &workingDirectory,
                     const LaunchOptions &options)
 {
-    System system;
-    LaunchSequence(system, commandLine, workingDirectory, options);
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    if (options.show == ShowWindow::Hidden) {
+        startup.dwFlags = STARTF_USESHOWWINDOW;
+        startup.wShowWindow = SW_HIDE;
+    }
+    PROCESS_INFORMATION process = {};
+    std::string writable = commandLine; // CreateProcess may write into it
+    ::CreateProcessA(nullptr,
+                     writable.data(),
+                     nullptr,
+                     nullptr,
+                     FALSE,
+                     0,
+                     nullptr,
+                     workingDirectory.c_str(),
+                     &startup,
+                     &process);
+    // Also after a failure, with the null handle of the zero-filled record. The handles stay open.
+    if (options.priority == PriorityClass::Idle) {
+        ::SetPriorityClass(process.hProcess, IDLE_PRIORITY_CLASS);
+    }
+    if (!options.priorityBoost) {
+        constexpr BOOL kSwitchedOff = TRUE;
+        ::SetProcessPriorityBoost(process.hProcess, kSwitchedOff);
+    }
 }
 
 } // namespace platform

@@ -1,6 +1,6 @@
 #include "platform/window.h"
 
-#include "platform/windows/bring_to_front.h"
+#include <windows.h>
 
 namespace platform {
 namespace {
@@ -10,38 +10,6 @@ HWND ToNative(WindowHandle window)
     return reinterpret_cast<HWND>(window);
 }
 
-struct System
-{
-    HWND GetForegroundWindow()
-    {
-        return ::GetForegroundWindow();
-    }
-    DWORD GetWindowThreadProcessId(HWND window, DWORD *process)
-    {
-        return ::GetWindowThreadProcessId(window, process);
-    }
-    DWORD GetCurrentThreadId()
-    {
-        return ::GetCurrentThreadId();
-    }
-    void AttachThreadInput(DWORD thread, DWORD to, BOOL attach)
-    {
-        ::AttachThreadInput(thread, to, attach);
-    }
-    void ShowWindow(HWND window, int how)
-    {
-        ::ShowWindow(window, how);
-    }
-    void SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags)
-    {
-        ::SetWindowPos(window, after, x, y, width, height, flags);
-    }
-    void SetForegroundWindow(HWND window)
-    {
-        ::SetForegroundWindow(window);
-    }
-};
-
 } // namespace
 
 bool WindowExists(WindowHandle window)
@@ -49,10 +17,22 @@ bool WindowExists(WindowHandle window)
     return ::IsWindow(ToNative(window)) != FALSE;
 }
 
+// No result is looked at. Top-most and back again puts the window above all others without leaving
+// it there.
 void BringToFront(WindowHandle window)
 {
-    System system;
-    BringToFrontSequence(system, ToNative(window));
+    constexpr UINT kOnlyOrder = SWP_NOSIZE | SWP_NOMOVE;
+    HWND native = ToNative(window);
+    HWND foreground = ::GetForegroundWindow();
+    const DWORD foregroundThread = ::GetWindowThreadProcessId(foreground, nullptr);
+    const DWORD ownThread = ::GetCurrentThreadId();
+    // Windows lets only the thread that has the input change the foreground window.
+    ::AttachThreadInput(ownThread, foregroundThread, TRUE);
+    ::ShowWindow(native, SW_SHOWNORMAL);
+    ::SetWindowPos(native, HWND_TOPMOST, 0, 0, 0, 0, kOnlyOrder);
+    ::SetWindowPos(native, HWND_NOTOPMOST, 0, 0, 0, 0, kOnlyOrder);
+    ::SetForegroundWindow(native);
+    ::AttachThreadInput(ownThread, foregroundThread, FALSE);
 }
 
 bool DropShadowEnabled()

@@ -1,101 +1,102 @@
-#include "platform/windows/launch_sequence.h"
+#include "platform/launch.h"
 #include "tests/unit/platform/support/child.h"
+#include "tests/unit/platform/windows/replaced_import.h"
 
 #include <cstring>
 #include <gmock/gmock.h>
 
+extern "C" {
+extern decltype(&::CreateProcessA) __imp_CreateProcessA;
+extern decltype(&::SetPriorityClass) __imp_SetPriorityClass;
+extern decltype(&::SetProcessPriorityBoost) __imp_SetProcessPriorityBoost;
+}
+
 namespace {
 
 using contract::DetachedChild;
+using contract::ReplacedImport;
 using platform::LaunchOptions;
 using platform::PriorityClass;
 using platform::ShowWindow;
-using testing::_;
+using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::InSequence;
-using testing::Invoke;
-using testing::IsNull;
 using testing::Not;
-using testing::StrEq;
-using testing::StrictMock;
-using testing::WithArgs;
 
-constexpr DWORD kIdleClass = 0x40;
 const LaunchOptions kHiddenIdle = {ShowWindow::Hidden, PriorityClass::Idle, false};
 
-struct RecordedCalls
+/// Notes what becomes of a process that could not be created.
+class FailedLaunch : public testing::Test
 {
-    MOCK_METHOD(void,
-                CreateProcessNarrow,
-                (const char *application,
-                 char *commandLine,
-                 SECURITY_ATTRIBUTES *process,
-                 SECURITY_ATTRIBUTES *thread,
-                 BOOL inheritHandles,
-                 DWORD flags,
-                 void *environment,
-                 const char *workingDirectory,
-                 STARTUPINFOA *startup,
-                 PROCESS_INFORMATION *result));
-    MOCK_METHOD(void, SetPriorityClass, (HANDLE process, DWORD priorityClass));
-    MOCK_METHOD(void, SetProcessPriorityBoost, (HANDLE process, BOOL disabled));
+protected:
+    void SetUp() override
+    {
+        calls.clear();
+        startup = {};
+    }
+
+    static std::vector<std::string> calls;
+    static STARTUPINFOA startup;
+
+private:
+    static WINBOOL WINAPI Create(const char *,
+                                 char *,
+                                 SECURITY_ATTRIBUTES *,
+                                 SECURITY_ATTRIBUTES *,
+                                 WINBOOL,
+                                 DWORD,
+                                 void *,
+                                 const char *,
+                                 STARTUPINFOA *given,
+                                 PROCESS_INFORMATION *process)
+    {
+        const PROCESS_INFORMATION zero = {};
+        EXPECT_EQ(std::memcmp(process, &zero, sizeof(zero)), 0);
+        startup = *given;
+        calls.emplace_back("create");
+        return FALSE;
+    }
+    static WINBOOL WINAPI SetClass(HANDLE process, DWORD priorityClass)
+    {
+        EXPECT_EQ(process, nullptr);
+        calls.push_back("class " + std::to_string(priorityClass));
+        return FALSE;
+    }
+    static WINBOOL WINAPI SetBoost(HANDLE process, WINBOOL disabled)
+    {
+        EXPECT_EQ(process, nullptr);
+        calls.push_back("boost off " + std::to_string(disabled));
+        return FALSE;
+    }
+
+    ReplacedImport<decltype(&::CreateProcessA)> create_{__imp_CreateProcessA, Create};
+    ReplacedImport<decltype(&::SetPriorityClass)> class_{__imp_SetPriorityClass, SetClass};
+    ReplacedImport<decltype(&::SetProcessPriorityBoost)> boost_{__imp_SetProcessPriorityBoost,
+                                                                SetBoost};
 };
 
-/// Checks what a hidden start is given, and answers with `process`.
-auto CreateHidden(HANDLE process)
+std::vector<std::string> FailedLaunch::calls;
+STARTUPINFOA FailedLaunch::startup = {};
+
+TEST_F(FailedLaunch, LowersThePriorityOfNothing)
 {
-    return WithArgs<8, 9>(Invoke([process](STARTUPINFOA *startup, PROCESS_INFORMATION *result) {
-        STARTUPINFOA expected = {};
-        expected.cb = 104;
-        expected.dwFlags = 1;
-        expected.wShowWindow = 0;
-        EXPECT_EQ(std::memcmp(startup, &expected, sizeof(expected)), 0);
-        const PROCESS_INFORMATION zero = {};
-        EXPECT_EQ(std::memcmp(result, &zero, sizeof(zero)), 0);
-        result->hProcess = process;
-    }));
+    platform::LaunchDetached("missing.exe", "C:\\", kHiddenIdle);
+    EXPECT_THAT(calls, ElementsAre("create", "class 64", "boost off 1"));
 }
 
-void ExpectHiddenIdle(HANDLE process)
+TEST_F(FailedLaunch, AnOrdinaryOneChangesNoPriority)
 {
-    constexpr DWORD kNoFlags = 0;
-    StrictMock<RecordedCalls> calls;
-    const InSequence order;
-    EXPECT_CALL(calls,
-                CreateProcessNarrow(IsNull(),
-                                    StrEq("C:\\a b.bat \"D:\\c\""),
-                                    IsNull(),
-                                    IsNull(),
-                                    FALSE,
-                                    kNoFlags,
-                                    IsNull(),
-                                    StrEq("E:/temp"),
-                                    _,
-                                    _))
-        .WillOnce(CreateHidden(process));
-    EXPECT_CALL(calls, SetPriorityClass(process, kIdleClass));
-    EXPECT_CALL(calls, SetProcessPriorityBoost(process, TRUE));
-    platform::LaunchSequence(calls, "C:\\a b.bat \"D:\\c\"", "E:/temp", kHiddenIdle);
+    platform::LaunchDetached("missing.exe", "C:\\", {});
+    EXPECT_THAT(calls, ElementsAre("create"));
 }
 
-TEST(LaunchSequence, CreatesThenLowersThePriority)
+TEST_F(FailedLaunch, AHiddenOneSetsNothingElseInTheStartupRecord)
 {
-    ExpectHiddenIdle(reinterpret_cast<HANDLE>(0x88));
-}
-
-TEST(LaunchSequence, LowersThePriorityOfNothingWhenNothingWasCreated)
-{
-    ExpectHiddenIdle(nullptr);
-}
-
-TEST(LaunchSequence, OrdinaryStartChangesNoPriority)
-{
-    StrictMock<RecordedCalls> calls;
-    EXPECT_CALL(calls, CreateProcessNarrow).WillOnce(WithArgs<8>(Invoke([](STARTUPINFOA *startup) {
-        EXPECT_EQ(startup->cb, sizeof(STARTUPINFOA));
-        EXPECT_EQ(startup->dwFlags, 0U);
-    })));
-    platform::LaunchSequence(calls, "program", "folder", {});
+    platform::LaunchDetached("missing.exe", "C:\\", kHiddenIdle);
+    STARTUPINFOA expected = {};
+    expected.cb = 104;
+    expected.dwFlags = 1;
+    expected.wShowWindow = 0;
+    EXPECT_EQ(std::memcmp(&startup, &expected, sizeof(expected)), 0);
 }
 
 TEST(WindowsLaunch, AHiddenStartTellsTheProgramToHide)

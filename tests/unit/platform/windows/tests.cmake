@@ -1,5 +1,4 @@
 ktr_add_contract_test(platform_windows_test
-    windows/bring_to_front_test.cpp
     windows/files_test.cpp
     windows/handle_test.cpp
     windows/launch_test.cpp
@@ -7,8 +6,8 @@ ktr_add_contract_test(platform_windows_test
     windows/module_path_test.cpp
     windows/processes_test.cpp
     windows/registry_values_test.cpp
-    windows/replaced_import.h
-    windows/window_test.cpp)
+    windows/replaced_import.h)
+target_sources(platform_window_contract_test PRIVATE windows/window_test.cpp)
 
 add_library(contract_error_mode MODULE fixtures/error_mode_library.cpp)
 ktr_target_defaults(contract_error_mode)

@@ -1,42 +1,59 @@
 #include "platform/window.h"
+#include "tests/unit/platform/support/desktop.h"
+#include "tests/unit/platform/windows/replaced_import.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
+
+extern "C" {
+extern decltype(&::GetForegroundWindow) __imp_GetForegroundWindow;
+extern decltype(&::SystemParametersInfoA) __imp_SystemParametersInfoA;
+}
 
 namespace {
 
-bool writesTheSetting = false;
+using contract::ReplacedImport;
 
-// The system call, failing.
-BOOL WINAPI FailingSystemParametersInfo(UINT action, UINT /*size*/, void *setting, UINT /*notify*/)
+HWND WINAPI NoForegroundWindow()
 {
-    EXPECT_EQ(action, static_cast<UINT>(SPI_GETDROPSHADOW));
-    if (writesTheSetting) {
-        *static_cast<BOOL *>(setting) = TRUE;
+    return nullptr;
+}
+
+TEST(WindowsWindow, ComesToTheFrontAlsoWhenNoWindowIsInTheForeground)
+{
+    contract::TestWindow window;
+    contract::Minimise(window.Handle());
+    ASSERT_TRUE(contract::IsMinimised(window.Handle()));
+    {
+        const ReplacedImport none(__imp_GetForegroundWindow, NoForegroundWindow);
+        platform::BringToFront(window.Handle());
     }
+    EXPECT_TRUE(contract::IsShown(window.Handle()));
+    EXPECT_TRUE(contract::IsActive(window.Handle()));
+    EXPECT_FALSE(contract::IsTopMost(window.Handle()));
+}
+
+WINBOOL WINAPI FailWithoutASetting(UINT action, UINT, void *, UINT)
+{
+    EXPECT_EQ(action, UINT{SPI_GETDROPSHADOW});
     return FALSE;
 }
 
-} // namespace
-
-// Through this pointer the whole program calls the function; the linker prefers this definition to
-// the one of the import library.
-extern "C" {
-extern decltype(&FailingSystemParametersInfo) __imp_SystemParametersInfoA;
-decltype(&FailingSystemParametersInfo) __imp_SystemParametersInfoA = &FailingSystemParametersInfo;
+WINBOOL WINAPI FailWithASetting(UINT action, UINT, void *setting, UINT)
+{
+    EXPECT_EQ(action, UINT{SPI_GETDROPSHADOW});
+    *static_cast<WINBOOL *>(setting) = TRUE;
+    return FALSE;
 }
-
-namespace {
 
 TEST(DropShadow, IsOffWhenTheSystemCallFails)
 {
-    writesTheSetting = false;
+    const ReplacedImport failing(__imp_SystemParametersInfoA, FailWithoutASetting);
     EXPECT_FALSE(platform::DropShadowEnabled());
 }
 
 TEST(DropShadow, IsTheSettingWhateverTheSystemCallReturns)
 {
-    writesTheSetting = true;
+    const ReplacedImport failing(__imp_SystemParametersInfoA, FailWithASetting);
     EXPECT_TRUE(platform::DropShadowEnabled());
 }
 
