@@ -12,23 +12,19 @@
 
 namespace {
 
-constexpr int kPixelSize = 14;
-
-// Not the way in which the font reads it: an unknown language has no font of its own, but it has
-// the English texts.
+// The font reads the same value through GetProductLanguage: there an absent value is an empty text,
+// here it means English.
 QString TranslationLanguage()
 {
-    QString path =
-        QStringLiteral("HKEY_LOCAL_MACHINE/SOFTWARE/Torvan/%1").arg(QLatin1String("KTR"));
-    path.replace(QLatin1Char('/'), QLatin1Char('\\'));
-    return ReadNativeSetting(path, QStringLiteral("Language"), QStringLiteral("English"));
+    return ReadNativeSetting(QStringLiteral(R"(SOFTWARE\Torvan\KTR)"),
+                             QStringLiteral("Language"),
+                             QStringLiteral("English"));
 }
 
 QString TranslationFile(const QString &language)
 {
-    return QCoreApplication::applicationDirPath() +
-           QStringLiteral("/translations/%1_").arg(QLatin1String("ktr")) + language +
-           QStringLiteral(".qm");
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/translations/ktr_") +
+           language + QStringLiteral(".qm");
 }
 
 } // namespace
@@ -36,7 +32,7 @@ QString TranslationFile(const QString &language)
 void ApplyApplicationFont()
 {
     QFont font = QGuiApplication::font();
-    font.setPixelSize(kPixelSize);
+    font.setPixelSize(14);
     const bool chinese = GetProductLanguage() == "ChineseSimp";
     font.setFamily(chinese ? QStringLiteral("Microsoft YaHei") : QStringLiteral("Segoe UI"));
     QGuiApplication::setFont(font);

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The text `name` under `path` ("HKEY_LOCAL_MACHINE\\SOFTWARE\\...") of the system's settings, or
+/// The text `name` under `key` ("SOFTWARE\\...") of HKEY_LOCAL_MACHINE as QSettings reads it, or
 /// `fallback` when there is none. Text of any length; an empty one stays empty. Never creates
-/// anything in the settings. Any thread.
-QString ReadNativeSetting(const QString &path, const QString &name, const QString &fallback);
+/// anything in the registry. Any thread.
+QString ReadNativeSetting(const QString &key, const QString &name, const QString &fallback);

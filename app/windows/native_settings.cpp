@@ -5,14 +5,12 @@
 #include <QSettings>
 #include <QVariant>
 
-QString ReadNativeSetting(const QString &path, const QString &name, const QString &fallback)
+QString ReadNativeSetting(const QString &key, const QString &name, const QString &fallback)
 {
     // QSettings creates a key that it may write and does not find.
-    const QString root = QStringLiteral("HKEY_LOCAL_MACHINE\\");
-    if (!path.startsWith(root) || !platform::RegistryKey::OpenLocalMachine(
-                                      path.mid(root.size()).toLocal8Bit().toStdString())) {
+    if (!platform::RegistryKey::OpenLocalMachine(key.toLocal8Bit().toStdString())) {
         return fallback;
     }
-    const QSettings settings(path, QSettings::NativeFormat);
+    const QSettings settings(QStringLiteral("HKEY_LOCAL_MACHINE\\") + key, QSettings::NativeFormat);
     return settings.value(name, fallback).toString();
 }

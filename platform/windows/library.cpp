@@ -20,8 +20,7 @@ FunctionAddress FindFunction(LibraryHandle library, const char *name)
     if (library == nullptr || name == nullptr) {
         return nullptr;
     }
-    const FARPROC address = ::GetProcAddress(static_cast<HMODULE>(library), name);
-    return reinterpret_cast<FunctionAddress>(reinterpret_cast<void *>(address));
+    return reinterpret_cast<FunctionAddress>(::GetProcAddress(static_cast<HMODULE>(library), name));
 }
 
 } // namespace platform

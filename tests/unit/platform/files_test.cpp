@@ -9,41 +9,8 @@ namespace {
 class FilesContract : public testing::Test
 {
 protected:
-    // A folder cannot go while somebody works in it.
-    void TearDown() override
-    {
-        std::filesystem::current_path(before_);
-    }
-
     contract::ScratchFolder folder_;
-    std::filesystem::path before_ = std::filesystem::current_path();
 };
-
-TEST_F(FilesContract, ChangeDirectoryToAnExistingOne)
-{
-    platform::ChangeDirectory(folder_.Path().wstring().c_str());
-    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), folder_.Path()));
-}
-
-TEST_F(FilesContract, ChangeDirectoryToNothingChangesNothing)
-{
-    platform::ChangeDirectory(L"");
-    EXPECT_EQ(std::filesystem::current_path(), before_);
-    platform::ChangeDirectory(nullptr);
-    EXPECT_EQ(std::filesystem::current_path(), before_);
-    platform::ChangeDirectory((folder_ / "missing").wstring().c_str());
-    EXPECT_EQ(std::filesystem::current_path(), before_);
-}
-
-TEST_F(FilesContract, ChangeDirectoryTakesLettersOfOtherAlphabets)
-{
-    const std::string name = "Gr\xc3\xbc\xc3\x9f"
-                             "e";
-    std::filesystem::create_directory(folder_ / std::filesystem::u8path(name));
-    const contract::ScopedVariable locale("LC_ALL", "C.UTF-8");
-    contract::StartedChild child;
-    EXPECT_EQ(child.Ask({"enter-greetings", folder_.Path().string()}), name);
-}
 
 TEST_F(FilesContract, RemoveFileRemovesAFile)
 {

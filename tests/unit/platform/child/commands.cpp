@@ -1,6 +1,5 @@
 #include "tests/unit/platform/child/commands.h"
 
-#include "platform/files.h"
 #include "platform/launch.h"
 #include "platform/library.h"
 #include "platform/module_path.h"
@@ -93,15 +92,6 @@ std::string Arguments(const Lines &)
     return text;
 }
 
-/// Enters a folder whose name needs more than ASCII, and gives the name in UTF-8.
-std::string EnterGreetings(const Lines &command)
-{
-    const std::string &folder = command.at(1);
-    const std::wstring target = std::wstring(folder.begin(), folder.end()) + L"/Gr\u00fc\u00dfe";
-    platform::ChangeDirectory(target.c_str());
-    return std::filesystem::current_path().filename().u8string();
-}
-
 std::string OpenProcess(const Lines &command)
 {
     const auto id = static_cast<platform::ProcessId>(std::stoul(command.at(1)));
@@ -141,7 +131,6 @@ const std::map<std::string, Answer> &Commands()
          [](const Lines &) {
              return std::filesystem::current_path().string();
          }},
-        {"enter-greetings", EnterGreetings},
         {"exit",
          [](const Lines &command) {
              Self().exitCode = std::stoi(command.at(1));
