@@ -14,16 +14,11 @@ platform::NamedMutex &InstanceMutex()
 
 } // namespace
 
-bool MeansAlreadyRunning(std::uint32_t error)
-{
-    return error == platform::kErrorAccessDenied || error == platform::kErrorAlreadyExists;
-}
-
 bool CheckAlreadyRunning()
 {
     std::uint32_t error = platform::kErrorNone;
     InstanceMutex() = platform::NamedMutex::Create(kInstanceMutexName, error);
-    if (MeansAlreadyRunning(error)) {
+    if (error == platform::kErrorAccessDenied || error == platform::kErrorAlreadyExists) {
         InstanceMutex().Close();
         return true;
     }

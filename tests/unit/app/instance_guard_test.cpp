@@ -1,21 +1,21 @@
 #include "app/instance_guard.h"
 #include "platform/named_mutex.h"
+#include "tests/unit/platform/support/scratch_folder.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <string>
 
 namespace {
 
-constexpr wchar_t kName[] = L"ktr_uninstall_version_2023_Ostrel_Torvan";
+const std::string kName = "ktr_uninstall_version_2023_Ostrel_Torvan";
 
-TEST(InstanceLockError, OnlyTakenAndForbiddenMeanAnotherInstance)
+// Somebody else's lock of that name.
+platform::NamedMutex CreateOther(std::uint32_t &error)
 {
-    EXPECT_TRUE(MeansAlreadyRunning(5));
-    EXPECT_TRUE(MeansAlreadyRunning(183));
-    for (const std::uint32_t error : {0U, 2U, 4U, 6U, 8U, 182U, 184U, 0xFFFFFFFFU}) {
-        EXPECT_FALSE(MeansAlreadyRunning(error)) << error;
-    }
+    return platform::NamedMutex::Create({kName.begin(), kName.end()}, error);
 }
 
 class InstanceGuard : public testing::Test
@@ -25,7 +25,7 @@ protected:
     static std::uint32_t Try()
     {
         std::uint32_t error = platform::kErrorNone;
-        platform::NamedMutex other = platform::NamedMutex::Create(kName, error);
+        platform::NamedMutex other = CreateOther(error);
         other.Release();
         return error;
     }
@@ -34,6 +34,9 @@ protected:
     {
         ReleaseInstanceMutex();
     }
+
+    contract::ScratchFolder lockFolder_;
+    contract::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", lockFolder_.Path().string()};
 };
 
 TEST_F(InstanceGuard, TheFirstHoldsTheLockUntilItReleasesIt)
@@ -54,13 +57,31 @@ TEST_F(InstanceGuard, ReleasingWithoutTheLockDoesNothing)
 TEST_F(InstanceGuard, AnotherHolderMeansAlreadyRunningAndLeavesItsLockAlone)
 {
     std::uint32_t error = platform::kErrorNone;
-    platform::NamedMutex other = platform::NamedMutex::Create(kName, error);
+    platform::NamedMutex other = CreateOther(error);
     ASSERT_EQ(error, platform::kErrorNone);
     EXPECT_TRUE(CheckAlreadyRunning());
     ReleaseInstanceMutex();
     EXPECT_EQ(Try(), platform::kErrorAlreadyExists);
     other.Release();
     other.Close();
+    EXPECT_FALSE(CheckAlreadyRunning());
+}
+
+TEST_F(InstanceGuard, ALockThatMayNotBeOpenedMeansAlreadyRunning)
+{
+    const auto forbidden = contract::ForbidMutex(kName, lockFolder_.Path());
+    const auto dropped = contract::DropPrivileges();
+    ASSERT_EQ(Try(), platform::kErrorAccessDenied);
+    EXPECT_TRUE(CheckAlreadyRunning());
+}
+
+TEST_F(InstanceGuard, ALockThatCannotBeTakenOtherwiseMeansNoOtherInstance)
+{
+    const auto obstructed = contract::ObstructMutex(kName, lockFolder_.Path());
+    const std::uint32_t error = Try();
+    ASSERT_NE(error, platform::kErrorNone);
+    ASSERT_NE(error, platform::kErrorAccessDenied);
+    ASSERT_NE(error, platform::kErrorAlreadyExists);
     EXPECT_FALSE(CheckAlreadyRunning());
 }
 
