@@ -1,6 +1,5 @@
 #include "app/process_utils.h"
 
-#include "platform/launch.h"
 #include "platform/module_path.h"
 #include "platform/processes.h"
 #include "platform/text.h"
@@ -64,10 +63,6 @@ void LaunchCleanupCommand(const QString &command)
     if (QString::fromLocal8Bit(narrow) != command) {
         return;
     }
-    platform::LaunchOptions options;
-    options.show = platform::ShowWindow::Hidden;
-    options.priority = platform::PriorityClass::Idle;
-    options.priorityBoost = false;
     platform::LaunchDetached(
-        narrow.toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), options);
+        narrow.toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), kCleanupLaunch);
 }

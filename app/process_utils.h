@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/launch.h"
+
 #include <QString>
 
 #include <string>
@@ -18,7 +20,11 @@ bool KillProcessInDir(const std::wstring &name, const std::wstring &dir);
 /// Ends the telemetry library's companion processes that were started from the program directory.
 void KillTelemetryHelper();
 
-/// Starts the command line hidden, at idle priority, with the temp directory as working directory.
+/// How the clean-up is launched: without a window and without getting into the user's way.
+inline constexpr platform::LaunchOptions kCleanupLaunch = {
+    platform::ShowWindow::Hidden, platform::PriorityClass::Idle, false};
+
+/// Starts the command line with `kCleanupLaunch` and the temp directory as working directory.
 /// Nothing waits for it and a failure is not reported. A command that the narrow encoding cannot
 /// carry is not started. Main thread.
 void LaunchCleanupCommand(const QString &command);

@@ -81,6 +81,7 @@ TEST(DirectoryOfPath, EndsBeforeTheLastSeparator)
     EXPECT_EQ(DirectoryOf(L""), L"");
     const std::wstring native(1, platform::kNativeSeparatorWide);
     EXPECT_EQ(DirectoryOf(L"C:" + native + L"x/y" + native + L"c.exe"), L"C:" + native + L"x/y");
+    EXPECT_EQ(DirectoryOf(L"C:" + native + L"x/c.exe"), L"C:" + native + L"x");
 }
 
 TEST(ModuleDirectory, IsTheExecutablesFolderWithoutATrailingSeparator)
@@ -153,6 +154,13 @@ TEST_F(ProcessUtils, TelemetryHelpersOfTheProgramDirectoryAreEndedAndOthersAreNo
     EXPECT_TRUE(Ended(*inside));
     EXPECT_TRUE(Runs(*outside));
     QFile::remove(programDir + QStringLiteral("/SKYRELwrapexe.exe"));
+}
+
+TEST(CleanupLaunch, IsHiddenAtIdlePriorityAndWithoutABoost)
+{
+    EXPECT_EQ(kCleanupLaunch.show, platform::ShowWindow::Hidden);
+    EXPECT_EQ(kCleanupLaunch.priority, platform::PriorityClass::Idle);
+    EXPECT_FALSE(kCleanupLaunch.priorityBoost);
 }
 
 TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
