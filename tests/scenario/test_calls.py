@@ -45,6 +45,7 @@ CreateMutexW(null, 1, "ktr_uninstall_version_2023_Ostrel_Torvan")
 # The first instance, until it builds its interface. The empty folder is deliberate.
 TO_THE_INTERFACE = [*ALONE, *table(r"""
 GetLastError() = 0
+GetModuleFileNameW(null, *, 260)
 SetCurrentDirectoryW("")
 Qt: SetCurrentDirectoryW("ROOT\Dravik\bin")
 Qt: CopyFileW("\\?\ROOT\Dravik\bin\clearKTR.bat", "\\?\ROOT\tmp\clearKTR.bat", 1)
@@ -58,6 +59,7 @@ REMOVES_AN_OLDER_SCRIPT = r'Qt: DeleteFileW("\\?\ROOT\tmp\clearKTR.bat")'
 
 # What the interface may ask for while it loads, in its own order and as often as it likes.
 VERSION = r"""
+GetModuleFileNameW(null, *, 260)
 GetPrivateProfileStringW("main", "versionNo", "18.0", *, 100,
     "ROOT\Dravik\bin\UninstallUI.exe\config.ini")
 """
@@ -103,6 +105,7 @@ ASKS_FOR_UNINSTALLER = \
 
 # Of two companions only the one from the program's own folder is its own.
 CLEANS_UP = table(r"""
+GetModuleFileNameW(null, *, 260)
 CreateToolhelp32Snapshot(0x2, 0)
 Process32FirstW(snapshot, *)
 Process32NextW(snapshot, *)
@@ -150,19 +153,17 @@ AttachThreadInput(own-thread, its-thread, 0)
 
 # Whoever asks how often: one line says that it was asked until it was answered.
 UNTIL_ANSWERED = ("Process32NextW", ASKS_FOR_UNINSTALLER)
-# Asked for wherever a path is needed: what counts is how much room there is for the answer.
-OWN_PATH = re.compile(r"GetModuleFileName[AW]\(null, \*, (\d+)\)")
-PATH_CAPACITY = "260"
+# The path in the ANSI encoding is read wherever it is needed, and then once more in full, in wide
+# characters, to see whether the code page has all its letters.
+ANSI_PATH = {"GetModuleFileNameA(null, *, 260)", "GetModuleFileNameW(null, *, 32768)"}
 
 
 def calls_to_the_end(sandbox, program, named=None):
     """All calls of a program that has ended; the last ones may be on their way to the trace."""
     seen = wait.until(lambda: relay.calls(sandbox, program, named=named), "the end in the trace",
                       accept=lambda calls: calls[-1:] == ["exit(0)"])
-    # A longer one is asked for in wide characters, to see whether the short one tells all.
-    narrow = {call for call in seen if call.startswith("GetModuleFileNameA")}
-    assert {OWN_PATH.fullmatch(call)[1] for call in narrow} == {PATH_CAPACITY}
-    calls = [call for call in seen if not OWN_PATH.fullmatch(call)]
+    assert ANSI_PATH <= set(seen)
+    calls = [call for call in seen if call not in ANSI_PATH]
     return [call for before, call in zip(["", *calls], calls)
             if call != before or not call.startswith(UNTIL_ANSWERED)]
 
@@ -181,7 +182,7 @@ def reads(calls):
     for call in calls:
         # The second place of the link is looked at only when the first has failed.
         other_place = r'"Software\TORVAN\KTR_dd"' in call
-        begins = call.startswith(("RegOpenKeyExA", "GetPrivateProfile", "SystemParameters"))
+        begins = call.startswith(("RegOpenKeyExA", "GetModuleFileName", "SystemParameters"))
         if begins and not other_place or not found:
             found.append(())
         found[-1] += (call,)

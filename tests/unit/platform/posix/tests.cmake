@@ -7,3 +7,4 @@ ktr_add_contract_test(platform_posix_test
     posix/processes_test.cpp
     posix/registry_file_test.cpp
     posix/window_test.cpp)
+target_sources(platform_window_contract_test PRIVATE posix/activation_test.cpp)
