@@ -19,7 +19,7 @@ constexpr int kProgressIntervalMs = 200;
 } // namespace
 
 CUninstallMgr::CUninstallMgr(UninstallEnvironment environment)
-    : environment(std::move(environment))
+    : environment_(std::move(environment))
 {
     connect(&progressTimer, &QTimer::timeout, this, &CUninstallMgr::slotTimeOut);
 }
@@ -29,14 +29,15 @@ void CUninstallMgr::doUninstall()
     // The working directory, not the executable's: start-up has made them agree.
     const QString uninstaller = QDir::cleanPath(
         QStringLiteral("%1/%2").arg(QDir::currentPath(), QLatin1String(kUninstallerName)));
-    environment.startDetached(uninstaller, {QStringLiteral("/SP-"), QStringLiteral("/VERYSILENT")});
+    environment_.startDetached(uninstaller,
+                               {QStringLiteral("/SP-"), QStringLiteral("/VERYSILENT")});
     for (int poll = 0; poll < kStartUpPolls; ++poll) {
         if (isProcessRunning(QLatin1String(kUninstallerName))) {
             progressTimer.start(kProgressIntervalMs);
             return;
         }
-        environment.sleep(kStartUpPauseMs);
-        environment.processEvents();
+        environment_.sleep(kStartUpPauseMs);
+        environment_.processEvents();
     }
 }
 
@@ -66,7 +67,7 @@ void CUninstallMgr::setExitCode(int exitCode)
 
 QVariantMap CUninstallMgr::getPreferentialLink(int type)
 {
-    const OfferSources &offers = environment.offers;
+    const OfferSources &offers = environment_.offers;
     if (!offers.configured()) {
         return {};
     }
@@ -80,7 +81,7 @@ QVariantMap CUninstallMgr::getPreferentialLink(int type)
 void CUninstallMgr::openLink(const QString &strUrl)
 {
     if (!strUrl.isEmpty()) {
-        environment.openUrl(QUrl(strUrl, QUrl::TolerantMode));
+        environment_.openUrl(QUrl(strUrl, QUrl::TolerantMode));
     }
 }
 
@@ -89,7 +90,7 @@ void CUninstallMgr::sendUserInfo(const QString &w,
                                  const QString &attr,
                                  const QString &src)
 {
-    environment.sendUsageEvent(w, a, attr, src);
+    environment_.sendUsageEvent(w, a, attr, src);
 }
 
 bool CUninstallMgr::isKTRRunning()
@@ -99,7 +100,7 @@ bool CUninstallMgr::isKTRRunning()
 
 bool CUninstallMgr::isProcessRunning(const QString &imageName)
 {
-    return environment.isProcessRunning(imageName);
+    return environment_.isProcessRunning(imageName);
 }
 
 int CUninstallMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
@@ -115,7 +116,8 @@ int CUninstallMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
 
 bool CUninstallMgr::showWindowShadow()
 {
-    return KernelQualifiesForShadow(environment.kernelVersion()) && environment.dropShadowEnabled();
+    return KernelQualifiesForShadow(environment_.kernelVersion()) &&
+           environment_.dropShadowEnabled();
 }
 
 int CUninstallMgr::getExitCode() const

@@ -83,5 +83,5 @@ private:
     bool configPrefixApplied = false;
     QTimer progressTimer;
 
-    UninstallEnvironment environment;
+    UninstallEnvironment environment_;
 };
