@@ -1,10 +1,22 @@
-# What every target of ours shares: warnings as errors, the source root as include path, sanitizers,
-# counters of what runs.
+# What every target of ours shares: ccache, warnings as errors, the source root as include path,
+# sanitizers, counters of what runs.
 
 if(WIN32)
     set(KTR_PLATFORM windows)
 else()
     set(KTR_PLATFORM posix)
+endif()
+
+# ccache, if it is installed. A second checkout in another folder profits, too: paths below the
+# source folder reach the compiler as relative ones, and the build folder does not count (so the
+# debug information may name the other checkout). Not for coverage: the compiler's notes are files
+# beside the object. CCACHE_DISABLE=1 in the environment of a build compiles everything.
+if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT KTR_COVERAGE)
+    find_program(ccache ccache NO_CACHE)
+    if(ccache)
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+            "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ccache}")
+    endif()
 endif()
 
 # Counters of what runs, for tools/coverage.
