@@ -33,7 +33,7 @@ def call(machine: Machine, case: Case) -> Result:
 
 def instructions(machine: Machine, case: Case) -> list[str]:
     """What has to be done to call the script."""
-    variables = {**VARIABLES, **case.variables}
+    variables: Variables = {**VARIABLES, **case.variables}
     arguments = f'"{case.folder}"' if case.arguments is None else case.arguments
     line = f'"{case.script}" {arguments}' if case.silent else f"{case.script} {arguments}"
     late = {name: variables.pop(name) for name in _WINES_OWN}

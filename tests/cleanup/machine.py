@@ -13,6 +13,7 @@ import subprocess
 import tempfile
 from dataclasses import dataclass
 from pathlib import Path
+from typing import IO
 
 REPOSITORY = Path(__file__).resolve().parents[2]
 SCRIPT = REPOSITORY / "packaging" / "clearKTR.bat"
@@ -24,6 +25,13 @@ _PROGRAMS = Path(__file__).parent / "programs"
 _COMPILER = "x86_64-w64-mingw32-g++-posix"
 _TOOLS = "C:\\ktr"
 """The folder in which our own programs lie, and files that they need."""
+
+
+class Program(subprocess.Popen[bytes]):
+    """A program that talks over pipes."""
+
+    stdin: IO[bytes]
+    stdout: IO[bytes]
 
 
 @dataclass(frozen=True)
@@ -84,7 +92,8 @@ class Machine:
     def begin(self, instructions: list[str]) -> "subprocess.Popen[bytes]":
         """Starts what `run` does; `finish` waits for its end."""
         self._check_that_nothing_leads_out()
-        process = self.start(f"{_TOOLS}\\start.exe")
+        process: subprocess.Popen[bytes] = self.start(f"{_TOOLS}\\start.exe")
+        assert process.stdin
         process.stdin.write("\n".join(instructions).encode() + b"\n")
         process.stdin.close()
         process.stdin = None
@@ -105,11 +114,10 @@ class Machine:
         return any(self._is_ours(process) and name.lower() in _command(process).lower()
                    for process in Path("/proc").iterdir() if process.name.isdigit())
 
-    def start(self, *command: str) -> "subprocess.Popen[bytes]":
+    def start(self, *command: str) -> Program:
         """Starts a program that talks over pipes."""
-        return subprocess.Popen(["/usr/bin/wine", *command], env=self.environment,
-                                cwd=self.at("D:\\"), stdin=subprocess.PIPE,
-                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        return Program(["/usr/bin/wine", *command], env=self.environment, cwd=self.at("D:\\"),
+                       stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
     @property
     def environment(self) -> dict[str, str]:

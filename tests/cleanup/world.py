@@ -48,7 +48,7 @@ _DECOYS = (
     "D:\\Elsewhere\\keep.txt", "D:\\Elsewhere\\below\\keep.txt", "D:\\keep.txt", "E:\\keep.txt",
 )
 
-Step = Callable[["World"], None]
+Step = Callable[["World"], object]
 Tree = dict[str, tuple[object, ...]]
 
 
@@ -130,7 +130,10 @@ def below(tree: Tree, folder: str) -> set[str]:
 
 def files(*paths: str) -> Step:
     """Further files."""
-    return lambda world: [world.write(path) for path in paths] and None
+    def step(world: World) -> None:
+        for path in paths:
+            world.write(path)
+    return step
 
 
 def file(path: str, content: bytes) -> Step:
@@ -140,13 +143,18 @@ def file(path: str, content: bytes) -> Step:
 
 def folders(*paths: str) -> Step:
     """Further empty folders."""
-    return lambda world: [
-        world.machine.at(path).mkdir(parents=True, exist_ok=True) for path in paths] and None
+    def step(world: World) -> None:
+        for path in paths:
+            world.machine.at(path).mkdir(parents=True, exist_ok=True)
+    return step
 
 
 def mark(*paths: str, change: Callable[[bytes], bytes] = bytes) -> Step:
     """Further folders with the mark, or with a changed script in it."""
-    return lambda world: [world.mark(path, change(world.script)) for path in paths] and None
+    def step(world: World) -> None:
+        for path in paths:
+            world.mark(path, change(world.script))
+    return step
 
 
 def without(*paths: str) -> Step:
