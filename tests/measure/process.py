@@ -5,7 +5,6 @@ from __future__ import annotations
 import re
 import struct
 import time
-from collections import Counter
 from functools import lru_cache
 
 _GROUPS = [
@@ -38,13 +37,13 @@ def peak_memory(pid: int) -> float:
         return next(int(line.split()[1]) for line in status if line.startswith("VmHWM")) / 1024
 
 
-def memory_by_origin(pid: int) -> Counter[str]:
+def memory_by_origin(pid: int) -> dict[str, float]:
     """The resident memory in megabytes, by what it is for.
 
     Wine reads a module into memory without a file wherever its parts in the file do not begin at
     pages; such memory counts for the module in whose image it lies.
     """
-    sums: Counter[str] = Counter()
+    sums = dict.fromkeys(groups(), 0.0)
     image, image_end, group = "", 0, ""
     with open(f"/proc/{pid}/smaps", encoding="utf-8", errors="replace") as lines:
         for line in lines:

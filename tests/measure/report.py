@@ -44,9 +44,9 @@ def sentences(text: str) -> str:
 def machine() -> str:
     """Processors and memory."""
     model = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text("utf-8"))
-    memory = int(re.search(r"MemTotal:\s*(\d+)", Path("/proc/meminfo").read_text("utf-8"))[1])
+    memory = os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE")
     return (f"{os.cpu_count()} processors ({model[1] if model else 'unknown'}), "
-            f"{memory / 1024 / 1024:.0f} GB")
+            f"{memory / 1024 ** 3:.0f} GB")
 
 
 def around_part(file: Path, name: str) -> tuple[str, str]:

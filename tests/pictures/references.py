@@ -26,7 +26,7 @@ def by_reference(taken: Path) -> dict[str, Path]:
 
     Without the number in front, which changes with the order of the pictures.
     """
-    named = {}
+    named: dict[str, Path] = {}
     for picture in sorted(taken.glob("*.png")):
         title = picture.stem.split("-", 1)[1].lower()
         name = re.sub(r"[^a-z0-9]+", "-", title) + ".png"

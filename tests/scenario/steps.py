@@ -24,10 +24,12 @@ def wait_climbing(window: Window, beyond: float = 0.0, patience: float = 0.0) ->
 
     `patience` is how many seconds that may take longer than usual.
     """
-    return wait.until(
+    fraction = wait.until(
         window.bar_fraction, f"the bar to be filled beyond {beyond:g}", wait.DEADLINE + patience,
         accept=lambda seen: seen is not None and seen > beyond,
     )
+    assert fraction is not None
+    return fraction
 
 
 def uninstall_held(sandbox: Sandbox, window: Window, beyond: float = 0.0) -> Path:
@@ -119,7 +121,8 @@ def events(sandbox: Sandbox) -> list[tuple[str, str, str]]:
         # The two flags, the texts, the end marker.
         assert entry.number("count") == 2 + 2 * len(names) + 1
         assert (entry.text("flag"), entry.text("wide")) == ("0", "1")
-        found.append((*values[1:], "")[:3])
+        shown, activity, attribute = (*values[1:], "")[:3]
+        found.append((shown, activity, attribute))
     assert not sandbox.journal("SkyrelWrap.DLL", "unexpected")
     return found
 

@@ -51,11 +51,11 @@ def lay_out(idler: Path) -> Callable[[Path], None]:
 def lines_of(program, deadline: float = wait.DEADLINE, **awaited: str) -> list[str]:
     """What the toy has said, once the awaited line is there."""
     line = awaited["until"]
-    wait.until(
+    said: list[str] = wait.until(
         lambda: program.stdout.splitlines(), f"the toy to say {line!r}", deadline,
         accept=lambda seen: line in seen,
     )
-    return program.stdout.splitlines()
+    return said
 
 
 # Waiting ---------------------------------------------------------------------------------------
@@ -112,7 +112,7 @@ def test_a_frameless_window_is_found_and_clicked(sandbox: Sandbox) -> None:
     window = program.ready()
     assert window.pid == program.pid
     assert window.title == "toy"
-    assert window.geometry.size == (640, 408)
+    assert window.geometry and window.geometry.size == (640, 408)
     assert not window.framed
     assert window.topmost and window.visible and not window.iconified
     window.click(layout.CANCEL)
@@ -133,6 +133,7 @@ def test_an_ordinary_window_gets_a_frame_and_true_coordinates(sandbox: Sandbox) 
 def test_dragging_moves_the_window_by_the_whole_distance(sandbox: Sandbox) -> None:
     window = sandbox.start([TOY]).ready()
     before = window.geometry
+    assert before
     window.drag(layout.TITLE_GRIP, -70, 45)
     assert window.geometry == before.moved(-70, 45)
     window.drag(layout.UNINSTALL, 30, 30, follows=False)
@@ -168,7 +169,7 @@ def test_a_box_is_told_from_the_main_window(sandbox: Sandbox) -> None:
     window = program.ready()
     window.click(layout.UNINSTALL)
     box = program.box()
-    assert box != window
+    assert box != window and window.geometry
     assert program.windows() == [window, box]
     assert box.geometry == layout.box_on(window.geometry)
     assert box.states == {"_NET_WM_STATE_MODAL"}
@@ -202,6 +203,7 @@ def test_a_click_waits_for_an_uncovered_place_and_for_its_effect_on_the_stacking
     program = sandbox.start([TOY])
     window = program.ready()
     main = window.geometry
+    assert main
     left_half = Rect(main.x, main.y, main.width // 2, main.height)
     with display.windows.bystander(left_half) as other:
         with pytest.raises(wait.TimedOut, match="to be uncovered; last seen: .*bystander"):
@@ -239,6 +241,7 @@ def test_no_bar_is_not_an_empty_bar(sandbox: Sandbox) -> None:
 def test_colours_and_pictures(sandbox: Sandbox, display: Display, tmp_path: Path) -> None:
     window = sandbox.start([TOY]).ready()
     screen = display.screen
+    assert window.geometry
     assert screen.main_colour(window.area(layout.UNINSTALL)) == (0xE0, 0xEA, 0xFC)
     assert screen.share(window.area(layout.UNINSTALL), layout.UNINSTALL_NORMAL) == 1.0
     assert screen.share(window.area(layout.UNINSTALL), layout.CANCEL_NORMAL) == 0.0

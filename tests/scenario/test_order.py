@@ -38,7 +38,7 @@ ONLY_AFTER_UNINSTALLING = {"companion ended", "clean-up"}
 
 def steps_seen(trace: Path, sandbox, pid: int) -> list[str]:
     """The steps in the order of their first appearance."""
-    seen = []
+    seen: list[str] = []
     text = trace.read_text(errors="replace").replace(str(sandbox.root), "ROOT")
     for line in text.splitlines():
         for step, pattern in STEPS.items():
@@ -51,8 +51,9 @@ def steps_seen(trace: Path, sandbox, pid: int) -> list[str]:
 
 def assert_steps(trace: Path, sandbox, program, expected: list[str]) -> None:
     """These steps, in this order; the tracer writes the last ones after the program has ended."""
-    seen = wait.until(lambda: steps_seen(trace, sandbox, program.pid), "the end in the trace",
-                      accept=lambda found: "end" in found)
+    seen: list[str] = wait.until(
+        lambda: steps_seen(trace, sandbox, program.pid), "the end in the trace",
+        accept=lambda found: "end" in found)
     assert seen == expected
 
 

@@ -9,11 +9,12 @@ import subprocess
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 from types import SimpleNamespace
-from typing import Callable, Iterator
+from typing import Any, Callable, Iterator, cast
 
 import pytest
 
 from driver import wait
+from driver.display import Display
 from driver.installation import REPOSITORY, build_directory
 from driver.sandbox import Sandbox
 from driver.target import system_under_test
@@ -39,7 +40,7 @@ def lay_out(into: Path) -> None:
 @pytest.fixture
 def sandbox() -> Iterator[Sandbox]:
     """An installation without the program, and without a display: no stand-in has a window."""
-    installation = Sandbox(SimpleNamespace(name=":none"), lay_out)
+    installation = Sandbox(cast(Display, SimpleNamespace(name=":none")), lay_out)
     try:
         yield installation
         installation.end_started()
@@ -59,33 +60,34 @@ def load(sandbox: Sandbox) -> Iterator[Callable[..., subprocess.Popen[str]]]:
                                    [sandbox.shown(sandbox.bin / LIBRARY), *arguments]),
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=sandbox.environment())
         started.append(process)
-        assert process.stdout.readline() == "loaded 16\n"
+        assert process.stdout and process.stdout.readline() == "loaded 16\n"
         return process
 
     yield start
     for process in started:
-        process.kill()
-        process.wait()
-        process.stdin.close()
-        process.stdout.close()
+        with process:
+            process.kill()
 
 
 def end(loader: subprocess.Popen[str]) -> str:
     """Lets a loader end; what it has printed after its first line."""
+    assert loader.stdin and loader.stdout
     loader.stdin.close()
     printed = loader.stdout.read()
     assert loader.wait(wait.DEADLINE) == 0
     return printed
 
 
-def run(sandbox: Sandbox, name: str, *arguments: str, **options) -> subprocess.CompletedProcess:
+def run(
+    sandbox: Sandbox, name: str, *arguments: str, **options: Any
+) -> subprocess.CompletedProcess[bytes]:
+    where: dict[str, Any] = {"env": sandbox.environment(), "cwd": sandbox.bin}
     return subprocess.run(
         sandbox.system.command(sandbox.locate(name), list(arguments)), capture_output=True,
-        check=False, timeout=wait.DEADLINE,
-        **{"env": sandbox.environment(), "cwd": sandbox.bin, **options})
+        check=False, timeout=wait.DEADLINE, **where | options)
 
 
-def ask(sandbox: Sandbox, image: str, *more: str, **options) -> bytes:
+def ask(sandbox: Sandbox, image: str, *more: str, **options: Any) -> bytes:
     """What the task list says about an image."""
     done = run(sandbox, "tasklist", *more, "/NH", "/FO", "CSV", "/FI", f"IMAGENAME eq {image}",
                **options)
@@ -386,9 +388,11 @@ def test_a_task_list_sees_only_below_its_root(sandbox: Sandbox, running: int) ->
     line = f'"{running}"'.encode()
     sibling = sandbox.bin.with_name("bi")
     sibling.mkdir()
-    for roots, seen in (([sandbox.root / "elsewhere"], False), ([sandbox.bin], True),
-                        ([sibling], False), ([Path("/")], True), ([], True),
-                        ([sandbox.home, sandbox.root], True), ([Path("/no such folder")], False)):
+    table: list[tuple[list[Path], bool]] = [
+        ([sandbox.root / "elsewhere"], False), ([sandbox.bin], True), ([sibling], False),
+        ([Path("/")], True), ([], True), ([sandbox.home, sandbox.root], True),
+        ([Path("/no such folder")], False)]
+    for roots, seen in table:
         sandbox.configure("tasklist", root=[sandbox.shown(root) for root in roots])
         assert (line in ask(sandbox, PRODUCT_UI)) == seen, roots
 
@@ -411,6 +415,7 @@ def test_a_task_list_can_hang_and_fail(sandbox: Sandbox) -> None:
     hanging = subprocess.Popen(sandbox.system.command(tasklist, ["/NH", "/FO", "CSV"]),
                                stdout=subprocess.PIPE, env=sandbox.environment())
     # It prints before it hangs, and lists itself.
+    assert hanging.stdout
     assert hanging.stdout.readline().startswith(f'"{tasklist.name}","'.encode())
     assert hanging.poll() is None
     hanging.kill()
@@ -464,15 +469,15 @@ def test_the_clean_up_script_notes_how_it_was_called(sandbox: Sandbox) -> None:
 
 def test_the_clean_up_script_notes_who_sees_it(sandbox: Sandbox) -> None:
     copy = shutil.copy2(sandbox.bin / "clearKTR.bat", sandbox.temp)
-    nowhere = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL,
-               "stderr": subprocess.DEVNULL}
     script = subprocess.Popen(
-        ["chrt", "--idle", "0", "nice", "-n", "19", copy], start_new_session=True, **nowhere)
+        ["chrt", "--idle", "0", "nice", "-n", "19", copy], start_new_session=True,
+        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     assert script.wait(wait.DEADLINE) == 0
     start = sandbox.journal("clearKTR.bat", "start")[0]
     assert {key: start.text(key) for key in ("sid", "nice", "policy")} == {
         "sid": str(script.pid), "nice": "19", "policy": "5"}
-    assert [start.text(stream) for stream in nowhere] == ["/dev/null"] * 3
+    streams = ("stdin", "stdout", "stderr")
+    assert [start.text(stream) for stream in streams] == ["/dev/null"] * 3
     subprocess.run([copy], stdin=subprocess.DEVNULL, capture_output=True, check=True)
     other = sandbox.journal("clearKTR.bat", "start")[1]
     assert (other.text("nice"), other.text("policy")) != ("19", "5")

@@ -35,7 +35,9 @@ def image() -> pefile.PE:
 def version() -> str:
     """The project's own, from the one place where it stands: three numbers."""
     project = (REPOSITORY / "CMakeLists.txt").read_text(encoding="utf-8")
-    return re.search(r"VERSION (\d+\.\d+\.\d+)", project.split("project(")[1]).group(1)
+    found = re.search(r"VERSION (\d+\.\d+\.\d+)", project.split("project(")[1])
+    assert found
+    return found[1]
 
 
 def resources(image: pefile.PE, kind: str) -> dict[int, bytes]:

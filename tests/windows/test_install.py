@@ -23,7 +23,8 @@ BACK_TO_SOURCE = "/usr/lib/qt5/bin/lconvert"
 def translated(catalogue: str) -> dict[tuple[str, str], str]:
     """The translations of a catalogue's text, by context and source."""
     return {
-        (context.findtext("name"), message.findtext("source")): message.findtext("translation")
+        (context.findtext("name", ""), message.findtext("source", "")):
+            message.findtext("translation", "")
         for context in ElementTree.fromstring(catalogue).iter("context")
         for message in context.iter("message")
     }

@@ -217,4 +217,4 @@ def _read_line(descriptor: int) -> str:
 
 def _ignore(error: Any, request: Any) -> int:
     """Errors of requests without an answer: the window in question has gone, which is fine."""
-    return X.NONE
+    return int(X.NONE)

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import TYPE_CHECKING, Callable
+from typing import TYPE_CHECKING, Callable, Iterable
 
 from Xlib import XK, X
 from Xlib.ext import xtest
@@ -137,11 +137,12 @@ class Input:
             self.key_up(code)
 
     def _shift(self) -> int:
-        return self._display.connection.keysym_to_keycode(XK.XK_Shift_L)
+        return int(self._display.connection.keysym_to_keycode(XK.XK_Shift_L))
 
     def _code(self, keysym: int, name: str) -> tuple[bool, int]:
         """Whether Shift is needed, and the key code, of a keysym."""
-        codes = self._display.connection.keysym_to_keycodes(keysym) if keysym else ()
+        codes: Iterable[tuple[int, int]] = (
+            self._display.connection.keysym_to_keycodes(keysym) if keysym else ())
         for code, index in sorted(codes, key=lambda entry: entry[1]):
             if index in (0, 1):
                 return index == 1, code

@@ -121,6 +121,7 @@ class RunningProgram(Started):
                 raise wait.Doomed(f"{self!r} before {what} came; standard error: {self.stderr!r}")
             return chosen
 
-        return wait.until(
+        shown: list[Window] = wait.until(
             look, what, deadline, accept=lambda seen: bool(seen) and seen[0].visible
-        )[0]
+        )
+        return shown[0]

@@ -163,7 +163,7 @@ class Sandbox:
         deadline: float = wait.DEADLINE,
     ) -> Entry:
         """Waits for the first entry that `wanted` likes."""
-        entries = wait.until(
+        entries: list[Entry] = wait.until(
             self.journal, f"{what} in the journal", deadline,
             accept=lambda seen: any(wanted(entry) for entry in seen),
         )
@@ -213,7 +213,8 @@ class Sandbox:
             content = self.handle_file.read_bytes()
         except FileNotFoundError:
             return None
-        return struct.unpack("<Q", content)[0]
+        handle: int = struct.unpack("<Q", content)[0]
+        return handle
 
     def write_handle(self, content: int | bytes) -> None:
         """Replaces the handle file by a number in its form, or by any bytes."""

@@ -26,7 +26,8 @@ _ALL_PLANES = 0xFFFFFFFF
 
 def colour(text: str) -> Colour:
     """The colour that a text like "#1F6FFF" means."""
-    return ImageColor.getcolor(text, "RGB")
+    red, green, blue = ImageColor.getrgb(text)[:3]
+    return red, green, blue
 
 
 def is_close(one: Colour, other: Colour, tolerance: int = TOLERANCE) -> bool:
@@ -62,11 +63,13 @@ class Screen:
     def colour_at(self, place: Place) -> Colour:
         """The colour of one pixel: of a point, or of the centre of an area."""
         point = point_of(place)
-        return self.picture(Rect(point.x, point.y, 1, 1)).getpixel((0, 0))
+        seen: Colour = self.picture(Rect(point.x, point.y, 1, 1)).getpixel((0, 0))
+        return seen
 
     def main_colour(self, area: Rect) -> Colour:
         """The colour that most pixels of an area have."""
-        return Counter(self.picture(area).getdata()).most_common(1)[0][0]
+        pixels: Counter[Colour] = Counter(self.picture(area).getdata())
+        return pixels.most_common(1)[0][0]
 
     def share(self, area: Rect, wanted: str, tolerance: int = TOLERANCE) -> float:
         """The share, 0 to 1, of an area's pixels that have a colour."""

@@ -12,6 +12,8 @@ from driver.geometry import Place, Point, Rect, point_of
 
 if TYPE_CHECKING:
     from driver.display import Display
+    from driver.input import Input
+    from driver.screen import Screen
 
 _GONE = (error.BadWindow, error.BadDrawable, error.BadMatch)
 
@@ -34,12 +36,12 @@ class Window:
         return f"<window {self.identifier:#x} {self.title!r} of {self.pid} at {self.geometry}>"
 
     @property
-    def screen(self):
+    def screen(self) -> "Screen":
         """The picture of the display that it is on."""
         return self._display.screen
 
     @property
-    def keyboard(self):
+    def keyboard(self) -> "Input":
         """The keyboard of the display that it is on."""
         return self._display.input
 
@@ -205,7 +207,7 @@ class Window:
         """How opaque it is at a point of its own: from 0, nothing, to 255."""
         image = self._window.get_image(point.x, point.y, 1, 1, X.ZPixmap, 0xFFFFFFFF)
         assert image.depth == 32, "the window can be transparent"
-        return image.data[3]
+        return int(image.data[3])
 
     @property
     def icons(self) -> dict[tuple[int, int], tuple[int, int, int]]:

@@ -163,6 +163,7 @@ class Wine(Native):
     def holding_instance_lock(self, root: Path) -> Iterator[None]:
         """Holds the single-instance mutex as an instance without a window would."""
         with self._mutex(root, "hold") as holder:
+            assert holder.stdin and holder.stdout
             assert holder.stdout.readline().strip() == b"held"
             try:
                 yield

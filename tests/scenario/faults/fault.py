@@ -13,7 +13,9 @@ Prepare = Callable[[Sandbox], object]
 class Outcome(Protocol):
     """What the program is expected to do, in words and as a run of it."""
 
-    says: str
+    @property
+    def says(self) -> str:
+        """In words."""
 
     def run(self, sandbox: Sandbox, fault: "Fault") -> None:
         """Starts the program, uses it, and fails when it did not do that."""

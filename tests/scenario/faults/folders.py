@@ -18,6 +18,11 @@ def _read_only_program_directory(sandbox: Sandbox) -> None:
     sandbox.bin.chmod(0o555)
 
 
+def _temp_is_a_file(sandbox: Sandbox) -> None:
+    sandbox.temp.rmdir()
+    sandbox.temp.write_text("a file")
+
+
 def _read_only_temp(sandbox: Sandbox) -> None:
     sandbox.temp.chmod(0o555)
 
@@ -56,8 +61,7 @@ FAULTS = [
           linux_only=ROOT_READS_ALL),
     Fault("temp directory: missing", NO_CLEAN_UP, lambda sandbox: sandbox.temp.rmdir(),
           also=lambda sandbox: sandbox.temp.mkdir()),
-    Fault("temp directory: a file", NO_CLEAN_UP,
-          lambda sandbox: (sandbox.temp.rmdir(), sandbox.temp.write_text("a file"))),
+    Fault("temp directory: a file", NO_CLEAN_UP, _temp_is_a_file),
     Fault("temp directory: read-only", NO_CLEAN_UP, _read_only_temp, unprivileged=True,
           linux_only=ROOT_READS_ALL),
     Fault("temp directory: read-only, with an older script in it", NO_CLEAN_UP,
