@@ -29,7 +29,7 @@ step() {
 }
 
 # What a step may take on two idle cores, in seconds, by its title; the caller fills it in. A step
-# that takes longer is listed in `overran` and does not fail: other load on the machine delays it too.
+# that takes longer is listed in `overran` and does not fail, since other load delays it too.
 declare -gA budgets=()
 overran=()
 of_budget() { [[ -z ${budgets[$1]:-} ]] || printf ' of %5ds' "${budgets[$1]}"; }
