@@ -51,18 +51,19 @@ def wait_buttons_disabled(window: Window) -> None:
 
 def wait_complete(window: Window) -> None:
     """Waits until the window says that the uninstallation is complete and offers to close."""
-    wait.until(lambda: complete_text_share(window), "the green text",
-               accept=lambda share: share > 0.002)
+    wait.until(lambda: complete_text_seen(window), "the green text")
     window.hover(layout.TITLE_GRIP)
     window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
     assert window.bar_fraction() is None
 
 
-def complete_text_share(window: Window) -> float:
-    """How much of the progress label's place is of the colour that says "complete"."""
-    label = layout.PROGRESS_LABEL
-    area = window.area(layout.Rect(label.left, label.top, 80, label.height))
-    return window.screen.share(area, layout.COMPLETE_TEXT, tolerance=40)
+def complete_text_seen(window: Window) -> bool:
+    """Whether the progress label has the colour that means "complete".
+
+    Searches the whole width: Arabic and Hebrew texts are aligned to the right.
+    """
+    area = window.area(layout.PROGRESS_LABEL)
+    return window.screen.share(area, layout.COMPLETE_TEXT, tolerance=40) > 0.0003
 
 
 def wait_given_up(sandbox: Sandbox) -> None:
@@ -142,9 +143,10 @@ def reasons_given(sandbox: Sandbox) -> list[tuple[str, str, str]]:
 
 
 def reason_rows(window: Window) -> dict[int, int]:
-    """In which row each reason stands: the first three differ in how wide their text is.
+    """In which row each reason stands.
 
-    That is so in English; the fourth stands last in any language.
+    The widths of the texts tell the first three apart, which works in English and French; use
+    `choose_row` in other languages. The fourth is last in every language.
     """
     def widths() -> list[int]:
         return [_width_of_reason(window, row) for row in range(4)]
@@ -173,17 +175,33 @@ def _width_of_reason(window: Window, row: int, height: int = 19) -> int:
 
 
 def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
-    """Chooses a reason with the mouse and waits for the page that answers it."""
+    """Chooses a reason of the English or French window with the mouse; waits for its page."""
+    assert choose_row(sandbox, window, reason_rows(window)[reason]) == reason
+
+
+def choose_row(sandbox: Sandbox, window: Window, row: int) -> int:
+    """Chooses the reason in a row from 0, in any language, and waits for its page.
+
+    Returns the reason's number, taken from the usage event.
+    """
     given = len(reasons_given(sandbox))
-    window.click(layout.reason(reason_rows(window)[reason]))
-    wait_page(sandbox, window, reason, given + 1)
+    window.click(layout.reason(row))
+    event = wait_event(sandbox, "Result_Question_Why_Unistall", given + 1)
+    numbers = {reported(reason): reason for reason in REASONS}
+    assert event in numbers, f"no reason is reported like this: {event}"
+    wait_page(sandbox, window, numbers[event], given + 1)
+    return numbers[event]
+
+
+def reported(reason: int) -> tuple[str, str, str]:
+    """The usage event of a chosen reason."""
+    return ("UninstallPop", "Result_Question_Why_Unistall",
+            json.dumps({"answer": REASONS[reason]}, separators=(",", ":")))
 
 
 def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> None:
     """Waits until a reason, the `count`-th one here, has been reported and its page is seen."""
-    event = wait_event(sandbox, "Result_Question_Why_Unistall", count)
-    assert event == ("UninstallPop", "Result_Question_Why_Unistall",
-                     json.dumps({"answer": REASONS[reason]}, separators=(",", ":")))
+    assert wait_event(sandbox, "Result_Question_Why_Unistall", count) == reported(reason)
     if reason in (1, 2):
         wait_coupon(window)
     else:

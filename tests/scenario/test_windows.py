@@ -97,7 +97,7 @@ def test_a_real_uninstaller_that_hands_over_to_a_copy_of_itself(sandbox):
     # Its name may be gone before anybody has asked for it: then it counts as one that never appeared
     # and only the system closes the window. Else the bar is at its end before the work is.
     complete = wait.until(
-        lambda: ("complete" if steps.complete_text_share(window) > 0.002 else "")
+        lambda: ("complete" if steps.complete_text_seen(window) else "")
         or ("never seen" if steps.questions(sandbox) >= steps.POLLS else ""),
         "the end of the bar, or the last question for it") == "complete"
     wait.until(lambda: (sandbox.bin / "uninstall.ended").exists(), "the copy to be done")

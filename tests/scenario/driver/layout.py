@@ -63,8 +63,9 @@ COUPON = FRAME
 
 FEEDBACK = Rect(FRAME.left, FRAME.top, FRAME.width, 156)
 FEEDBACK_SUBMIT = Rect(FEEDBACK.right - 16 - 100, FEEDBACK.bottom - 16 - 28, 100, 28)
-SUBMIT_EDGE = Point(FEEDBACK_SUBMIT.left, FEEDBACK_SUBMIT.top + 14)
-"""A point of its border, which tells whether it is enabled."""
+SUBMIT_EDGE = Point(FEEDBACK_SUBMIT.right - 1, FEEDBACK_SUBMIT.top + 14)
+"""A point of its border, whose colour tells whether it is enabled. On the right: a long text widens
+the button to the left."""
 FEEDBACK_TEXT = Rect(
     FEEDBACK.left, FEEDBACK.top, FEEDBACK.width, FEEDBACK_SUBMIT.top - FEEDBACK.top
 )
