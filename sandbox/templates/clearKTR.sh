@@ -5,7 +5,7 @@
 status=$(cat "/proc/$$/stat")
 status=${status##*) }
 policy=$(echo "$status" | cut -d ' ' -f 39)
-exec '@NOTE@' clearKTR.bat start "script=$0" "script_pid=$$" \
+exec @NOTE@ clearKTR.bat start "script=$0" "script_pid=$$" \
     "sid=$(echo "$status" | cut -d ' ' -f 4)" "nice=$(echo "$status" | cut -d ' ' -f 17)" \
     "policy=$policy" "stdin=$(readlink "/proc/$$/fd/0")" "stdout=$(readlink "/proc/$$/fd/1")" \
     "stderr=$(readlink "/proc/$$/fd/2")" -- "$@"

@@ -4,9 +4,10 @@ One table for the whole suite: `file::scenario` to the reason. What is listed he
 Windows executable; everything else does, with the same expectations.
 """
 
-# The driver itself with a toy that is no Windows program; the calls of the Linux kernel; and other
-# installations: each has a Windows of its own here, so that nothing of another one runs in it.
-FILES_FOR_LINUX = ["test_driver.py", "test_machine_wide.py", "test_order.py"]
+# The driver itself with a toy that is no Windows program; the calls of the Linux kernel; the tour,
+# which `./run` takes on Linux; and other installations: each has a Windows of its own here, so that
+# nothing of another one runs in it.
+FILES_FOR_LINUX = ["test_driver.py", "test_machine_wide.py", "test_order.py", "test_tour.py"]
 # The drop shadow, real uninstallers, the calls of Windows.
 FILES_FOR_WINDOWS = ["test_windows.py", "test_calls.py"]
 

@@ -14,10 +14,11 @@ def build_directory() -> Path:
     return Path(os.environ.get("KTR_BUILD") or REPOSITORY / "build" / "linux-debug").resolve()
 
 
-def assemble(into: Path, program: Path | None = None) -> None:
-    """Lays out the pretend installation; `program` replaces the built program in it."""
+def assemble(into: Path, program: Path | None = None, language: str = "English") -> None:
+    """Lays out the sandbox of a product in a language; `program` replaces the built program."""
     command = [str(REPOSITORY / "sandbox" / "assemble"),
-               "--build", str(build_directory()), "--into", str(into)]
+               "--build", str(build_directory()), "--into", str(into),
+               "--language", language]
     runtime = build_directory() / "runtime"
     if runtime.exists():
         command += ["--runtime", str(runtime)]

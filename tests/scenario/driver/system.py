@@ -123,12 +123,15 @@ class Native:
         """The command line that starts an executable."""
         return [str(executable), *arguments]
 
-    def environment(self, root: Path, display: str) -> dict[str, str]:
-        """The whole environment of a program in the sandbox at `root`; nothing else leaks in."""
+    def environment(self, root: Path, display: str, tools: Path | None = None) -> dict[str, str]:
+        """The whole environment of a program in the sandbox at `root`; nothing else leaks in.
+
+        `tools` replaces the sandbox's own folder at the front of PATH.
+        """
         passed = {name: os.environ[name] for name in PASSED_THROUGH if name in os.environ}
         return {
             **passed,
-            "PATH": f"{root}/tools:/usr/local/bin:/usr/bin:/bin",
+            "PATH": f"{tools or root / 'tools'}:/usr/local/bin:/usr/bin:/bin",
             "LD_LIBRARY_PATH": f"{root}/config",
             "HOME": f"{root}/home",
             "TMPDIR": f"{root}/tmp",

@@ -103,10 +103,13 @@ class Wine(Native):
         """The command line that starts an executable."""
         return ["/usr/bin/wine", str(executable), *arguments]
 
-    def environment(self, root: Path, display: str) -> dict[str, str]:
-        """The whole environment of a program in the sandbox at `root`; nothing else leaks in."""
+    def environment(self, root: Path, display: str, tools: Path | None = None) -> dict[str, str]:
+        """The whole environment of a program in the sandbox at `root`; nothing else leaks in.
+
+        `tools` replaces the sandbox's own folder at the front of PATH.
+        """
         return {
-            "PATH": f"{root}/tools:/usr/local/bin:/usr/bin:/bin",
+            "PATH": f"{tools or root / 'tools'}:/usr/local/bin:/usr/bin:/bin",
             "HOME": f"{root}/home",
             "XDG_RUNTIME_DIR": f"{root}/run",
             "DISPLAY": display,
