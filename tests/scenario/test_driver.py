@@ -269,8 +269,8 @@ def test_the_environment_holds_nothing_from_outside(
     assert program.wait_exit() == 0
     # The interpreter sets LC_CTYPE itself when no locale is given.
     assert set(program.stdout.split()) - {"LC_CTYPE"} == {
-        "ASAN_OPTIONS", "DISPLAY", "EXTRA", "HOME", "LD_LIBRARY_PATH", "PATH",
-        "QT_QPA_PLATFORM", "TMPDIR", "XDG_RUNTIME_DIR",
+        "ASAN_OPTIONS", "DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "EXTRA", "HOME", "LD_LIBRARY_PATH",
+        "PATH", "QT_QPA_PLATFORM", "TMPDIR", "XDG_RUNTIME_DIR",
     }
 
 

@@ -137,6 +137,9 @@ class Native:
             "TMPDIR": f"{root}/tmp",
             "XDG_RUNTIME_DIR": f"{root}/run",
             "DISPLAY": display,
+            # An address that refuses every connection. Without one, libdbus starts dbus-launch
+            # (Debian package dbus-x11), which leaves a dbus-daemon behind.
+            "DBUS_SESSION_BUS_ADDRESS": "unix:path=/dev/null",
             "QT_QPA_PLATFORM": "xcb",
             "LC_ALL": "C.UTF-8",
         }
