@@ -91,11 +91,11 @@ TEST_F(LaunchContract, RunsAtIdlePriority)
     EXPECT_TRUE(contract::WaitUntil([&child] { return child.Ask({"priority"}) == "idle"; }));
 }
 
-TEST_F(LaunchContract, RunsAtNormalPriorityOtherwise)
+TEST_F(LaunchContract, InheritsThePriorityOtherwise)
 {
     DetachedChild child;
     child.Launch(program_, directory_);
-    EXPECT_EQ(child.Ask({"priority"}), "normal");
+    EXPECT_EQ(child.Ask({"priority"}), contract::OwnPriority());
 }
 
 TEST_F(LaunchContract, InheritsNoHandle)
