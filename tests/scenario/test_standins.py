@@ -238,8 +238,9 @@ def test_an_uninstaller_that_never_appears_does_nothing(sandbox: Sandbox) -> Non
 
 def test_the_uninstaller_outlives_the_session_that_started_it(sandbox: Sandbox) -> None:
     hold = sandbox.hold(UNINSTALLER)
-    shell = subprocess.Popen(["sh", "-c", '"$0" & wait', sandbox.bin / UNINSTALLER],
-                             start_new_session=True)
+    # nohup ignores SIGHUP, and child processes inherit that.
+    shell = subprocess.Popen(["env", "--default-signal=HUP", "sh", "-c", '"$0" & wait',
+                              sandbox.bin / UNINSTALLER], start_new_session=True)
     pid = sandbox.wait_noted(UNINSTALLER, "start").number("pid")
     os.killpg(shell.pid, signal.SIGHUP)
     assert shell.wait(wait.DEADLINE) == -signal.SIGHUP
