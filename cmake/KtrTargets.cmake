@@ -59,8 +59,11 @@ function(ktr_target_defaults target)
         target_link_options(${target} PRIVATE -static)
     endif()
     if(KTR_SANITIZE)
+        # Not Clang's check of function types: a library and its client may declare the same C
+        # function with types of different names.
         target_compile_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE}
-            -fno-sanitize-recover=all -fno-omit-frame-pointer)
+            -fno-sanitize-recover=all -fno-omit-frame-pointer
+            $<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
         target_link_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE})
     endif()
     if(KTR_COVERAGE)
