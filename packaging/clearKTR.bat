@@ -3,31 +3,44 @@ rem Removes what is left of the product after it was uninstalled, and nothing el
 rem
 rem     clearKTR.bat "C:\Folder of\the product"
 rem
-rem The program copies this file to the temp directory and runs that copy when it ends, hidden, with
-rem the product folder as its one argument. The folder is ours if exactly one of its direct
-rem sub-folders holds both UninstallUI.exe and a clearKTR.bat equal to this file.
+rem The program copies this file to the temp directory. When the program ends, it runs that copy,
+rem hidden, with the product folder as its one argument. The folder is ours if exactly one of its
+rem direct sub-folders holds both UninstallUI.exe and a clearKTR.bat equal to this file.
 rem
-rem It prints nothing, asks nothing and removes itself at the end. It ends the command interpreter
-rem that runs it, with one of these statuses:
+rem The script prints nothing, asks nothing and deletes itself at the end. It ends the command
+rem interpreter with one of these statuses:
 rem
 rem     0   the folder is gone
 rem     2   refused, nothing was removed
 rem     3   the program did not end in time, nothing was removed
 rem     4   something is left: in use, out of our reach, a link that stays, installed again
 rem
-rem Four lines remove something: "del" of the program's file, "rd" of a link, "rd /s" of the folder,
-rem and "del" of this file. Whatever is wrong before the first of them leads to :end.
+rem Five lines remove something: "del" of the program's file, "rd" of a link, "rd /s" of what is in
+rem the folder, "rd" of the empty folder, and "del" of this file. Whatever is wrong before the first
+rem of them leads to :end.
+rem
+rem Three rules keep the script safe:
+rem - "cd" can fail: it is followed by a look at the current folder.
+rem - No variable that holds a name stands in the body of a "for": there the interpreter takes a
+rem   percent sign in the name, with the letter behind it, for a loop variable.
+rem - Windows lets nobody rename or replace the current folder or a folder above it. So the script
+rem   stays in the product folder from the checks to the removal.
 setlocal EnableExtensions DisableDelayedExpansion
 set "self=%~f0"
+set "name=%~nx0"
 set "here=%~dp0"
 set status=2
 
-rem Variables of these names would hide what the interpreter says itself and change what "dir" does.
+rem A copy beside a program belongs to an installation. It does nothing, and it stays.
+if exist "%here%UninstallUI.exe" exit %status%
+
+rem Variables of these names would hide the interpreter's own values and change what "dir" does.
 set "CD="
+set "RANDOM="
 set "DIRCMD="
 
-rem Exactly one argument, which names something that exists: only that has attributes. They contain
-rem nothing of the argument, so that up to here it is harmless whatever it is.
+rem There is exactly one argument. It names something that exists, or it would have no attributes.
+rem The attributes contain nothing of the argument, so the lines up to here are safe with any text.
 set "attributes=%~a1"
 if not defined attributes goto end
 if not [%2]==[] goto end
@@ -35,39 +48,55 @@ set "folder=%~1"
 if not defined folder goto end
 set "folder=%folder:"=%"
 
-rem It is a folder, and no link to one, of which the attributes have an l.
+rem The interpreter opens this file anew for each line and goes on where it stopped. Another start
+rem of the program may meanwhile replace the copy in the temp directory, even by another version. So
+rem this copy first takes a name of its own: nothing replaces it, and at the end it deletes itself
+rem and no other copy. The interpreter reads the whole block before it runs it. Under a name that
+rem begins with clearKTR- the script skips this step.
+set "own=clearKTR-%RANDOM%-%RANDOM%.bat"
+if /i not "%name:~0,9%"=="clearKTR-" (
+    if exist "%here%%own%" exit %status%
+    ren "%self%" "%own%" >nul 2>nul
+    if exist "%here%%own%" "%here%%own%" "%folder%"
+    exit %status%
+)
+
+rem It is a folder and no link: the attributes of a link contain an l.
 if /i not "%attributes:~0,1%"=="d" goto end
 if not "%attributes:l=%"=="%attributes%" goto end
 
-rem It begins with a drive and a backslash, so it is neither relative nor on another machine. Behind
-rem that is nothing that makes two names of one: no wildcard, stream, slash, nor the tilde of short
-rem names; no dots to be resolved, no backslash too many.
+rem The path begins with a drive and a backslash, so it is neither relative nor on another machine.
+rem It contains nothing that gives one folder two names: no wildcard, stream or slash, no tilde of a
+rem short name, no level that ends with a space, no dots to resolve, no doubled backslash.
 if not "%folder:~1,2%"==":\" goto end
+if not "%folder: \=%"=="%folder%" goto end
 set "part="
-for /f "tokens=2 delims=*?<>|/:~" %%a in ("x%folder:~2%x") do set "part=%%a"
+for /f "tokens=2 delims=*?<>|/:~" %%i in ("x%folder:~2%x") do set "part=%%i"
 if defined part goto end
-for %%p in ("%folder%\.") do if /i not "%%~fp"=="%folder%" goto end
+for %%i in ("%folder%\.") do set "part=%%~fi"
+if /i not "%part%"=="%folder%" goto end
 
 rem It has two levels at least.
 set "part="
-for /f "tokens=3 delims=\" %%a in ("%folder%") do set "part=%%a"
+for /f "tokens=3 delims=\" %%i in ("%folder%") do set "part=%%i"
 if not defined part goto end
 
-rem Without these there is no saying where the folders of the system and of the user are.
+rem Without these variables the script cannot know the folders of the system and of the user.
 if not defined SystemRoot goto end
 if not defined ProgramFiles goto end
 if not defined USERPROFILE goto end
 set "system=%SystemRoot:"=%\System32"
-cd /d "%system%" 2>nul
+cd /d "%system%" >nul 2>nul
+if /i not "%CD%"=="%system%" goto end
 if not exist "%system%\fc.exe" goto end
 if not exist "%system%\ping.exe" goto end
 
-rem It is none of the folders that have to stay, and none of them lies in it, nor does this file.
-rem Nobody vouches for these variables, but without quotation marks they end no text. One that is
-rem missing stands for a root, which is no harm.
-for %%v in (TEMP TMP PUBLIC OneDrive APPDATA LOCALAPPDATA) do if not defined %%v set "%%v=\."
-for %%v in (ProgramData ALLUSERSPROFILE ProgramW6432) do if not defined %%v set "%%v=\."
-for %%v in (CommonProgramFiles CommonProgramW6432) do if not defined %%v set "%%v=\."
+rem It is none of the folders that must stay, and neither they nor this file lie in it. Nobody
+rem vouches for these variables; without quotation marks they end no text. A missing one stands for
+rem a root, which does no harm.
+for %%i in (TEMP TMP PUBLIC OneDrive APPDATA LOCALAPPDATA) do if not defined %%i set "%%i=\."
+for %%i in (ProgramData ALLUSERSPROFILE ProgramW6432) do if not defined %%i set "%%i=\."
+for %%i in (CommonProgramFiles CommonProgramW6432) do if not defined %%i set "%%i=\."
 if not defined ProgramFiles(x86) set "ProgramFiles(x86)=\."
 if not defined CommonProgramFiles(x86) set "CommonProgramFiles(x86)=\."
 set "place=%here%" & call :stays
@@ -94,83 +123,130 @@ set "place=%CommonProgramFiles:"=%" & call :stays
 set "place=%CommonProgramFiles(x86):"=%" & call :stays
 set "place=%CommonProgramW6432:"=%" & call :stays
 
-rem The same without those variables, should they be wrong: a profile holds the user's registry, and
-rem folders that Windows shows in a way of its own hold its notes on that.
-if exist "%folder%\ntuser.dat" goto end
-if exist "%folder%\desktop.ini" goto end
-
-rem It has the mark. "for" does not show hidden sub-folders: with one of them there is no counting.
-cd /d "%folder%" 2>nul
+rem No folder above it is a link either: through a link, a folder that must stay has another path.
+rem From here to the removal the script stays in the folder.
+cd /d "%folder%" >nul 2>nul
 if /i not "%CD%"=="%folder%" goto end
+set "place=%folder%"
+:above
+set "attributes="
+for %%i in ("%place%\.") do set "attributes=%%~ai"
+if not defined attributes goto end
+if not "%attributes:l=%"=="%attributes%" goto end
+for %%i in ("%place%\..") do set "place=%%~fi"
+if not "%place:~3%"=="" goto above
+
+rem It does not hold what the folders that must stay hold. This needs no path, so it also sees what
+rem has another drive letter. In this order: a profile or a folder of the shell, the folder of this
+rem file, application data, AppData, the profiles, the programs' folders, the system's folders, a
+rem whole drive. Names that a product may use itself, such as Temp or Windows, are not in the list.
+for %%i in (ntuser.dat desktop.ini) do if exist "%%i" goto end
+if exist "Temp\%name%" goto end
+for %%i in (Microsoft LocalLow "All Users") do if exist "%%~i" goto end
+for %%i in ("Common Files" "microsoft shared") do if exist "%%~i" goto end
+for %%i in (System32 kernel32.dll "Program Files") do if exist "%%~i" goto end
+
+rem It has the mark. "for" does not show hidden sub-folders, so with one of them there is no count.
 dir /b /adh >nul 2>nul
 if not errorlevel 1 goto end
 set found=0
-for /d %%d in (*) do (
-    set "entry=%%d"
-    set "attributes=%%~ad"
+for /d %%i in (*) do (
+    set "entry=%%i"
+    set "attributes=%%~ai"
     call :mark
 )
 if not %found%==1 goto end
 
-rem From here on the folder is known to be ours. The file of a running program cannot be removed, so
-rem its removal shows that the program has ended. Two minutes are for that and all the rest.
-cd /d "%system%" 2>nul
-set seconds=120
-set status=3
-:wait
-del /f /q /a "%program%" >nul 2>nul
-if not exist "%program%" goto remove
-call :second
-if %seconds% gtr 0 goto wait
-goto end
-
-rem Links go first, as links, so that none is left to be followed. "rd" follows none anyway, which
-rem goes for those in hidden folders, too, where "for" does not look. As long as a link cannot be
-rem removed, or a folder not be looked into, nothing else is. A program that is there again is a new
-rem installation, and a folder that has become a link is not the one that was checked.
-:remove
-set status=0
-if not exist "%folder%" goto end
-set status=4
-if exist "%program%" goto end
+rem The folder is ours. The script waits in the program directory: from there nothing but the file
+rem itself can be exchanged.
+cd "%program%" >nul 2>nul
+if /i not "%CD%"=="%folder%\%program%" goto end
 set "attributes="
-for %%p in ("%folder%\.") do (
-    set "entry=%%~nxp"
-    set "attributes=%%~ap"
-)
+for %%i in (.) do set "attributes=%%~ai"
 if not defined attributes goto end
 if not "%attributes:l=%"=="%attributes%" goto end
-cd /d "%folder%\.." 2>nul
+
+rem Windows deletes no file of a running program, so the deletion shows that the program has ended.
+rem "del" would delete all files of a folder of that name, even through a link, so the script looks
+rem before each attempt. Two minutes are for this wait and for all that follows.
+set seconds=120
+:wait
+set "attributes="
+for %%i in (UninstallUI.exe) do set "attributes=%%~ai"
+if not defined attributes goto ended
+if not "%attributes:d=%"=="%attributes%" goto end
+if not "%attributes:l=%"=="%attributes%" goto end
+del /f /q /a "UninstallUI.exe" >nul 2>nul
+if not exist "UninstallUI.exe" goto ended
+call :second
+if %seconds% gtr 0 goto wait
+set status=3
+goto end
+
+:ended
+set status=4
+if exist "UninstallUI.exe" goto end
+cd .. >nul 2>nul
+if /i not "%CD%"=="%folder%" goto end
+
+rem Links go first, as links, so that nothing can follow them. "rd /s" follows none on Windows, also
+rem in hidden folders, which "for" does not show. As long as a link stays, or the script cannot look
+rem into a folder, it removes nothing else. A program that is there again is a new installation.
+:remove
+if exist "%program%\UninstallUI.exe" goto end
 set "kept="
-call :unlink
-cd /d "%system%" 2>nul
-if not defined kept rd /s /q "%folder%" >nul 2>nul
-if not exist "%folder%" goto remove
+for /d %%i in (*) do (
+    set "entry=%%i"
+    set "attributes=%%~ai"
+    call :unlink
+)
+if /i not "%CD%"=="%folder%" goto end
+if not defined kept rd /s /q "." >nul 2>nul
+
+rem The script leaves the folder only when no file and no folder is left in it.
+dir /b /a-d >nul 2>nul
+if not errorlevel 1 goto again
+for /d %%i in (*) do goto again
+for %%i in ("%folder%\.") do set "entry=%%~nxi"
+cd .. >nul 2>nul
+if /i not "%CD%\%entry%"=="%folder%" goto end
+
+rem This "rd" removes an empty folder or a link, never what is in them.
+:leave
+rd "%entry%" >nul 2>nul
+if not exist "%entry%" goto gone
+call :second
+if %seconds% gtr 0 goto leave
+goto end
+:gone
+set status=0
+goto end
+
+:again
 call :second
 if %seconds% gtr 0 goto remove
 
-rem A copy beside the program belongs to an installation and stays. The last line is read as a whole
-rem before it is carried out: nothing is looked for in this file when it has gone.
+rem The interpreter reads the last line as a whole before it runs it, so it needs nothing from this
+rem file when the file is gone.
 :end
-if exist "%here%UninstallUI.exe" exit %status%
 del /f /q "%self%" >nul 2>nul & exit %status%
 
-rem Ends all if the place is the folder to be removed, or is below it.
+rem Ends the script if the place is the folder, or lies in it.
 :stays
-cd /d "%place%" 2>nul
+cd /d "%place%" >nul 2>nul
 :up
 if /i "%CD%"=="%folder%" goto end
 set "place=%CD%"
-cd ..
+cd .. >nul 2>nul
 if not "%CD%"=="%place%" goto up
 exit /b
 
-rem Counts the sub-folder that is looked at if it holds the mark: no links, and no folders as files.
+rem Counts the sub-folder if it has the mark. A link does not count, nor a folder named like a file.
 :mark
 if not defined attributes exit /b
 if not "%attributes:l=%"=="%attributes%" exit /b
 set "attributes="
-for %%f in ("%entry%\UninstallUI.exe") do set "attributes=%%~af"
+for %%i in ("%entry%\UninstallUI.exe") do set "attributes=%%~ai"
 if not defined attributes exit /b
 if not "%attributes:d=%"=="%attributes%" exit /b
 if not "%attributes:l=%"=="%attributes%" exit /b
@@ -178,31 +254,38 @@ if not "%attributes:l=%"=="%attributes%" exit /b
 if errorlevel 1 exit /b
 if not errorlevel 0 exit /b
 set /a found+=1
-set "program=%folder%\%entry%\UninstallUI.exe"
+set "program=%entry%"
 exit /b
 
-rem Removes the entry of the current folder if it is a link, or else all links to folders below it.
-rem This "rd" removes a link or an empty folder, never what is in it.
+rem Removes the entry of the current folder if it is a link, else all links to folders below it. An
+rem entry without readable attributes stays, and everything with it. The second look at the
+rem attributes comes from within the entry, where nobody can make a link of it any more.
 :unlink
-if not defined attributes exit /b
+if defined kept exit /b
+if /i not "%attributes:~0,1%"=="d" goto keep
 if not "%attributes:l=%"=="%attributes%" goto link
 set "above=%CD%"
-cd "%entry%" 2>nul
+cd "%entry%" >nul 2>nul
 if /i not "%CD%"=="%above%\%entry%" goto back
-for /d %%d in (*) do (
-    set "entry=%%d"
-    set "attributes=%%~ad"
+set "attributes="
+for %%i in (.) do set "attributes=%%~ai"
+if not defined attributes goto back
+if not "%attributes:l=%"=="%attributes%" goto back
+for /d %%i in (*) do (
+    set "entry=%%i"
+    set "attributes=%%~ai"
     call :unlink
 )
-cd ..
-exit /b
-:back
-set kept=1
-cd /d "%above%" 2>nul
+cd .. >nul 2>nul
 exit /b
 :link
 rd "%entry%" >nul 2>nul
-if exist "%entry%" set kept=1
+if not exist "%entry%" exit /b
+goto keep
+:back
+cd /d "%above%" >nul 2>nul
+:keep
+set kept=1
 exit /b
 
 rem A second goes by.

@@ -217,6 +217,10 @@ ARGUMENTS = [
     refused("wildcards of the system's inside", '"D:\\Program Files\\Torvan\\Drav<"'),
     refused("a stream", f'"{PRODUCT}:stream"'),
     refused("the folder's own stream", f'"{PRODUCT}::$INDEX_ALLOCATION"'),
+    refused("a level that ends with a space", '"D:\\Torvan \\Dravik"',
+            mark("D:\\Torvan \\Dravik\\bin"), folders("D:\\Torvan")),
+    refused("a level that ends with a dot", '"D:\\Torvan.\\Dravik"',
+            mark("D:\\Torvan.\\Dravik\\bin")),
     refused("a tilde", '"D:\\PROGRA~1\\Dravik"', mark("D:\\PROGRA~1\\Dravik\\bin")),
     refused("a command within", f'"{PRODUCT}"^&echo"'),
     refused("a character that the code page lacks", '"D:\\Torvan\\ドラビック"',
@@ -284,6 +288,32 @@ PLACES_THAT_STAY = [
     kept("a hidden note of the system", "D:\\Elsewhere\\Desktop",
          files("D:\\Elsewhere\\Desktop\\desktop.ini"),
          attributes("hs", "D:\\Elsewhere\\Desktop\\desktop.ini")),
+]
+
+LINK = "D:\\Elsewhere\\link"
+BY_DRIVE = "F:\\Anna\\AppData\\Local"
+"""The same folder as below the profile, under another drive letter."""
+
+# Folders that stay, under a path that no variable leads to.
+OTHER_PATHS = [
+    refused("application data behind a link", f'"{LINK}\\Local"',
+            link(LINK, PROFILE + "\\AppData"), mark(PROFILE + "\\AppData\\Local\\bin")),
+    refused("the product behind a link to the folder above", f'"{LINK}\\Dravik"',
+            link(LINK, "D:\\Program Files\\Torvan")),
+    refused("the product behind a link two levels up", f'"{LINK}\\Torvan\\Dravik"',
+            link(LINK, "D:\\Program Files")),
+    refused("the product behind a link to a drive", f'"{LINK}\\Program Files\\Torvan\\Dravik"',
+            link(LINK, "D:\\")),
+    refused("the folder of the temp directory, by another drive letter", f'"{BY_DRIVE}"',
+            mark(PROFILE + "\\AppData\\Local\\bin")),
+    *(kept(f"what holds {name}", SYSTEM + "Moved", folders(f"{SYSTEM}Moved\\{name}"))
+      for name in ("Microsoft", "LocalLow", "All Users", "Common Files", "microsoft shared",
+                   "System32", "Program Files")),
+    kept("what holds kernel32.dll", SYSTEM + "Moved", files(SYSTEM + "Moved\\kernel32.dll")),
+    gone("names that a product may use itself", PRODUCT, folders(*(
+        f"{PRODUCT}\\{name}" for name in ("Temp", "Windows", "Users", "Public", "Local",
+                                         "Microsoft.VC90.CRT"))),
+         files(RES + "\\Microsoft\\x.txt")),
 ]
 
 HARMFUL = '" & mkdir D:\\harm & "'
@@ -373,9 +403,9 @@ ELSEWHERE = "D:\\Elsewhere"
 ONLY_THE_PROGRAM = (PROGRAM + "\\UninstallUI.exe",)
 
 
-def linked(name: str, *steps: Step) -> Case:
+def linked(name: str, *steps: Step, **more) -> Case:
     """Wine cannot remove links, so one of them keeps everything, and nothing behind it goes."""
-    return Case(f"link {name}", LEFT, steps=steps, gone=ONLY_THE_PROGRAM, patience=2)
+    return Case(f"link {name}", LEFT, steps=steps, gone=ONLY_THE_PROGRAM, patience=2, **more)
 
 
 # Links to folders inside are never followed.
@@ -393,6 +423,11 @@ LINKS = [
     linked("among others", link(RES + "\\1", ELSEWHERE), link(RES + "\\2", "E:\\"),
            link(PROGRAM + "\\translations\\3", PROFILE)),
     linked("with everything in its name", link(RES + "\\a & b (1) ^ ! ü", ELSEWHERE)),
+    # Beyond 260 characters the interpreter reads no attributes, and that of Wine complains.
+    linked("with too long a path", folders(RES + "\\" + "x" * 200),
+           link(RES + "\\" + "x" * 200 + "\\" + "y" * 60, ELSEWHERE),
+           way="detached", silent=False),
 ]
 
-CASES = [*NAMES, *CONTENTS, *PLACES, *ARGUMENTS, *PLACES_THAT_STAY, *ENVIRONMENT, *MARKS, *LINKS]
+CASES = [*NAMES, *CONTENTS, *PLACES, *ARGUMENTS, *PLACES_THAT_STAY, *OTHER_PATHS, *ENVIRONMENT,
+         *MARKS, *LINKS]

@@ -43,7 +43,7 @@ class Result:
 
 
 class Machine:
-    """Drive C is Wine's, D and E are empty folders at first."""
+    """Drive C is Wine's, D and E are empty folders at first, and F is another name of D:\\Users."""
 
     def __init__(self) -> None:
         self.root = Path(tempfile.mkdtemp(prefix="ktr-cleanup-")).resolve()
@@ -153,6 +153,8 @@ class Machine:
         for letter in "de":
             (self.root / letter).mkdir()
             (devices / f"{letter}:").symlink_to(self.root / letter)
+        # A second letter for a folder, as "subst" makes it.
+        (devices / "f:").symlink_to(self.root / "d" / "Users")
         (self.root / "home").mkdir()
         for folder, names, files in os.walk(self.at("C:\\users")):
             for link in (Path(folder, name) for name in names + files):

@@ -6,14 +6,17 @@ is the only difference.
 
 from __future__ import annotations
 
+import re
 import time
 from contextlib import contextmanager
 from typing import Callable, Iterator
 
+import pytest
+
 from calling import differences, instructions, lay_out
-from cases import GONE, LEFT, STILL_RUNNING, Case
-from machine import DEADLINE, Machine, Program
-from world import PRODUCT, PROGRAM, STAGED, World
+from cases import ELSEWHERE, GONE, LEFT, REFUSED, STILL_RUNNING, Case
+from machine import DEADLINE, Machine, Program, Result
+from world import PRODUCT, PROGRAM, STAGED, TEMP, Step, World, below, files, link, without
 
 EXECUTABLE = PROGRAM + "\\UninstallUI.exe"
 EARLY = PROGRAM + "\\0.dll"
@@ -31,6 +34,28 @@ def running(machine: Machine, program: str, *arguments: str) -> Iterator[Program
         process.stdin.close()
         process.wait(DEADLINE)
         process.stdout.close()
+
+
+@contextmanager
+def waiting(machine: Machine, case: Case, *command: str) -> Iterator[Callable[[], Result]]:
+    """Calls the script while a program runs, and goes on when the script waits for its end.
+
+    Gives a function that ends the program and returns how the script ended. The program is the one
+    in the product folder unless another one is named.
+    """
+    with running(machine, *(command or [EXECUTABLE])) as program:
+        script = machine.begin(instructions(machine, case))
+
+        def finish() -> Result:
+            program.stdin.close()
+            return machine.finish(script)
+
+        try:
+            until(lambda: machine.runs("ping.exe"), "the script to wait")
+            yield finish
+        finally:
+            if script.poll() is None:
+                finish()
 
 
 def until(condition: Callable[[], bool], what: str) -> None:
@@ -57,14 +82,25 @@ def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     case = Case("", GONE)
     world = lay_out_with_a_real_program(machine, case)
     before = world.tree()
-    with running(machine, EXECUTABLE) as program:
-        script = machine.begin(instructions(machine, case))
-        until(lambda: machine.runs("ping.exe"), "the script to wait")
-        assert world.tree() == before
-        program.stdin.close()
-        result = machine.finish(script)
+    with waiting(machine, case) as finish:
+        meanwhile = world.tree()
+        result = finish()
+    # Only the script's own copy has another name.
+    own, = meanwhile.keys() - before.keys()
+    assert re.fullmatch(re.escape(TEMP) + r"\\clearKTR-\d+-\d+\.bat", own)
+    assert meanwhile == {own if path == STAGED else path: facts for path, facts in before.items()}
     assert differences(case, before, world.tree()) == []
     assert (result.status, result.output) == (GONE, b"")
+
+
+def test_refuses_when_its_copy_cannot_be_renamed(machine: Machine) -> None:
+    case = Case("", REFUSED, script_goes=False)
+    world = lay_out(machine, case)
+    before = world.tree()
+    with running(machine, holder(machine), STAGED):
+        result = machine.finish(machine.begin(instructions(machine, case)))
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (REFUSED, b"")
 
 
 def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
@@ -80,17 +116,92 @@ def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
     assert (result.status, result.output) == (STILL_RUNNING, b"")
 
 
-def test_waits_until_a_file_is_free(machine: Machine) -> None:
+@pytest.mark.parametrize("instead", [
+    link(EXECUTABLE, ELSEWHERE), files(EXECUTABLE + "\\keep.txt"),
+], ids=["link to a folder", "folder"])
+def test_removes_nothing_in_the_place_of_the_program(machine: Machine, instead: Step) -> None:
+    """A running program can be renamed. "del" follows a link of its name, and empties a folder."""
+    case = Case("", REFUSED, patience=3)
+    world = lay_out_with_a_real_program(machine, case)
+    before = world.tree()
+    with waiting(machine, case) as finish:
+        machine.at(EXECUTABLE).rename(machine.at(PROGRAM + "\\renamed.exe"))
+        instead(world)
+        changed = world.tree()
+        result = finish()
+    changed = {path: facts for path, facts in changed.items() if "clearKTR-" not in path}
+    assert changed.keys() - before.keys() >= {PROGRAM + "\\renamed.exe"}
+    assert differences(Case("", REFUSED, script_goes=False), changed, world.tree()) == []
+    assert (result.status, result.output) == (REFUSED, b"")
+
+
+@pytest.mark.parametrize("folder, command", [
+    (PROGRAM, [EXECUTABLE]), (PRODUCT, ["C:\\ktr\\holder.exe", EARLY]),
+], ids=["the program directory", "the product folder"])
+def test_nobody_can_exchange_the_folder_while_it_waits(
+        machine: Machine, folder: str, command: list[str]) -> None:
+    """Wine keeps the current folder in its place; Windows also keeps the folders above it."""
     case = Case("", GONE)
     world = lay_out_with_a_real_program(machine, case)
     before = world.tree()
-    with running(machine, holder(machine), EARLY) as program:
-        script = machine.begin(instructions(machine, case))
-        until(lambda: machine.runs("ping.exe"), "the script to wait")
-        assert machine.at(EARLY).exists()
+    with waiting(machine, case, *command) as finish:
+        machine.run(["cd D:\\", f'wide cmd /c ren "{folder}" exchanged'])
+        stayed = machine.at(folder).is_dir()
+        result = finish()
+    assert stayed
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (GONE, b"")
+
+
+HARM = b"mkdir D:\\harm\r\n" * 2000
+"""Another version of the script, wherever the interpreter goes on in it."""
+
+
+@pytest.mark.parametrize("content", [None, b"", HARM], ids=["same", "empty", "another version"])
+def test_a_second_start_replaces_the_copy_meanwhile(machine: Machine, content: bytes) -> None:
+    """The script goes on and leaves the other copy alone.
+
+    The interpreter of Windows looks for the file at each line; that of Wine keeps it open. So a
+    file that is there gets another content here, or none for a file that is gone: then Wine reads
+    what Windows would read.
+    """
+    case = Case("", GONE)
+    world = lay_out_with_a_real_program(machine, case)
+    before = world.tree()
+    with waiting(machine, case) as finish:
+        if content is None:
+            machine.at(STAGED).unlink(missing_ok=True)
+        world.write(STAGED, world.script if content is None else content)
+        staged = world.tree()[STAGED]
+        result = finish()
+    after = world.tree()
+    assert after.pop(STAGED) == staged
+    assert differences(case, before, after) == []
+    assert (result.status, result.output) == (GONE, b"")
+
+
+@pytest.mark.parametrize("path", [
+    PRODUCT + "\\zz in use.txt", EARLY,
+], ids=["in the folder", "in a folder in it"])
+def test_waits_until_a_file_is_free(machine: Machine, path: str) -> None:
+    case = Case("", GONE, steps=(without(PRODUCT + "\\left over.txt"), files(path)))
+    world = lay_out(machine, case)
+    before = world.tree()
+    with waiting(machine, case, holder(machine), path) as finish:
+        assert machine.at(path).exists()
         assert not machine.at(EXECUTABLE).exists()
-        program.stdin.close()
-        result = machine.finish(script)
+        result = finish()
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (GONE, b"")
+
+
+def test_waits_until_the_empty_folder_is_free(machine: Machine) -> None:
+    case = Case("", GONE)
+    world = lay_out_with_a_real_program(machine, case)
+    before = world.tree()
+    with waiting(machine, case, holder(machine), PRODUCT) as finish:
+        until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
+        result = finish()
     assert differences(case, before, world.tree()) == []
     assert (result.status, result.output) == (GONE, b"")
 
@@ -114,14 +225,11 @@ def test_leaves_alone_what_was_installed_meanwhile(machine: Machine) -> None:
     case = Case("", LEFT)
     world = lay_out_with_a_real_program(machine, case)
     before = world.tree()
-    with running(machine, holder(machine), EARLY) as program:
-        script = machine.begin(instructions(machine, case))
-        until(lambda: machine.runs("ping.exe"), "the script to wait")
+    with waiting(machine, case, holder(machine), EARLY) as finish:
         world.install(PRODUCT)
         installed = world.tree()
-        program.stdin.close()
-        result = machine.finish(script)
+        result = finish()
     after = world.tree()
-    assert installed.keys() == before.keys()
-    assert set(installed) - set(after) == {STAGED}
+    assert below(installed, PRODUCT) == below(before, PRODUCT)
+    assert after == {path: facts for path, facts in installed.items() if "clearKTR-" not in path}
     assert (result.status, result.output) == (LEFT, b"")

@@ -1,5 +1,5 @@
-// A program that runs, and with an argument has that file open as most programs do: nobody may
-// write to it or remove it. It says so and lives until standard input ends.
+// Keeps running until standard input ends. With an argument it holds that file or folder open as
+// most programs do: nobody may write to it or remove it. It prints "ready" first.
 
 #include <cstdio>
 #include <cwchar>
@@ -7,9 +7,13 @@
 
 int wmain(int argc, wchar_t **argv)
 {
-    if (argc > 1 &&
-        ::CreateFileW(argv[1], GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr) ==
-            INVALID_HANDLE_VALUE) {
+    if (argc > 1 && ::CreateFileW(argv[1],
+                                  GENERIC_READ,
+                                  FILE_SHARE_READ,
+                                  nullptr,
+                                  OPEN_EXISTING,
+                                  FILE_FLAG_BACKUP_SEMANTICS,
+                                  nullptr) == INVALID_HANDLE_VALUE) {
         return 2;
     }
     std::puts("ready");
