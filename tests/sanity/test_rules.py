@@ -87,7 +87,8 @@ def test_layers_include_only_what_lies_below(layer):
         f"{name(path)} includes {include}"
         for path in files
         for include in includes(path)
-        if include.split("/")[0] in {*MAY_INCLUDE, "sandbox", "tests", "qml"} - MAY_INCLUDE[layer]
+        if include.split("/")[0]
+        in {*MAY_INCLUDE, "sandbox", "testkit", "tests", "qml"} - MAY_INCLUDE[layer]
     ]
     assert not wrong
 
@@ -118,7 +119,7 @@ def test_operating_system_headers_stay_in_their_folders():
 def test_no_system_is_tested_for_outside_its_folder():
     wrong = [
         f"{name(path)}: {line.strip()}"
-        for folder in (*MAY_INCLUDE, "sandbox", "tests")
+        for folder in (*MAY_INCLUDE, "sandbox", "testkit", "tests")
         for path in cpp(folder)
         if not name(path).startswith(OS_FOLDERS)
         for line in path.read_text("utf-8").splitlines()
@@ -193,7 +194,8 @@ def test_no_font_family_in_the_interface():
 
 def code_folders() -> list[Path]:
     """Every folder of the project with a file that is compiled or interpreted."""
-    roots = [*MAY_INCLUDE, "qml", "sandbox", "packaging", "resources", "tests", "tools", "cmake"]
+    roots = [*MAY_INCLUDE, "qml", "sandbox", "packaging", "resources", "testkit", "tests", "tools",
+             "cmake"]
     files = [path for root in roots for path in sources(root, "*")
              if path.suffix in CODE and "__pycache__" not in path.parts]
     return sorted({path.parent for path in files} | {ROOT / root for root in roots})

@@ -1,7 +1,7 @@
 #include "controller/uninstall_mgr.h"
+#include "testkit/fakes/fake_environment.h"
 #include "tests/unit/config/log_watch.h"
 #include "tests/unit/controller/object_watch.h"
-#include "tests/unit/controller/world.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -21,7 +21,7 @@ protected:
         QTimer::singleShot(0, std::move(action));
     }
 
-    World world_;
+    FakeEnvironment world_;
     CUninstallMgr manager_{world_.Environment()};
 };
 

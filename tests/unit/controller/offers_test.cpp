@@ -1,6 +1,6 @@
 #include "controller/offers.h"
 #include "controller/uninstall_mgr.h"
-#include "tests/unit/controller/world.h"
+#include "testkit/fakes/fake_environment.h"
 #include "tests/unit/platform/support/registry_values.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ protected:
         return *made;
     }
 
-    World world;
+    FakeEnvironment world;
     std::unique_ptr<CUninstallMgr> made;
 };
 

@@ -1,5 +1,5 @@
 #include "controller/uninstall_mgr.h"
-#include "tests/unit/controller/world.h"
+#include "testkit/fakes/fake_environment.h"
 
 #include <QMetaObject>
 
@@ -18,7 +18,7 @@ std::size_t Allocated()
 TEST(UninstallLongRun, AHundredThousandTicksKeepNothing)
 {
     constexpr int kTicks = 100000;
-    World world;
+    FakeEnvironment world;
     UninstallEnvironment environment = world.Environment();
     environment.isProcessRunning = [](const QString &) {
         return true;

@@ -1,7 +1,7 @@
 #include "controller/ui_utility.h"
 #include "controller/uninstall_mgr.h"
 #include "services/config/vantor_config_instance.h"
-#include "tests/unit/controller/world.h"
+#include "testkit/fakes/fake_environment.h"
 
 #include <QMetaMethod>
 #include <QMetaProperty>
@@ -67,7 +67,7 @@ TEST(UninstallMgr, ProgressPropertyIsAsDescribed)
 
 TEST(UninstallMgr, StartsWithItsInitialValues)
 {
-    World world;
+    FakeEnvironment world;
     CUninstallMgr manager(world.Environment());
     EXPECT_EQ(manager.parent(), nullptr);
     EXPECT_EQ(manager.getExitCode(), -10);
@@ -77,7 +77,7 @@ TEST(UninstallMgr, StartsWithItsInitialValues)
 
 TEST(UninstallMgr, KeepsAnyExitCodeAsItIs)
 {
-    World world;
+    FakeEnvironment world;
     CUninstallMgr manager(world.Environment());
     for (const int code : {0, -1, -2, -10, 7, 2147483647}) {
         manager.setExitCode(code);
@@ -87,7 +87,7 @@ TEST(UninstallMgr, KeepsAnyExitCodeAsItIs)
 
 TEST(UninstallMgr, ProgressNotifiesAlsoWhenUnchanged)
 {
-    World world;
+    FakeEnvironment world;
     CUninstallMgr manager(world.Environment());
     const QSignalSpy changed(&manager, &CUninstallMgr::sigValProgressChanged);
     manager.setProperty("valProgress", 99);
@@ -100,7 +100,7 @@ TEST(UninstallMgr, ProgressNotifiesAlsoWhenUnchanged)
 
 TEST(UninstallMgr, OpensLinksButNotAnEmptyOne)
 {
-    World world;
+    FakeEnvironment world;
     CUninstallMgr manager(world.Environment());
     manager.openLink(QString());
     manager.openLink(QStringLiteral(""));
@@ -117,7 +117,7 @@ TEST(UninstallMgr, OpensLinksButNotAnEmptyOne)
 
 TEST(UninstallMgr, HandsUsageEventsOverInOrder)
 {
-    World world;
+    FakeEnvironment world;
     CUninstallMgr manager(world.Environment());
     manager.sendUserInfo(
         QStringLiteral("noSolvedPage"), QStringLiteral("Click_Submit"), QStringLiteral("text"));
@@ -132,7 +132,7 @@ TEST(UninstallMgr, HandsUsageEventsOverInOrder)
 
 TEST(UninstallMgr, AsksForTheProductByItsExactName)
 {
-    World world;
+    FakeEnvironment world;
     world.PollsAnswer({true, false});
     CUninstallMgr manager(world.Environment());
     EXPECT_TRUE(manager.isKTRRunning());

@@ -1,5 +1,5 @@
 #include "controller/uninstall_mgr.h"
-#include "tests/unit/controller/world.h"
+#include "testkit/fakes/fake_environment.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -43,7 +43,7 @@ protected:
         return QStringLiteral("start %1/uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::currentPath());
     }
 
-    World world_;
+    FakeEnvironment world_;
     CUninstallMgr manager_{world_.Environment()};
     QSignalSpy changed_{&manager_, &CUninstallMgr::sigValProgressChanged};
 };

@@ -1,6 +1,6 @@
 #include "controller/uninstall_mgr.h"
 #include "controller/window_shadow.h"
-#include "tests/unit/controller/world.h"
+#include "testkit/fakes/fake_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ TEST_P(WindowShadow, KernelQualifies)
 TEST_P(WindowShadow, SystemDecidesOnlyWhereTheKernelQualifies)
 {
     for (const bool dropShadow : {false, true}) {
-        World world;
+        FakeEnvironment world;
         world.kernelVersion = QString::fromLatin1(GetParam().version);
         world.dropShadow = dropShadow;
         CUninstallMgr manager(world.Environment());

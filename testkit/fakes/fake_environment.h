@@ -8,8 +8,8 @@
 
 #include <utility>
 
-/// A world for the controller that writes down, in order, what it was asked for.
-class World
+/// A fake of everything that the controller uses. Records what the controller asked for, in order.
+class FakeEnvironment
 {
 public:
     /// The next polls answer these in turn; after the last one, the last one stays.
