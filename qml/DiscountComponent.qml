@@ -18,6 +18,7 @@ FocusScope {
 
     Text {
         id: priceTxt
+        objectName: "priceText"
 
         anchors.left: parent.left
         anchors.top: parent.top
@@ -31,6 +32,7 @@ FocusScope {
 
     Rectangle {
         id: expireRect
+        objectName: "expiryBadge"
 
         anchors.left: parent.left
         anchors.top: priceTxt.bottom
@@ -49,6 +51,7 @@ FocusScope {
 
         Text {
             id: expireTxt
+            objectName: "expiryText"
 
             anchors.centerIn: parent
             //: Small badge under the price of a coupon; %1 is the coupon's last day, such as
@@ -62,6 +65,7 @@ FocusScope {
 
     Text {
         id: invitation
+        objectName: "offerText"
 
         anchors.left: parent.left
         anchors.bottom: parent.bottom
@@ -79,6 +83,7 @@ FocusScope {
     }
 
     Image {
+        objectName: "couponImage"
         anchors.right: parent.right
         anchors.rightMargin: 48
         y: Math.round((frameRect.height - height) / 2)
@@ -88,6 +93,7 @@ FocusScope {
 
     MouseArea {
         id: offerArea
+        objectName: "offerLink"
 
         anchors.fill: parent
         hoverEnabled: true

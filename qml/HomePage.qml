@@ -85,6 +85,7 @@ Item {
 
     Label {
         id: titleLabel
+        objectName: "titleLabel"
 
         anchors.left: parent.left
         anchors.top: parent.top
@@ -99,6 +100,7 @@ Item {
 
     Item {
         id: frameRect
+        objectName: "contentArea"
 
         anchors.left: parent.left
         anchors.right: parent.right
@@ -116,12 +118,14 @@ Item {
 
         ReasonComponent {
             id: reasonPage
+            objectName: "reasonPage"
 
             anchors.fill: parent
         }
 
         DiscountComponent {
             id: expensiveOldPage
+            objectName: "expensivePage"
 
             anchors.fill: parent
             visible: false
@@ -131,6 +135,7 @@ Item {
 
         DiscountComponent {
             id: solvedPage
+            objectName: "solvedPage"
 
             anchors.fill: parent
             visible: false
@@ -140,6 +145,7 @@ Item {
 
         SubmitAdviceComponent {
             id: noSolvedPage
+            objectName: "noSolvedPage"
 
             anchors.fill: parent
             visible: false
@@ -154,6 +160,7 @@ Item {
 
         SubmitAdviceComponent {
             id: otherPage
+            objectName: "otherPage"
 
             anchors.fill: parent
             visible: false
@@ -168,6 +175,7 @@ Item {
 
     Text {
         id: uninstallLabel
+        objectName: "progressLabel"
 
         anchors.left: parent.left
         anchors.right: parent.right
@@ -183,6 +191,7 @@ Item {
 
     ZoProgressBar {
         id: progressBar
+        objectName: "progressBar"
 
         anchors.left: parent.left
         anchors.right: parent.right
@@ -210,6 +219,7 @@ Item {
 
     Rectangle {
         id: btnRect
+        objectName: "buttonRow"
 
         anchors.left: parent.left
         anchors.right: parent.right
@@ -219,6 +229,7 @@ Item {
 
         ZoRoundButton {
             id: btnUninstall
+            objectName: "uninstallButton"
 
             anchors.top: btnCancel.top
             anchors.right: btnCancel.left
@@ -257,6 +268,7 @@ Item {
 
         ZoDefaultRoundButton {
             id: btnCancel
+            objectName: "cancelButton"
 
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter

@@ -32,6 +32,7 @@ ApplicationWindow {
 
     Rectangle {
         id: bgRect
+        objectName: "card"
 
         width: window.width - 2 * window.burOffset
         height: window.height - 2 * window.burOffset
@@ -40,6 +41,7 @@ ApplicationWindow {
     }
 
     BorderImage {
+        objectName: "windowShadow"
         anchors.fill: bgRect
         anchors.margins: -window.burOffset
         border.left: window.burOffset
@@ -54,6 +56,7 @@ ApplicationWindow {
 
     Image {
         id: bgImage
+        objectName: "backgroundImage"
 
         anchors.left: bgRect.left
         anchors.top: bgRect.top
@@ -62,6 +65,7 @@ ApplicationWindow {
 
     WinTitle {
         id: wintitle
+        objectName: "titleBar"
 
         anchors.left: bgRect.left
         anchors.top: bgRect.top
@@ -70,6 +74,7 @@ ApplicationWindow {
     }
 
     StackLayout {
+        objectName: "pageStack"
         anchors.left: bgRect.left
         anchors.leftMargin: 32
         anchors.right: bgRect.right
@@ -81,6 +86,7 @@ ApplicationWindow {
 
         HomePage {
             id: hPage
+            objectName: "homePage"
 
             onUninstalling: wintitle.closeBtnDisable(running)
         }

@@ -37,6 +37,7 @@ FocusScope {
 
     // Below the texts: a long one runs over its edge.
     Image {
+        objectName: "reasonImage"
         anchors.right: parent.right
         anchors.rightMargin: 48
         y: Math.round((frameRect.height - height) / 2)
@@ -45,13 +46,16 @@ FocusScope {
     }
 
     Column {
+        objectName: "reasonColumn"
         anchors.fill: parent
         spacing: 10
 
         Repeater {
+            objectName: "reasonList"
             model: uninstallMgr.getReasonList()
 
             ZoRadioButton {
+                objectName: "reason" + modelData
                 height: 19
                 text: root.listReson[modelData]
                 ButtonGroup.group: reasonGroup

@@ -33,6 +33,7 @@ FocusScope {
 
     Rectangle {
         id: frame
+        objectName: "feedbackFrame"
 
         anchors.left: parent.left
         anchors.right: parent.right
@@ -53,6 +54,7 @@ FocusScope {
 
     ScrollView {
         id: adviceView
+        objectName: "feedbackView"
 
         anchors.left: frame.left
         anchors.right: frame.right
@@ -65,6 +67,7 @@ FocusScope {
 
         TextArea {
             id: adviceText
+            objectName: "feedbackText"
 
             textFormat: TextEdit.PlainText
             wrapMode: Text.Wrap
@@ -124,6 +127,7 @@ FocusScope {
 
     ZoRoundButton {
         id: submitBtn
+        objectName: "submitButton"
 
         anchors.right: frame.right
         anchors.rightMargin: 16
@@ -139,6 +143,7 @@ FocusScope {
     }
 
     ZoLinkLabel {
+        objectName: "offerLink"
         anchors.left: parent.left
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 11

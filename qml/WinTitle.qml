@@ -31,6 +31,7 @@ Item {
 
     ZoImageButton {
         id: closeBtn
+        objectName: "closeButton"
 
         anchors.right: parent.right
         anchors.rightMargin: 8

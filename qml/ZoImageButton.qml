@@ -63,6 +63,7 @@ ZoPushButton {
         label: null
         background: Rectangle {
             id: ground
+            objectName: "buttonBackground"
 
             color: root.getBgColor()
             radius: root.btnRadius
@@ -81,6 +82,7 @@ ZoPushButton {
             Repeater {
                 model: [!root.ltRadius, !root.rtRadius, !root.lbRadius, !root.rbRadius]
                 Rectangle {
+                    objectName: "squareCorner"
                     x: index % 2 === 0 ? 0 : ground.width - width
                     y: index < 2 ? 0 : ground.height - height
                     width: root.btnRadius
@@ -92,6 +94,7 @@ ZoPushButton {
 
             Image {
                 id: image
+                objectName: "buttonImage"
                 anchors.verticalCenter: parent.verticalCenter
                 anchors.horizontalCenter: root.imghcenter ? parent.horizontalCenter : undefined
                 source: root.getBgSource()

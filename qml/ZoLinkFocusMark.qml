@@ -5,6 +5,7 @@ import "public.js" as Public
 // page, where a frame round it would lose a side. Its line is below: it has the colour of the
 // letters, which would run into it.
 Rectangle {
+    objectName: "focusMark"
     z: -1
     color: "#E8F0FF"
     Accessible.ignored: true

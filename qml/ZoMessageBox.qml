@@ -36,8 +36,11 @@ ZoPopWindow {
     Component.onDestruction: uninstallMgr.popMsgBox(false, result)
 
     content: Rectangle {
+        objectName: "messageBoxBody"
+
         Image {
             id: image
+            objectName: "messageBoxIcon"
             width: 48
             height: 48
             source: box.icon
@@ -46,6 +49,7 @@ ZoPopWindow {
 
         Text {
             id: mainText
+            objectName: "mainTitleText"
             anchors {
                 left: image.right
                 leftMargin: 16
@@ -63,6 +67,7 @@ ZoPopWindow {
         }
 
         Text {
+            objectName: "subTitleText"
             anchors {
                 left: mainText.left
                 top: mainText.bottom

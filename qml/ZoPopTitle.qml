@@ -17,6 +17,7 @@ Rectangle {
 
     // Only the upper corners are round.
     Rectangle {
+        objectName: "squareCorners"
         anchors {
             left: parent.left
             right: parent.right
@@ -32,6 +33,7 @@ Rectangle {
     }
 
     Text {
+        objectName: "popupTitle"
         anchors {
             left: parent.left
             leftMargin: 16
@@ -56,6 +58,7 @@ Rectangle {
 
     ZoImageButton {
         id: closeButton
+        objectName: "closeButton"
         anchors.right: parent.right
         anchors.rightMargin: 16
         anchors.verticalCenter: parent.verticalCenter

@@ -114,6 +114,7 @@ Window {
         id: defaultButton
         ZoDefaultRoundButton {
             property int index: 0
+            objectName: "button" + index
             onClicked: popupwin.buttonClicked(index)
         }
     }
@@ -122,12 +123,14 @@ Window {
         id: plainButton
         ZoRoundButton {
             property int index: 0
+            objectName: "button" + index
             onClicked: popupwin.buttonClicked(index)
         }
     }
 
     Rectangle {
         id: background
+        objectName: "popupBackground"
         anchors.fill: parent
         radius: popupwin.mainWindow() && popupwin.mainWindow().blur > 0 ? Public.winRadius : 0
         color: popupwin.bgColor
@@ -141,6 +144,7 @@ Window {
 
         ZoPopTitle {
             id: titleBar
+            objectName: "popupTitleBar"
             anchors {
                 left: parent.left
                 top: parent.top
@@ -161,6 +165,7 @@ Window {
         }
 
         Loader {
+            objectName: "popupBody"
             anchors {
                 left: parent.left
                 leftMargin: popupwin.leftMargin
@@ -181,6 +186,7 @@ Window {
 
         RowLayout {
             id: row
+            objectName: "buttonRow"
             anchors {
                 left: parent.left
                 right: parent.right

@@ -24,6 +24,7 @@ Item {
 
     Rectangle {
         id: track
+        objectName: "progressTrack"
         width: parent.width
         height: 4
         radius: 2
@@ -31,6 +32,7 @@ Item {
     }
 
     Rectangle {
+        objectName: "progressFill"
         width: root.value * track.width / 100
         height: track.height
         radius: track.radius

@@ -72,6 +72,7 @@ RadioButton {
 
         Text {
             id: label
+            objectName: "radioLabel"
             anchors.verticalCenter: parent.verticalCenter
             width: control.width - leftPadding
             // Never at the other end, as a text that runs right to left would be by itself.

@@ -77,6 +77,7 @@ ZoPushButton {
 
     style: ButtonStyle {
         background: Rectangle {
+            objectName: "buttonBackground"
             radius: root.bgRadius
             opacity: root.bgOpacity
             border.color: root.bgBorderColor
@@ -85,6 +86,7 @@ ZoPushButton {
             gradient: root.bgGradient
         }
         label: Text {
+            objectName: "buttonLabel"
             text: root.text
             textFormat: Text.PlainText
             color: root.labelColor
@@ -107,6 +109,7 @@ ZoPushButton {
 
     // Only sets the cursor: with hoverEnabled it would take the hover away from the button.
     MouseArea {
+        objectName: "cursorArea"
         anchors.fill: parent
         acceptedButtons: Qt.NoButton
         cursorShape: root.staticButton ? Qt.ArrowCursor : Qt.PointingHandCursor

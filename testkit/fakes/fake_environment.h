@@ -6,13 +6,17 @@
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
 #include <utility>
 
 /// A fake of everything that the controller uses. Records what the controller asked for, in order.
 class FakeEnvironment
 {
 public:
-    /// The next polls answer these in turn; after the last one, the last one stays.
+    /// The image names of the running processes.
+    QStringList running;
+    /// The next queries for a process answer these in turn, whatever `running` says; after the
+    /// last one, the last one stays.
     void PollsAnswer(QList<bool> answers)
     {
         answers_ = std::move(answers);
@@ -23,14 +27,24 @@ public:
     /// The remote configuration and the facts that offers are made of.
     bool configured = true;
     QMap<QString, QString> texts;
+    /// The text of every key that `texts` lacks; "%1" in it becomes the key.
+    QString defaultText;
     QString oemName;
     QString xurlId;
     QString versionNo = QStringLiteral("18.0");
     QDate today = QDate(2026, 11, 21);
 
+    /// Called with each entry as soon as it is recorded, before the controller gets its answer.
+    std::function<void(const QString &entry)> onAsked;
+
     const QStringList &Asked() const
     {
         return asked_;
+    }
+    /// Adds an entry of the test's own, to show its place among the others.
+    void Note(const QString &text)
+    {
+        Record(QStringLiteral("note ") + text);
     }
     void Forget()
     {
@@ -41,49 +55,48 @@ public:
     {
         UninstallEnvironment environment;
         environment.isProcessRunning = [this](const QString &name) {
-            asked_ << QStringLiteral("ask ") + name;
-            const bool answer = !answers_.isEmpty() && answers_.first();
+            Record(QStringLiteral("ask ") + name);
+            const bool answer = answers_.isEmpty() ? running.contains(name) : answers_.first();
             if (answers_.size() > 1) {
                 answers_.removeFirst();
             }
             return answer;
         };
         environment.startDetached = [this](const QString &program, const QStringList &arguments) {
-            asked_
-                << QStringLiteral("start %1 [%2]").arg(program, arguments.join(QLatin1Char('|')));
+            Record(QStringLiteral("start %1 [%2]").arg(program, arguments.join(QLatin1Char('|'))));
         };
         environment.sleep = [this](unsigned long milliseconds) {
-            asked_ << QStringLiteral("sleep %1").arg(milliseconds);
+            Record(QStringLiteral("sleep %1").arg(milliseconds));
         };
         environment.processEvents = [this] {
-            asked_ << QStringLiteral("pump");
+            Record(QStringLiteral("pump"));
         };
         environment.kernelVersion = [this] {
             return kernelVersion;
         };
         environment.dropShadowEnabled = [this] {
-            asked_ << QStringLiteral("shadow?");
+            Record(QStringLiteral("shadow?"));
             return dropShadow;
         };
         environment.openUrl = [this](const QUrl &url) {
-            asked_ << QStringLiteral("open ") + QString::fromLatin1(url.toEncoded());
+            Record(QStringLiteral("open ") + QString::fromLatin1(url.toEncoded()));
         };
         environment.sendUsageEvent = [this](const QString &window,
                                             const QString &activity,
                                             const QString &attribute,
                                             const QString &source) {
-            asked_ << QStringLiteral("event [%1][%2][%3][%4]")
-                          .arg(window, activity, attribute, source);
+            Record(
+                QStringLiteral("event [%1][%2][%3][%4]").arg(window, activity, attribute, source));
         };
         environment.offers.configured = [this] {
             return configured;
         };
         environment.offers.text = [this](const QString &key) {
-            asked_ << QStringLiteral("text ") + key;
-            return texts.value(key);
+            Record(QStringLiteral("text ") + key);
+            return texts.value(key, QString(defaultText).replace(QLatin1String("%1"), key));
         };
         environment.offers.setVersionTag = [this](const std::string &tag) {
-            asked_ << QStringLiteral("tag ") + QString::fromStdString(tag);
+            Record(QStringLiteral("tag ") + QString::fromStdString(tag));
         };
         environment.offers.oemName = [this] {
             return oemName;
@@ -101,6 +114,14 @@ public:
     }
 
 private:
+    void Record(const QString &entry)
+    {
+        asked_ << entry;
+        if (onAsked) {
+            onAsked(entry);
+        }
+    }
+
     QList<bool> answers_;
     QStringList asked_;
 };

@@ -35,11 +35,9 @@ TestCase {
     }
 
     function init() {
-        var offer = {
-            "price": "$19.95", "expired": "12/31/2026", "url": "https://shop.example/offer"
-        }
-        uninstallMgr.reset()
-        uninstallMgr.offers = { "1": offer, "2": offer, "3": offer, "4": offer }
+        fake.reset()
+        fake.defaultText = "$19.95"
+        fake.today = new Date(2026, 11, 30)
     }
 
     function cleanup() {
@@ -55,13 +53,15 @@ TestCase {
         })
     }
 
-    function all(type) {
-        return Parts.all(main.contentItem, type)
+    function part(name) {
+        return findChild(main.contentItem, name)
     }
 
-    function open() {
+    function open(reasons) {
         main = Qt.createComponent("qrc:/Main.qml").createObject(null)
         tryVerify(function() { return main.active && main.contentItem.width === main.width })
+        part("reasonList").model = reasons
+        part("reasonColumn").forceLayout()
     }
 
     function close() {
@@ -73,8 +73,8 @@ TestCase {
 
     function walk(row) {
         verify(languages.speak(row.language), "there is a translation")
-        open()
-        var page = all("HomePage")[0]
+        open([1, 2, 3, 4])
+        var page = part("homePage")
         visit(main, "reasons")
         page.switchPage(1)
         visit(main, "price too expensive")
@@ -84,16 +84,12 @@ TestCase {
         visit(main, "thanks for a feedback")
         page.switchPage(3)
         visit(main, "problem not solved")
-        // The one of the page is disabled as long as nothing is written.
-        var uninstall = all("ZoRoundButton").filter(function(button) {
-            return button.visible && button.enabled
-        })[0]
-        uninstallMgr.ktrRunning = true
+        fake.running = ["KTRUI.exe"]
         boxWatch.start()
-        uninstall.clicked()
-        uninstallMgr.ktrRunning = false
-        uninstall.clicked()
-        var bar = all("ZoProgressBar")[0]
+        part("uninstallButton").clicked()
+        fake.running = []
+        part("uninstallButton").clicked()
+        var bar = part("progressBar")
         bar.valueAnimationInterval = 0
         uninstallMgr.valProgress = 42
         tryCompare(bar, "value", 42)

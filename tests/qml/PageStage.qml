@@ -28,7 +28,7 @@ Item {
         id: home
 
         function switchPage(funIndex) {
-            uninstallMgr.note("switchPage " + funIndex)
+            fake.note("switchPage " + funIndex)
         }
 
         x: 32

@@ -20,9 +20,9 @@ Window {
 
     property Component popup: Component {
         ZoPopWindow {
-            onButtonClicked: uninstallMgr.note("buttonClicked " + index)
-            onCloseClicked: uninstallMgr.note("closeClicked")
-            Component.onDestruction: uninstallMgr.note("destroyed")
+            onButtonClicked: fake.note("buttonClicked " + index)
+            onCloseClicked: fake.note("closeClicked")
+            Component.onDestruction: fake.note("destroyed")
         }
     }
 

@@ -8,6 +8,6 @@ Stage {
 
     function notifyPopup(popup, shown) {
         notified = popup
-        uninstallMgr.note("notifyPopup " + (popup.titleHeight !== undefined) + " " + shown)
+        fake.note("notifyPopup " + (popup.titleHeight !== undefined) + " " + shown)
     }
 }

@@ -12,9 +12,6 @@ TestCase {
     id: test
 
     readonly property string folder: probe.environment("KTR_GALLERY")
-    readonly property var offer: ({
-        "price": "$19.95", "expired": "12/31/2026", "url": "https://shop.example/offer"
-    })
     property var main: null
     property int taken: 0
     property var whileBoxIsUp: null
@@ -44,8 +41,9 @@ TestCase {
     }
 
     function init() {
-        uninstallMgr.reset()
-        uninstallMgr.offers = { "1": offer, "2": offer, "3": offer, "4": offer }
+        fake.reset()
+        fake.defaultText = "$19.95"
+        fake.today = new Date(2026, 11, 30)
     }
 
     function cleanup() {
@@ -76,7 +74,7 @@ TestCase {
             return Qt.rect(left, top, Math.max(one.x + one.width, other.x + other.width) - left,
                            Math.max(one.y + one.height, other.y + other.height) - top)
         })
-        shot(createTemporaryObject(part, main.contentItem, {
+        shot(createTemporaryObject(section, main.contentItem, {
             x: rect.x, y: rect.y, width: rect.width, height: rect.height
         }), name)
     }
@@ -85,29 +83,25 @@ TestCase {
     function open() {
         main = Qt.createComponent("qrc:/Main.qml").createObject(null)
         tryVerify(function() { return main.active && main.contentItem.width === main.width })
+        part("reasonList").model = [1, 2, 3, 4]
+        part("reasonColumn").forceLayout()
         return main
     }
 
-    function all(type) {
-        return Parts.all(main.contentItem, type)
-    }
-
-    function shown(type) {
-        return all(type).filter(function(item) { return item.visible })[0]
+    function part(name) {
+        return findChild(main.contentItem, name)
     }
 
     function page() {
-        return all("HomePage")[0]
+        return part("homePage")
     }
 
-    function buttonWith(text) {
-        return all("ZoRoundButton").concat(all("ZoDefaultRoundButton")).filter(function(button) {
-            return button.text === text && button.visible
-        })[0]
+    function inPage(pageName, name) {
+        return findChild(part(pageName), name)
     }
 
     Component {
-        id: part
+        id: section
         Item {}
     }
 
@@ -116,7 +110,7 @@ TestCase {
     function test_01_reasons() {
         open()
         shot(main, "reasons")
-        var reasons = all("ZoRadioButton")
+        var reasons = Parts.named(main.contentItem, /^reason\d$/)
         mouseMove(reasons[1], 40, 9)
         tryCompare(reasons[1], "hovered", true)
         shotOf(reasons, "reasons, the second hovered")
@@ -126,7 +120,8 @@ TestCase {
     }
 
     function test_02_shadow() {
-        uninstallMgr.windowShadow = true
+        fake.kernelVersion = "10.0.19045"
+        fake.dropShadow = true
         open()
         shot(main, "with a drop shadow")
     }
@@ -137,21 +132,21 @@ TestCase {
         shot(main, "price too expensive")
         page().switchPage(2)
         shot(main, "problem solved")
-        Parts.all(shown("DiscountComponent"), "MouseArea")[0].forceActiveFocus(Qt.TabFocusReason)
-        shotOf(Parts.all(shown("DiscountComponent"), "Text").slice(-1), "coupon, keyboard on the link")
+        inPage("solvedPage", "offerLink").forceActiveFocus(Qt.TabFocusReason)
+        shotOf([inPage("solvedPage", "offerText")], "coupon, keyboard on the link")
         Parts.destroy(test, main)
-        uninstallMgr.offers = {}
+        fake.configured = false
         open()
         page().switchPage(1)
-        shotOf(Parts.all(shown("DiscountComponent"), "Text"), "coupon without an offer")
+        shotOf(Parts.named(part("expensivePage"), /Text$/), "coupon without an offer")
     }
 
     function test_04_feedback() {
         open()
         page().switchPage(3)
         shot(main, "problem not solved")
-        var area = Parts.all(shown("SubmitAdviceComponent"), "TextArea")[0]
-        var box = Parts.ground(shown("SubmitAdviceComponent"))
+        var area = inPage("noSolvedPage", "feedbackText")
+        var box = inPage("noSolvedPage", "feedbackFrame")
         area.forceActiveFocus(Qt.MouseFocusReason)
         area.cursorVisible = true
         shotOf([box], "feedback, in the box")
@@ -163,7 +158,7 @@ TestCase {
         shotOf([box], "feedback, much text and a selection")
         area.focus = false
         shotOf([box], "feedback, after the box")
-        var link = Parts.all(shown("SubmitAdviceComponent"), "ZoLinkLabel")[0]
+        var link = inPage("noSolvedPage", "offerLink")
         link.forceActiveFocus(Qt.TabFocusReason)
         shotOf([link], "feedback, keyboard on the link")
         page().thank(3)
@@ -172,33 +167,33 @@ TestCase {
 
     function test_05_uninstall() {
         open()
-        var buttons = [buttonWith("Uninstall"), buttonWith("Cancel")]
-        buttonWith("Uninstall").forceActiveFocus(Qt.TabFocusReason)
+        var buttons = [part("uninstallButton"), part("cancelButton")]
+        part("uninstallButton").forceActiveFocus(Qt.TabFocusReason)
         shotOf(buttons, "keyboard on Uninstall")
-        buttonWith("Cancel").forceActiveFocus(Qt.TabFocusReason)
+        part("cancelButton").forceActiveFocus(Qt.TabFocusReason)
         shotOf(buttons, "keyboard on Cancel")
         // It would have the keyboard again as soon as it is enabled.
-        buttonWith("Cancel").focus = false
-        mouseClick(buttonWith("Uninstall"))
+        part("cancelButton").focus = false
+        mouseClick(part("uninstallButton"))
         mouseMove(main.contentItem, 300, 200)
         uninstallMgr.valProgress = 42
-        tryCompare(shown("ZoProgressBar"), "value", 42)
+        tryCompare(part("progressBar"), "value", 42)
         shot(main, "uninstalling")
         uninstallMgr.valProgress = 100
-        tryVerify(function() { return buttonWith("OK") !== undefined })
+        tryCompare(part("cancelButton"), "text", "OK")
         shot(main, "complete")
     }
 
     function test_06_warning() {
         open()
-        uninstallMgr.ktrRunning = true
+        fake.running = ["KTRUI.exe"]
         var saved = false
         whileBoxIsUp = function(box) {
             saved = save(box, "warning")
             box.close()
         }
         boxWatch.start()
-        mouseClick(buttonWith("Uninstall"))
+        mouseClick(part("uninstallButton"))
         verify(saved)
     }
 

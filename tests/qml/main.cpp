@@ -1,7 +1,7 @@
 #include "app/appearance.h"
 #include "app/language.h"
+#include "fake_world.h"
 #include "language_switch.h"
-#include "recording_mgr.h"
 #include "ui_probe.h"
 #include "warning_watch.h"
 
@@ -15,7 +15,7 @@
 #include <memory>
 
 /// Prepares each run of a test file: the application's warnings are watched, and every engine gets
-/// the recording controller, the probe and the languages.
+/// the real controller in a fake environment, the probe and the languages.
 class TestSetup : public QObject
 {
     Q_OBJECT
@@ -32,14 +32,14 @@ public Q_SLOTS:
 
     void qmlEngineAvailable(QQmlEngine *engine)
     {
-        engine->rootContext()->setContextProperty(QStringLiteral("uninstallMgr"), &m_mgr);
+        m_fake.publish(engine->rootContext());
         engine->rootContext()->setContextProperty(QStringLiteral("probe"), &m_probe);
         engine->rootContext()->setContextProperty(QStringLiteral("languages"), &m_languages);
     }
 
 private:
     WarningWatch m_watch;
-    RecordingMgr m_mgr;
+    FakeWorld m_fake;
     UiProbe m_probe;
     LanguageSwitch m_languages;
 };

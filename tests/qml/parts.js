@@ -1,39 +1,27 @@
-// Finding the parts of a control by what they are, and bringing a control into a state.
+// Finding items by their names, what reaches the fake world, and bringing a control into a state.
 .pragma library
 
-// Every item below `item` of a type, in the order in which they are drawn: a type of ours by its
-// name, one of the toolkit by its class name without the "QQuick" in front.
-function all(item, type) {
+// Every item below `item` whose objectName matches, in the order in which they are drawn.
+function named(item, pattern) {
     var found = []
     for (var i = 0; i < item.children.length; ++i) {
         var child = item.children[i]
-        var kind = child.toString()
-        if (kind.indexOf("QQuick" + type) === 0 || kind.indexOf(type + "_QML") === 0) {
+        if (pattern.test(child.objectName)) {
             found.push(child)
         }
-        found = found.concat(all(child, type))
+        found = found.concat(named(child, pattern))
     }
     return found
 }
 
-function text(item) {
-    return all(item, "Text")[0]
+function names(items) {
+    return items.map(function(item) { return item.objectName })
 }
 
-// The first plain rectangle: a control's background.
-function ground(item) {
-    return all(item, "Rectangle")[0]
-}
-
-function cursorArea(item) {
-    return all(item, "MouseArea").filter(function(area) {
-        return area.acceptedButtons === Qt.NoButton
-    })[0]
-}
-
-// The mark of the keyboard focus.
-function focusFrame(item) {
-    return all(item, "ZoFocusFrame")[0]
+// A usage event as the fake world records it; the attribute is a text, or what becomes JSON.
+function event(window, activity, attribute, source) {
+    var text = typeof attribute === "object" ? JSON.stringify(attribute) : attribute || ""
+    return "event [" + [window, activity, text, source || ""].join("][") + "]"
 }
 
 // Whether a drawn colour, as "#rrggbb", is as good as another one: no channel is off by more than

@@ -10,13 +10,12 @@ TestCase {
 
     // Before those of the last row. The title bar has none.
     readonly property var stops: ({
-        0: ["ZoRadioButton", "ZoRadioButton", "ZoRadioButton", "ZoRadioButton"],
-        1: ["QQuickMouseArea"],
-        2: ["QQuickMouseArea"],
-        3: ["TextArea", "ZoRoundButton", "ZoLinkLabel"],
-        4: ["TextArea", "ZoRoundButton", "ZoLinkLabel"]
+        1: ["offerLink"],
+        2: ["offerLink"],
+        3: ["feedbackText", "submitButton", "offerLink"],
+        4: ["feedbackText", "submitButton", "offerLink"]
     })
-    readonly property var last: ["ZoRoundButton", "ZoDefaultRoundButton"]
+    readonly property var last: ["uninstallButton", "cancelButton"]
 
     property var main: null
 
@@ -27,12 +26,12 @@ TestCase {
     height: 100
 
     function init() {
-        uninstallMgr.reset()
+        fake.reset()
         main = Qt.createComponent("qrc:/Main.qml").createObject(null)
         tryCompare(main, "visible", true)
         main.requestActivate()
         tryCompare(main, "active", true)
-        uninstallMgr.forgetCalls()
+        fake.forget()
     }
 
     function cleanup() {
@@ -41,19 +40,20 @@ TestCase {
     }
 
     function home() {
-        return Parts.all(main.contentItem, "HomePage")[0]
+        return findChild(main.contentItem, "homePage")
     }
 
-    function pages() {
-        return home().children[1].children
-    }
-
-    function part(number, type) {
-        return Parts.all(pages()[number], type)[0]
+    function part(number, name) {
+        return findChild(home().listPages[number], name)
     }
 
     function cancel() {
-        return Parts.all(home(), "ZoDefaultRoundButton")[0]
+        return findChild(home(), "cancelButton")
+    }
+
+    // The reasons in the order that the controller gave them.
+    function reasons() {
+        return Parts.names(Parts.named(home(), /^reason\d$/))
     }
 
     function tab() {
@@ -66,10 +66,6 @@ TestCase {
         return main.activeFocusItem
     }
 
-    function kind(item) {
-        return item.toString().split(/_QML|\(/)[0]
-    }
-
     function test_tabGoesInReadingOrder_data() {
         return [0, 1, 2, 3, 4].map(function(number) {
             return { tag: "page " + number, number: number }
@@ -79,55 +75,52 @@ TestCase {
     function test_tabGoesInReadingOrder(row) {
         home().switchPage(row.number)
         if (row.number > 2) {
-            part(row.number, "TextArea").text = "x"
+            part(row.number, "feedbackText").text = "x"
         }
-        var order = stops[row.number].concat(last)
+        var order = (stops[row.number] || reasons()).concat(last)
         var found = order.map(tab)
-        compare(found.map(kind), order)
+        compare(Parts.names(found), order)
         // Row after row, and in a row from left to right; the coupon fills the page.
         for (var n = 1; n < found.length; ++n) {
             var before = found[n - 1].mapToItem(null, 0, 0)
             var here = found[n].mapToItem(null, 0, 0)
-            verify(here.y > before.y || here.x > before.x || stops[row.number].length === 1, n)
-        }
-        if (row.number === 0) {
-            compare(found[0], Parts.all(pages()[0], "ZoRadioButton")[0])
+            verify(here.y > before.y || here.x > before.x || order.length === 3, n)
         }
         compare(tab(), found[0], "round again")
         // The same way back.
         for (var back = found.length - 1; back >= 0; --back) {
             compare(backtab(), found[back], back)
         }
-        compare(uninstallMgr.calls, [])
+        compare(fake.asked, [])
     }
 
     function test_disabledButtonsAreNoStops() {
-        var row = home().children[home().children.length - 1]
-        mouseClick(Parts.all(row, "ZoRoundButton")[0])
+        mouseClick(findChild(home(), "uninstallButton"))
         home().switchPage(3)
-        part(3, "TextArea").forceActiveFocus()
-        compare(kind(tab()), "ZoLinkLabel")
-        compare(kind(tab()), "TextArea", "neither Submit nor the last row nor the title bar")
+        part(3, "feedbackText").forceActiveFocus()
+        compare(tab().objectName, "offerLink")
+        compare(tab().objectName, "feedbackText",
+                "neither Submit nor the last row nor the title bar")
     }
 
     function test_thePageGivesTheKeyboardOn_data() {
         return [
-            { tag: "forwards to a coupon", number: 1, step: tab, kind: "QQuickMouseArea" },
-            { tag: "forwards to a feedback", number: 3, step: tab, kind: "TextArea" },
-            { tag: "backwards", number: 2, step: backtab, kind: last[1] },
-            { tag: "backwards from a feedback", number: 4, step: backtab, kind: last[1] }
+            { tag: "forwards to a coupon", number: 1, step: tab, name: "offerLink" },
+            { tag: "forwards to a feedback", number: 3, step: tab, name: "feedbackText" },
+            { tag: "backwards", number: 2, step: backtab, name: "cancelButton" },
+            { tag: "backwards from a feedback", number: 4, step: backtab, name: "cancelButton" }
         ]
     }
 
     function test_thePageGivesTheKeyboardOn(row) {
-        mouseClick(Parts.all(pages()[0], "ZoRadioButton")[row.number - 1])
-        compare(pages()[row.number].activeFocus, true)
+        mouseClick(part(0, "reason" + row.number))
+        compare(home().listPages[row.number].activeFocus, true)
         if (row.number < 3) {
-            compare(part(row.number, "ZoLinkFocusMark").visible, false, "no mark for the mouse")
+            compare(part(row.number, "focusMark").visible, false, "no mark for the mouse")
         }
-        compare(kind(row.step()), row.kind)
+        compare(row.step().objectName, row.name)
         if (row.number === 1) {
-            compare(part(1, "ZoLinkFocusMark").visible, true)
+            compare(part(1, "focusMark").visible, true)
         }
     }
 
@@ -135,11 +128,11 @@ TestCase {
         cancel().forceActiveFocus()
         home().switchPage(1)
         compare(cancel().activeFocus, true)
-        compare(pages()[1].activeFocus, false)
+        compare(home().listPages[1].activeFocus, false)
     }
 
     function test_leavingForAPageThatDoesNotExist() {
-        Parts.all(pages()[0], "ZoRadioButton")[0].forceActiveFocus()
+        part(0, "reason1").forceActiveFocus()
         home().switchPage(9)
         verify(tab() !== null)
         verify(backtab() !== null)
@@ -147,19 +140,19 @@ TestCase {
 
     function test_theFeedbackGivesTheKeyboardOn() {
         home().switchPage(4)
-        part(4, "TextArea").text = "x"
-        part(4, "ZoRoundButton").forceActiveFocus()
+        part(4, "feedbackText").text = "x"
+        part(4, "submitButton").forceActiveFocus()
         keyClick(Qt.Key_Space)
-        compare(pages()[2].visible, true)
+        compare(home().listPages[2].visible, true)
         tab()
-        compare(part(2, "ZoLinkFocusMark").visible, true)
+        compare(part(2, "focusMark").visible, true)
     }
 
     function test_escapeDoesNothing() {
         home().switchPage(3)
-        part(3, "TextArea").forceActiveFocus()
+        part(3, "feedbackText").forceActiveFocus()
         keyClick(Qt.Key_Escape)
         compare(main.visible, true)
-        compare(uninstallMgr.calls, [])
+        compare(fake.asked, [])
     }
 }

@@ -15,21 +15,17 @@ TestCase {
         "We'd like to know what problem you've been experiencing. And we have an extra coupon for you. ",
         "Thanks for your feedback! We have an extra coupon for you. Hope you like it!"
     ]
-    readonly property var kinds: [
-        "ReasonComponent", "DiscountComponent", "DiscountComponent", "SubmitAdviceComponent",
-        "SubmitAdviceComponent"
+    readonly property var pageNames: [
+        "reasonPage", "expensivePage", "solvedPage", "noSolvedPage", "otherPage"
     ]
     readonly property var lines: [
         "", "View exclusive discounted prices", "Enjoy discounted prices to buy other products",
         "Enjoy discounted prices to buy other products",
         "Enjoy discounted prices to buy other products"
     ]
-    readonly property var offers: ({
-        "1": { price: "$1", expired: "01/01/2031", url: "https://one.example/" },
-        "2": { price: "$2", expired: "01/02/2031", url: "https://two.example/" },
-        "3": { price: "$3", expired: "01/03/2031", url: "https://three.example/" },
-        "4": { price: "$4", expired: "01/04/2031", url: "https://four.example/" }
-    })
+    // Of every key another text, and of prices and links at any time.
+    readonly property string early: "https://early.example/%1"
+    readonly property string late: "https://late.example/%1"
 
     property var main: null
 
@@ -40,11 +36,11 @@ TestCase {
     height: 100
 
     function init() {
-        uninstallMgr.reset()
-        uninstallMgr.offers = offers
+        fake.reset()
+        fake.defaultText = early
         main = Qt.createComponent("qrc:/Main.qml").createObject(null)
         tryCompare(main, "visible", true)
-        uninstallMgr.forgetCalls()
+        fake.forget()
     }
 
     function cleanup() {
@@ -53,58 +49,58 @@ TestCase {
     }
 
     function home() {
-        return Parts.all(main.contentItem, "HomePage")[0]
+        return findChild(main.contentItem, "homePage")
     }
 
     function title() {
-        return home().children[0].text
+        return findChild(home(), "titleLabel").text
     }
 
-    function pages() {
-        return home().children[1].children
+    function page(number) {
+        return findChild(home(), pageNames[number])
+    }
+
+    function part(number, name) {
+        return findChild(page(number), name)
     }
 
     function shownNumbers() {
-        var shown = []
-        for (var i = 0; i < pages().length; ++i) {
-            if (pages()[i].visible) {
-                shown.push(i)
-            }
-        }
-        return shown
+        return [0, 1, 2, 3, 4].filter(function(number) { return page(number).visible })
     }
 
-    function part(number, type) {
-        return Parts.all(pages()[number], type)[0]
+    // The offer that the controller gives for a type at present; asking leaves no trace.
+    function offer(type) {
+        var given = uninstallMgr.getPreferentialLink(type)
+        fake.forget()
+        return given
     }
 
-    function hasText(number, text) {
-        return Parts.all(pages()[number], "Text").some(function(item) { return item.text === text })
+    function asked(word) {
+        return fake.asked.filter(function(entry) { return entry.indexOf(word) === 0 })
     }
 
     function test_allFivePagesExistFromTheStart() {
-        compare(pages().length, 5)
-        for (var i = 0; i < 5; ++i) {
-            compare(home().listPages[i], pages()[i])
-            verify(pages()[i].toString().indexOf(kinds[i]) === 0, i)
-            compare([pages()[i].x, pages()[i].y, pages()[i].width, pages()[i].height],
-                    [0, 0, home().children[1].width, home().children[1].height])
-        }
         compare(home().listPages.length, 5)
+        compare(Parts.names(home().listPages), pageNames)
         compare(home().currentPage, 0)
         compare(home().listTitleTxt, titles)
         compare(home().discountedPrices, [lines[1], lines[2]])
         compare(shownNumbers(), [0])
         compare(title(), titles[0])
+        var area = findChild(home(), "contentArea")
+        home().listPages.forEach(function(shown) {
+            compare([shown.x, shown.y, shown.width, shown.height], [0, 0, area.width, area.height])
+        })
     }
 
     function test_settingsOfThePages() {
         for (var i = 1; i < 5; ++i) {
-            compare(pages()[i].discountPricesTxt, lines[i])
+            compare(page(i).discountPricesTxt, lines[i])
         }
-        compare(pages()[1].perferentialInfo, offers[1])
-        compare(pages()[2].perferentialInfo, offers[2])
-        compare([pages()[3].currentPage, pages()[4].currentPage], [3, 4])
+        compare(page(1).perferentialInfo, offer(1))
+        compare(page(2).perferentialInfo, offer(2))
+        verify(page(1).perferentialInfo.price !== page(2).perferentialInfo.price)
+        compare([page(3).currentPage, page(4).currentPage], [3, 4])
     }
 
     function test_switching_data() {
@@ -118,7 +114,7 @@ TestCase {
         compare(shownNumbers(), [row.number])
         compare(home().currentPage, row.number)
         compare(title(), titles[row.number])
-        compare(uninstallMgr.calls, [])
+        compare(fake.asked, [])
     }
 
     function test_switchingToAPageThatDoesNotExist() {
@@ -138,42 +134,38 @@ TestCase {
     }
 
     function test_aReasonLeadsToItsPageForGood(row) {
-        mouseClick(Parts.all(pages()[0], "ZoRadioButton")[row.number - 1])
+        mouseClick(part(0, "reason" + row.number))
         compare(shownNumbers(), [row.number])
         compare(title(), titles[row.number])
-        compare(uninstallMgr.calls.length, 1)
-        compare(uninstallMgr.calls[0].slice(0, 3),
-                ["sendUserInfo", "UninstallPop", "Result_Question_Why_Unistall"])
-    }
-
-    function test_couponsShowTheirOffers() {
-        verify(hasText(1, "$1") && hasText(1, "Validity period: 01/01/2031"))
-        verify(hasText(2, "$2") && hasText(2, "Validity period: 01/02/2031"))
+        compare(fake.asked.length, 1)
+        compare(fake.asked[0].indexOf("event [UninstallPop][Result_Question_Why_Unistall]"), 0)
     }
 
     function test_feedback_data() {
-        var event = ["sendUserInfo", "UninstallPop", "Result_Question_What_Problem",
-                     JSON.stringify({ answer: " it's \"bad\"\n" }), ""]
-        var direct = ["sendUserInfo", "noSolvedPage", "Click_Submit", " it's \"bad\"\n", ""]
+        var problem = Parts.event("UninstallPop", "Result_Question_What_Problem",
+                                  { answer: " it's \"bad\"\n" })
+        var direct = Parts.event("noSolvedPage", "Click_Submit", " it's \"bad\"\n")
         return [
-            { tag: "page 3", number: 3, calls: [direct, event, ["getPreferentialLink", 3]] },
-            { tag: "page 4", number: 4, calls: [event, ["getPreferentialLink", 4]] }
+            { tag: "page 3", number: 3, events: [direct, problem] },
+            { tag: "page 4", number: 4, events: [problem] }
         ]
     }
 
+    // A feedback is thanked for with the offer of that moment, not of any other type.
     function test_feedback(row) {
         home().switchPage(row.number)
-        part(row.number, "TextArea").text = " it's \"bad\"\n"
-        mouseClick(part(row.number, "ZoRoundButton"))
-        compare(uninstallMgr.calls, row.calls)
+        part(row.number, "feedbackText").text = " it's \"bad\"\n"
+        fake.defaultText = late
+        mouseClick(part(row.number, "submitButton"))
+        compare(asked("event"), row.events)
+        compare(fake.asked.length, row.events.length + 2, "and both texts of the offer")
         compare(shownNumbers(), [2])
         compare(home().currentPage, 2)
         compare(title(), titles[5])
-        compare(pages()[2].perferentialInfo, offers[row.number])
-        verify(hasText(2, "$" + row.number))
-        uninstallMgr.forgetCalls()
-        mouseClick(pages()[2], 20, 20)
-        compare(uninstallMgr.callsOf("openLink"), [["openLink", offers[row.number].url]])
+        compare(page(2).perferentialInfo, offer(row.number))
+        compare(part(2, "priceText").text, offer(row.number).price)
+        mouseClick(page(2), 20, 20)
+        compare(asked("open"), ["open " + page(2).perferentialInfo.url])
     }
 
     // What is sent before the page goes, the page before its title, the title before the coupon.
@@ -183,50 +175,49 @@ TestCase {
 
     function test_feedbackOrder(row) {
         home().switchPage(row.number)
-        uninstallMgr.forgetCalls()
-        var label = home().children[0]
-        home().currentPageChanged.connect(function() { uninstallMgr.note("page") })
-        label.textChanged.connect(function() { uninstallMgr.note(label.text) })
-        pages()[2].perferentialInfoChanged.connect(function() { uninstallMgr.note("coupon") })
-        pages()[2].visibleChanged.connect(function() { uninstallMgr.note("shown") })
-        pages()[row.number].visibleChanged.connect(function() { uninstallMgr.note("hidden") })
-        part(row.number, "TextArea").text = "x"
-        mouseClick(part(row.number, "ZoRoundButton"))
-        var steps = uninstallMgr.calls.map(function(call) {
-            return call[0] === "note" ? call[1] : call[0] === "sendUserInfo" ? call[2] : call[0]
+        fake.forget()
+        var label = findChild(home(), "titleLabel")
+        home().currentPageChanged.connect(function() { fake.note("page") })
+        label.textChanged.connect(function() { fake.note(label.text) })
+        page(2).perferentialInfoChanged.connect(function() { fake.note("coupon") })
+        page(2).visibleChanged.connect(function() { fake.note("shown") })
+        page(row.number).visibleChanged.connect(function() { fake.note("hidden") })
+        part(row.number, "feedbackText").text = "x"
+        mouseClick(part(row.number, "submitButton"))
+        var steps = fake.asked.map(function(entry) {
+            return entry.replace(/^event \[\w*\]\[(\w*)\].*/, "$1").replace(/^text .*/, "offer")
+                .replace("note ", "")
         })
         compare(steps, (row.number === 3 ? ["Click_Submit"] : []).concat(
                     ["Result_Question_What_Problem", "hidden", "page", "shown", titles[2],
-                     titles[5], "getPreferentialLink", "coupon"]))
+                     titles[5], "offer", "offer", "coupon"]))
     }
 
-    function test_theLinkOfAFeedbackPageHasItsOwnOffer_data() {
+    function test_theLinkOfAFeedbackPageOpensItsOffer_data() {
         return [{ tag: "page 3", number: 3 }, { tag: "page 4", number: 4 }]
     }
 
-    function test_theLinkOfAFeedbackPageHasItsOwnOffer(row) {
+    function test_theLinkOfAFeedbackPageOpensItsOffer(row) {
         home().switchPage(row.number)
-        var link = part(row.number, "ZoLinkLabel")
+        fake.defaultText = late
+        var link = part(row.number, "offerLink")
         mouseClick(link, 30, link.height / 2)
-        compare(uninstallMgr.calls, [
-            ["getPreferentialLink", row.number],
-            ["sendUserInfo", "UninstallPop", "Click_Text_Url",
-             JSON.stringify({ url: offers[row.number].url }), ""],
-            ["openLink", offers[row.number].url]
-        ])
+        var given = fake.asked.slice(-2)
+        compare(given, [Parts.event("UninstallPop", "Click_Text_Url", { url: offer(row.number).url }),
+                        "open " + offer(row.number).url])
         compare(shownNumbers(), [row.number])
     }
 
     function test_uninstallingLeavesThePagesUsable() {
         home().switchPage(3)
-        var row = home().children[home().children.length - 1]
-        mouseClick(Parts.all(row, "ZoRoundButton")[0])
-        uninstallMgr.valProgress = 30
-        part(3, "TextArea").text = "x"
-        mouseClick(part(3, "ZoRoundButton"))
+        fake.running = ["uninstall.exe"]
+        var button = findChild(home(), "uninstallButton")
+        mouseClick(button)
+        part(3, "feedbackText").text = "x"
+        mouseClick(part(3, "submitButton"))
         compare(shownNumbers(), [2])
-        uninstallMgr.valProgress = 100
-        tryVerify(function() { return !Parts.all(row, "ZoRoundButton")[0].visible })
+        fake.running = []
+        tryCompare(button, "visible", false)
         compare(shownNumbers(), [2])
     }
 }

@@ -39,8 +39,7 @@ LanguagePanes {
         walk(row)
         close()
         // The first one is above the picture, and it may be any but the last.
-        uninstallMgr.reasonList = [2, 1, 3, 4]
-        open()
+        open([2, 1, 3, 4])
         visit(main, "reasons in another order")
         compare(panes, 9)
         verify(texts > 50, "texts were measured: " + texts)

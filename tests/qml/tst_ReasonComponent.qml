@@ -6,10 +6,6 @@ import "parts.js" as Parts
 TestCase {
     id: test
 
-    readonly property var described: ({
-        spacing: 10, rowHeight: 19, picture: "qrc:/pic_question.png", pictureSize: [132, 132],
-        pictureRight: 48
-    })
     readonly property var texts: ({
         1: "The price is too expensive",
         2: "The product has solved my problem",
@@ -31,7 +27,7 @@ TestCase {
 
     function init() {
         mouseMove(test, test.width - 1, test.height - 1)
-        uninstallMgr.reset()
+        fake.reset()
     }
 
     function cleanup() {
@@ -39,39 +35,82 @@ TestCase {
         page = null
     }
 
-    function make(reasons) {
-        if (reasons !== undefined) {
-            uninstallMgr.reasonList = reasons
-        }
+    function make() {
         page = stage.make("ReasonComponent")
-        return Parts.all(page, "ZoRadioButton")
+        return entries()
+    }
+
+    // In the order in which they stand there.
+    function entries() {
+        return Parts.named(page, /^reason\d$/)
+    }
+
+    function entry(number) {
+        return findChild(page, "reason" + number)
+    }
+
+    function chosen(number) {
+        return Parts.event("UninstallPop", "Result_Question_Why_Unistall",
+                           { answer: texts[number] })
     }
 
     function notes() {
-        return uninstallMgr.callsOf("note").map(function(call) { return call[1] })
+        return fake.askedOf("note")
+    }
+
+    function test_everyReasonIsThere() {
+        var names = Parts.names(make())
+        compare(names.slice().sort(), ["reason1", "reason2", "reason3", "reason4"])
+        compare(names[3], "reason4", "always the last one")
+        for (var number in texts) {
+            compare(entry(number).text, texts[number])
+            compare(entry(number).checked, false)
+        }
+        compare(fake.asked, [])
+    }
+
+    function test_theControllerShufflesTheFirstThree() {
+        var first = {}
+        for (var tries = 0; tries < 300 && Object.keys(first).length < 3; ++tries) {
+            if (page !== null) {
+                Parts.destroy(test, page)
+            }
+            first[make()[0].objectName] = true
+        }
+        compare(Object.keys(first).sort(), ["reason1", "reason2", "reason3"])
     }
 
     function test_everyListInItsOrder_data() {
         return [
-            { tag: "all", list: [1, 2, 3, 4] },
-            { tag: "shuffled", list: [3, 1, 2, 4] },
-            { tag: "without the price", list: [2, 3, 4] },
-            { tag: "one", list: [4] },
-            { tag: "none", list: [] }
+            { tag: "shuffled", list: [3, 1, 2, 4] }, { tag: "without the price", list: [2, 3, 4] },
+            { tag: "one", list: [4] }, { tag: "none", list: [] }
         ]
     }
 
     function test_everyListInItsOrder(row) {
-        var entries = make(row.list)
-        compare(entries.map(function(entry) { return entry.text }),
+        make()
+        findChild(page, "reasonList").model = row.list
+        findChild(page, "reasonColumn").forceLayout()
+        compare(entries().map(function(shown) { return shown.text }),
                 row.list.map(function(reason) { return texts[reason] }))
-        entries.forEach(function(entry, index) {
-            compare(entry.checked, false)
-            compare(entry.height, described.rowHeight)
-            compare([entry.x, entry.y],
-                    [0, index * (described.rowHeight + described.spacing)])
+        var bottom = 0
+        entries().forEach(function(shown) {
+            verify(shown.y >= bottom, "below the one before")
+            bottom = shown.y + shown.height
         })
-        compare(uninstallMgr.callsOf("getReasonList").length, 1)
+    }
+
+    function test_choosing_data() {
+        return [1, 2, 3, 4].map(function(number) {
+            return { tag: "reason " + number, number: number }
+        })
+    }
+
+    function test_choosing(row) {
+        make()
+        mouseClick(entry(row.number))
+        compare(entry(row.number).checked, true)
+        compare(fake.asked, [chosen(row.number), "note switchPage " + row.number])
     }
 
     function test_listResonIsByNumber() {
@@ -83,125 +122,94 @@ TestCase {
         compare(page.listReson.length, 5)
     }
 
-    function test_theListIsReadOnce() {
-        make([1, 2, 3, 4])
-        uninstallMgr.reasonList = [4]
-        compare(Parts.all(page, "ZoRadioButton").length, 4)
-        compare(uninstallMgr.callsOf("getReasonList").length, 1)
-    }
-
-    function test_choosing_data() {
-        var rows = []
-        ;[[1, 2, 3, 4], [3, 2, 1, 4], [2, 3, 4]].forEach(function(list) {
-            list.forEach(function(reason) {
-                rows.push({ tag: reason + " of " + list, list: list, reason: reason })
-            })
-        })
-        return rows
-    }
-
-    function test_choosing(row) {
-        var entry = make(row.list)[row.list.indexOf(row.reason)]
-        mouseClick(entry)
-        compare(entry.checked, true)
-        compare(uninstallMgr.calls.slice(1), [
-            ["sendUserInfo", "UninstallPop", "Result_Question_Why_Unistall",
-             JSON.stringify({ answer: texts[row.reason] }), ""],
-            ["note", "switchPage " + row.reason]
-        ])
-    }
-
     function test_choosingByKeyboardAndTouch_data() {
         return [{ tag: "Space", key: Qt.Key_Space }, { tag: "Return", key: Qt.Key_Return },
                 { tag: "Enter", key: Qt.Key_Enter }, { tag: "touch", key: 0 }]
     }
 
     function test_choosingByKeyboardAndTouch(row) {
-        var entry = make([2, 1, 3, 4])[1]
+        var second = make()[1]
         if (row.key === 0) {
-            var place = entry.mapToItem(null, 30, 9)
-            probe.tap(entry, place.x, place.y)
+            var place = second.mapToItem(null, 30, 9)
+            probe.tap(second, place.x, place.y)
         } else {
             keyClick(Qt.Key_Tab)
             keyClick(Qt.Key_Down)
             compare(notes(), [], "moving on chooses nothing")
-            compare(entry.activeFocus, true)
+            compare(second.activeFocus, true)
             keyClick(row.key)
         }
-        tryCompare(entry, "checked", true)
-        compare(notes(), ["switchPage 1"])
-        compare(uninstallMgr.callsOf("sendUserInfo").length, 1)
+        tryCompare(second, "checked", true)
+        compare(notes(), ["switchPage " + second.objectName.slice(-1)])
+        compare(fake.askedOf("event").length, 1)
     }
 
     // Events are for readers of one language, whatever the window speaks.
     function test_theEventIsEnglishInEveryLanguage() {
-        var entries = make()
+        make()
         page.listReson = ["", "Trop cher", "Utile", "Inutile", "Autre"]
-        compare(entries[0].text, "Trop cher")
-        entries.forEach(function(entry) { mouseClick(entry) })
-        compare(uninstallMgr.callsOf("sendUserInfo").map(function(call) { return call[3] }),
-                [1, 2, 3, 4].map(function(reason) { return '{"answer":"' + texts[reason] + '"}' }))
+        compare(entry(1).text, "Trop cher")
+        var numbers = [1, 2, 3, 4]
+        numbers.forEach(function(number) { mouseClick(entry(number)) })
+        compare(fake.asked.filter(function(asked) { return asked.indexOf("event") === 0 }),
+                numbers.map(chosen))
     }
 
     function test_onlyTheUserChooses() {
-        var entries = make()
-        uninstallMgr.forgetCalls()
-        entries[1].checked = true
-        entries[1].checked = false
-        entries[2].forceActiveFocus()
-        compare(uninstallMgr.calls, [])
+        make()
+        entry(2).checked = true
+        entry(2).checked = false
+        entry(3).forceActiveFocus()
+        compare(fake.asked, [])
     }
 
     function test_accessible() {
-        make([3, 4]).forEach(function(entry, index) {
-            var seen = probe.accessible(entry)
+        make()
+        ;[3, 4].forEach(function(number) {
+            var seen = probe.accessible(entry(number))
             compare(seen.role, Accessible.RadioButton)
-            compare(seen.name, texts[[3, 4][index]])
+            compare(seen.name, texts[number])
             verify(seen.focusable)
-            verify(probe.pressAccessible(entry))
+            verify(probe.pressAccessible(entry(number)))
         })
         compare(notes(), ["switchPage 3", "switchPage 4"])
     }
 
     function test_theChosenOneAgainDoesNothing() {
-        var entry = make()[0]
-        mouseClick(entry)
-        mouseClick(entry)
+        make()
+        mouseClick(entry(1))
+        mouseClick(entry(1))
         compare(notes().length, 1)
     }
 
     function test_theyExcludeEachOther() {
-        var entries = make()
-        mouseClick(entries[0])
-        mouseClick(entries[3])
-        compare(entries.map(function(entry) { return entry.checked }), [false, false, false, true])
+        var shown = make()
+        mouseClick(entry(1))
+        mouseClick(entry(4))
+        compare(shown.map(function(one) { return one.checked }), [false, false, false, true])
         compare(notes(), ["switchPage 1", "switchPage 4"])
     }
 
     // In other languages a reason may be longer than the way to the picture.
     function test_aLongReasonStaysReadable() {
-        var entries = make()
+        make()
         page.listReson = ["", "", new Array(20).join("word "), "", ""]
-        verify(entries[1].width > page.width - described.pictureRight - described.pictureSize[0])
-        var drawn = Array.prototype.slice.call(page.children).map(function(item) {
-            return item.toString().split(/_QML|\(/)[0]
-        })
-        compare(drawn, ["QQuickImage", "QQuickColumn"], "what comes later covers what came before")
-        compare([page.children[0].z, page.children[1].z], [0, 0])
+        var picture = findChild(page, "reasonImage")
+        verify(entry(2).width > picture.x)
+        var drawn = Parts.named(page, /^reason(Image|Column)$/)
+        compare(Parts.names(drawn), ["reasonImage", "reasonColumn"], "the texts cover the picture")
+        compare([drawn[0].z, drawn[1].z], [0, 0])
     }
 
-    function test_picture() {
+    function test_thePictureStaysInTheMiddle() {
         make()
-        var picture = Parts.all(page, "Image")[0]
-        compare(picture.source.toString(), described.picture)
-        compare([picture.width, picture.height], described.pictureSize)
-        compare(page.width - picture.x - picture.width, described.pictureRight)
-        fuzzyCompare(picture.y + picture.height / 2, stage.frame.height / 2, 0.5)
-        compare(picture.y, Math.round(picture.y), "on a whole pixel")
-        compare(picture.Accessible.ignored, true)
-        // It follows the content area.
-        stage.frame.height = 220
-        fuzzyCompare(picture.y + picture.height / 2, 110, 0.5)
+        var picture = findChild(page, "reasonImage")
+        ;[191, 220].forEach(function(height) {
+            stage.frame.height = height
+            compare(picture.y, Math.round((height - picture.height) / 2), "on a whole pixel")
+        })
         stage.frame.height = 191
+        compare(picture.Accessible.ignored, true)
     }
+
 }

@@ -15,7 +15,7 @@ TestCase {
     height: 400
 
     function init() {
-        uninstallMgr.reset()
+        fake.reset()
         page = clipboardStage.createObject(test)
     }
 
@@ -47,7 +47,7 @@ TestCase {
     }
 
     function test_paste(row) {
-        var box = Parts.all(page, "TextArea")[0]
+        var box = findChild(page, "feedbackText")
         box.forceActiveFocus()
         // The system's own clipboard has the same text, for the ordinary paste.
         box.text = letters(Math.min(row.pasted, 700), "y")
@@ -69,7 +69,7 @@ TestCase {
     }
 
     function fill(held, pasted) {
-        var box = Parts.all(page, "TextArea")[0]
+        var box = findChild(page, "feedbackText")
         box.forceActiveFocus()
         box.text = letters(Math.min(pasted, 700), "y")
         box.selectAll()

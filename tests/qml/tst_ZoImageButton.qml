@@ -70,7 +70,7 @@ TestCase {
     }
 
     function imageOf(button) {
-        return Parts.all(button, "Image")[0]
+        return findChild(button, "buttonImage")
     }
 
     function test_defaults() {
@@ -161,7 +161,7 @@ TestCase {
     function test_background(row) {
         var button = createTemporaryObject(coloured, test, { checked: row.checked })
         Parts.enter(test, button, row.tag)
-        var ground = Parts.ground(button)
+        var ground = findChild(button, "buttonBackground")
         verify(Qt.colorEqual(button.getBgColor(), row.colour), button.getBgColor())
         verify(Qt.colorEqual(ground.color, row.colour), ground.color)
         compare(ground.border.width, 0)
@@ -186,12 +186,12 @@ TestCase {
         var places = { lt: [0, 0], rt: [39, 0], lb: [0, 29], rb: [39, 29] }
         var button = createTemporaryObject(coloured, test, row.flags)
         button.btnRadius = 8
-        compare(Parts.ground(button).radius, 8)
+        compare(findChild(button, "buttonBackground").radius, 8)
         for (var corner in places) {
             var drawn = probe.pixel(button, places[corner][0], places[corner][1])
             compare(drawn === "#ff0000", row.round.indexOf(corner) < 0, corner + " " + drawn)
         }
-        var squares = Parts.all(Parts.ground(button), "Rectangle")
+        var squares = Parts.named(button, /^squareCorner$/)
         compare(squares.length, 4)
         squares.forEach(function(square) {
             compare(square.width, 8)
@@ -239,7 +239,7 @@ TestCase {
     }
 
     function test_focusFrameIsForTheKeyboardOnly() {
-        var frame = Parts.focusFrame(make())
+        var frame = findChild(make(), "focusFrame")
         mouseClick(clicks.target)
         compare(frame.visible, false)
         keyClick(Qt.Key_Tab)

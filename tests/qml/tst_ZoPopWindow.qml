@@ -1,6 +1,7 @@
 import QtQuick 2.14
 import QtTest 1.15
 import "qrc:/"
+import "qrc:/public.js" as Public
 import "parts.js" as Parts
 
 TestCase {
@@ -50,7 +51,7 @@ TestCase {
     }
 
     function init() {
-        uninstallMgr.reset()
+        fake.reset()
         stage = createTemporaryObject(plainStage, test)
     }
 
@@ -69,7 +70,7 @@ TestCase {
     }
 
     function notes() {
-        return uninstallMgr.callsOf("note").map(function(call) { return call[1] })
+        return fake.askedOf("note")
     }
 
     function tryGone() {
@@ -77,22 +78,22 @@ TestCase {
         compare(probe.popups().length, 0)
     }
 
-    function background(popup) { return popup.contentItem.children[0] }
-    function titleBar(popup) { return background(popup).children[0] }
-    function closeButton(popup) { return Parts.all(popup.contentItem, "ZoImageButton")[0] }
-    function row(popup) { return Parts.all(popup.contentItem, "RowLayout")[0] }
+    function part(popup, name) { return findChild(popup.contentItem, name) }
+    function background(popup) { return part(popup, "popupBackground") }
+    function titleBar(popup) { return part(popup, "popupTitleBar") }
+    function closeButton(popup) { return part(popup, "closeButton") }
+    function row(popup) { return part(popup, "buttonRow") }
+    function body(popup) { return part(popup, "popupBody") }
 
     // Removed buttons are still children for a moment; hidden ones do not count.
     function rowButtons(popup) {
-        return Array.from(row(popup).children).slice(1).filter(function(button) {
+        return Parts.named(row(popup), /^button\d/).filter(function(button) {
             return button.visible
         })
     }
 
-    function body(popup) {
-        return Array.from(background(popup).children).filter(function(child) {
-            return child.sourceComponent !== undefined
-        })[0]
+    function isFilled(button) {
+        return Qt.colorEqual(button.bgColor, Public.drpInfo.bgColor.normal)
     }
 
     function test_defaults() {
@@ -149,7 +150,7 @@ TestCase {
         compare(bar.width, 600 - 2 * row.inset)
         compare(bar.height, row.height)
         verify(Qt.colorEqual(bar.color, colours.titleColor))
-        var text = Parts.text(bar)
+        var text = part(popup, "popupTitle")
         compare(text.text, "Warning")
         compare(text.x, look.titleLeft)
         compare(text.font.pixelSize, look.titleSize)
@@ -167,7 +168,7 @@ TestCase {
         var bar = titleBar(popup)
         compare(background(popup).radius, 6)
         compare(bar.radius, 6)
-        var strip = bar.children[0]
+        var strip = part(popup, "squareCorners")
         compare(strip.x, 0)
         compare(strip.width, bar.width)
         compare(strip.height, 6)
@@ -312,9 +313,7 @@ TestCase {
         popup.open()
         compare(rowButtons(popup).map(function(button) { return button.text }), ["a", "b"])
         compare(rowButtons(popup).map(function(button) { return button.width }), [60, 60])
-        compare(rowButtons(popup).map(function(button) {
-            return Qt.colorEqual(button.bgColor, "#1F6FFF")
-        }), [false, true])
+        compare(rowButtons(popup).map(isFilled), [false, true])
         popup.state = "shouting"
         compare(popup.shouted.text, "changed")
         popup.close()
@@ -362,9 +361,7 @@ TestCase {
             compare(buttons[i].text, texts[i])
             compare(buttons[i].index, i)
             compare(buttons[i].height, 28)
-            var filled = buttons[i].toString().indexOf("ZoDefaultRoundButton") === 0
-                    || Qt.colorEqual(buttons[i].bgColor, "#1F6FFF")
-            compare(filled, i === defaultIndex, texts[i])
+            compare(isFilled(buttons[i]), i === defaultIndex, texts[i])
             if (i > 0) {
                 compare(buttons[i].x, buttons[i - 1].x + buttons[i - 1].width + look.spacing)
             }
@@ -413,11 +410,11 @@ TestCase {
         popup.buttons = ["One", "Two", "Three"]
         popup.buttons = ["Four", "Five"]
         compareRow(popup, ["Four", "Five"], 0)
-        tryVerify(function() { return row(popup).children.length === 3 })
+        tryVerify(function() { return Parts.named(row(popup), /^button\d/).length === 2 })
         compareRow(popup, ["Four", "Five"], 0)
         popup.setButtons([])
         compare(row(popup).visible, false)
-        tryVerify(function() { return row(popup).children.length === 1 })
+        tryVerify(function() { return Parts.named(row(popup), /^button\d/).length === 0 })
         popup.setButtons(["Six"])
         compareRow(popup, ["Six"], 0)
         popup.close()
@@ -516,7 +513,7 @@ TestCase {
             compare(stop.activeFocus, false)
             keyClick(Qt.Key_Tab)
             compare(stop.activeFocus, true, stop)
-            compare(Parts.focusFrame(stop).visible, true)
+            compare(findChild(stop, "focusFrame").visible, true)
         })
         keyClick(Qt.Key_Backtab)
         compare(rowButtons(popup)[1].activeFocus, true)

@@ -12,29 +12,21 @@ TestCase {
         implicitWidth: 100, height: 28, fontPixcelSize: 14, bgRadius: 4, bgBorderWidth: 0,
         bgOpacity: 1.0, semiBold: false, rp: 0, lp: 0, staticButton: false
     })
-    readonly property var colours: ({
-        "normal": { fill: "#E0EAFC", border: "#1F6FFF", text: "#1F6FFF" },
-        "hovered": { fill: "#C5D5F3", border: "#227AFF", text: "#1F6FFF" },
-        "pressed": { fill: "#A6BDE6", border: "#1B63FF", text: "#1F6FFF" },
-        "disabled": { fill: "#E9ECF2", border: "#E9ECF2", text: "#B6B8BD" },
-        "disabled while hovered": { fill: "#E9ECF2", border: "#E9ECF2", text: "#B6B8BD" },
-        "disabled while pressed": { fill: "#E9ECF2", border: "#E9ECF2", text: "#B6B8BD" }
+    // Another colour for each part in each state.
+    readonly property var table: ({
+        bgColor: {
+            normal: "#100000", hovered: "#200000", pressed: "#300000", disabled: "#400000",
+            opacity: { enabled: 1.0, disabled: 0.9 }
+        },
+        borderColor: {
+            normal: "#001000", hovered: "#002000", pressed: "#003000", disabled: "#004000"
+        },
+        borderWidth: 2,
+        textColor: { enabled: "#000010", disabled: "#000040" },
+        bgRadius: 5,
+        // Only the filled button draws it.
+        gradient: { stops: [{ normal: "#ff0000" }, { normal: "#ff0000" }] }
     })
-    readonly property var submitColours: ({
-        "normal": { fill: "#FFFFFF", border: "#1F6FFF", text: "#1F6FFF" },
-        "hovered": { fill: "#E8F0FF", border: "#1F6FFF", text: "#1F6FFF" },
-        "pressed": { fill: "#D2E2FF", border: "#1F6FFF", text: "#1F6FFF" },
-        "disabled": { fill: "#FFFFFF", border: "#E9ECF2", text: "#B6B8BD" }
-    })
-
-    function rows(table, colours, borderWidth) {
-        return Object.keys(colours).map(function(state) {
-            return {
-                tag: table + " " + state, state: state, table: Public[table],
-                look: colours[state], borderWidth: borderWidth
-            }
-        })
-    }
 
     name: "ZoRoundButton"
     when: windowShown
@@ -48,6 +40,14 @@ TestCase {
             x: 20
             y: 20
             text: "Uninstall"
+        }
+    }
+
+    Component {
+        id: legacy
+        ZoRoundButtonLegacy {
+            x: 20
+            y: 20
         }
     }
 
@@ -82,6 +82,14 @@ TestCase {
         return button
     }
 
+    function part(button, name) {
+        return findChild(button, name)
+    }
+
+    function copy(table) {
+        return JSON.parse(JSON.stringify(table))
+    }
+
     function test_defaults() {
         var button = make()
         for (var name in described) {
@@ -93,38 +101,55 @@ TestCase {
     }
 
     function test_states_data() {
-        return rows("nrpInfo", colours, 0).concat(rows("nrpInfo_submit", submitColours, 1))
+        var states = ["normal", "hovered", "pressed", "disabled", "disabled while hovered",
+                      "disabled while pressed"]
+        return states.map(function(state) {
+            return { tag: state, made: fixture }
+        }).concat(states.map(function(state) {
+            return { tag: state + ", legacy", made: legacy }
+        }))
     }
 
     function test_states(row) {
-        var button = make({ properties: row.table })
-        Parts.enter(test, button, row.state)
-        var ground = Parts.ground(button)
-        var label = Parts.text(button)
-        verify(Qt.colorEqual(button.bgColor, row.look.fill), button.bgColor)
-        verify(Qt.colorEqual(ground.color, row.look.fill), ground.color)
-        verify(Qt.colorEqual(button.bgBorderColor, row.look.border), button.bgBorderColor)
-        verify(Qt.colorEqual(ground.border.color, row.look.border), ground.border.color)
-        verify(Qt.colorEqual(label.color, row.look.text), label.color)
-        compare(ground.border.width, row.borderWidth)
-        compare(ground.radius, 4)
-        compare(ground.opacity, 1)
-        compare(ground.height, button.height)
-        compare(ground.width, button.width)
+        var button = createTemporaryObject(row.made, test, { properties: table, text: "" })
+        var state = row.tag.replace(", legacy", "")
+        Parts.enter(test, button, state)
+        var look = state.split(" ")[0]
+        var ground = part(button, "buttonBackground")
+        compare([ground.color, ground.border.color].map(String),
+                [table.bgColor[look], table.borderColor[look]])
+        compare([button.bgColor, button.bgBorderColor].map(String),
+                [table.bgColor[look], table.borderColor[look]])
+        compare(String(part(button, "buttonLabel").color),
+                look === "disabled" ? "#000040" : "#000010")
+        compare([ground.border.width, ground.radius], [2, 5])
+        fuzzyCompare(ground.opacity, look === "disabled" ? 0.9 : 1.0, 0.001)
+        compare([ground.width, ground.height], [button.width, button.height])
+        compare(button.bgGradient, null)
+        // The colour must also be what is really drawn.
+        if (look !== "disabled") {
+            compare(probe.pixel(button, 50, 14), table.bgColor[look])
+        }
         Parts.leave(test, button)
     }
 
-    // The colour must also be what is really drawn.
-    function test_drawnFill() {
-        var button = make({ text: "" })
-        compare(probe.pixel(button, 50, 14), colours.normal.fill.toLowerCase())
+    function test_legacyButtonHasALabelColourOfItsOwn() {
+        var button = createTemporaryObject(legacy, test)
+        compare(JSON.stringify(button.properties), JSON.stringify(Public.rplInfo))
+        verify(Qt.colorEqual(button.textColor, Public.rplInfo.textColor.enabled))
+        button = createTemporaryObject(legacy, test, { textColor: "#123456" })
         button.enabled = false
-        compare(probe.pixel(button, 50, 14), colours.disabled.fill.toLowerCase())
+        compare(String(part(button, "buttonLabel").color), "#123456")
+        button.textColor = "#654321"
+        compare(String(part(button, "buttonLabel").color), "#654321")
+        var bare = copy(Public.rplInfo)
+        delete bare.textColor
+        verify(createTemporaryObject(legacy, test, { properties: bare }))
     }
 
     function test_label() {
         var button = make({ fontPixcelSize: 17, semiBold: true, rp: 12, lp: 6 })
-        var label = Parts.text(button)
+        var label = part(button, "buttonLabel")
         compare(label.text, "Uninstall")
         compare(label.font.pixelSize, 17)
         compare(label.font.weight, Font.Medium)
@@ -137,7 +162,7 @@ TestCase {
     }
 
     function test_markupInTheTextIsText() {
-        compare(Parts.text(make({ text: "<b>a</b> & b" })).textFormat, Text.PlainText)
+        compare(part(make({ text: "<b>a</b> & b" }), "buttonLabel").textFormat, Text.PlainText)
     }
 
     function test_width_data() {
@@ -175,7 +200,7 @@ TestCase {
     }
 
     function test_tableWithoutBorderWidthHasNoBorder() {
-        var table = JSON.parse(JSON.stringify(Public.nrpInfo_submit))
+        var table = copy(Public.nrpInfo_submit)
         delete table.borderWidth
         var button = make({ properties: table })
         compare(button.bgBorderWidth, 0)
@@ -183,7 +208,7 @@ TestCase {
     }
 
     function test_tableWithoutRadius() {
-        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        var table = copy(Public.nrpInfo)
         delete table.bgRadius
         compare(make({ properties: table }).bgRadius, 6)
     }
@@ -219,16 +244,16 @@ TestCase {
     }
 
     function test_disabledTextMayBeSplitByState(row) {
-        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        var table = copy(Public.nrpInfo)
         table.textColor.disabled = { normal: "#040404", hovered: "#050505", pressed: "#060606" }
         var button = make({ properties: table })
         Parts.enter(test, button, row.tag)
-        verify(Qt.colorEqual(Parts.text(button).color, "#040404"), Parts.text(button).color)
+        verify(Qt.colorEqual(part(button, "buttonLabel").color, "#040404"), part(button, "buttonLabel").color)
         Parts.leave(test, button)
     }
 
     function test_valuesUnderEnabledMayBeSplitByState(row) {
-        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        var table = copy(Public.nrpInfo)
         table.textColor = {
             enabled: { normal: "#010101", hovered: "#020202", pressed: "#030303" },
             disabled: "#040404"
@@ -236,20 +261,20 @@ TestCase {
         table.bgColor.opacity = { enabled: { normal: 0.9, pressed: 0.5 }, disabled: 0.2 }
         var button = make({ properties: table })
         Parts.enter(test, button, row.tag)
-        verify(Qt.colorEqual(Parts.text(button).color, row.text), Parts.text(button).color)
+        verify(Qt.colorEqual(part(button, "buttonLabel").color, row.text), part(button, "buttonLabel").color)
         compare(button.bgOpacity, row.opacity)
-        fuzzyCompare(Parts.ground(button).opacity, row.opacity, 0.001)
+        fuzzyCompare(part(button, "buttonBackground").opacity, row.opacity, 0.001)
         Parts.leave(test, button)
     }
 
     // A state without a value of its own takes that of the next weaker one.
     function test_missingValuesUnderEnabled() {
-        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
+        var table = copy(Public.nrpInfo)
         table.textColor = { enabled: { normal: "#010101", hovered: "#020202" }, disabled: "#040404" }
         table.bgColor.opacity = { enabled: { normal: 0.9 }, disabled: 0.2 }
         var button = make({ properties: table })
         Parts.enter(test, button, "pressed")
-        verify(Qt.colorEqual(Parts.text(button).color, "#020202"), Parts.text(button).color)
+        verify(Qt.colorEqual(part(button, "buttonLabel").color, "#020202"), part(button, "buttonLabel").color)
         compare(button.bgOpacity, 0.9)
         Parts.leave(test, button)
     }
@@ -260,20 +285,11 @@ TestCase {
         GradientStop { position: 1; color: "red" }
     }
 
-    // Only the filled button draws the gradient of a table.
-    function test_gradientOfTheTableIsIgnored() {
-        var table = JSON.parse(JSON.stringify(Public.nrpInfo))
-        table.gradient = { stops: [{ normal: "#ff0000" }, { normal: "#ff0000" }] }
-        var button = make({ text: "", properties: table })
-        compare(button.bgGradient, null)
-        compare(probe.pixel(button, 50, 14), colours.normal.fill.toLowerCase())
-    }
-
     function test_gradientReplacesTheFill() {
         var button = make({ text: "", bgGradient: someGradient })
         compare(probe.pixel(button, 50, 14), "#ff0000")
         button.bgGradient = null
-        compare(probe.pixel(button, 50, 14), colours.normal.fill.toLowerCase())
+        compare(probe.pixel(button, 50, 14), Public.nrpInfo.bgColor.normal.toLowerCase())
     }
 
     function test_cursor() {
@@ -282,7 +298,7 @@ TestCase {
         tryVerify(function() { return probe.cursorShape(button) === Qt.PointingHandCursor })
         button.staticButton = true
         tryVerify(function() { return probe.cursorShape(button) === Qt.ArrowCursor })
-        compare(Parts.cursorArea(button).hoverEnabled, false)
+        compare(part(button, "cursorArea").hoverEnabled, false)
     }
 
     function test_mouse() {
@@ -339,7 +355,7 @@ TestCase {
 
     function test_focusFrameIsForTheKeyboardOnly() {
         var button = make()
-        var frame = Parts.focusFrame(button)
+        var frame = part(button, "focusFrame")
         compare(frame.visible, false)
         mouseClick(button, 50, 14)
         compare(button.activeFocus, false)

@@ -1,6 +1,7 @@
 import QtQuick 2.14
 import QtTest 1.15
 import "qrc:/public.js" as Public
+import "parts.js" as Parts
 
 TestCase {
     id: test
@@ -24,7 +25,7 @@ TestCase {
     name: "public"
 
     function init() {
-        uninstallMgr.reset()
+        fake.reset()
     }
 
     function test_windowLook() {
@@ -82,12 +83,12 @@ TestCase {
 
     function test_sendUserInfoEx(row) {
         Public.sendUserInfoEx("W", "A", row.param)
-        compare(uninstallMgr.calls, [["sendUserInfo", "W", "A", row.attr, ""]])
+        compare(fake.asked, [Parts.event("W", "A", row.attr)])
     }
 
     function test_sendUserInfoExWithTwoArguments() {
         Public.sendUserInfoEx("UninstallPop", "Click_Uninstall")
-        compare(uninstallMgr.calls, [["sendUserInfo", "UninstallPop", "Click_Uninstall", "", ""]])
+        compare(fake.asked, [Parts.event("UninstallPop", "Click_Uninstall")])
     }
 
     function test_source_data() {
@@ -102,8 +103,8 @@ TestCase {
     function test_source(row) {
         Public.sendUserInfoEx("W", "A", { a: 1 }, row.source)
         Public.sendUserInfo("W", "A", [{ key: "k", value: "v" }], row.source)
-        compare(uninstallMgr.calls, [["sendUserInfo", "W", "A", '{"a":1}', row.src],
-                                     ["sendUserInfo", "W", "A", '{"k":"v"}', row.src]])
+        compare(fake.asked, [Parts.event("W", "A", '{"a":1}', row.src),
+                             Parts.event("W", "A", '{"k":"v"}', row.src)])
     }
 
     function test_sendUserInfo_data() {
@@ -118,7 +119,7 @@ TestCase {
 
     function test_sendUserInfo(row) {
         Public.sendUserInfo("W", "A", row.list)
-        compare(uninstallMgr.calls, [["sendUserInfo", "W", "A", row.attr, ""]])
+        compare(fake.asked, [Parts.event("W", "A", row.attr)])
     }
 
     function test_makeJsonAttr_data() {
