@@ -21,7 +21,6 @@ class FakeWorld : public QObject, public FakeEnvironment
     Q_PROPERTY(bool dropShadow MEMBER dropShadow)
     Q_PROPERTY(bool configured MEMBER configured)
     Q_PROPERTY(QString defaultText MEMBER defaultText)
-    Q_PROPERTY(QString xurlId MEMBER xurlId)
     Q_PROPERTY(QDate today MEMBER today)
     // What the controller asked for, in order, and the exit code that it holds
     Q_PROPERTY(QVariantList asked READ asked)

@@ -18,6 +18,12 @@ function names(items) {
     return items.map(function(item) { return item.objectName })
 }
 
+// The keys that activate a control, as rows of a test.
+var keys = [
+    { tag: "Space", key: Qt.Key_Space }, { tag: "Return", key: Qt.Key_Return },
+    { tag: "Enter", key: Qt.Key_Enter }
+]
+
 // A usage event as the fake world records it; the attribute is a text, or what becomes JSON.
 function event(window, activity, attribute, source) {
     var text = typeof attribute === "object" ? JSON.stringify(attribute) : attribute || ""

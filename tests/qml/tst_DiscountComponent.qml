@@ -39,9 +39,7 @@ TestCase {
         })
     }
 
-    function part(name) {
-        return findChild(page, name)
-    }
+    function part(name) { return findChild(page, name) }
 
     function clicked(url) {
         return Parts.event("UninstallPop", "Click_Gift_Url", { url: url })
@@ -163,8 +161,7 @@ TestCase {
     }
 
     function test_keyboard_data() {
-        return [{ tag: "Space", key: Qt.Key_Space }, { tag: "Return", key: Qt.Key_Return },
-                { tag: "Enter", key: Qt.Key_Enter }]
+        return Parts.keys
     }
 
     function test_keyboard(row) {

@@ -7,6 +7,8 @@ import "parts.js" as Parts
 TestCase {
     id: test
 
+    readonly property var clicked: [Parts.event("UninstallPop", "Click_Uninstall"), "ask KTRUI.exe"]
+
     property var main: null
     property var insideStart: null
     property var insideBox: null
@@ -60,33 +62,13 @@ TestCase {
         main = null
     }
 
-    function part(name) {
-        return findChild(main.contentItem, name)
-    }
-
-    function page() {
-        return part("homePage")
-    }
-
-    function uninstallButton() {
-        return part("uninstallButton")
-    }
-
-    function cancelButton() {
-        return part("cancelButton")
-    }
-
-    function bar() {
-        return part("progressBar")
-    }
-
-    function closeButton() {
-        return part("closeButton")
-    }
-
-    function progressLabel() {
-        return part("progressLabel")
-    }
+    function part(name) { return findChild(main.contentItem, name) }
+    function page() { return part("homePage") }
+    function uninstallButton() { return part("uninstallButton") }
+    function cancelButton() { return part("cancelButton") }
+    function bar() { return part("progressBar") }
+    function closeButton() { return part("closeButton") }
+    function progressLabel() { return part("progressLabel") }
 
     // Uninstall, Cancel and the cross in the title bar.
     function enabled() {
@@ -94,8 +76,6 @@ TestCase {
             return button.enabled
         })
     }
-
-    readonly property var clicked: [Parts.event("UninstallPop", "Click_Uninstall"), "ask KTRUI.exe"]
 
     // The start of the uninstaller, without its folder.
     function started() {

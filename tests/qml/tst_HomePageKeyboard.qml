@@ -39,22 +39,12 @@ TestCase {
         main = null
     }
 
-    function home() {
-        return findChild(main.contentItem, "homePage")
-    }
-
-    function part(number, name) {
-        return findChild(home().listPages[number], name)
-    }
-
-    function cancel() {
-        return findChild(home(), "cancelButton")
-    }
+    function home() { return findChild(main.contentItem, "homePage") }
+    function part(number, name) { return findChild(home().listPages[number], name) }
+    function cancel() { return findChild(home(), "cancelButton") }
 
     // The reasons in the order that the controller gave them.
-    function reasons() {
-        return Parts.names(Parts.named(home(), /^reason\d$/))
-    }
+    function reasons() { return Parts.names(Parts.named(home(), /^reason\d$/)) }
 
     function tab() {
         keyClick(Qt.Key_Tab)

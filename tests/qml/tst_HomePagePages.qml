@@ -48,21 +48,10 @@ TestCase {
         main = null
     }
 
-    function home() {
-        return findChild(main.contentItem, "homePage")
-    }
-
-    function title() {
-        return findChild(home(), "titleLabel").text
-    }
-
-    function page(number) {
-        return findChild(home(), pageNames[number])
-    }
-
-    function part(number, name) {
-        return findChild(page(number), name)
-    }
+    function home() { return findChild(main.contentItem, "homePage") }
+    function title() { return findChild(home(), "titleLabel").text }
+    function page(number) { return findChild(home(), pageNames[number]) }
+    function part(number, name) { return findChild(page(number), name) }
 
     function shownNumbers() {
         return [0, 1, 2, 3, 4].filter(function(number) { return page(number).visible })

@@ -41,10 +41,7 @@ TestCase {
         return main
     }
 
-    function part(name) {
-        return findChild(main.contentItem, name)
-    }
-
+    function part(name) { return findChild(main.contentItem, name) }
     function titleBar() { return part("titleBar") }
     function closeButton() { return part("closeButton") }
     function cancel() { return part("cancelButton") }

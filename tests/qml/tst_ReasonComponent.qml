@@ -41,22 +41,15 @@ TestCase {
     }
 
     // In the order in which they stand there.
-    function entries() {
-        return Parts.named(page, /^reason\d$/)
-    }
-
-    function entry(number) {
-        return findChild(page, "reason" + number)
-    }
+    function entries() { return Parts.named(page, /^reason\d$/) }
+    function entry(number) { return findChild(page, "reason" + number) }
 
     function chosen(number) {
         return Parts.event("UninstallPop", "Result_Question_Why_Unistall",
                            { answer: texts[number] })
     }
 
-    function notes() {
-        return fake.askedOf("note")
-    }
+    function notes() { return fake.askedOf("note") }
 
     function test_everyReasonIsThere() {
         var names = Parts.names(make())
@@ -123,8 +116,7 @@ TestCase {
     }
 
     function test_choosingByKeyboardAndTouch_data() {
-        return [{ tag: "Space", key: Qt.Key_Space }, { tag: "Return", key: Qt.Key_Return },
-                { tag: "Enter", key: Qt.Key_Enter }, { tag: "touch", key: 0 }]
+        return Parts.keys.concat({ tag: "touch", key: 0 })
     }
 
     function test_choosingByKeyboardAndTouch(row) {

@@ -46,25 +46,11 @@ TestCase {
         page = null
     }
 
-    function frame() {
-        return findChild(page, "feedbackFrame")
-    }
-
-    function box() {
-        return findChild(page, "feedbackText")
-    }
-
-    function submit() {
-        return findChild(page, "submitButton")
-    }
-
-    function link() {
-        return findChild(page, "offerLink")
-    }
-
-    function letters(count) {
-        return new Array(count + 1).join("x")
-    }
+    function frame() { return findChild(page, "feedbackFrame") }
+    function box() { return findChild(page, "feedbackText") }
+    function submit() { return findChild(page, "submitButton") }
+    function link() { return findChild(page, "offerLink") }
+    function letters(count) { return new Array(count + 1).join("x") }
 
     function border() {
         return { colour: frame().border.color.toString(), width: frame().border.width }

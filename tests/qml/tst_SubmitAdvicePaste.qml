@@ -29,8 +29,20 @@ TestCase {
         PasteStage {}
     }
 
-    function letters(count, letter) {
-        return new Array(count + 1).join(letter || "x")
+    function letters(count, letter) { return new Array(count + 1).join(letter || "x") }
+
+    // The system's own clipboard has the same text, for the ordinary paste.
+    function fill(held, pasted) {
+        var box = findChild(page, "feedbackText")
+        box.forceActiveFocus()
+        box.text = letters(Math.min(pasted, 700), "y")
+        box.selectAll()
+        if (pasted > 0) {
+            box.copy()
+        }
+        page.clipboardText = letters(pasted, "y")
+        box.text = letters(held)
+        return box
     }
 
     function test_paste_data() {
@@ -47,16 +59,7 @@ TestCase {
     }
 
     function test_paste(row) {
-        var box = findChild(page, "feedbackText")
-        box.forceActiveFocus()
-        // The system's own clipboard has the same text, for the ordinary paste.
-        box.text = letters(Math.min(row.pasted, 700), "y")
-        box.selectAll()
-        if (row.pasted > 0) {
-            box.copy()
-        }
-        page.clipboardText = letters(row.pasted, "y")
-        box.text = letters(row.held)
+        var box = fill(row.held, row.pasted)
         box.cursorPosition = Math.min(5, row.held)
         var at = box.cursorPosition
         keyClick(Qt.Key_V, Qt.ControlModifier)
@@ -66,17 +69,6 @@ TestCase {
         if (added > 0) {
             compare(box.cursorPosition, at + added)
         }
-    }
-
-    function fill(held, pasted) {
-        var box = findChild(page, "feedbackText")
-        box.forceActiveFocus()
-        box.text = letters(Math.min(pasted, 700), "y")
-        box.selectAll()
-        box.copy()
-        page.clipboardText = letters(pasted, "y")
-        box.text = letters(held)
-        return box
     }
 
     // The ordinary paste replaces what is selected; the one up to the limit inserts.

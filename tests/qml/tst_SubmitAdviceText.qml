@@ -33,21 +33,10 @@ TestCase {
         page = null
     }
 
-    function box() {
-        return findChild(page, "feedbackText")
-    }
-
-    function submit() {
-        return findChild(page, "submitButton")
-    }
-
-    function link() {
-        return findChild(page, "offerLink")
-    }
-
-    function letters(count) {
-        return new Array(count + 1).join("x")
-    }
+    function box() { return findChild(page, "feedbackText") }
+    function submit() { return findChild(page, "submitButton") }
+    function link() { return findChild(page, "offerLink") }
+    function letters(count) { return new Array(count + 1).join("x") }
 
     function test_text() {
         var text = box()

@@ -38,13 +38,8 @@ TestCase {
         mouseMove(test, test.width - 1, test.height - 1)
     }
 
-    function make() {
-        return createTemporaryObject(fixture, test)
-    }
-
-    function ground(button) {
-        return findChild(button, "buttonBackground")
-    }
+    function make() { return createTemporaryObject(fixture, test) }
+    function ground(button) { return findChild(button, "buttonBackground") }
 
     function withGradient(gradient) {
         var table = JSON.parse(JSON.stringify(Public.drpInfo))

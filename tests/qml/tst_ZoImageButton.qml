@@ -69,9 +69,7 @@ TestCase {
         return button
     }
 
-    function imageOf(button) {
-        return findChild(button, "buttonImage")
-    }
+    function imageOf(button) { return findChild(button, "buttonImage") }
 
     function test_defaults() {
         var button = make({ resName: "" })
@@ -215,11 +213,7 @@ TestCase {
     }
 
     function test_keys_data() {
-        return [
-            { tag: "Space", key: Qt.Key_Space },
-            { tag: "Return", key: Qt.Key_Return },
-            { tag: "Enter", key: Qt.Key_Enter }
-        ]
+        return Parts.keys
     }
 
     function test_keys(row) {

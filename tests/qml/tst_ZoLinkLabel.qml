@@ -2,6 +2,7 @@ import QtQuick 2.14
 import QtTest 1.15
 import "qrc:/"
 import "qrc:/public.js" as Public
+import "parts.js" as Parts
 
 TestCase {
     id: test
@@ -85,11 +86,7 @@ TestCase {
     }
 
     function test_keys_data() {
-        return [
-            { tag: "Space", key: Qt.Key_Space },
-            { tag: "Return", key: Qt.Key_Return },
-            { tag: "Enter", key: Qt.Key_Enter }
-        ]
+        return Parts.keys
     }
 
     function test_keys(row) {

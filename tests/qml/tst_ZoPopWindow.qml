@@ -69,9 +69,7 @@ TestCase {
         return popup
     }
 
-    function notes() {
-        return fake.askedOf("note")
-    }
+    function notes() { return fake.askedOf("note") }
 
     function tryGone() {
         tryVerify(function() { return notes().indexOf("destroyed") >= 0 })

@@ -74,9 +74,7 @@ TestCase {
         return button
     }
 
-    function notes() {
-        return fake.askedOf("note")
-    }
+    function notes() { return fake.askedOf("note") }
 
     function test_defaults() {
         var button = make()
@@ -91,9 +89,7 @@ TestCase {
         })
     }
 
-    function label(button) {
-        return findChild(button, "radioLabel")
-    }
+    function label(button) { return findChild(button, "radioLabel") }
 
     function test_isAsSmallAsItsContent() {
         var button = make()
@@ -164,11 +160,7 @@ TestCase {
     }
 
     function test_keys_data() {
-        return [
-            { tag: "Space", key: Qt.Key_Space },
-            { tag: "Return", key: Qt.Key_Return },
-            { tag: "Enter", key: Qt.Key_Enter }
-        ]
+        return Parts.keys
     }
 
     function test_keys(row) {

@@ -82,13 +82,8 @@ TestCase {
         return button
     }
 
-    function part(button, name) {
-        return findChild(button, name)
-    }
-
-    function copy(table) {
-        return JSON.parse(JSON.stringify(table))
-    }
+    function part(button, name) { return findChild(button, name) }
+    function copy(table) { return JSON.parse(JSON.stringify(table)) }
 
     function test_defaults() {
         var button = make()
@@ -325,11 +320,7 @@ TestCase {
     }
 
     function test_keys_data() {
-        return [
-            { tag: "Space", key: Qt.Key_Space },
-            { tag: "Return", key: Qt.Key_Return },
-            { tag: "Enter", key: Qt.Key_Enter }
-        ]
+        return Parts.keys
     }
 
     function test_keys(row) {
