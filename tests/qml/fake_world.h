@@ -3,7 +3,9 @@
 #include "controller/uninstall_mgr.h"
 #include "testkit/fakes/fake_environment.h"
 
+#include <QList>
 #include <QObject>
+#include <QPair>
 #include <QQmlContext>
 #include <QStringList>
 #include <QVariantList>
@@ -38,6 +40,9 @@ public:
     Q_INVOKABLE void note(const QString &text);
     /// What was asked and begins with this word, without the word.
     Q_INVOKABLE QStringList askedOf(const QString &word) const;
+    /// The arguments, separated by commas, of each call of an operation of `uninstallMgr` from
+    /// QML. Only for what reaches no environment, such as the type of an offer.
+    Q_INVOKABLE QStringList calls(const QString &operation) const;
 
     QVariantList asked() const;
     int exitCode() const;
@@ -48,5 +53,6 @@ Q_SIGNALS:
 
 private:
     QQmlContext *m_context = nullptr;
+    QList<QPair<QString, QString>> m_calls;
     std::unique_ptr<CUninstallMgr> m_controller;
 };

@@ -28,6 +28,7 @@ TestCase {
     readonly property string late: "https://late.example/%1"
 
     property var main: null
+    property var loading: []
 
     name: "HomePagePages"
     when: windowShown
@@ -40,6 +41,7 @@ TestCase {
         fake.defaultText = early
         main = Qt.createComponent("qrc:/Main.qml").createObject(null)
         tryCompare(main, "visible", true)
+        loading = fake.calls("getPreferentialLink")
         fake.forget()
     }
 
@@ -86,6 +88,7 @@ TestCase {
         for (var i = 1; i < 5; ++i) {
             compare(page(i).discountPricesTxt, lines[i])
         }
+        compare(loading.sort(), ["1", "2"], "the types 2 to 4 have the same offers")
         compare(page(1).perferentialInfo, offer(1))
         compare(page(2).perferentialInfo, offer(2))
         verify(page(1).perferentialInfo.price !== page(2).perferentialInfo.price)
@@ -148,6 +151,7 @@ TestCase {
         mouseClick(part(row.number, "submitButton"))
         compare(asked("event"), row.events)
         compare(fake.asked.length, row.events.length + 2, "and both texts of the offer")
+        compare(fake.calls("getPreferentialLink"), [String(row.number)])
         compare(shownNumbers(), [2])
         compare(home().currentPage, 2)
         compare(title(), titles[5])
@@ -191,6 +195,7 @@ TestCase {
         fake.defaultText = late
         var link = part(row.number, "offerLink")
         mouseClick(link, 30, link.height / 2)
+        compare(fake.calls("getPreferentialLink"), [String(row.number)])
         var given = fake.asked.slice(-2)
         compare(given, [Parts.event("UninstallPop", "Click_Text_Url", { url: offer(row.number).url }),
                         "open " + offer(row.number).url])

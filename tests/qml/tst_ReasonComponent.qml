@@ -60,6 +60,7 @@ TestCase {
             compare(entry(number).checked, false)
         }
         compare(fake.asked, [])
+        compare(fake.calls("getReasonList").length, 1, "read once")
     }
 
     function test_theControllerShufflesTheFirstThree() {

@@ -249,13 +249,15 @@ TestCase {
         ]
     }
 
-    // Whatever closes the box: the wait ends, with -1 each time.
+    // Whatever closes the box: the wait ends once, only then, and always with -1.
     function test_ways(data) {
         var answer = ask({ buttons: ["Yes", "No", "Cancel"] }, function(box) {
             tryVerify(function() { return rowButtons(box)[2].x > 300 })
+            compare(fake.calls("popMsgBox"), ["true"])
             data.act(box)
         })
         compare(answer, -1)
+        compare(fake.calls("popMsgBox"), ["true", "false,-1"])
     }
 
     function test_otherKeysDoNotClose() {
