@@ -101,6 +101,7 @@ TestCase {
 
     function test_indicatorPlace() {
         var indicator = make().indicator
+        compare(indicator.radius, 7, "a larger one looks the same")
         compare(indicator.x, described.padding)
         compare(indicator.y, Math.round((19 - indicator.height) / 2), "on a whole pixel")
         compare(make({ leftPadding: 5 }).indicator.x, 5)
