@@ -104,6 +104,9 @@ TEST_F(ConfigInstance, LivesOnWithoutAnObject)
                                "CVantorConfigInstance::SetPreFix(char*) leave"}));
     }
     EXPECT_EQ(state->calls, (Calls{"create"}));
+    EXPECT_EQ(LogWatch::NewLines(),
+              (QStringList{"CVantorConfigInstance::~CVantorConfigInstance enter",
+                           "CVantorConfigInstance::~CVantorConfigInstance leave"}));
 }
 
 TEST_F(ConfigInstance, ReleasesItsObject)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <memory>
 #include <new>
 
 // The loader finds no library.
@@ -27,17 +28,22 @@ namespace {
 TEST(ConfigWithoutALibrary, AnswersDefaults)
 {
     const LogWatch log;
-    CVantorConfigInstance config;
+    auto config = std::make_unique<CVantorConfigInstance>();
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::CVantorConfigInstance() enter",
                            "load vantoronlineconfig.dll error!",
                            "CVantorConfigInstance::CVantorConfigInstance() leave"}));
-    EXPECT_EQ(config.GetString("key", "fallback"), QString("fallback"));
+    EXPECT_EQ(config->GetString("key", "fallback"), QString("fallback"));
     EXPECT_EQ(LogWatch::NewLines().at(1), QString("vantoronlineconfig need Create!"));
-    EXPECT_TRUE(config.GetBoolean("key", true));
-    EXPECT_FALSE(config.GetBoolean("key", false));
-    config.SetPreFix(std::string("tag"));
-    config.SetPreFix("prefix");
+    EXPECT_TRUE(config->GetBoolean("key", true));
+    EXPECT_FALSE(config->GetBoolean("key", false));
+    config->SetPreFix(std::string("tag"));
+    config->SetPreFix("prefix");
+    LogWatch::NewLines();
+    config.reset();
+    EXPECT_EQ(LogWatch::NewLines(),
+              (QStringList{"CVantorConfigInstance::~CVantorConfigInstance enter",
+                           "CVantorConfigInstance::~CVantorConfigInstance leave"}));
 }
 
 // The one instance of this process is created here, so it stays null.
