@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QtGlobal>
 
 #include <functional>
 #include <map>
@@ -19,6 +20,9 @@ public:
     explicit ObjectWatch(std::function<void(const ObjectWatch &)> onCreated = nullptr)
         : onCreated_(std::move(onCreated))
     {
+        if (qtHookData[kVersion] != 3) {
+            qFatal("Qt's table of hooks has another layout: adapt ObjectWatch");
+        }
         current = this;
         qtHookData[kCreated] = reinterpret_cast<quintptr>(&Created);
         qtHookData[kDestroyed] = reinterpret_cast<quintptr>(&Destroyed);
@@ -48,7 +52,8 @@ public:
     }
 
 private:
-    // Places in Qt's table.
+    // Places in Qt's table, as of version 3 of its layout.
+    static constexpr int kVersion = 0;
     static constexpr int kCreated = 3;
     static constexpr int kDestroyed = 4;
 

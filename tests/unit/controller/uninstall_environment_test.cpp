@@ -1,5 +1,6 @@
 #include "controller/uninstall_environment.h"
 
+#include "platform/window.h"
 #include "tests/unit/config/log_watch.h"
 #include "tests/unit/controller/task_list_stand_in.h"
 #include "tests/unit/platform/support/child.h"
@@ -92,6 +93,14 @@ TEST_F(SystemEnvironment, TellsTheKernelsVersion)
 {
     EXPECT_EQ(system_.kernelVersion(), QSysInfo::kernelVersion());
     EXPECT_FALSE(system_.kernelVersion().isEmpty());
+}
+
+// Compares the functions: what they return could agree by chance.
+TEST_F(SystemEnvironment, AsksThePlatformForTheDropShadow)
+{
+    const auto *const asked = system_.dropShadowEnabled.target<bool (*)()>();
+    ASSERT_NE(asked, nullptr);
+    EXPECT_EQ(*asked, &platform::DropShadowEnabled);
 }
 
 class Opener : public QObject
