@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <mutex>
 #include <string>
-#include <type_traits>
 
 #define SKYREL_QUOTED(name) #name,
 /// The library's exports in their order.
@@ -74,7 +73,6 @@ std::int32_t TelemetryBinding::SendTelemetryPairs(bool flag,
 {
     static_assert(sizeof...(pairs) % 2 == 0 && sizeof...(pairs) >= 4 && sizeof...(pairs) <= 10,
                   "A usage event has two to five pairs.");
-    static_assert((std::is_convertible_v<Texts, const char16_t *> && ...));
     if (sendTypeName == nullptr || sendTypeValue == nullptr || ((pairs == nullptr) || ...)) {
         return 0;
     }
