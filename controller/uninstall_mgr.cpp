@@ -43,7 +43,7 @@ void CUninstallMgr::doUninstall()
 
 void CUninstallMgr::slotTimeOut()
 {
-    // A statement each: the order in which arguments are evaluated is unspecified.
+    // Read the value before the query. As arguments of one call, their order is unspecified.
     const int value = valProgress;
     const bool uninstallerRunning = isProcessRunning(QLatin1String(kUninstallerName));
     const int progress = NextProgress(value, uninstallerRunning);
