@@ -27,6 +27,7 @@ def run(*command: str | Path, **variables: str | Path) -> subprocess.CompletedPr
                           capture_output=True, text=True, check=False)
 
 
+@pytest.mark.lint
 @pytest.mark.parametrize("planted", PLANTED)
 def test_the_lint_finds(tmp_path: Path, planted: str) -> None:
     for name in (".clang-format", ".clang-tidy", "mypy.ini", "tools/lint", "tools/steps.sh",
