@@ -40,7 +40,7 @@ bool KillProcessInDir(const std::wstring &name, const std::wstring &dir)
             return;
         }
         const platform::OpenedProcess process = platform::OpenedProcess::Open(entry.id);
-        if (process && RunsFrom(process, dir)) {
+        if (RunsFrom(process, dir)) {
             process.Terminate(0);
             terminated = true;
         }

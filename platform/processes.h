@@ -18,9 +18,9 @@ struct ProcessEntry
 };
 
 /// Takes a snapshot of the processes that run now, calls `visit` for each, in the system's order,
-/// and closes the snapshot. False, without a call, when the system gives no snapshot or the
-/// snapshot has no first entry.
-bool VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit);
+/// and closes the snapshot. No call when the system gives no snapshot or the snapshot has no first
+/// entry.
+void VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit);
 
 /// A process opened with the rights to ask for its path and to end it, and no others. Empty by
 /// default.
@@ -39,8 +39,9 @@ public:
     /// fit into `capacity` characters with its terminating zero.
     std::optional<std::wstring> ImagePath(std::size_t capacity) const;
 
-    /// Ends the process at once with `exitCode` (which Linux cannot pass on). False on failure.
-    bool Terminate(std::uint32_t exitCode) const;
+    /// Ends the process at once with `exitCode` (which Linux cannot pass on). No effect when empty
+    /// or when the process has ended.
+    void Terminate(std::uint32_t exitCode) const;
 
 private:
     struct State;

@@ -16,6 +16,12 @@ template<class Function> void KeepErrno(Function function)
     errno = lastError;
 }
 
+/// Deletes what a class hides behind its pointer, since freeing memory may change `errno`.
+template<class State> void DeleteState(State *state)
+{
+    KeepErrno([state] { delete state; });
+}
+
 struct DescriptorTraits
 {
     using Type = int;

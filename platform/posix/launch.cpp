@@ -5,12 +5,13 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <sched.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -30,17 +31,6 @@ struct Start
     bool idle = false;
     int descriptorLimit = 0;
 };
-
-std::string Absolute(const std::string &path)
-{
-    if (path.front() == '/') {
-        return path;
-    }
-    char *const current = ::getcwd(nullptr, 0); // allocates what it needs
-    std::string result = current != nullptr ? std::string(current) + '/' + path : path;
-    std::free(current);
-    return result;
-}
 
 void ResetSignals()
 {
@@ -99,7 +89,8 @@ void LaunchDetached(const std::string &commandLine,
         return;
     }
     Start start;
-    start.program = Absolute(parts.front());
+    std::error_code noFolder; // the path is empty then
+    start.program = std::filesystem::absolute(parts.front(), noFolder).string();
     for (std::string &part : parts) {
         start.arguments.push_back(part.data());
     }

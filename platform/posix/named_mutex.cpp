@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -23,20 +24,33 @@ std::string LockFilePath(const std::string &name)
     return std::string(set ? folder : "/tmp") + '/' + name + ".lock";
 }
 
+/// Unlocks before it closes: a process that was forked a moment ago and has not yet become another
+/// program still shares the descriptor, and closing ours alone would leave it the lock. A
+/// descriptor without a lock takes nobody's away.
+struct LockTraits : DescriptorTraits
+{
+    static void Close(int descriptor)
+    {
+        KeepErrno([descriptor] { ::flock(descriptor, LOCK_UN); });
+        DescriptorTraits::Close(descriptor);
+    }
+};
+using LockFile = Owner<LockTraits>;
+
 /// Opens the lock file and creates it only when it is absent: in a shared folder the kernel may
 /// refuse to open somebody else's existing file with the wish to create it.
-FileDescriptor OpenLockFile(const std::string &path)
+LockFile OpenLockFile(const std::string &path)
 {
     // Not blocking, so that a pipe of that name cannot hold the start up.
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
     constexpr int kAttempts = 8; // the file may appear between the two calls
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        FileDescriptor file(::open(path.c_str(), kFlags));
+        LockFile file(::open(path.c_str(), kFlags));
         if (file || errno != ENOENT) {
             return file;
         }
-        file = FileDescriptor(::open(path.c_str(), kFlags | O_CREAT | O_EXCL, kMode));
+        file = LockFile(::open(path.c_str(), kFlags | O_CREAT | O_EXCL, kMode));
         if (file) {
             // Never deleted, so a strict mask must not lock other users out for good.
             ::fchmod(file.Get(), kMode);
@@ -62,20 +76,7 @@ bool LockWithoutWaiting(int file)
 
 struct NamedMutex::State
 {
-    FileDescriptor file;
-    bool locked;
-
-    // Unlocks before it closes: a process that was forked a moment ago and has not yet become
-    // another program still shares the descriptor, and closing ours alone would leave it the lock.
-    static void Delete(State *state)
-    {
-        KeepErrno([state] {
-            if (state->locked) {
-                ::flock(state->file.Get(), LOCK_UN);
-            }
-            delete state;
-        });
-    }
+    LockFile file;
 };
 
 NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
@@ -86,22 +87,21 @@ NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
     if (narrowName.empty() || narrowName.find('/') != std::string::npos) {
         return mutex;
     }
-    FileDescriptor file = OpenLockFile(LockFilePath(narrowName));
+    LockFile file = OpenLockFile(LockFilePath(narrowName));
     if (!file) {
         if (errno == EACCES || errno == EPERM) {
             error = kErrorAccessDenied;
         }
         return mutex;
     }
-    const bool locked = LockWithoutWaiting(file.Get());
-    if (locked) {
+    if (LockWithoutWaiting(file.Get())) {
         error = kErrorNone;
     } else if (errno == EWOULDBLOCK) {
         error = kErrorAlreadyExists;
     } else {
         return mutex;
     }
-    mutex.state_ = {new State{std::move(file), locked}, State::Delete};
+    mutex.state_ = {new State{std::move(file)}, DeleteState<State>};
     return mutex;
 }
 

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <string_view>
 #include <sys/syscall.h>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -50,35 +51,27 @@ bool HasEnded(int processFolder)
 
 } // namespace
 
-bool VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
+void VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
 {
     const FolderStream folder(::opendir("/proc"));
     if (!folder) {
-        return false;
+        return;
     }
-    bool any = false;
     while (const dirent *const item = ::readdir(folder.Get())) {
         const ProcessId id = ProcessIdOf(item->d_name);
         const FileDescriptor process = id != 0 ? OpenProcessFolder(id) : FileDescriptor();
         const auto path = process ? ReadExeLink(process.Get()) : std::nullopt;
         // No path: a kernel thread, one that has just ended, or one that we may not look at.
         if (path) {
-            any = true;
             visit({id, ToWide(FileNameOf(*path))});
         }
     }
-    return any;
 }
 
 struct OpenedProcess::State
 {
     FileDescriptor folder;
     ProcessId id;
-
-    static void Delete(State *state)
-    {
-        delete state;
-    }
 };
 
 OpenedProcess OpenedProcess::Open(ProcessId id)
@@ -87,7 +80,7 @@ OpenedProcess OpenedProcess::Open(ProcessId id)
     constexpr int kOnlyAsk = 0;
     OpenedProcess process;
     if (folder && !HasEnded(folder.Get()) && Signal(folder.Get(), id, kOnlyAsk)) {
-        process.state_ = {new State{std::move(folder), id}, State::Delete};
+        process.state_ = {new State{std::move(folder), id}, DeleteState<State>};
     }
     return process;
 }
@@ -105,10 +98,11 @@ std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const
     return text;
 }
 
-bool OpenedProcess::Terminate(std::uint32_t) const
+void OpenedProcess::Terminate(std::uint32_t) const
 {
-    return state_ && !HasEnded(state_->folder.Get()) &&
-           Signal(state_->folder.Get(), state_->id, SIGKILL);
+    if (state_) {
+        Signal(state_->folder.Get(), state_->id, SIGKILL);
+    }
 }
 
 } // namespace platform

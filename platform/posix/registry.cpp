@@ -1,10 +1,12 @@
 #include "platform/registry.h"
 
 #include "platform/module_path.h"
+#include "platform/posix/file_descriptor.h"
 #include "platform/posix/registry_file.h"
 #include "platform/posix/text_file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -28,23 +30,18 @@ struct RegistryKey::State
 
     const std::string *Find(const std::string &name) const
     {
-        const auto found = values.find(SmallLetters(name));
+        const auto found = values.find(ToLowerAscii(name));
         return found != values.end() ? &found->second : nullptr;
-    }
-
-    static void Delete(State *state)
-    {
-        delete state;
     }
 };
 
 RegistryKey RegistryKey::OpenLocalMachine(const std::string &path)
 {
     RegistryKeys keys = ParseRegistry(ReadTextFile(RegistryFile()));
-    const auto key = keys.find(SmallLetters(path));
+    const auto key = keys.find(ToLowerAscii(path));
     RegistryKey opened;
     if (key != keys.end()) {
-        opened.state_ = {new State{std::move(key->second)}, State::Delete};
+        opened.state_ = {new State{std::move(key->second)}, DeleteState<State>};
     }
     return opened;
 }

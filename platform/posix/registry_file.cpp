@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 namespace platform {
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kRoot = "hkey_local_machine";
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kWhitespace = " \t\r";
 
 std::optional<unsigned long> HexNumber(std::string_view digits)
 {
@@ -35,7 +36,7 @@ public:
             rest_.remove_prefix(kByteOrderMark.size());
         }
         while (!rest_.empty()) {
-            SkipBlanks();
+            SkipWhitespace();
             ReadItem();
             SkipLine();
         }
@@ -56,9 +57,9 @@ private:
         }
     }
 
-    void SkipBlanks()
+    void SkipWhitespace()
     {
-        rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(kWhitespace), rest_.size()));
     }
 
     void SkipLine()
@@ -84,18 +85,12 @@ private:
         if (end == std::string_view::npos) {
             return;
         }
-        std::string path = SmallLetters(line.substr(1, end - 1));
-        const bool deletes = path.rfind('-', 0) == 0;
-        path.erase(0, deletes ? 1 : 0);
+        std::string path = ToLowerAscii(line.substr(1, end - 1));
         if (path.rfind(std::string(kRoot) + '\\', 0) != 0) {
             return;
         }
         path.erase(0, kRoot.size() + 1);
-        if (deletes) {
-            Delete(path);
-        } else {
-            current_ = &Create(path);
-        }
+        current_ = &Create(path);
     }
 
     RegistryValues &Create(const std::string &path)
@@ -107,28 +102,16 @@ private:
         return keys_[path];
     }
 
-    void Delete(const std::string &path)
-    {
-        for (auto key = keys_.begin(); key != keys_.end();) {
-            const bool below = key->first == path || key->first.rfind(path + '\\', 0) == 0;
-            key = below ? keys_.erase(key) : std::next(key);
-        }
-    }
-
     void ReadValue()
     {
         const std::optional<std::string> name = Consume('@') ? std::string() : ReadQuoted();
-        SkipBlanks();
+        SkipWhitespace();
         if (!name || !Consume('=')) {
             return;
         }
-        SkipBlanks();
-        if (Consume('-')) {
-            if (current_ != nullptr) {
-                current_->erase(SmallLetters(*name));
-            }
-        } else if (std::optional<std::string> data = ReadData(); data && current_ != nullptr) {
-            (*current_)[SmallLetters(*name)] = std::move(*data);
+        SkipWhitespace();
+        if (std::optional<std::string> data = ReadData(); data && current_ != nullptr) {
+            (*current_)[ToLowerAscii(*name)] = std::move(*data);
         }
     }
 
@@ -149,7 +132,7 @@ private:
 
     bool StartsWith(std::string_view word) const
     {
-        return SmallLetters(rest_.substr(0, word.size())) == word;
+        return ToLowerAscii(rest_.substr(0, word.size())) == word;
     }
 
     // A text between quotation marks, which may go on over several lines.
@@ -198,7 +181,7 @@ private:
         }
         std::string data;
         while (true) {
-            SkipBlanks();
+            SkipWhitespace();
             if (Consume('\\')) {
                 SkipLine();
                 continue;
@@ -212,7 +195,7 @@ private:
                 return std::nullopt;
             }
             data += static_cast<char>(*byte);
-            SkipBlanks();
+            SkipWhitespace();
             if (!Consume(',')) {
                 return data;
             }
@@ -226,13 +209,13 @@ private:
 
 } // namespace
 
-std::string SmallLetters(std::string_view text)
+std::string ToLowerAscii(std::string_view text)
 {
-    std::string small(text);
-    std::transform(small.begin(), small.end(), small.begin(), [](char letter) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](char letter) {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
-    return small;
+    return lower;
 }
 
 RegistryKeys ParseRegistry(std::string_view text)

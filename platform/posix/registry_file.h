@@ -7,17 +7,17 @@
 namespace platform {
 
 /// The part below HKEY_LOCAL_MACHINE of a registry in the export syntax of the Windows registry
-/// editor. Names are in small letters, since their case does not count; data is what the registry
+/// editor. Names are in lower case, since their case does not count; data is what the registry
 /// would hand out, text with its terminating zero.
 using RegistryValues = std::map<std::string, std::string>;
 using RegistryKeys = std::map<std::string, RegistryValues>;
 
-/// `text` with the letters A to Z as small ones.
-std::string SmallLetters(std::string_view text);
+/// `text` with the letters A to Z in lower case; all other bytes stay.
+std::string ToLowerAscii(std::string_view text);
 
 /// Reads an export: UTF-8, with or without byte order mark, any line ends, comments. A section
-/// makes its ancestors exist, a later value replaces an earlier one, "-" deletes. What cannot be
-/// read is left out.
+/// makes its ancestors exist, a later value replaces an earlier one. What cannot be read is left
+/// out, deletions included.
 RegistryKeys ParseRegistry(std::string_view text);
 
 } // namespace platform

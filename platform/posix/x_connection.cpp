@@ -7,23 +7,17 @@ XConnection::XConnection()
 {
 }
 
-XConnection::~XConnection()
-{
-    ::xcb_disconnect(connection_);
-}
-
 XConnection::operator bool() const
 {
-    return ::xcb_connection_has_error(connection_) == 0;
+    return ::xcb_connection_has_error(Get()) == 0;
 }
 
 xcb_atom_t XConnection::ExistingAtom(const std::string &name) const
 {
     constexpr std::uint8_t kOnlyExisting = 1;
     const auto cookie = ::xcb_intern_atom(
-        connection_, kOnlyExisting, static_cast<std::uint16_t>(name.size()), name.data());
-    const XReply<xcb_intern_atom_reply_t> reply(
-        ::xcb_intern_atom_reply(connection_, cookie, nullptr));
+        Get(), kOnlyExisting, static_cast<std::uint16_t>(name.size()), name.data());
+    const XReply<xcb_intern_atom_reply_t> reply(::xcb_intern_atom_reply(Get(), cookie, nullptr));
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
@@ -31,14 +25,14 @@ xcb_window_t XConnection::RootOf(xcb_window_t window) const
 {
     // The tree, not the geometry: a pixmap has a geometry too.
     const XReply<xcb_query_tree_reply_t> reply(
-        ::xcb_query_tree_reply(connection_, ::xcb_query_tree(connection_, window), nullptr));
+        ::xcb_query_tree_reply(Get(), ::xcb_query_tree(Get(), window), nullptr));
     return reply ? reply->root : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
 void XConnection::Synchronise() const
 {
     const XReply<xcb_get_input_focus_reply_t> reply(
-        ::xcb_get_input_focus_reply(connection_, ::xcb_get_input_focus(connection_), nullptr));
+        ::xcb_get_input_focus_reply(Get(), ::xcb_get_input_focus(Get()), nullptr));
 }
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/owner.h"
+
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -16,23 +18,31 @@ struct FreeReply
 };
 template<class Type> using XReply = std::unique_ptr<Type, FreeReply>;
 
+struct ConnectionTraits
+{
+    using Type = xcb_connection_t *;
+    static Type Empty()
+    {
+        return nullptr; // never given: without a display the connection is one in error
+    }
+    static void Close(Type connection)
+    {
+        ::xcb_disconnect(connection);
+    }
+};
+
 /// A connection of its own to the X display that `DISPLAY` names: a second start has no Qt
 /// application to borrow one from, and an error on it hurts nobody else.
 class XConnection
 {
 public:
     XConnection();
-    ~XConnection();
-    XConnection(const XConnection &) = delete;
-    XConnection &operator=(const XConnection &) = delete;
-    XConnection(XConnection &&) = delete;
-    XConnection &operator=(XConnection &&) = delete;
 
     /// Whether there is a display.
     explicit operator bool() const;
     xcb_connection_t *Get() const
     {
-        return connection_;
+        return connection_.Get();
     }
     /// Number of the display's default screen.
     int Screen() const
@@ -49,7 +59,7 @@ public:
 
 private:
     int screen_ = 0;
-    xcb_connection_t *connection_;
+    Owner<ConnectionTraits> connection_;
 };
 
 } // namespace platform

@@ -14,6 +14,12 @@ template<class Function> void KeepLastError(Function function)
     ::SetLastError(lastError);
 }
 
+/// Deletes what a class hides behind its pointer, since freeing memory may change the last error.
+template<class State> void DeleteState(State *state)
+{
+    KeepLastError([state] { delete state; });
+}
+
 /// Most calls that fail give null; some give -1 instead, and each would take the other's empty
 /// value for a handle.
 struct ObjectTraits

@@ -1,5 +1,7 @@
 #include "platform/module_path.h"
 
+#include "platform/text.h"
+
 #include <windows.h>
 
 namespace platform {
@@ -35,13 +37,14 @@ std::string ExecutablePath(std::size_t capacity)
 bool IsExecutableFolderExact(std::size_t capacity)
 {
     constexpr std::size_t kLongestPath = 32768;
-    const std::string narrow = FolderOf(ExecutablePath(capacity), '\\');
+    const std::string narrow = FolderOf(ExecutablePath(capacity), kNativeSeparator);
     const int length = static_cast<int>(narrow.size());
     std::wstring widened(narrow.size(), 0);
     const int used =
         ::MultiByteToWideChar(CP_ACP, 0, narrow.data(), length, widened.data(), length);
     widened.resize(static_cast<std::size_t>(used));
-    return !widened.empty() && widened == FolderOf(ExecutablePathWide(kLongestPath), L'\\');
+    return !widened.empty() &&
+           widened == FolderOf(ExecutablePathWide(kLongestPath), kNativeSeparatorWide);
 }
 
 std::wstring ExecutablePathWide(std::size_t capacity)

@@ -2,16 +2,13 @@
 
 #include "platform/windows/handle.h"
 
+#include <utility>
+
 namespace platform {
 
 struct NamedMutex::State
 {
     ObjectHandle handle;
-
-    static void Delete(State *state)
-    {
-        KeepLastError([state] { delete state; }); // freeing memory may change it
-    }
 };
 
 NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
@@ -20,7 +17,7 @@ NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
     error = ::GetLastError();
     NamedMutex mutex;
     if (handle) {
-        mutex.state_ = {new State{std::move(handle)}, State::Delete};
+        mutex.state_ = {new State{std::move(handle)}, DeleteState<State>};
     }
     return mutex;
 }

@@ -3,35 +3,30 @@
 #include "platform/windows/handle.h"
 
 #include <tlhelp32.h>
+#include <utility>
 
 namespace platform {
 
-bool VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
+void VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
 {
     const SnapshotHandle snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     if (!snapshot) {
-        return false;
+        return;
     }
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
     static_assert(sizeof(entry) == 568, "the wide process entry of 64-bit Windows");
     if (::Process32FirstW(snapshot.Get(), &entry) == FALSE) {
-        return false;
+        return;
     }
     do {
         visit({entry.th32ProcessID, entry.szExeFile});
     } while (::Process32NextW(snapshot.Get(), &entry) != FALSE);
-    return true;
 }
 
 struct OpenedProcess::State
 {
     ObjectHandle handle;
-
-    static void Delete(State *state)
-    {
-        delete state;
-    }
 };
 
 OpenedProcess OpenedProcess::Open(ProcessId id)
@@ -40,7 +35,7 @@ OpenedProcess OpenedProcess::Open(ProcessId id)
     ObjectHandle handle(::OpenProcess(kRights, FALSE, id));
     OpenedProcess process;
     if (handle) {
-        process.state_ = {new State{std::move(handle)}, State::Delete};
+        process.state_ = {new State{std::move(handle)}, DeleteState<State>};
     }
     return process;
 }
@@ -58,9 +53,11 @@ std::optional<std::wstring> OpenedProcess::ImagePath(std::size_t capacity) const
     return path;
 }
 
-bool OpenedProcess::Terminate(std::uint32_t exitCode) const
+void OpenedProcess::Terminate(std::uint32_t exitCode) const
 {
-    return state_ && ::TerminateProcess(state_->handle.Get(), exitCode) != FALSE;
+    if (state_) {
+        ::TerminateProcess(state_->handle.Get(), exitCode);
+    }
 }
 
 } // namespace platform

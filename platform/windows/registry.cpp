@@ -7,11 +7,6 @@ namespace platform {
 struct RegistryKey::State
 {
     RegistryHandle key;
-
-    static void Delete(State *state)
-    {
-        delete state;
-    }
 };
 
 RegistryKey RegistryKey::OpenLocalMachine(const std::string &path)
@@ -19,7 +14,7 @@ RegistryKey RegistryKey::OpenLocalMachine(const std::string &path)
     HKEY key = nullptr;
     RegistryKey opened;
     if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS) {
-        opened.state_ = {new State{RegistryHandle(key)}, State::Delete};
+        opened.state_ = {new State{RegistryHandle(key)}, DeleteState<State>};
     }
     return opened;
 }

@@ -111,13 +111,6 @@ TEST(RegistryFile, TheLastOneWins)
     EXPECT_EQ(Value("\"v\"=\"1\"\n" + std::string(kSection) + "\"v\"=\"2\""), Text("2"));
 }
 
-TEST(RegistryFile, DeletionsAreFollowed)
-{
-    EXPECT_EQ(Value("\"v\"=\"1\"\n\"v\"=-"), "(none)");
-    EXPECT_EQ(Value("\"v\"=\"1\"\n[-HKEY_LOCAL_MACHINE\\Software\\TORVAN]"), "(none)");
-    EXPECT_EQ(Value("\"v\"=\"1\"\n[-HKEY_LOCAL_MACHINE\\Software\\TOR]"), Text("1"));
-}
-
 TEST(RegistryFile, HostileTextsAreSurvived)
 {
     EXPECT_TRUE(ParseRegistry(std::string(1000, '\0')).empty());

@@ -100,9 +100,8 @@ void DetachedChild::AwaitStart()
 std::vector<platform::ProcessEntry> ListedProcesses()
 {
     std::vector<platform::ProcessEntry> processes;
-    const bool listed =
-        platform::VisitProcesses([&](const auto &process) { processes.push_back(process); });
-    if (!listed) {
+    platform::VisitProcesses([&](const auto &process) { processes.push_back(process); });
+    if (processes.empty()) {
         throw std::runtime_error("the system lists no processes");
     }
     return processes;
