@@ -8,13 +8,13 @@ CleanupScript LocateCleanupScript(const QString &programDir)
 {
     const QString pattern = QStringLiteral("%1/%2");
     const QString name = QStringLiteral("clearKTR.bat");
-    // Both texts in one call: a second call would also fill a marker within a directory's name.
+    // One arg() call: chained calls would substitute a %1 inside the path.
     return {pattern.arg(programDir, name), pattern.arg(QDir::tempPath(), name)};
 }
 
 void StageCleanupScript(const CleanupScript &script)
 {
-    // A link that leads nowhere is called absent, but it would stay in the way.
+    // QFile::exists is false for a dangling link, but QFile::copy does not replace it.
     if (QFile::exists(script.staged) || QFileInfo(script.staged).isSymLink()) {
         QFile::remove(script.staged);
     }

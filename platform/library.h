@@ -8,8 +8,8 @@ namespace platform {
 using LibraryHandle = void *;
 using FunctionAddress = void (*)();
 
-/// Loads the library at `path` (narrow encoding). Null on failure, of which the system shows
-/// nothing. A loaded library stays loaded.
+/// Loads the library at `path` (narrow encoding). Null on failure; no system error
+/// dialog appears. A loaded library stays loaded.
 LibraryHandle LoadLibraryFile(const char *path);
 
 /// Address of the exported function `name`, null when there is none.

@@ -18,7 +18,7 @@ class NamedMutex
 {
 public:
     /// Creates the mutex and owns it, or opens it when it exists; `error` becomes the last error of
-    /// that very call. Empty when no handle could be had. The name takes no part of a path.
+    /// that very call. Empty when the call gave no handle. The name takes no part of a path.
     static NamedMutex Create(const std::wstring &name, std::uint32_t &error);
 
     explicit operator bool() const

@@ -6,11 +6,11 @@
 namespace platform {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kWhitespace = " \t";
 
-bool IsBlank(char character)
+bool IsWhitespace(char character)
 {
-    return kBlanks.find(character) != std::string_view::npos;
+    return kWhitespace.find(character) != std::string_view::npos;
 }
 
 bool IsFile(const std::string &path)
@@ -23,7 +23,7 @@ bool IsFile(const std::string &path)
 std::size_t ProgramLength(const std::string &text)
 {
     for (std::size_t length = text.size(); length > 0; --length) {
-        const bool ends = length == text.size() || IsBlank(text[length]);
+        const bool ends = length == text.size() || IsWhitespace(text[length]);
         if (ends && IsFile(text.substr(0, length))) {
             return length;
         }
@@ -40,7 +40,7 @@ void AppendArguments(std::string_view rest, CommandLine &parts)
         if (character == '"') {
             quoted = !quoted;
             begun = true; // "" is an argument too
-        } else if (IsBlank(character) && !quoted) {
+        } else if (IsWhitespace(character) && !quoted) {
             if (begun) {
                 parts.push_back(current);
             }

@@ -9,9 +9,9 @@ namespace platform {
 using CommandLine = std::vector<std::string>;
 
 /// Splits `text`. A program in double quotes is what stands between them; otherwise it is the
-/// longest leading part, up to a blank or the end, that names an existing file, so that a path with
-/// blanks needs no quotes. The rest is split at blanks outside double quotes, which are removed.
-/// Empty when no part names a file.
+/// longest leading part, up to whitespace or the end, that names an existing file, so that a path
+/// with spaces needs no quotes. The rest is split at whitespace outside double quotes, which are
+/// removed. Empty when no part names a file.
 CommandLine SplitCommandLine(const std::string &text);
 
 } // namespace platform

@@ -40,7 +40,7 @@ std::optional<std::string> ReadExeLink(int processFolder)
 
 std::optional<std::string> ReadOwnExeLink()
 {
-    // By this name a checker that runs the program within itself knows which one is meant.
+    // valgrind emulates exactly this path.
     return ReadLink(AT_FDCWD, "/proc/self/exe");
 }
 

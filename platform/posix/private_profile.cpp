@@ -13,12 +13,12 @@ namespace {
 
 std::wstring Trimmed(const std::wstring &text)
 {
-    constexpr const wchar_t *kBlanks = L" \t\r";
-    const std::size_t begin = text.find_first_not_of(kBlanks);
+    constexpr const wchar_t *kWhitespace = L" \t\r";
+    const std::size_t begin = text.find_first_not_of(kWhitespace);
     if (begin == std::wstring::npos) {
         return {};
     }
-    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+    return text.substr(begin, text.find_last_not_of(kWhitespace) - begin + 1);
 }
 
 std::wstring Unquoted(const std::wstring &text)

@@ -7,7 +7,7 @@ namespace {
 
 // As `_wcsicmp` does in the "C" locale, which a Windows program has until it asks for another one:
 // only the letters A to Z have a case.
-wchar_t Fold(wchar_t character)
+wchar_t ToLowerAscii(wchar_t character)
 {
     return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a')
                                                   : character;
@@ -22,7 +22,7 @@ bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right)
 {
     return std::equal(
         left.begin(), left.end(), right.begin(), right.end(), [](wchar_t one, wchar_t other) {
-            return Fold(one) == Fold(other);
+            return ToLowerAscii(one) == ToLowerAscii(other);
         });
 }
 

@@ -44,8 +44,8 @@ private:
     XConnection display_;
 };
 
-// A window manager may refuse an application that takes the focus from another one.
-TEST(ActivationRequest, ComesFromAPager)
+// A window manager may refuse an application (source 1) that takes the focus from another one.
+TEST(ActivationRequest, NamesAPagerAsItsSource)
 {
     const contract::TestWindow window;
     ASSERT_TRUE(contract::WaitUntil([&window] { return contract::IsShown(window.Handle()); }));

@@ -42,7 +42,7 @@ TEST_F(CommandLineSplit, AFolderIsNoProgram)
     EXPECT_TRUE(SplitCommandLine((folder_ / "folder").string() + " x").empty());
 }
 
-TEST_F(CommandLineSplit, APartEndsAtABlank)
+TEST_F(CommandLineSplit, TheProgramEndsAtWhitespace)
 {
     const std::string program = File("program");
     EXPECT_TRUE(SplitCommandLine(program + "x y").empty());

@@ -24,7 +24,7 @@ using testing::Not;
 
 const LaunchOptions kHiddenIdle = {ShowWindow::Hidden, PriorityClass::Idle, false};
 
-/// Notes what becomes of a process that could not be created.
+/// CreateProcess fails; `calls` lists the calls that follow.
 class FailedLaunch : public testing::Test
 {
 protected:
@@ -77,19 +77,19 @@ private:
 std::vector<std::string> FailedLaunch::calls;
 STARTUPINFOA FailedLaunch::startup = {};
 
-TEST_F(FailedLaunch, LowersThePriorityOfNothing)
+TEST_F(FailedLaunch, StillSetsPriorityAndBoostOnTheNullHandle)
 {
     platform::LaunchDetached("missing.exe", "C:\\", kHiddenIdle);
     EXPECT_THAT(calls, ElementsAre("create", "class 64", "boost off 1"));
 }
 
-TEST_F(FailedLaunch, AnOrdinaryOneChangesNoPriority)
+TEST_F(FailedLaunch, WithDefaultOptionsSetsNoPriority)
 {
     platform::LaunchDetached("missing.exe", "C:\\", {});
     EXPECT_THAT(calls, ElementsAre("create"));
 }
 
-TEST_F(FailedLaunch, AHiddenOneSetsNothingElseInTheStartupRecord)
+TEST_F(FailedLaunch, TheStartupRecordOnlySaysHidden)
 {
     platform::LaunchDetached("missing.exe", "C:\\", kHiddenIdle);
     STARTUPINFOA expected = {};
