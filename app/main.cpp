@@ -17,7 +17,8 @@
 
 #include <cstdlib>
 
-// The telemetry library is loaded already: its binding is built before main, in every start.
+// The telemetry library is loaded already: its binding is built before main, in every start. What
+// only one step uses (font, icon, URL) lives in the function of that step.
 int RunProgram(int argc, char **argv)
 {
     if (CheckAlreadyRunning()) {

@@ -33,7 +33,7 @@ void CUninstallMgr::doUninstall()
                                {QStringLiteral("/SP-"), QStringLiteral("/VERYSILENT")});
     for (int poll = 0; poll < kStartUpPolls; ++poll) {
         if (isProcessRunning(QLatin1String(kUninstallerName))) {
-            progressTimer.start(kProgressIntervalMs);
+            progressTimer.start(kProgressIntervalMs); // coarse: a tick need not be exact
             return;
         }
         environment_.sleep(kStartUpPauseMs);

@@ -75,6 +75,15 @@ TEST_F(StagedScript, ReplacesAnOlderCopy)
     EXPECT_EQ(Read(script_.staged), QByteArray("new"));
 }
 
+TEST_F(StagedScript, ReplacesALinkThatLeadsNowhere)
+{
+    Write(script_.source, "new");
+    ASSERT_TRUE(QFile::link(QStringLiteral("missing/file"), script_.staged));
+    StageCleanupScript(script_);
+    EXPECT_FALSE(QFileInfo(script_.staged).isSymLink());
+    EXPECT_EQ(Read(script_.staged), QByteArray("new"));
+}
+
 TEST_F(StagedScript, AMissingScriptLeavesNoCopy)
 {
     Write(script_.staged, "old");

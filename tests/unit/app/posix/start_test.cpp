@@ -21,8 +21,9 @@ protected:
         EXPECT_TRUE(QFile::copy(QStringLiteral(START_PROBE), program));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        EXPECT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("temp")));
         for (const char *folder : {"TMPDIR", "XDG_RUNTIME_DIR", "HOME"}) {
-            environment.insert(QLatin1String(folder), folder_.path());
+            environment.insert(QLatin1String(folder), File(QStringLiteral("temp")));
         }
         QProcess process;
         process.setProcessEnvironment(environment);
@@ -57,8 +58,14 @@ TEST_F(ProgramStart, StepsComeInTheirOrderAndNothingIsDestroyedBeforeTheExit)
                                   QStringLiteral("translator"),
                                   QStringLiteral("load"),
                                   QStringLiteral("loop"),
+                                  QStringLiteral("mutex released"),
+                                  QStringLiteral("handle file removed"),
                                   QStringLiteral("quit"),
-                                  QStringLiteral("exit(0)")};
+                                  QStringLiteral("exit(0)"),
+                                  QStringLiteral("translator destroyed"),
+                                  QStringLiteral("engine destroyed"),
+                                  QStringLiteral("controller destroyed"),
+                                  QStringLiteral("application destroyed")};
     EXPECT_EQ(Run().join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
 }
 
