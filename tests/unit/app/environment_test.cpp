@@ -62,9 +62,11 @@ TEST(Environment, WorksInADirectoryWithBlanksAndLettersBeyondAscii)
     const QString dir =
         QFileInfo(folder.path()).canonicalFilePath() + QString::fromUtf8("/my pr\303\266duct %1");
     ASSERT_TRUE(QDir().mkpath(dir));
-    const QString program = dir + QStringLiteral("/probe");
+    // A separator of another system is a letter of the name.
+    const bool windows = QDir::separator() == QLatin1Char('\\');
+    const QString program = dir + (windows ? QStringLiteral("/probe") : QStringLiteral("/pro\\be"));
     ASSERT_TRUE(QFile::copy(QStringLiteral(ENVIRONMENT_PROBE), program));
-    // The locale of somebody who has chosen none knows ASCII only; the toolkit takes UTF-8 then.
+    // The locale of somebody who has chosen none knows ASCII only; Qt takes UTF-8 then.
     for (const char *locale : {"C.UTF-8", "C", "POSIX"}) {
         const Report report =
             Probe(program, {{QStringLiteral("LC_ALL"), QString::fromLatin1(locale)}});

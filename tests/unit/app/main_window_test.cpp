@@ -29,7 +29,9 @@ protected:
                     Qt::QueuedConnection);
             },
             Qt::QueuedConnection);
-        return QCoreApplication::exec();
+        const int result = QCoreApplication::exec();
+        QCoreApplication::removePostedEvents(application); // our exit, when another one came first
+        return result;
     }
 
     QQmlApplicationEngine engine_;

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace {
 
 class WindowHandleFile : public testing::Test
@@ -37,9 +39,20 @@ TEST(WindowHandleFilePath, ReplacesTheNameOfTheExecutable)
     EXPECT_EQ(HwndFilePathOf(separator + "b.exe"), name);
     EXPECT_EQ(HwndFilePathOf("b.exe"), "b.exe" + name);
     EXPECT_EQ(HwndFilePathOf(""), name);
+    const char other = platform::kNativeSeparator == '/' ? '\\' : '/';
+    EXPECT_EQ(HwndFilePathOf(separator + "a" + other + "b.exe"), name);
     // Composed without a limit: only what is read has one.
     const std::string deep = separator + std::string(255, 'd');
     EXPECT_EQ(HwndFilePathOf(deep + separator + "b"), deep + name);
+}
+
+TEST(WindowHandleInAFile, IsTheFirstEightBytesAndNoneWhenThereAreFewer)
+{
+    const std::string content("\x01\x02\0\0\0\0\0\xFE\xFF", 9);
+    for (std::size_t size = 0; size <= content.size(); ++size) {
+        std::istringstream file(content.substr(0, size));
+        EXPECT_EQ(ReadWindowHandle(file), size < 8 ? 0U : 0xFE00000000000201U) << size;
+    }
 }
 
 TEST_F(WindowHandleFile, LiesBesideTheExecutable)

@@ -8,6 +8,7 @@
 namespace {
 
 using platform::FileDescriptor;
+using platform::FolderStream;
 
 int OpenSomething()
 {
@@ -58,6 +59,12 @@ TEST(FileDescriptor, ClosingKeepsTheLastError)
     EXPECT_FALSE(owner);
     FileDescriptor wrong(1 << 20); // closing it fails
     wrong.Close();
+    EXPECT_EQ(errno, EDOM);
+    FolderStream closed(::opendir("/"));
+    ASSERT_TRUE(closed);
+    ::close(::dirfd(closed.Get())); // closing the stream fails then
+    errno = EDOM;
+    closed.Close();
     EXPECT_EQ(errno, EDOM);
 }
 

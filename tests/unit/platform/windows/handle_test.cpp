@@ -1,8 +1,13 @@
 #include "platform/windows/handle.h"
+#include "tests/unit/platform/windows/replaced_import.h"
 
 #include <gtest/gtest.h>
 #include <type_traits>
 #include <utility>
+
+extern "C" {
+extern decltype(&::RegCloseKey) __imp_RegCloseKey;
+}
 
 namespace {
 
@@ -73,6 +78,12 @@ TEST(Handle, MovingHandsItOver)
     EXPECT_FALSE(IsOpen(replaced));
 }
 
+LSTATUS WINAPI FailToClose(HKEY)
+{
+    ::SetLastError(ERROR_INVALID_HANDLE);
+    return ERROR_INVALID_HANDLE;
+}
+
 TEST(Handle, ClosingKeepsTheLastError)
 {
     constexpr DWORD kSomeError = 4711;
@@ -84,6 +95,10 @@ TEST(Handle, ClosingKeepsTheLastError)
     ObjectHandle wrong(reinterpret_cast<HANDLE>(0xABCDE0)); // closing it fails
     ::SetLastError(kSomeError);
     wrong.Close();
+    EXPECT_EQ(::GetLastError(), kSomeError);
+    const contract::ReplacedImport failing(__imp_RegCloseKey, FailToClose);
+    RegistryHandle key(HKEY_CURRENT_USER);
+    key.Close();
     EXPECT_EQ(::GetLastError(), kSomeError);
 }
 
