@@ -16,19 +16,15 @@ class QUrl;
 namespace {
 
 /// The objects whose end is noted, as long as they live.
-QList<QObject *> &Alive()
-{
-    static QList<QObject *> objects;
-    return objects;
-}
+QList<QObject *> alive;
 
 void NoteTheEndOf(void *created, const char *note)
 {
     auto *const object = static_cast<QObject *>(created);
-    Alive().append(object);
+    alive.append(object);
     QObject::connect(object, &QObject::destroyed, [object, note] {
         std::puts(note);
-        Alive().removeOne(object);
+        alive.removeOne(object);
     });
 }
 
@@ -103,8 +99,8 @@ extern "C" [[noreturn]] void __wrap_exit(int status);
 extern "C" void __wrap_exit(int status)
 {
     std::printf("exit(%d)\n", status);
-    while (!Alive().isEmpty()) {
-        Alive().last()->~QObject(); // shows that the end of each would have been noted
+    while (!alive.isEmpty()) {
+        alive.last()->~QObject(); // shows that the end of each would have been noted
     }
     std::fflush(stdout);
     ::_exit(status);
