@@ -6,13 +6,6 @@
 namespace platform {
 namespace {
 
-constexpr std::string_view kWhitespace = " \t";
-
-bool IsWhitespace(char character)
-{
-    return kWhitespace.find(character) != std::string_view::npos;
-}
-
 bool IsFile(const std::string &path)
 {
     struct stat status = {};
@@ -23,7 +16,7 @@ bool IsFile(const std::string &path)
 std::size_t ProgramLength(const std::string &text)
 {
     for (std::size_t length = text.size(); length > 0; --length) {
-        const bool ends = length == text.size() || IsWhitespace(text[length]);
+        const bool ends = length == text.size() || text[length] == ' ';
         if (ends && IsFile(text.substr(0, length))) {
             return length;
         }
@@ -40,7 +33,7 @@ void AppendArguments(std::string_view rest, CommandLine &parts)
         if (character == '"') {
             quoted = !quoted;
             begun = true; // "" is an argument too
-        } else if (IsWhitespace(character) && !quoted) {
+        } else if (character == ' ' && !quoted) {
             if (begun) {
                 parts.push_back(current);
             }
@@ -60,24 +53,11 @@ void AppendArguments(std::string_view rest, CommandLine &parts)
 
 CommandLine SplitCommandLine(const std::string &text)
 {
-    CommandLine parts;
-    std::size_t end = 0;
-    if (!text.empty() && text.front() == '"') {
-        const std::size_t closing = text.find('"', 1);
-        const std::string program =
-            text.substr(1, closing == std::string::npos ? closing : closing - 1);
-        if (!IsFile(program)) {
-            return parts;
-        }
-        parts.push_back(program);
-        end = closing == std::string::npos ? text.size() : closing + 1;
-    } else {
-        end = ProgramLength(text);
-        if (end == 0) {
-            return parts;
-        }
-        parts.push_back(text.substr(0, end));
+    const std::size_t end = ProgramLength(text);
+    if (end == 0) {
+        return {};
     }
+    CommandLine parts = {text.substr(0, end)};
     AppendArguments(std::string_view(text).substr(end), parts);
     return parts;
 }

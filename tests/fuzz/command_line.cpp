@@ -28,12 +28,12 @@ public:
     {
         return (folder_.Path() / "").string() + name;
     }
-    /// The longest program at the beginning that ends at a blank; empty when there is none.
+    /// The longest program at the beginning that ends at a space; empty when there is none.
     static std::string At(const std::string &text)
     {
         for (const std::string name : {"run me now", "run me", "run"}) {
             const char next = text.size() > name.size() ? text[name.size()] : ' ';
-            if (text.rfind(name, 0) == 0 && (next == ' ' || next == '\t')) {
+            if (text.rfind(name, 0) == 0 && next == ' ') {
                 return name;
             }
         }
@@ -44,7 +44,7 @@ private:
     contract::ScratchFolder folder_;
 };
 
-// All characters that are neither quotation marks nor blanks outside of them, and how often
+// All characters that are neither quotation marks nor spaces outside of them, and how often
 // something begins there.
 std::pair<std::string, std::size_t> Kept(const std::string &text)
 {
@@ -53,11 +53,11 @@ std::pair<std::string, std::size_t> Kept(const std::string &text)
     bool quoted = false;
     bool separate = true;
     for (const char character : text) {
-        const bool blank = !quoted && (character == ' ' || character == '\t');
-        count += separate && !blank ? 1 : 0;
-        separate = blank;
+        const bool space = !quoted && character == ' ';
+        count += separate && !space ? 1 : 0;
+        separate = space;
         quoted = quoted != (character == '"');
-        kept += blank || character == '"' ? std::string() : std::string(1, character);
+        kept += space || character == '"' ? std::string() : std::string(1, character);
     }
     return {kept, count};
 }
@@ -72,14 +72,14 @@ void CheckSplit(const Programs &programs, const std::string &text)
     }
     Check(parts.front() == programs.Path(program), "the longest name that is a program");
     std::string joined;
-    std::string quoted = '"' + parts.front() + '"';
+    std::string quoted = parts.front();
     std::for_each(parts.begin() + 1, parts.end(), [&](const std::string &argument) {
         joined += argument;
         quoted += " \"" + argument + '"';
     });
     const auto [kept, count] = Kept(text.substr(program.size()));
     Check(joined == kept && parts.size() == count + 1, "no argument more or less, nothing lost");
-    Check(SplitCommandLine(quoted) == parts, "quoted, every part stays as it is");
+    Check(SplitCommandLine(quoted) == parts, "quoted, every argument stays as it is");
 }
 
 void CheckCleanup(const Programs &programs, const QString &folders)

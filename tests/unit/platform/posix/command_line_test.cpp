@@ -42,7 +42,7 @@ TEST_F(CommandLineSplit, AFolderIsNoProgram)
     EXPECT_TRUE(SplitCommandLine((folder_ / "folder").string() + " x").empty());
 }
 
-TEST_F(CommandLineSplit, TheProgramEndsAtWhitespace)
+TEST_F(CommandLineSplit, TheProgramEndsAtASpace)
 {
     const std::string program = File("program");
     EXPECT_TRUE(SplitCommandLine(program + "x y").empty());
@@ -63,14 +63,6 @@ TEST_F(CommandLineSplit, NothingElseHasAMeaning)
     const std::string program = File("program");
     EXPECT_EQ(SplitCommandLine(program + " $HOME * ; `id` 'a b' \\x %1"),
               (CommandLine{program, "$HOME", "*", ";", "`id`", "'a", "b'", "\\x", "%1"}));
-}
-
-TEST_F(CommandLineSplit, QuotedProgram)
-{
-    const std::string program = File("a program");
-    EXPECT_EQ(SplitCommandLine('"' + program + "\" x"), (CommandLine{program, "x"}));
-    EXPECT_EQ(SplitCommandLine('"' + program), CommandLine{program});
-    EXPECT_TRUE(SplitCommandLine('"' + program + "-other\" x").empty());
 }
 
 TEST_F(CommandLineSplit, NothingIsNothing)
