@@ -210,7 +210,7 @@ TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
     EXPECT_EQ(changed_.count(), 1);
 }
 
-// Seen by a run that begins when the end is announced: stopping the timer later would stop that run.
+// Seen by a run that begins when the end is announced: a timer stopped later would stop that run.
 TEST_F(UninstallRun, TheTimerHasStoppedWhenTheEndIsAnnounced)
 {
     world_.PollsAnswer({true, false, true});
