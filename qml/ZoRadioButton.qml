@@ -1,5 +1,6 @@
 import QtQuick 2.14
 import QtQuick.Controls 2.14
+import QtQuick.Shapes 1.14
 import "."
 import "public.js" as Public
 
@@ -51,18 +52,28 @@ RadioButton {
         return false
     }
 
-    indicator: Rectangle {
+    // Drawn as a path: the software renderer leaves the circle of a Rectangle open or oval at scales
+    // such as 1.25 and 1.5.
+    indicator: Shape {
         implicitWidth: 14
         implicitHeight: 14
         x: control.leftPadding
         // On a whole pixel, or the ring would be drawn blurred.
         y: Math.round((control.height - height) / 2)
-        radius: 7
-        // At scales such as 1.25 the ring may begin in the middle of a pixel, and the software
-        // renderer would drop the half that it has there. A hair larger, it rounds outwards.
-        scale: 1.002
-        border.color: control.hovered || control.checked ? "#0079ff" : "#9aa6b3"
-        border.width: control.checked ? 4 : 1
+
+        ShapePath {
+            id: ring
+            strokeColor: control.hovered || control.checked ? "#0079ff" : "#9aa6b3"
+            strokeWidth: control.checked ? 4 : 1
+
+            PathAngleArc {
+                centerX: 7
+                centerY: 7
+                radiusX: 7 - ring.strokeWidth / 2
+                radiusY: radiusX
+                sweepAngle: 360
+            }
+        }
     }
 
     // The control stretches its content item, so the label has its own width inside of it.

@@ -91,7 +91,7 @@ TestCase {
 
     function label(button) { return findChild(button, "radioLabel") }
 
-    function test_isAsSmallAsItsContent() {
+    function test_implicitSizeIsTheContentWithItsPadding() {
         var button = make()
         var room = 2 * described.padding
         compare(button.height, 19)
@@ -101,7 +101,7 @@ TestCase {
 
     function test_indicatorPlace() {
         var indicator = make().indicator
-        compare(indicator.radius, 7, "a larger one looks the same")
+        compare([indicator.width, indicator.height], [14, 14])
         compare(indicator.x, described.padding)
         compare(indicator.y, Math.round((19 - indicator.height) / 2), "on a whole pixel")
         compare(make({ leftPadding: 5 }).indicator.x, 5)
@@ -137,9 +137,17 @@ TestCase {
         var words = row.tag.replace("checked", "").trim()
         Parts.enter(test, button, words === "" ? "normal" : words)
         var indicator = button.indicator
-        verify(Qt.colorEqual(indicator.border.color, row.look.colour), indicator.border.color)
-        compare(indicator.border.width, row.look.width)
-        verify(Qt.colorEqual(indicator.color, "#ffffff"))
+        // From either end of a line through its centre; the corners of the square stay empty.
+        for (var i = 0; i < 7; ++i) {
+            var expected = i < row.look.width ? row.look.colour : "#ffffff"
+            ;[probe.pixel(indicator, i, 7), probe.pixel(indicator, 13 - i, 7),
+              probe.pixel(indicator, 7, i), probe.pixel(indicator, 7, 13 - i)].forEach(function(drawn) {
+                verify(Parts.looksLike(drawn, expected, 32), i + " " + drawn)
+            })
+        }
+        ;[[1, 1], [12, 1], [1, 12], [12, 12]].forEach(function(corner) {
+            compare(probe.pixel(indicator, corner[0], corner[1]), "", corner)
+        })
         Parts.leave(test, button)
     }
 

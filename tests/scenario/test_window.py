@@ -56,8 +56,8 @@ def install_icon(sandbox, colour):
     return set(sizes)
 
 
-def test_the_rings_of_the_reasons_are_closed_at_a_scale_between_whole_ones(sandbox):
-    factor = 1.25
+@pytest.mark.parametrize("factor", [1.25, 1.5])
+def test_the_rings_of_the_reasons_are_closed_and_round_at_a_fractional_scale(sandbox, factor):
     program = sandbox.start(environment={"QT_SCALE_FACTOR": str(factor)})
     window = program.window()
 
@@ -70,11 +70,16 @@ def test_the_rings_of_the_reasons_are_closed_at_a_scale_between_whole_ones(sandb
         centre = scaled(layout.ring(row))
         area = layout.Rect(centre.x - reach, centre.y - reach, 2 * reach + 1, 2 * reach + 1)
         picture = window.screen.picture(window.area(area)).convert("L")
-        # From the white centre to the light ground there is a grey line in between.
+        radii = []
+        # From the white centre to the light background there is a grey line in between.
         for x, y in ((-1, 0), (1, 0), (0, -1), (0, 1)):
             line = [picture.getpixel((reach + x * step, reach + y * step))
                     for step in range(reach + 1)]
             assert line[0] == 255 and line[-1] > 225 and min(line) < 215, (row, x, y, line)
+            ink = [max(0, line[-1] - value) for value in line]
+            radii.append(sum(step * share for step, share in enumerate(ink)) / sum(ink))
+        left, right, up, down = radii
+        assert abs(left + right - up - down) < 0.5, (row, radii)
     window.close()
     expect_end(sandbox, program, cleanup=False)
 
