@@ -3,7 +3,8 @@ import QtQuick.Controls 1.4
 import QtQuick.Controls.Styles 1.4
 
 // A button that is a picture: one image per state, found by name, on an optional background.
-// Give it an Accessible.name, since it shows no text.
+// Give it an Accessible.name, since it shows no text. It is no tab stop: both uses are in title bars,
+// where Tab and Space would close the window.
 ZoPushButton {
     id: root
 
@@ -20,6 +21,8 @@ ZoPushButton {
     property int index: 0
     property bool pressAble: true
     property bool imghcenter: false
+
+    activeFocusOnTab: false
 
     // In both functions the last state that applies wins.
     function getBgSource() {
@@ -101,11 +104,5 @@ ZoPushButton {
                 width: source == "" ? 0 : implicitWidth
             }
         }
-    }
-
-    ZoFocusFrame {
-        anchors.fill: parent
-        anchors.margins: -4
-        visible: root.activeFocus
     }
 }

@@ -68,8 +68,18 @@ ZoPushButton {
         width = Math.max(metrics.boundingRect.width + 2 * 4 + rp + lp, implicitWidth)
     }
 
+    // Return and Enter click as Space does.
+    function enterPressed(event) {
+        if (!event.isAutoRepeat) {
+            clicked()
+        }
+    }
+
     implicitWidth: 100
     height: 28
+
+    Keys.onReturnPressed: enterPressed(event)
+    Keys.onEnterPressed: enterPressed(event)
 
     onWidthChanged: reCalcWidth()
     onImplicitWidthChanged: reCalcWidth()

@@ -8,7 +8,8 @@ TestCase {
 
     readonly property var described: ({
         resName: "", ltRadius: false, rtRadius: false, lbRadius: false, rbRadius: false,
-        btnRadius: 0, index: 0, pressAble: true, imghcenter: false
+        btnRadius: 0, index: 0, pressAble: true, imghcenter: false,
+        activeFocusOnTab: false
     })
     readonly property var backgrounds: [
         "bgColorNormal", "bgColorOnHover", "bgColorOnChecked", "bgColorOnPress"
@@ -210,34 +211,6 @@ TestCase {
         var button = make()
         probe.tap(button, 28, 28)
         tryCompare(clicks, "count", 1)
-    }
-
-    function test_keys_data() {
-        return Parts.keys
-    }
-
-    function test_keys(row) {
-        var button = make()
-        keyClick(Qt.Key_Tab)
-        tryCompare(button, "activeFocus", true)
-        keyClick(row.key)
-        compare(clicks.count, 1)
-    }
-
-    function test_heldEnterClicksOnce() {
-        var button = make()
-        button.forceActiveFocus()
-        keyPress(Qt.Key_Enter)
-        probe.repeatKey(button, Qt.Key_Enter)
-        compare(clicks.count, 1)
-    }
-
-    function test_focusFrameIsForTheKeyboardOnly() {
-        var frame = findChild(make(), "focusFrame")
-        mouseClick(clicks.target)
-        compare(frame.visible, false)
-        keyClick(Qt.Key_Tab)
-        tryCompare(frame, "visible", true)
     }
 
     function test_accessible() {
