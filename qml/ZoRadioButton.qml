@@ -52,8 +52,8 @@ RadioButton {
         return false
     }
 
-    // Drawn as a path: the software renderer leaves the circle of a Rectangle open or oval at scales
-    // such as 1.25 and 1.5.
+    // A path, since the software renderer draws the border of a round Rectangle open or oval at
+    // scales such as 1.25 and 1.5.
     indicator: Shape {
         implicitWidth: 14
         implicitHeight: 14
