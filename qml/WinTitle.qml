@@ -13,7 +13,7 @@ Item {
     signal closed()
 
     function closeBtnDisable(b) {
-        closeBtn.enabled = !b
+        closeBtn.buttonEnabled = !b
     }
 
     height: 32
@@ -23,24 +23,12 @@ Item {
         dragged: window
     }
 
-    // A disabled button lets presses fall through to what lies beneath; here they must not drag.
-    MouseArea {
-        anchors.fill: closeBtn
-        enabled: !closeBtn.enabled
-    }
-
-    ZoImageButton {
+    ZoCloseButton {
         id: closeBtn
-        objectName: "closeButton"
 
         anchors.right: parent.right
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        resName: "ico_popup_close"
-        // As in native title bars, or Tab and Space would close the window.
-        activeFocusOnTab: false
-        //: What a screen reader calls the cross in the title bar of the window; nothing shows it.
-        Accessible.name: qsTr("Close")
-        onClicked: titleBar.closed()
+        onClosed: titleBar.closed()
     }
 }

@@ -50,25 +50,13 @@ Rectangle {
         Accessible.name: text
     }
 
-    // A disabled button lets the mouse through: without this a press on it would drag.
-    MouseArea {
-        anchors.fill: closeButton
-        visible: closeButton.visible
-    }
-
-    ZoImageButton {
+    ZoCloseButton {
         id: closeButton
-        objectName: "closeButton"
         anchors.right: parent.right
         anchors.rightMargin: 16
         anchors.verticalCenter: parent.verticalCenter
-        resName: "ico_popup_close"
-        activeFocusOnTab: false
         visible: titleBar.closable
-        enabled: !titleBar.busy
-        //: What a screen reader calls the cross in the title bar of a message box; nothing shows
-        //: it.
-        Accessible.name: qsTr("Close")
-        onClicked: titleBar.closed()
+        buttonEnabled: !titleBar.busy
+        onClosed: titleBar.closed()
     }
 }

@@ -124,18 +124,10 @@
     </message>
 </context>
 <context>
-    <name>WinTitle</name>
+    <name>ZoCloseButton</name>
     <message>
         <source>Close</source>
-        <extracomment>What a screen reader calls the cross in the title bar of the window; nothing shows it.</extracomment>
-        <translation>Schließen</translation>
-    </message>
-</context>
-<context>
-    <name>ZoPopTitle</name>
-    <message>
-        <source>Close</source>
-        <extracomment>What a screen reader calls the cross in the title bar of a message box; nothing shows it.</extracomment>
+        <extracomment>What a screen reader calls the cross in a title bar; nothing shows it.</extracomment>
         <translation>Schließen</translation>
     </message>
 </context>

@@ -37,6 +37,7 @@ QML_IMPORTS = {
     "WinTitle.qml": ["QtQuick 2.12", "QtQuick.Layouts 1.14", "QtQuick.Controls.Styles 1.4",
                      "QtQuick.Controls 1.4 as T", "QtQuick.Controls 2.14", "QtQuick.Window 2.14",
                      "QtGraphicalEffects 1.0"],
+    "ZoCloseButton.qml": ["QtQuick 2.12", '"."'],
     "ZoDefaultRoundButton.qml": ["QtQuick 2.14", '"."', '"public.js" as Public'],
     "ZoDragArea.qml": ["QtQuick 2.12", "QtQuick.Window 2.14"],
     "ZoFocusFrame.qml": ["QtQuick 2.12", '"public.js" as Public'],

@@ -122,7 +122,7 @@ def test_updating_changes_nothing(copy):
 
 
 def test_updating_follows_the_sources(copy):
-    page = copy / "qml" / "WinTitle.qml"
+    page = copy / "qml" / "ZoCloseButton.qml"
     text = page.read_text("utf-8").replace('qsTr("Close")', 'qsTr("Leave it")')
     page.write_text(text.replace("screen reader", "reader"), "utf-8")
     said = update(copy).splitlines()
@@ -132,8 +132,8 @@ def test_updating_follows_the_sources(copy):
     for name, translation in ("German", None), ("English", "Leave it"):
         found = [(context, source, target.text if target.get("type") is None else None)
                  for context, source, target in messages(copy / "translations" / f"ktr_{name}.ts")
-                 if context == "WinTitle"]
-        assert found == [("WinTitle", "Leave it", translation)]
+                 if context == "ZoCloseButton"]
+        assert found == [("ZoCloseButton", "Leave it", translation)]
     after = contents(copy)
     assert b"What a reader calls" in after["ktr_German.ts"]
     assert update(copy) == "" and contents(copy) == after
