@@ -33,6 +33,7 @@ Window {
     property alias radius: background.radius
     property alias titleRightMargin: titleBar.closeRightMargin
 
+    // For ZoMessageBox, whose imports are fixed and public.js is not one.
     readonly property color textColor: Public.winTextColor
     readonly property int borderw: haveBorder ? Public.winBorderWidth : 0
 
@@ -100,7 +101,7 @@ Window {
             y = main.y + (main.height - height) / 2
         }
         if (visible) {
-            // Later: now there is no window yet that could be activated.
+            // Deferred: the native window does not exist yet.
             Qt.callLater(requestActivate)
         }
         tellMainWindow(visible)

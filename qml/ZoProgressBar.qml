@@ -36,6 +36,7 @@ Item {
         width: root.value * track.width / 100
         height: track.height
         radius: track.radius
-        color: "#1F6FFF" // Public.accentColor; the bar needs no more of that script
+        // Public.accentColor, repeated: the imports of this file are fixed and public.js is not one.
+        color: "#1F6FFF"
     }
 }
