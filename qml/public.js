@@ -121,8 +121,8 @@ function makeJsonAttr(list) {
 
 // Shows a message box and returns only when it has gone, always with -1. Fields of `info`, all
 // optional: title, mainTitle, subTitle, buttons, icon, height. An empty field counts: an empty icon
-// is a box without one. A `defaultIdx` is tolerated and has no effect: the first button is always
-// the default one.
+// is a box without one; only an empty height, which is no number, is ignored. A `defaultIdx` is
+// tolerated and has no effect: the first button is always the default one.
 function showMessageBox(info, parent) {
     var component = Qt.createComponent("qrc:/ZoMessageBox.qml")
     var box = component.createObject(parent ? parent : window, { visible: true })
@@ -131,11 +131,14 @@ function showMessageBox(info, parent) {
         return -1
     }
     var fields = info ? info : {}
-    var copied = ["title", "mainTitle", "subTitle", "icon", "height"]
+    var copied = ["title", "mainTitle", "subTitle", "icon"]
     for (var i = 0; i < copied.length; ++i) {
         if (isGiven(fields[copied[i]])) {
             box[copied[i]] = fields[copied[i]]
         }
+    }
+    if (!isAbsent(fields.height)) {
+        box.height = fields.height
     }
     if (isGiven(fields.buttons)) {
         box.setButtons(fields.buttons)
