@@ -8,7 +8,7 @@ import "parts.js" as Parts
 TestCase {
     id: test
 
-    // Before those of the last row. The title bar has none.
+    // The tab stops of each page; those of the last row follow. The title bar has none.
     readonly property var stops: ({
         1: ["offerLink"],
         2: ["offerLink"],
