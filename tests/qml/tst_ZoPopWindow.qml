@@ -161,6 +161,14 @@ TestCase {
         popup.close()
     }
 
+    function test_aLongTitleIsCutBeforeTheCloseButton() {
+        var popup = show({ title: new Array(100).join("title ") })
+        var text = part(popup, "popupTitle")
+        compare(text.truncated, true)
+        compare(text.mapToItem(closeButton(popup), text.width, 0).x, -16)
+        popup.close()
+    }
+
     function test_onlyTheTopCornersOfTheTitleBarAreRound() {
         var popup = show({ radius: 6 })
         var bar = titleBar(popup)
