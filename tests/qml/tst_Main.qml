@@ -89,12 +89,13 @@ TestCase {
                 ["card", "windowShadow", "backgroundImage", "titleBar", "pageStack"])
     }
 
-    function test_titleBarDisablesItsButton() {
+    function test_titleBarNamesAndDisablesItsButton() {
         open()
         titleBar().closeBtnDisable(true)
         compare(closeButton().enabled, false)
         titleBar().closeBtnDisable(false)
         compare(closeButton().enabled, true)
+        compare(probe.accessible(closeButton()).name, "Close")
     }
 
     function test_closeButtonSaysClosed_data() {

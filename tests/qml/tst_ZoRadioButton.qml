@@ -195,6 +195,7 @@ TestCase {
         keyClick(Qt.Key_Down) // no further than the last
         compare(entries[2].activeFocus, true)
         keyClick(Qt.Key_Up)
+        compare(entries[1].activeFocus, true)
         keyClick(Qt.Key_Up)
         keyClick(Qt.Key_Up)
         compare(entries[0].activeFocus, true)
