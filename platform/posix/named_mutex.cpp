@@ -24,33 +24,32 @@ std::string LockFilePath(const std::string &name)
     return std::string(set ? folder : "/tmp") + '/' + name + ".lock";
 }
 
-/// Unlocks before it closes: a process that was forked a moment ago and has not yet become another
-/// program still shares the descriptor, and closing ours alone would leave it the lock. A
-/// descriptor without a lock takes nobody's away.
+/// The lock on an open file. It is given up before the file is closed: a process that was forked a
+/// moment ago and has not yet become another program still shares the descriptor, and closing ours
+/// alone would leave it the lock.
 struct LockTraits : DescriptorTraits
 {
     static void Close(int descriptor)
     {
         KeepErrno([descriptor] { ::flock(descriptor, LOCK_UN); });
-        DescriptorTraits::Close(descriptor);
     }
 };
-using LockFile = Owner<LockTraits>;
+using FileLock = Owner<LockTraits>;
 
 /// Opens the lock file and creates it only when it is absent: in a shared folder the kernel may
 /// refuse to open somebody else's existing file with the wish to create it.
-LockFile OpenLockFile(const std::string &path)
+FileDescriptor OpenLockFile(const std::string &path)
 {
     // Not blocking, so that a pipe of that name cannot hold the start up.
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
     constexpr int kAttempts = 8; // the file may appear between the two calls
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        LockFile file(::open(path.c_str(), kFlags));
+        FileDescriptor file(::open(path.c_str(), kFlags));
         if (file || errno != ENOENT) {
             return file;
         }
-        file = LockFile(::open(path.c_str(), kFlags | O_CREAT | O_EXCL, kMode));
+        file = FileDescriptor(::open(path.c_str(), kFlags | O_CREAT | O_EXCL, kMode));
         if (file) {
             // Never deleted, so a strict mask must not lock other users out for good.
             ::fchmod(file.Get(), kMode);
@@ -76,7 +75,8 @@ bool LockWithoutWaiting(int file)
 
 struct NamedMutex::State
 {
-    LockFile file;
+    FileDescriptor file;
+    FileLock lock; ///< empty when another instance holds it
 };
 
 NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
@@ -87,21 +87,23 @@ NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
     if (narrowName.empty() || narrowName.find('/') != std::string::npos) {
         return mutex;
     }
-    LockFile file = OpenLockFile(LockFilePath(narrowName));
+    FileDescriptor file = OpenLockFile(LockFilePath(narrowName));
     if (!file) {
         if (errno == EACCES || errno == EPERM) {
             error = kErrorAccessDenied;
         }
         return mutex;
     }
+    FileLock lock;
     if (LockWithoutWaiting(file.Get())) {
+        lock = FileLock(file.Get());
         error = kErrorNone;
     } else if (errno == EWOULDBLOCK) {
         error = kErrorAlreadyExists;
     } else {
         return mutex;
     }
-    mutex.state_ = {new State{std::move(file)}, DeleteState<State>};
+    mutex.state_ = {new State{std::move(file), std::move(lock)}, DeleteState<State>};
     return mutex;
 }
 

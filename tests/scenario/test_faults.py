@@ -12,7 +12,9 @@ FAULTS = [fault for faults in TABLE.values() for fault in faults]
 
 
 @pytest.mark.stderr_unchecked  # Checked here, with what the fault allows.
-@pytest.mark.parametrize("fault", FAULTS, ids=str)
+@pytest.mark.parametrize("fault", [
+    pytest.param(fault, marks=pytest.mark.uninstrumented if fault.uninstrumented else ())
+    for fault in FAULTS], ids=[str(fault) for fault in FAULTS])
 def test_fault(sandbox, fault):
     if is_windows() and fault.linux_only:
         pytest.skip(fault.linux_only)

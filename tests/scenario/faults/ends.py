@@ -129,7 +129,7 @@ FAULTS = [
           environment=lambda sandbox: {
               "LD_PRELOAD": FAKETIME, "FAKETIME": "@2025-12-31 23:59:57", "TZ": "UTC",
               "FAKETIME_DONT_FAKE_MONOTONIC": "1"},
-          linux_only="the clock is changed by a library of this system"),
+          uninstrumented=True, linux_only="the clock is changed by a library of this system"),
     *(_locale(name) for name in ("C", "tr_TR.UTF-8", "ar_EG.UTF-8", "th_TH.UTF-8",
                                  "tr_TR.ISO-8859-9", "no_SUCH.UTF-8")),
 ]

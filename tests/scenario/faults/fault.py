@@ -37,6 +37,8 @@ class Fault:
     """Whether permissions count for the program even if an administrator runs the tests."""
     linux_only: str = ""
     """Why it is not asked of the Windows executable."""
+    uninstrumented: bool = False
+    """Whether it needs a program that was built without sanitizers."""
     stderr: tuple[str, ...] = ()
     """What the program may print besides what it always may."""
 
