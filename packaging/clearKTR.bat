@@ -57,8 +57,8 @@ set "own=clearKTR-%RANDOM%-%RANDOM%.bat"
 if /i not "%name:~0,9%"=="clearKTR-" (
     if exist "%here%%own%" exit %status%
     ren "%self%" "%own%" >nul 2>nul
-    if exist "%here%%own%" "%here%%own%" "%folder%"
-    exit %status%
+    if not exist "%here%%own%" exit %status%
+    "%here%%own%" "%folder%"
 )
 
 rem It is a folder and no link: the attributes of a link contain an l.
@@ -138,9 +138,11 @@ if not "%place:~3%"=="" goto above
 
 rem It does not hold what the folders that must stay hold. This needs no path, so it also sees what
 rem has another drive letter. In this order: a profile or a folder of the shell, the folder of this
-rem file, application data, AppData, the profiles, the programs' folders, the system's folders, a
-rem whole drive. Names that a product may use itself, such as Temp or Windows, are not in the list.
+rem file, the one above it, application data, AppData, the profiles, the programs' folders, the
+rem system's folders, a whole drive. Names that a product may use itself, such as Temp or Windows,
+rem are not in the list.
 for %%i in (ntuser.dat desktop.ini) do if exist "%%i" goto end
+if exist "%name%" goto end
 if exist "Temp\%name%" goto end
 for %%i in (Microsoft LocalLow "All Users") do if exist "%%~i" goto end
 for %%i in ("Common Files" "microsoft shared") do if exist "%%~i" goto end
@@ -161,23 +163,23 @@ rem The folder is ours. The script waits in the program directory: from there no
 rem itself can be exchanged.
 cd "%program%" >nul 2>nul
 if /i not "%CD%"=="%folder%\%program%" goto end
-set "attributes="
-for %%i in (.) do set "attributes=%%~ai"
-if not defined attributes goto end
-if not "%attributes:l=%"=="%attributes%" goto end
+call :look
 
 rem Windows deletes no file of a running program, so the deletion shows that the program has ended.
-rem "del" would delete all files of a folder of that name, even through a link, so the script looks
-rem before each attempt. Two minutes are for this wait and for all that follows.
+rem "del" would delete all files of a folder of that name, even through a link. So the script looks
+rem before each attempt, and with a wildcard "del" never takes a name for that of a folder. A file
+rem that cannot be looked at is in use. Two minutes are for this wait and for all that follows.
 set seconds=120
 :wait
 set "attributes="
 for %%i in (UninstallUI.exe) do set "attributes=%%~ai"
-if not defined attributes goto ended
+if not defined attributes if not exist "UninstallUI.exe" goto ended
+if not defined attributes goto busy
 if not "%attributes:d=%"=="%attributes%" goto end
 if not "%attributes:l=%"=="%attributes%" goto end
-del /f /q /a "UninstallUI.exe" >nul 2>nul
+del /f /q /a "UninstallUI.ex?" >nul 2>nul
 if not exist "UninstallUI.exe" goto ended
+:busy
 call :second
 if %seconds% gtr 0 goto wait
 set status=3
@@ -192,7 +194,9 @@ if /i not "%CD%"=="%folder%" goto end
 rem Links go first, as links, so that nothing can follow them. "rd /s" follows none on Windows, also
 rem in hidden folders, which "for" does not show. As long as a link stays, or the script cannot look
 rem into a folder, it removes nothing else. A program that is there again is a new installation.
+rem Nobody can exchange the current folder, but an empty one can become a link where it stands.
 :remove
+call :look
 if exist "%program%\UninstallUI.exe" goto end
 set "kept="
 for /d %%i in (*) do (
@@ -201,6 +205,7 @@ for /d %%i in (*) do (
     call :unlink
 )
 if /i not "%CD%"=="%folder%" goto end
+call :look
 if not defined kept rd /s /q "." >nul 2>nul
 
 rem The script leaves the folder only when no file and no folder is left in it.
@@ -241,6 +246,14 @@ cd .. >nul 2>nul
 if not "%CD%"=="%place%" goto up
 exit /b
 
+rem Ends the script if the current folder has become a link, or cannot be looked at.
+:look
+set "attributes="
+for %%i in (.) do set "attributes=%%~ai"
+if not defined attributes goto end
+if not "%attributes:l=%"=="%attributes%" goto end
+exit /b
+
 rem Counts the sub-folder if it has the mark. A link does not count, nor a folder named like a file.
 :mark
 if not defined attributes exit /b
@@ -259,7 +272,7 @@ exit /b
 
 rem Removes the entry of the current folder if it is a link, else all links to folders below it. An
 rem entry without readable attributes stays, and everything with it. The second look at the
-rem attributes comes from within the entry, where nobody can make a link of it any more.
+rem attributes comes from within the entry, which nobody can exchange any more.
 :unlink
 if defined kept exit /b
 if /i not "%attributes:~0,1%"=="d" goto keep

@@ -306,6 +306,8 @@ OTHER_PATHS = [
             link(LINK, "D:\\")),
     refused("the folder of the temp directory, by another drive letter", f'"{BY_DRIVE}"',
             mark(PROFILE + "\\AppData\\Local\\bin")),
+    refused("the temp directory, by another drive letter", f'"{BY_DRIVE}\\Temp"',
+            mark(PROFILE + "\\AppData\\Local\\Temp\\bin")),
     *(kept(f"what holds {name}", SYSTEM + "Moved", folders(f"{SYSTEM}Moved\\{name}"))
       for name in ("Microsoft", "LocalLow", "All Users", "Common Files", "microsoft shared",
                    "System32", "Program Files")),

@@ -94,8 +94,8 @@ def test_looks_where_it_is_after_every_change_of_the_folder() -> None:
     ends = [f"{line} / {after}" for line, after in zip(COMMANDS, COMMANDS[1:])
             if line.startswith("cd ") and "%CD%" not in after]
     assert ends == ["cd .. >nul 2>nul / exit /b", 'cd /d "%above%" >nul 2>nul / set kept=1']
-    assert COMMANDS[COMMANDS.index('if not defined kept rd /s /q "." >nul 2>nul') - 1] == (
-        'if /i not "%CD%"=="%folder%" goto end')
+    removal = COMMANDS.index('if not defined kept rd /s /q "." >nul 2>nul')
+    assert COMMANDS[removal - 2:removal] == ['if /i not "%CD%"=="%folder%" goto end', "call :look"]
 
 
 def test_has_no_variable_in_the_body_of_a_loop() -> None:
@@ -123,7 +123,7 @@ def test_removes_and_renames_in_six_places_only() -> None:
         r"|start|powershell|wmic|reg|cscript|wscript)\b|>(?!nul)")
     assert [line for line in COMMANDS if removing.search(re.sub('"[^"]*"', "", line))] == [
         'ren "%self%" "%own%" >nul 2>nul',
-        'del /f /q /a "UninstallUI.exe" >nul 2>nul',
+        'del /f /q /a "UninstallUI.ex?" >nul 2>nul',
         'if not defined kept rd /s /q "." >nul 2>nul',
         'rd "%entry%" >nul 2>nul',
         'del /f /q "%self%" >nul 2>nul & exit %status%',
@@ -142,7 +142,7 @@ def test_removes_nothing_near_its_head() -> None:
 def test_uses_few_commands() -> None:
     known = {"@echo", "setlocal", "set", "if", "for", "cd", "dir", "call", "goto", "del", "rd",
              "ren", "exit", ")"}
-    programs = {'"%system%\\fc.exe"', '"%system%\\ping.exe"'}
+    programs = {'"%system%\\fc.exe"', '"%system%\\ping.exe"', '"%here%%own%"'}
     used = {word for line in COMMANDS for word in words(line)}
     assert used <= known | programs
     assert programs <= used
@@ -174,7 +174,8 @@ def test_ends_in_four_places() -> None:
     """Two of them are for a copy that cannot take a name of its own."""
     ends = [line for line in COMMANDS if re.search(r"\bexit (?!/b)", line)]
     assert ends == ['if exist "%here%UninstallUI.exe" exit %status%',
-                    'if exist "%here%%own%" exit %status%', "exit %status%",
+                    'if exist "%here%%own%" exit %status%',
+                    'if not exist "%here%%own%" exit %status%',
                     'del /f /q "%self%" >nul 2>nul & exit %status%']
 
 
