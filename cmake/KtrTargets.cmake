@@ -40,7 +40,7 @@ function(ktr_target_counters target)
 endfunction()
 
 function(ktr_target_defaults target)
-    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
     # A parameter may bear the name of the member that it sets: both names are given by an interface.
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Werror

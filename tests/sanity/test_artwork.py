@@ -11,8 +11,8 @@ import pytest
 from PIL import Image, ImageChops
 
 ROOT = Path(__file__).resolve().parents[2]
-IMAGES = ROOT / "qml/images"
-ICON = ROOT / "resources/icon/uninstall.ico"
+IMAGES = ROOT / "src/qml/images"
+ICON = ROOT / "src/resources/icon/uninstall.ico"
 
 SIZES = {
     "home_bg": (640, 306),
@@ -95,7 +95,7 @@ def rendered(tmp_path_factory):
 def test_every_picture_is_there_and_no_other():
     expected = {f"{name}{suffix}.png" for name in SIZES for suffix in DENSITIES}
     assert {path.name for path in IMAGES.iterdir()} == expected
-    drawings = {path.stem for path in (ROOT / "resources/artwork").glob("*.svg")}
+    drawings = {path.stem for path in (ROOT / "src/resources/artwork").glob("*.svg")}
     assert drawings == set(SIZES)
 
 
@@ -107,7 +107,7 @@ def test_size(name, suffix):
 
 
 def test_drawings_hold_no_text():
-    for path in (ROOT / "resources").rglob("*.svg"):
+    for path in (ROOT / "src/resources").rglob("*.svg"):
         assert "<text" not in path.read_text("utf-8"), path.name
 
 
@@ -260,12 +260,12 @@ def test_icon_palette_images_show_the_same_as_the_deep_ones():
 def test_kept_pictures_come_from_the_drawings(rendered):
     for name in SIZES:
         for suffix in DENSITIES:
-            afresh = Image.open(rendered / f"qml/images/{name}{suffix}.png")
+            afresh = Image.open(rendered / f"src/qml/images/{name}{suffix}.png")
             assert largest_difference(afresh, picture(name, suffix)) <= TOLERANCE, name + suffix
 
 
 def test_kept_icon_comes_from_the_drawings(rendered):
-    kept, afresh = icon_images(ICON), icon_images(rendered / "resources/icon/uninstall.ico")
+    kept, afresh = icon_images(ICON), icon_images(rendered / "src/resources/icon/uninstall.ico")
     assert [image[:2] for image in kept] == [image[:2] for image in afresh]
     for one, other in zip(kept, afresh):
         # A palette may be chosen anew when a colour of the drawing is rounded differently.

@@ -15,7 +15,7 @@ MAY_INCLUDE = {
     "services": {"services", "platform"},
     "platform": {"platform"},
 }
-OS_FOLDERS = ("platform/windows", "platform/posix")
+OS_FOLDERS = ("src/platform/windows", "src/platform/posix")
 OS_HEADERS = re.compile(
     r"^(windows|tlhelp32|winbase|shlobj|psapi|unistd|fcntl|dlfcn|signal|sched|spawn)\.h$"
     r"|^(sys|xcb|linux)/"
@@ -83,7 +83,7 @@ def name(path: Path) -> str:
 
 @pytest.mark.parametrize("layer", MAY_INCLUDE)
 def test_layers_include_only_what_lies_below(layer):
-    files = cpp(layer)
+    files = cpp(f"src/{layer}")
     assert files
     wrong = [
         f"{name(path)} includes {include}"
@@ -98,12 +98,12 @@ def test_layers_include_only_what_lies_below(layer):
 def test_platform_knows_no_qt():
     wrong = [
         f"{name(path)} includes {include}"
-        for path in cpp("platform")
+        for path in cpp("src/platform")
         for include in includes(path)
         if re.match(r"Q[A-Z]|Qt", include)
     ]
     assert not wrong
-    for path in sources("platform", "CMakeLists.txt"):
+    for path in sources("src/platform", "CMakeLists.txt"):
         assert "Qt5" not in path.read_text("utf-8"), name(path)
 
 
@@ -111,7 +111,7 @@ def test_operating_system_headers_stay_in_their_folders():
     wrong = [
         f"{name(path)} includes {include}"
         for layer in MAY_INCLUDE
-        for path in cpp(layer)
+        for path in cpp(f"src/{layer}")
         for include in includes(path)
         if OS_HEADERS.match(include) and not name(path).startswith(OS_FOLDERS)
     ]
@@ -121,7 +121,7 @@ def test_operating_system_headers_stay_in_their_folders():
 def test_no_system_is_tested_for_outside_its_folder():
     wrong = [
         f"{name(path)}: {line.strip()}"
-        for folder in (*MAY_INCLUDE, "sandbox", "testkit", "tests")
+        for folder in ("src", "sandbox", "testkit", "tests")
         for path in cpp(folder)
         if not name(path).startswith(OS_FOLDERS)
         for line in path.read_text("utf-8").splitlines()
@@ -131,7 +131,7 @@ def test_no_system_is_tested_for_outside_its_folder():
 
 
 def test_the_resource_list_names_every_file_and_no_other():
-    qml = ROOT / "qml"
+    qml = ROOT / "src/qml"
     listed = {}
     for entry in ElementTree.parse(qml / "qml.qrc").iter("file"):
         listed[entry.get("alias") or entry.text] = entry.text
@@ -147,10 +147,10 @@ def test_the_resource_list_names_every_file_and_no_other():
 
 
 def test_every_resource_that_the_interface_names_is_there():
-    listed = {Path(e.text).name for e in ElementTree.parse(ROOT / "qml/qml.qrc").iter("file")}
+    listed = {Path(e.text).name for e in ElementTree.parse(ROOT / "src/qml/qml.qrc").iter("file")}
     named = {
         match
-        for path in sources("qml", "*.qml", "*.js")
+        for path in sources("src/qml", "*.qml", "*.js")
         for match in re.findall(r"qrc:/([\w@]+\.\w+)", path.read_text("utf-8"))
     }
     assert named
@@ -160,7 +160,7 @@ def test_every_resource_that_the_interface_names_is_there():
 def test_the_interface_imports_what_the_table_lists():
     imports = {
         path.name: re.findall(r"^\s*import\s+(.+?)\s*$", path.read_text("utf-8"), re.MULTILINE)
-        for path in sources("qml", "*.qml")
+        for path in sources("src/qml", "*.qml")
     }
     assert imports == QML_IMPORTS
 
@@ -169,7 +169,7 @@ def test_colours_live_in_the_interface_only():
     wrong = [
         f"{name(path)}: {line.strip()}"
         for layer in MAY_INCLUDE
-        for path in cpp(layer)
+        for path in cpp(f"src/{layer}")
         for line in path.read_text("utf-8").splitlines()
         if HEX_COLOUR.search(line)
     ]
@@ -178,26 +178,25 @@ def test_colours_live_in_the_interface_only():
 
 def test_push_buttons_take_their_colours_from_the_tables():
     for button in ("ZoRoundButton", "ZoRoundButtonLegacy", "ZoDefaultRoundButton"):
-        text = (ROOT / "qml" / f"{button}.qml").read_text("utf-8")
+        text = (ROOT / "src/qml" / f"{button}.qml").read_text("utf-8")
         assert set(HEX_COLOUR.findall(text)) <= {'"#00000000"', '"#000000"'}, button
 
 
 def test_the_interface_knows_one_native_object():
-    main = (ROOT / "app/main.cpp").read_text("utf-8")
+    main = (ROOT / "src/app/main.cpp").read_text("utf-8")
     assert re.findall(r"setContextProperty\(QStringLiteral\(\"(\w+)\"\)", main) == ["uninstallMgr"]
-    for path in cpp("app") + cpp("controller"):
+    for path in cpp("src/app") + cpp("src/controller"):
         assert not re.search(r"qmlRegister\w+", path.read_text("utf-8")), name(path)
 
 
 def test_no_font_family_in_the_interface():
-    for path in sources("qml", "*.qml", "*.js"):
+    for path in sources("src/qml", "*.qml", "*.js"):
         assert "font.family" not in path.read_text("utf-8"), name(path)
 
 
 def code_folders() -> list[Path]:
     """Every folder of the project with a file that is compiled or interpreted."""
-    roots = [*MAY_INCLUDE, "qml", "sandbox", "packaging", "resources", "testkit", "tests", "tools",
-             "cmake"]
+    roots = ["src", "sandbox", "packaging", "testkit", "tests", "tools", "cmake"]
     files = [path for root in roots for path in sources(root, "*")
              if path.suffix in CODE and "__pycache__" not in path.parts]
     return sorted({path.parent for path in files} | {ROOT / root for root in roots})
@@ -218,5 +217,5 @@ def test_every_code_folder_says_what_lives_there(folder):
 def test_the_program_has_no_branch_for_tests():
     wrong = re.compile(r"\b(TESTING|UNIT_TEST|KTR_TEST\w*)\b|argv\[")
     for layer in MAY_INCLUDE:
-        for path in cpp(layer):
+        for path in cpp(f"src/{layer}"):
             assert not wrong.search(path.read_text("utf-8")), name(path)

@@ -15,7 +15,7 @@ ONE = "int One(const int *p)\n{\n    return p == nullptr ? 1 : 2;\n}\n"
 # What is planted in a small project, and how the lint complains.
 PLANTED: dict[str, tuple[dict[str, str], str]] = {
     "nothing": ({}, ""),
-    "a defect": ({"app/one.cpp": ONE.replace("nullptr", "0")}, "clang-tidy"),
+    "a defect": ({"src/app/one.cpp": ONE.replace("nullptr", "0")}, "clang-tidy"),
     "a broken configuration": ({".clang-tidy": "Checks: [\n"}, "clang-tidy"),
     "a wrong type": ({"tools/one": '#!/usr/bin/python3\nNUMBER: int = "one"\n'}, "mypy"),
 }
@@ -35,15 +35,15 @@ def test_the_lint_finds(tmp_path: Path, planted: str) -> None:
         (tmp_path / name).parent.mkdir(exist_ok=True)
         shutil.copy2(ROOT / name, tmp_path / name)
     changed, complaint = PLANTED[planted]
-    files = {"app/one.cpp": ONE, "app/windows/one.cpp": ONE,
-             "qml/One.qml": "import QtQuick 2.14\nItem {}\n",
+    files = {"src/app/one.cpp": ONE, "src/app/windows/one.cpp": ONE,
+             "src/qml/One.qml": "import QtQuick 2.14\nItem {}\n",
              "tools/one": "#!/usr/bin/python3\nNUMBER: int = 1\n"}
     for name, text in (files | changed).items():
         (tmp_path / name).parent.mkdir(parents=True, exist_ok=True)
         (tmp_path / name).write_text(text)
     (tmp_path / "compile_commands.json").write_text(
-        f'[{{"directory": "{tmp_path}", "file": "app/one.cpp",'
-        ' "command": "c++ -DQT_CORE_LIB -c app/one.cpp"}]')
+        f'[{{"directory": "{tmp_path}", "file": "src/app/one.cpp",'
+        ' "command": "c++ -DQT_CORE_LIB -c src/app/one.cpp"}]')
     run("git", "init", "-q", tmp_path)
     lint = run(tmp_path / "tools/lint", ".")
     said = [line for line in lint.stderr.splitlines() if line.startswith("tools/lint: ")]

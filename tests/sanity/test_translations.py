@@ -10,8 +10,8 @@ from xml.etree import ElementTree
 import pytest
 
 ROOT = Path(__file__).resolve().parents[2]
-FILES = sorted((ROOT / "translations").glob("ktr_*.ts"))
-with open(ROOT / "translations" / "languages.csv", encoding="utf-8", newline="") as table:
+FILES = sorted((ROOT / "src" / "translations").glob("ktr_*.ts"))
+with open(ROOT / "src" / "translations" / "languages.csv", encoding="utf-8", newline="") as table:
     LANGUAGES = list(csv.DictReader(table))
 TEXT = re.compile(r'qsTr\("((?:[^"\\]|\\.)*)"\)')
 # Written out one by one in the sources; in the catalogue they are the characters themselves.
@@ -22,7 +22,7 @@ def sources():
     """Every text of the interface that can be translated, with its context."""
     return {
         (file.stem, ESCAPES.sub(lambda code: chr(int(code[1], 16)), text))
-        for file in (ROOT / "qml").glob("*.qml")
+        for file in (ROOT / "src" / "qml").glob("*.qml")
         for text in TEXT.findall(file.read_text("utf-8"))
     }
 
@@ -47,7 +47,7 @@ def test_the_table_has_every_language_and_no_other():
 def test_a_row_of_the_table(row):
     # Its readers split lines at commas, without a thought of quotation marks.
     assert len(row) == 7 and all(row.values()) and '"' not in "".join(row.values())
-    language = ElementTree.parse(ROOT / "translations" / f"ktr_{row['name']}.ts").getroot()
+    language = ElementTree.parse(ROOT / "src" / "translations" / f"ktr_{row['name']}.ts").getroot()
     assert language.get("language") == row["code"].replace("-", "_")
     assert language.get("sourcelanguage") == "en"
     known = {"English", "Arabic", "ChineseSimp"}
@@ -90,14 +90,14 @@ def test_one_text_has_one_translation(file):
 
 
 def test_english_repeats_the_sources():
-    for _, source, translation in messages(ROOT / "translations" / "ktr_English.ts"):
+    for _, source, translation in messages(ROOT / "src" / "translations" / "ktr_English.ts"):
         assert translation.text == source
 
 
 @pytest.fixture(name="copy")
 def copy_of_what_is_updated(tmp_path):
     """A folder with the texts, their translations and the command that updates these."""
-    for name in ("qml", "translations"):
+    for name in ("src/qml", "src/translations"):
         shutil.copytree(ROOT / name, tmp_path / name)
     (tmp_path / "tools").mkdir()
     shutil.copy(ROOT / "tools" / "update-translations", tmp_path / "tools")
@@ -112,7 +112,7 @@ def update(copy):
 
 def contents(copy):
     """All files of the translations."""
-    return {path.name: path.read_bytes() for path in (copy / "translations").iterdir()}
+    return {path.name: path.read_bytes() for path in (copy / "src" / "translations").iterdir()}
 
 
 def test_updating_changes_nothing(copy):
@@ -122,7 +122,7 @@ def test_updating_changes_nothing(copy):
 
 
 def test_updating_follows_the_sources(copy):
-    page = copy / "qml" / "ZoCloseButton.qml"
+    page = copy / "src" / "qml" / "ZoCloseButton.qml"
     text = page.read_text("utf-8").replace('qsTr("Close")', 'qsTr("Leave it")')
     page.write_text(text.replace("screen reader", "reader"), "utf-8")
     said = update(copy).splitlines()
@@ -131,7 +131,7 @@ def test_updating_follows_the_sources(copy):
     assert "ktr_German.ts: changed, 1 to translate" in said
     for name, translation in ("German", None), ("English", "Leave it"):
         found = [(context, source, target.text if target.get("type") is None else None)
-                 for context, source, target in messages(copy / "translations" / f"ktr_{name}.ts")
+                 for context, source, target in messages(copy / "src" / "translations" / f"ktr_{name}.ts")
                  if context == "ZoCloseButton"]
         assert found == [("ZoCloseButton", "Leave it", translation)]
     after = contents(copy)
@@ -140,8 +140,8 @@ def test_updating_follows_the_sources(copy):
 
 
 def test_updating_begins_a_new_language(copy):
-    with open(copy / "translations" / "languages.csv", "a", encoding="utf-8") as languages:
+    with open(copy / "src" / "translations" / "languages.csv", "a", encoding="utf-8") as languages:
         languages.write("Welsh,cy,Welsh,assumed,left-to-right,Open Sans,fonts-open-sans\n")
     assert update(copy) == f"ktr_Welsh.ts: changed, {len(sources())} to translate\n"
-    begun = ElementTree.parse(copy / "translations" / "ktr_Welsh.ts").getroot()
+    begun = ElementTree.parse(copy / "src" / "translations" / "ktr_Welsh.ts").getroot()
     assert (begun.get("language"), begun.get("sourcelanguage")) == ("cy", "en")

@@ -14,7 +14,7 @@ TELEMETRY = "SkyrelWrap.DLL"
 PRICE = "uninstall_coupon_4_ktr"
 EXPORTS = re.findall(
     r"ENTRY\((Skyrel\w+)\)",
-    (REPOSITORY / "services/telemetry/telemetry_contract.h").read_text("utf-8"))
+    (REPOSITORY / "src/services/telemetry/telemetry_contract.h").read_text("utf-8"))
 
 
 def walk_through(sandbox, with_events=True):

@@ -226,7 +226,7 @@ def test_a_translation_for_the_users_locale_goes_before_the_products(sandbox, bu
 
     sandbox.set_registry("French")
     french = title()
-    german = (build_directory() / "translations" / "ktr_German.qm").read_bytes()
+    german = (build_directory() / "src" / "translations" / "ktr_German.qm").read_bytes()
     bundle({f"i18n/qml_{locale}.qm": german for locale in LOCALES})
     planted = title()
     (sandbox.bin / "UninstallUI.rcc").unlink()

@@ -24,7 +24,7 @@ HOUR = 3600
 
 def languages():
     """All languages as test parameters."""
-    with open(REPOSITORY / "translations" / "languages.csv", encoding="utf-8", newline="") as file:
+    with open(REPOSITORY / "src" / "translations" / "languages.csv", encoding="utf-8", newline="") as file:
         names = [row["name"] for row in csv.DictReader(file)]
     assert set(FOR_EVERY_CHANGE) < set(names)
     return [pytest.param(name, marks=() if name in FOR_EVERY_CHANGE else pytest.mark.soak)

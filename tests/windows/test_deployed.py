@@ -27,7 +27,7 @@ def folder(tmp_path: Path) -> Path:
     """A program directory with everything that the executable needs."""
     deployed = tmp_path / "bin"
     shutil.copytree(BUILD / "runtime", deployed)
-    shutil.copy2(BUILD / "app" / "UninstallUI.exe", deployed)
+    shutil.copy2(BUILD / "src" / "app" / "UninstallUI.exe", deployed)
     return deployed
 
 

@@ -16,9 +16,9 @@ import pytest
 
 REPOSITORY = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ.get("KTR_BUILD", REPOSITORY / "build" / "windows"))
-EXECUTABLE = BUILD / "app" / "UninstallUI.exe"
+EXECUTABLE = BUILD / "src" / "app" / "UninstallUI.exe"
 ALLOWED = Path(__file__).with_name("allowed-imports.txt")
-ICON = REPOSITORY / "resources" / "icon" / "uninstall.ico"
+ICON = REPOSITORY / "src" / "resources" / "icon" / "uninstall.ico"
 COMPILED_IN = REPOSITORY / "qml" / "qml.qrc"
 
 V1 = "{urn:schemas-microsoft-com:asm.v1}"

@@ -14,9 +14,9 @@ from xml.etree import ElementTree
 import pytest
 
 REPOSITORY = Path(__file__).resolve().parents[2]
-SOURCES = sorted((REPOSITORY / "translations").glob("ktr_*.ts"))
+SOURCES = sorted((REPOSITORY / "src" / "translations").glob("ktr_*.ts"))
 STAND_INS = Path(__file__).with_name("qml")
-ICON = REPOSITORY / "resources" / "icon" / "uninstall.ico"
+ICON = REPOSITORY / "src" / "resources" / "icon" / "uninstall.ico"
 BACK_TO_SOURCE = "/usr/lib/qt5/bin/lconvert"
 
 
@@ -45,7 +45,7 @@ class Installation:
     @property
     def executable(self) -> Path:
         """The one that was built, for whatever system."""
-        built = self.build / "app" / "UninstallUI"
+        built = self.build / "src" / "app" / "UninstallUI"
         for_windows = built.with_suffix(".exe")
         return for_windows if for_windows.exists() else built
 

@@ -7,7 +7,7 @@ from driver.wine import Wine
 
 def is_windows() -> bool:
     """Whether it is the Windows executable."""
-    return (build_directory() / "app" / Wine.program_name).exists()
+    return (build_directory() / "src" / "app" / Wine.program_name).exists()
 
 
 def system_under_test() -> Native:
