@@ -8,10 +8,10 @@ from dataclasses import dataclass, field, replace
 from pathlib import Path
 from typing import Sequence
 
-from driver.display import Display
-from driver.installation import build_directory
-from driver.program import Started
-from driver.sandbox import Sandbox
+from ktr.display import Display
+from ktr.installation import build_directory
+from ktr.program import Started
+from ktr.sandbox import Sandbox
 
 _HERE = Path(__file__).resolve().parent
 _COMPILER_LIBRARIES = "lib*-*.dll"

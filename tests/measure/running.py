@@ -13,8 +13,8 @@ from pathlib import Path
 import process
 import steps
 from contenders import Contender, built
-from driver import layout, wait
-from driver.sandbox import Sandbox
+from ktr import layout, wait
+from ktr.sandbox import Sandbox
 from paint_watch import PaintWatch
 from starts import one_start
 

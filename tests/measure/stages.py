@@ -6,7 +6,7 @@ import os
 from dataclasses import dataclass
 from pathlib import Path
 
-from driver.sandbox import Sandbox
+from ktr.sandbox import Sandbox
 from file_watch import FileWatch
 
 _WINE_MODULES = Path("/usr/lib/x86_64-linux-gnu/wine/x86_64-windows")

@@ -11,9 +11,9 @@ from typing import Iterator
 import process
 import report
 from contenders import Contender
-from driver import layout, wait
-from driver.program import Started
-from driver.screen import colour
+from ktr import layout, wait
+from ktr.program import Started
+from ktr.screen import colour
 from paint_watch import PaintWatch
 
 MARK = colour(layout.CANCEL_NORMAL)

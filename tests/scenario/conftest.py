@@ -8,15 +8,15 @@ from typing import Callable, Iterator
 
 import pytest
 
-from driver import evidence
-from driver.differences import FILES_FOR_LINUX, FILES_FOR_WINDOWS, reason_to_leave_out
-from driver.display import Display
-from driver.installation import REPOSITORY, assemble
-from driver.output import unexpected_lines
-from driver.program import RunningProgram
-from driver.record import Recorder
-from driver.sandbox import Sandbox
-from driver.target import is_windows
+from ktr import evidence
+from ktr.differences import FILES_FOR_LINUX, FILES_FOR_WINDOWS, reason_to_leave_out
+from ktr.display import Display
+from ktr.installation import REPOSITORY, assemble
+from ktr.output import unexpected_lines
+from ktr.program import RunningProgram
+from ktr.record import Recorder
+from ktr.sandbox import Sandbox
+from ktr.target import is_windows
 
 _SANDBOX = pytest.StashKey[Sandbox]()
 _FAILED = pytest.StashKey[bool]()

@@ -5,10 +5,10 @@ from __future__ import annotations
 import json
 from pathlib import Path
 
-from driver import layout, wait
-from driver.program import RunningProgram
-from driver.sandbox import Sandbox
-from driver.window import Window
+from ktr import layout, wait
+from ktr.program import RunningProgram
+from ktr.sandbox import Sandbox
+from ktr.window import Window
 
 POLLS = 25
 """How often the program asks for an uninstaller that does not appear."""

@@ -6,8 +6,8 @@ import shutil
 import pytest
 
 import steps
-from driver import layout
-from driver.installation import REPOSITORY, build_directory
+from ktr import layout
+from ktr.installation import REPOSITORY, build_directory
 
 CONFIG = "vantoronlineconfig.dll"
 TELEMETRY = "SkyrelWrap.DLL"

@@ -12,12 +12,12 @@ import pytest
 from PIL import Image
 
 import steps
-from driver import layout, wait
-from driver.installation import REPOSITORY, build_directory
+from ktr import layout, wait
+from ktr.installation import REPOSITORY, build_directory
 
 MARK = "#FF00FF"
 PLANTED = "#00FF00"
-QML = REPOSITORY / "qml"
+QML = REPOSITORY / "src" / "qml"
 SYSTEMS = ("unix", "windows")
 """What the toolkit's file selectors call the two systems."""
 LOCALES = ("C", "en", "en_US")

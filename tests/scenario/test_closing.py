@@ -2,7 +2,7 @@
 
 import pytest
 
-from driver import layout
+from ktr import layout
 from steps import (
     events, expect_end, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
     wait_complete, wait_given_up,

@@ -12,13 +12,13 @@ from typing import Callable
 
 import pytest
 
-from driver import layout, tree, wait
-from driver.display import Display
-from driver.geometry import Point, Rect
-from driver.installation import assemble
-from driver.journal import parse
-from driver.sandbox import Sandbox
-from driver.system import PASSED_THROUGH
+from ktr import layout, tree, wait
+from ktr.display import Display
+from ktr.geometry import Point, Rect
+from ktr.installation import assemble
+from ktr.journal import parse
+from ktr.sandbox import Sandbox
+from ktr.system import PASSED_THROUGH
 
 HERE = Path(__file__).resolve().parent
 TOY = str(HERE / "toy_window.py")
@@ -464,9 +464,9 @@ def run_scenario(folder: Path, body: str) -> tuple[int, str, Path]:
     )
     kept = folder / "kept"
     environment = {name: value for name, value in os.environ.items() if "PYTEST" not in name}
-    environment["PYTHONPATH"] = str(HERE)
+    environment["PYTHONPATH"] = os.pathsep.join((str(HERE), str(HERE.parents[1] / "testkit")))
     done = subprocess.run(
-        [sys.executable, "-m", "pytest", "-c", str(HERE / "pytest.ini"), "-p", "conftest",
+        [sys.executable, "-m", "pytest", "-c", str(HERE.parent / "pytest.ini"), "-p", "conftest",
          f"--rootdir={folder}", f"--keep-failures-in={kept}", str(folder / "test_inner.py")],
         env=environment, cwd=folder, capture_output=True, text=True, check=False,
     )

@@ -2,8 +2,8 @@
 
 import pytest
 
-from driver.output import unexpected_lines
-from driver.target import is_windows
+from ktr.output import unexpected_lines
+from ktr.target import is_windows
 from faults import TABLE
 
 # Everything takes longer there, and what the program decides is the same.

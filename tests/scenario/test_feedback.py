@@ -5,8 +5,8 @@ import json
 import pytest
 
 import steps
-from driver import layout, wait
-from driver.input import MIDDLE
+from ktr import layout, wait
+from ktr.input import MIDDLE
 
 LIMIT = 700
 NUMBERS = "".join(f"{number:03} " for number in range(400))

@@ -6,8 +6,8 @@ lists what it lists on a real machine.
 
 import pytest
 import steps
-from driver import layout
-from driver.sandbox import Sandbox
+from ktr import layout
+from ktr.sandbox import Sandbox
 
 pytestmark = pytest.mark.machine_wide
 

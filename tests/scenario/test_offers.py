@@ -5,7 +5,7 @@ import json
 import pytest
 
 import steps
-from driver import layout, wait
+from ktr import layout, wait
 
 CONFIG = "vantoronlineconfig.dll"
 CART = "url_cart_with_ktr_uninstall_coupon"

@@ -4,7 +4,7 @@ import struct
 
 import pytest
 
-from driver import layout, wait
+from ktr import layout, wait
 from steps import expect_end, uninstall, wait_complete
 
 

@@ -8,9 +8,9 @@ from pathlib import Path
 import pytest
 
 import steps
-from driver import layout, wait
-from driver.resources import Usage, clients, resources
-from driver.target import is_windows
+from ktr import layout, wait
+from ktr.resources import Usage, clients, resources
+from ktr.target import is_windows
 from test_storm import storm
 
 # What these look at belongs to Wine there.

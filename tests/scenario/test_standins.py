@@ -13,11 +13,11 @@ from typing import Any, Callable, Iterator, cast
 
 import pytest
 
-from driver import wait
-from driver.display import Display
-from driver.installation import REPOSITORY, build_directory
-from driver.sandbox import Sandbox
-from driver.target import system_under_test
+from ktr import wait
+from ktr.display import Display
+from ktr.installation import REPOSITORY, build_directory
+from ktr.sandbox import Sandbox
+from ktr.target import system_under_test
 
 LIBRARY = "SkyrelWrap.DLL"
 COMPANION = "SkyrelWrapExe.exe"
@@ -28,7 +28,7 @@ NO_TASKS = b"INFO: No tasks are running which match the specified criteria.\r\n"
 
 def assemble(into: Path) -> subprocess.CompletedProcess[str]:
     return subprocess.run(
-        [REPOSITORY / "sandbox" / "assemble", "--build", build_directory(), "--into", into,
+        [REPOSITORY / "testkit" / "fakes" / "assemble", "--build", build_directory(), "--into", into,
          "--no-program"], capture_output=True, text=True, check=False)
 
 
@@ -56,7 +56,7 @@ def load(sandbox: Sandbox) -> Iterator[Callable[..., subprocess.Popen[str]]]:
     def start(*arguments: str) -> subprocess.Popen[str]:
         loader = "telemetry_loader" + sandbox.system.executable_suffix
         process = subprocess.Popen(
-            sandbox.system.command(build_directory() / "sandbox" / loader,
+            sandbox.system.command(build_directory() / "testkit" / "fakes" / loader,
                                    [sandbox.shown(sandbox.bin / LIBRARY), *arguments]),
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=sandbox.environment())
         started.append(process)

@@ -3,8 +3,8 @@
 import pytest
 
 import steps
-from driver import layout, wait
-from driver.target import is_windows
+from ktr import layout, wait
+from ktr.target import is_windows
 
 STARTS, ROUNDS = (10, 1) if is_windows() else (50, 2)
 LONG = 300.0

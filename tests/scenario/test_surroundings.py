@@ -6,8 +6,8 @@ from pathlib import Path
 import pytest
 
 import steps
-from driver import layout, tree
-from driver.system import MUTEX
+from ktr import layout, tree
+from ktr.system import MUTEX
 from steps import expect_end, uninstall, wait_complete
 
 VARIABLES = (

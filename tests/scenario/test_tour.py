@@ -13,8 +13,8 @@ from pathlib import Path
 
 import pytest
 
-from driver.installation import REPOSITORY, assemble
-from driver.journal import parse
+from ktr.installation import REPOSITORY, assemble
+from ktr.journal import parse
 
 FOLDER = "a b ü"
 FOR_EVERY_CHANGE = ("Arabic", "ChineseSimp", "Turkish")

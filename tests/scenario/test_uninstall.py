@@ -4,7 +4,7 @@ import os
 
 import pytest
 
-from driver import layout, wait
+from ktr import layout, wait
 from steps import (
     expect_end, questions, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
     wait_complete, wait_given_up,

@@ -7,7 +7,7 @@ from PIL import Image
 from Xlib import X
 
 import steps
-from driver import layout, wait
+from ktr import layout, wait
 from steps import expect_end
 
 

@@ -8,13 +8,13 @@ from pathlib import Path
 import pytest
 
 import steps
-from driver import layout, wait
-from driver.installation import REPOSITORY
-from driver.sandbox import Sandbox
-from driver.tree import compare, snapshot
+from ktr import layout, wait
+from ktr.installation import REPOSITORY
+from ktr.sandbox import Sandbox
+from ktr.tree import compare, snapshot
 from steps import expect_end, uninstall, wait_climbing, wait_complete
 
-SOURCES = REPOSITORY / "tests" / "windows"
+SOURCES = REPOSITORY / "tests" / "package"
 
 
 @pytest.mark.parametrize("percent", [100, 125, 150, 200])

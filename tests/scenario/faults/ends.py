@@ -7,9 +7,9 @@ from pathlib import Path
 from typing import Callable
 
 import steps
-from driver.display import Display
-from driver.sandbox import Sandbox
-from driver.window import Window
+from ktr.display import Display
+from ktr.sandbox import Sandbox
+from ktr.window import Window
 from faults.fault import Fault
 from faults.outcomes import AS_EVER, COMPANION, TELEMETRY, Run, Whole
 

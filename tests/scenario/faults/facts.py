@@ -6,9 +6,9 @@ import json
 from dataclasses import dataclass
 
 import steps
-from driver import layout
-from driver.sandbox import Sandbox
-from driver.system import Raw
+from ktr import layout
+from ktr.sandbox import Sandbox
+from ktr.system import Raw
 from faults.fault import Fault
 from faults.outcomes import CONFIG
 

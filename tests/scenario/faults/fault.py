@@ -5,7 +5,7 @@ from __future__ import annotations
 from dataclasses import dataclass
 from typing import Any, Callable, Protocol
 
-from driver.sandbox import Sandbox
+from ktr.sandbox import Sandbox
 
 Prepare = Callable[[Sandbox], object]
 

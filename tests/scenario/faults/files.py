@@ -8,7 +8,7 @@ from pathlib import Path
 from types import MappingProxyType
 from typing import Callable, Iterator, Mapping
 
-from driver.sandbox import Sandbox
+from ktr.sandbox import Sandbox
 from faults.fault import Fault, Outcome, Prepare
 from faults.outcomes import (
     AS_EVER, CONFIG, NO_CLEAN_UP, NO_HANDLE, NO_OFFERS, SILENT, TELEMETRY, UNTRANSLATED,

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from driver.sandbox import Sandbox
+from ktr.sandbox import Sandbox
 from faults.fault import Fault
 from faults.files import ROOT_READS_ALL
 from faults.outcomes import AS_EVER, NO_CLEAN_UP, NO_HANDLE, Whole

@@ -6,11 +6,11 @@ from dataclasses import dataclass
 from typing import Callable
 
 import steps
-from driver import layout, tree
-from driver.program import RunningProgram
-from driver.sandbox import Sandbox
-from driver.system import MUTEX
-from driver.window import Window
+from ktr import layout, tree
+from ktr.program import RunningProgram
+from ktr.sandbox import Sandbox
+from ktr.system import MUTEX
+from ktr.window import Window
 from faults.fault import Fault
 
 CONFIG, TELEMETRY, COMPANION = "vantoronlineconfig.dll", "SkyrelWrap.DLL", "SkyrelWrapExe.exe"

@@ -5,8 +5,8 @@ from __future__ import annotations
 import time
 
 import steps
-from driver import layout, wait
-from driver.sandbox import Sandbox
+from ktr import layout, wait
+from ktr.sandbox import Sandbox
 from faults.fault import Fault
 from faults.files import GARBAGE
 from faults.outcomes import AS_EVER, EMPTY_BAR, Run

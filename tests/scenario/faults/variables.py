@@ -5,7 +5,7 @@ from __future__ import annotations
 from pathlib import Path
 from typing import Callable
 
-from driver.sandbox import Sandbox
+from ktr.sandbox import Sandbox
 from faults.fault import Fault
 from faults.outcomes import AS_EVER
 

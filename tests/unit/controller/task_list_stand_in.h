@@ -29,7 +29,7 @@ public:
     TaskListStandIn(TaskListStandIn &&) = delete;
     TaskListStandIn &operator=(TaskListStandIn &&) = delete;
 
-    /// Tells it what to do from now on; sandbox/tasklist.cpp says what there is.
+    /// Tells it what to do from now on; testkit/fakes/tasklist.cpp says what there is.
     void Tell(const std::string &settings) const
     {
         contract::WriteFile(SettingsFile(), settings);

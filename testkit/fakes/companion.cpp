@@ -1,0 +1,44 @@
+// The companion process of the telemetry library, one for each program folder. It ends by itself
+// when the last process that loaded the library from its folder is gone. Settings:
+//   hold_file=FILE    when that file exists: run as long as it does, whatever the library and other
+//                     companions do
+// Journal: start (pid, args), end (pid); no end line means that it was terminated. One that finds
+// another at work in its folder ends without a word.
+
+#include "testkit/fakes/file_lock.h"
+#include "testkit/fakes/host.h"
+#include "testkit/fakes/standin.h"
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+using host::FileLock;
+
+int main(int argc, char **argv)
+{
+    const auto arguments = host::Arguments(argc, argv);
+    const standin::StandIn self(host::ExecutablePath());
+    const auto pid = standin::Field("pid", host::OwnProcessId());
+
+    const std::filesystem::path hold = self.Path("hold_file");
+    std::error_code ignored;
+    if (!hold.empty() && std::filesystem::exists(hold, ignored)) {
+        self.Note("start", {pid, standin::ListField("args", arguments)});
+        self.Hold(0);
+        self.Note("end", {pid});
+        return 0;
+    }
+    auto only = std::make_unique<FileLock>(self.StateFile("companion.lock"));
+    if (!only->TryTake(FileLock::Mode::Alone)) {
+        return 0;
+    }
+    self.Note("start", {pid, standin::ListField("args", arguments)});
+    FileLock loaders(self.StateFile("loaders.lock"));
+    loaders.Take(FileLock::Mode::Alone);
+    // A library that loads in this moment waits for the loaders' lock. It must find the place of
+    // the companion free when it gets it, so that goes first.
+    only.reset();
+    self.Note("end", {pid});
+    return 0;
+}

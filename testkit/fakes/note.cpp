@@ -1,0 +1,35 @@
+// Writes one line for a script: note IMAGE EVENT [key=value]... [-- argument...]
+// The line has pid and cwd of this process, the given keys, and args=[argument][argument]. The file
+// `IMAGE.txt` beside this program may tell it: run_ms, hold_file, exit.
+
+#include "testkit/fakes/host.h"
+#include "testkit/fakes/standin.h"
+
+#include <algorithm>
+#include <cstdio>
+
+int main(int argc, char **argv)
+{
+    const auto words = host::Arguments(argc, argv);
+    if (words.size() < 2) {
+        std::fputs("usage: note IMAGE EVENT [key=value]... [-- argument...]\n", stderr);
+        return 2;
+    }
+    const auto program = host::ExecutablePath();
+    const standin::StandIn script(program.parent_path() / std::filesystem::u8path(words[0]));
+
+    std::error_code ignored;
+    std::vector<std::string> fields = {
+        standin::Field("pid", host::OwnProcessId()),
+        standin::Field("cwd", std::filesystem::current_path(ignored))};
+    const auto separator = std::find(words.begin() + 2, words.end(), "--");
+    for (auto word = words.begin() + 2; word != separator; ++word) {
+        fields.push_back(standin::Escape(*word));
+    }
+    if (separator != words.end()) {
+        fields.push_back(standin::ListField("args", {separator + 1, words.end()}));
+    }
+    script.Note(words[1], fields);
+    script.Hold(0);
+    return static_cast<int>(script.Number("exit", 0));
+}

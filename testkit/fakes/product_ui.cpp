@@ -1,0 +1,20 @@
+// The product's own user interface, which must not run while the product is removed. Settings:
+//   hold_file=FILE    run as long as that file exists
+//   run_ms=N          or for N milliseconds; with neither, until it is terminated
+//   exit=0            exit code
+// Journal: start (pid, args), end (pid, exit); no end line means that it was terminated.
+
+#include "testkit/fakes/host.h"
+#include "testkit/fakes/standin.h"
+
+int main(int argc, char **argv)
+{
+    const auto arguments = host::Arguments(argc, argv);
+    const standin::StandIn self(host::ExecutablePath());
+    const int code = static_cast<int>(self.Number("exit", 0));
+    const auto pid = standin::Field("pid", host::OwnProcessId());
+    self.Note("start", {pid, standin::ListField("args", arguments)});
+    self.Hold(-1);
+    self.Note("end", {pid, standin::Field("exit", code)});
+    return code;
+}

@@ -1,0 +1,178 @@
+#include "testkit/fakes/standin.h"
+
+#include "testkit/fakes/host.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+#include <thread>
+
+namespace standin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char *kMarkFile = "sandbox.mark";
+constexpr const char *kJournalFile = "journal.log";
+constexpr const char *kStateFolder = "state";
+constexpr auto kPoll = std::chrono::milliseconds(10);
+
+std::string ReadAll(const fs::path &file)
+{
+    const std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+std::string Trimmed(const std::string &text)
+{
+    const char *blanks = " \t\r\n";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+bool Exists(const fs::path &file)
+{
+    std::error_code ignored;
+    return fs::exists(file, ignored);
+}
+
+} // namespace
+
+StandIn::StandIn(const fs::path &self)
+    : name_(self.filename().u8string())
+    , folder_(self.parent_path())
+{
+    for (fs::path folder = folder_;; folder = folder.parent_path()) {
+        if (Exists(folder / kMarkFile)) {
+            root_ = folder;
+            mark_ = ReadAll(root_ / kMarkFile);
+            break;
+        }
+        if (folder == folder.parent_path()) {
+            break;
+        }
+    }
+    ReadSettings(folder_ / fs::u8path(name_ + ".txt"));
+}
+
+void StandIn::ReadSettings(const fs::path &file)
+{
+    std::istringstream lines(ReadAll(file));
+    for (std::string line; std::getline(lines, line);) {
+        line = Trimmed(line);
+        const auto equals = line.find('=');
+        if (equals == std::string::npos || line.front() == '#') {
+            continue;
+        }
+        settings_.emplace_back(Trimmed(line.substr(0, equals)), Trimmed(line.substr(equals + 1)));
+    }
+}
+
+const std::string &StandIn::Name() const
+{
+    return name_;
+}
+
+const fs::path &StandIn::Folder() const
+{
+    return folder_;
+}
+
+std::vector<std::string> StandIn::All(std::string_view key) const
+{
+    std::vector<std::string> values;
+    for (const auto &[name, value] : settings_) {
+        if (name == key) {
+            values.push_back(value);
+        }
+    }
+    return values;
+}
+
+std::string StandIn::Text(std::string_view key, std::string_view fallback) const
+{
+    const auto values = All(key);
+    return values.empty() ? std::string(fallback) : values.back();
+}
+
+long StandIn::Number(std::string_view key, long fallback) const
+{
+    const std::string text = Text(key);
+    long number = 0;
+    const char *end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && rest == end ? number : fallback;
+}
+
+fs::path StandIn::Path(std::string_view key) const
+{
+    const std::string text = Text(key);
+    return text.empty() ? fs::path() : folder_ / fs::u8path(text);
+}
+
+fs::path StandIn::StateFile(std::string_view name) const
+{
+    if (root_.empty()) {
+        return folder_ / fs::u8path(name);
+    }
+    std::string place = folder_.lexically_relative(root_).generic_u8string();
+    std::replace(place.begin(), place.end(), '/', '-');
+    return root_ / kStateFolder / fs::u8path(place + "." + std::string(name));
+}
+
+void StandIn::Note(std::string_view event, std::initializer_list<std::string> fields) const
+{
+    Note(event, std::vector<std::string>(fields));
+}
+
+void StandIn::Note(std::string_view event, const std::vector<std::string> &fields) const
+{
+    fs::path journal = Path("journal");
+    if (journal.empty()) {
+        if (root_.empty() || !InstallationStands()) {
+            return;
+        }
+        journal = root_ / kJournalFile;
+    }
+    std::string line = Escape(name_) + '\t' + std::string(event);
+    for (const std::string &field : fields) {
+        line += '\t' + field;
+    }
+    host::AppendInOnePiece(journal, line + '\n');
+}
+
+bool StandIn::InstallationStands() const
+{
+    return ReadAll(root_ / kMarkFile) == mark_;
+}
+
+void StandIn::WaitWhile(const std::function<bool()> &condition) const
+{
+    while (condition() && (root_.empty() || InstallationStands())) {
+        std::this_thread::sleep_for(kPoll);
+    }
+}
+
+void StandIn::Hold(long fallbackMs) const
+{
+    const fs::path file = Path("hold_file");
+    if (!file.empty() && Exists(file)) {
+        WaitWhile([&file] { return Exists(file); });
+        return;
+    }
+    using Clock = std::chrono::steady_clock;
+    const long milliseconds = Number("run_ms", fallbackMs);
+    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
+    WaitWhile([milliseconds, end] { return milliseconds < 0 || Clock::now() < end; });
+}
+
+} // namespace standin

@@ -1,0 +1,180 @@
+// The telemetry library, "SkyrelWrap.DLL". On load it starts its companion process. Settings:
+//   companion=none    do not start it
+//   result=0          what "SkyrelSendInfo" returns
+//   delay_ms=0        how long it takes
+// Journal: load (pid); SkyrelSendInfo (pid, count, flag, wide, pairs=[name=value][name=value]) with
+// the number of arguments that the call had; unexpected (pid, name) for every other export. A null
+// text is written as (null). A list without its end marker makes the process crash: there is no way
+// to tell, and nobody shall overlook it.
+
+#include "testkit/fakes/library_load.h"
+
+#include "testkit/fakes/export.h"
+#include "testkit/fakes/file_lock.h"
+#include "testkit/fakes/host.h"
+#include "testkit/fakes/standin.h"
+
+#include <chrono>
+#include <cstdarg>
+#include <cstdint>
+#include <thread>
+
+namespace {
+
+constexpr const char *kEndMarker = "SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60}";
+constexpr const char *kCompanion = "SkyrelWrapExe.exe";
+
+// Set once while the library loads. Never destroyed: the lock is to last as long as the process.
+const standin::StandIn *library = nullptr;
+host::FileLock *loaders = nullptr;
+
+void AppendCodePoint(std::string &text, char32_t code)
+{
+    const auto byte = [](char32_t value) {
+        return static_cast<char>(value);
+    };
+    const auto tail = [&byte](char32_t value) {
+        return byte(0x80U | (value & 0x3FU));
+    };
+    if (code < 0x80U) {
+        text += byte(code);
+    } else if (code < 0x800U) {
+        text += {byte(0xC0U | (code >> 6U)), tail(code)};
+    } else if (code < 0x10000U) {
+        text += {byte(0xE0U | (code >> 12U)), tail(code >> 6U), tail(code)};
+    } else {
+        text += {byte(0xF0U | (code >> 18U)), tail(code >> 12U), tail(code >> 6U), tail(code)};
+    }
+}
+
+// UTF-16 to UTF-8. Half a surrogate pair becomes three bytes that are no UTF-8, and so is seen in
+// the journal.
+std::string FromUtf16(const char16_t *wide)
+{
+    std::string text;
+    for (; *wide != 0; ++wide) {
+        const char32_t first = wide[0];
+        const char32_t second = wide[1];
+        if (first >= 0xD800U && first < 0xDC00U && second >= 0xDC00U && second < 0xE000U) {
+            AppendCodePoint(text, 0x10000U + ((first - 0xD800U) << 10U) + (second - 0xDC00U));
+            ++wide;
+        } else {
+            AppendCodePoint(text, first);
+        }
+    }
+    return text;
+}
+
+// Whether the text is the end marker. Texts are 16 bits wide, the marker 8: comparing byte by byte
+// stops at the first difference, which no text has later than in its terminating zero.
+bool IsEndMarker(const void *text)
+{
+    const auto *bytes = static_cast<const char *>(text);
+    const char *marker = kEndMarker;
+    for (; *marker != '\0'; ++marker, ++bytes) {
+        if (*bytes != *marker) {
+            return false;
+        }
+    }
+    return *bytes == '\0';
+}
+
+std::string TextOf(const void *text, bool wide)
+{
+    if (text == nullptr) {
+        return "(null)";
+    }
+    return wide ? FromUtf16(static_cast<const char16_t *>(text)) : static_cast<const char *>(text);
+}
+
+std::vector<std::string> Pairs(const std::vector<std::string> &texts)
+{
+    std::vector<std::string> pairs;
+    for (std::size_t index = 0; index < texts.size(); index += 2) {
+        const bool whole = index + 1 < texts.size();
+        pairs.push_back(texts[index] + (whole ? '=' + texts[index + 1] : std::string()));
+    }
+    return pairs;
+}
+
+std::string PidField()
+{
+    return standin::Field("pid", host::OwnProcessId());
+}
+
+std::int32_t Unexpected(std::string_view name)
+{
+    if (library != nullptr) {
+        library->Note("unexpected", {PidField(), standin::Field("name", name)});
+    }
+    return 0;
+}
+
+} // namespace
+
+void standin::OnLoad(const std::filesystem::path &self)
+{
+    library = new standin::StandIn(self);
+    library->Note("load", {PidField()});
+    loaders = new host::FileLock(library->StateFile("loaders.lock"));
+    loaders->Take(host::FileLock::Mode::Shared);
+    if (library->Text("companion") != "none") {
+        host::StartUnrelated(library->Folder() / kCompanion);
+    }
+}
+
+extern "C" {
+
+STANDIN_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, ...)
+{
+    std::vector<std::string> texts = {TextOf(name, wide)};
+    bool ended = false;
+    va_list rest;
+    va_start(rest, name);
+    while (!ended) {
+        // The check overlooks va_start when it goes through several files in one run.
+        // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
+        const void *item = va_arg(rest, const void *);
+        ended = item != nullptr && IsEndMarker(item);
+        if (!ended) {
+            texts.push_back(TextOf(item, wide));
+        }
+    }
+    va_end(rest);
+    if (library == nullptr) {
+        return 0;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(library->Number("delay_ms", 0)));
+    library->Note("SkyrelSendInfo",
+                  {PidField(),
+                   standin::Field("count", static_cast<long long>(texts.size()) + 3),
+                   standin::Field("flag", flag ? 1 : 0),
+                   standin::Field("wide", wide ? 1 : 0),
+                   standin::ListField("pairs", Pairs(texts))});
+    return static_cast<std::int32_t>(library->Number("result", 0));
+}
+
+// The program resolves these, and calls none of them.
+#define STANDIN_UNEXPECTED(name)                                                                   \
+    STANDIN_EXPORT std::int32_t name()                                                             \
+    {                                                                                              \
+        return Unexpected(#name);                                                                  \
+    }
+
+STANDIN_UNEXPECTED(SkyrelOpenSession)
+STANDIN_UNEXPECTED(SkyrelCloseSession)
+STANDIN_UNEXPECTED(SkyrelAddParamToSessionA)
+STANDIN_UNEXPECTED(SkyrelAddParamToSessionW)
+STANDIN_UNEXPECTED(SkyrelEnableUserInfoCollect)
+STANDIN_UNEXPECTED(SkyrelInstallConfigFilePath)
+STANDIN_UNEXPECTED(SkyrelInstallInitUid)
+STANDIN_UNEXPECTED(SkyrelUninstallStart)
+STANDIN_UNEXPECTED(SkyrelUninstallEnd)
+STANDIN_UNEXPECTED(SkyrelIsEnableUserInfoCollect)
+STANDIN_UNEXPECTED(SkyrelEndCache)
+STANDIN_UNEXPECTED(SkyrelGetUserUid)
+STANDIN_UNEXPECTED(SkyrelStopProcess)
+STANDIN_UNEXPECTED(SkyrelGetKeyValue)
+STANDIN_UNEXPECTED(SkyrelSetKeyValue)
+
+} // extern "C"

@@ -1,0 +1,114 @@
+// The product's uninstaller. Settings:
+//   env=NAME,NAME     environment variables to note at the start
+//   run_ms=3000       how long it takes; hold_file=FILE instead: as long as that file exists
+//   remove=FILE       a product file to remove, below the own folder (repeatable); a folder goes
+//                     when it is empty
+//   linger_while=FILE, linger_until=FILE   go on running after the removal
+//   exit=0            exit code
+//   mode=never        end at once; with `hide` of the task list it is never seen running
+// Journal: start (pid, args, cwd, fds, env.NAME=unset|empty|set:VALUE), or never (pid, args);
+// remove (file, result=gone|missing|refused|failed); end (pid, exit).
+
+#include "testkit/fakes/host.h"
+#include "testkit/fakes/standin.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <system_error>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> StartFields(const standin::StandIn &self,
+                                     const std::vector<std::string> &arguments,
+                                     const std::vector<std::string> &descriptors)
+{
+    std::error_code ignored;
+    std::vector<std::string> fields = {standin::Field("pid", host::OwnProcessId()),
+                                       standin::ListField("args", arguments),
+                                       standin::Field("cwd", fs::current_path(ignored)),
+                                       standin::ListField("fds", descriptors)};
+    std::istringstream names(self.Text("env"));
+    for (std::string name; std::getline(names, name, ',');) {
+        const auto value = host::EnvironmentVariable(name);
+        const std::string shown =
+            !value ? "unset" : (value->empty() ? std::string("empty") : "set:" + *value);
+        fields.push_back(standin::Field("env." + name, std::string_view(shown)));
+    }
+    return fields;
+}
+
+// Whether `file` stays inside `folder`, neither by its name nor through a link leading elsewhere.
+bool StaysInside(const fs::path &folder, const fs::path &file)
+{
+    if (file.empty() || file.is_absolute() || file.has_root_path()) {
+        return false;
+    }
+    std::error_code error;
+    const fs::path home = fs::canonical(folder, error);
+    const fs::path parent = fs::weakly_canonical((folder / file).parent_path(), error);
+    const auto isUp = [](const fs::path &part) {
+        return part == ".." || part == ".";
+    };
+    return !error && std::none_of(file.begin(), file.end(), isUp) && file.has_filename() &&
+           std::mismatch(home.begin(), home.end(), parent.begin(), parent.end()).first ==
+               home.end();
+}
+
+std::string Remove(const fs::path &folder, const fs::path &file)
+{
+    if (!StaysInside(folder, file)) {
+        return "refused";
+    }
+    std::error_code error;
+    const bool removed = fs::remove(folder / file, error);
+    return error ? "failed" : (removed ? "gone" : "missing");
+}
+
+bool Exists(const fs::path &file)
+{
+    std::error_code ignored;
+    return fs::exists(file, ignored);
+}
+
+void Linger(const standin::StandIn &self)
+{
+    const fs::path present = self.Path("linger_while");
+    if (!present.empty()) {
+        self.WaitWhile([&present] { return Exists(present); });
+    }
+    const fs::path absent = self.Path("linger_until");
+    if (!absent.empty()) {
+        self.WaitWhile([&absent] { return !Exists(absent); });
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const auto descriptors = host::OpenDescriptors();
+    const auto arguments = host::Arguments(argc, argv);
+    const standin::StandIn self(host::ExecutablePath());
+    const int code = static_cast<int>(self.Number("exit", 0));
+    if (self.Text("mode") == "never") {
+        self.Note(
+            "never",
+            {standin::Field("pid", host::OwnProcessId()), standin::ListField("args", arguments)});
+        return code;
+    }
+    host::OutliveParent();
+    self.Note("start", StartFields(self, arguments, descriptors));
+    self.Hold(3000);
+    for (const std::string &file : self.All("remove")) {
+        const std::string result = Remove(self.Folder(), fs::u8path(file));
+        self.Note("remove",
+                  {standin::Field("file", std::string_view(file)),
+                   standin::Field("result", std::string_view(result))});
+    }
+    Linger(self);
+    self.Note("end", {standin::Field("pid", host::OwnProcessId()), standin::Field("exit", code)});
+    return code;
+}

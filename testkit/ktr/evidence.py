@@ -1,0 +1,43 @@
+"""What is kept of a failed run."""
+
+from __future__ import annotations
+
+import shutil
+from pathlib import Path
+
+from ktr.sandbox import Sandbox
+from ktr.wine import WINE_PREFIX
+
+_LARGE = 5_000_000
+"""No file of that size is anything but a library that lies there in every run."""
+
+
+def keep(sandbox: Sandbox, folder: Path) -> Path:
+    """Copies the sandbox with its logs and journal, and saves what is on the screen right now.
+
+    The folder is replaced. Returns it.
+    """
+    shutil.rmtree(folder, ignore_errors=True)
+    folder.mkdir(parents=True)
+    sandbox.display.screen.save(folder / "screen.png")
+    windows = sandbox.display.windows.stacking()
+    lines = ["processes:", *map(str, sandbox.system.offspring(sandbox.root)),
+             "windows, the topmost last:", *map(repr, windows),
+             f"active: {sandbox.display.windows.active()!r}",
+             "started:", *map(repr, (*sandbox.programs, *sandbox.stand_ins))]
+    (folder / "state.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
+    shutil.copytree(
+        sandbox.root, folder / "sandbox", symlinks=True, dirs_exist_ok=True,
+        ignore_dangling_symlinks=True, ignore=_left_out,
+    )
+    return folder
+
+
+def _left_out(directory: str, names: list[str]) -> list[str]:
+    """Sockets, pipes and the like, which cannot be copied, and what is the same in every run."""
+    paths = [(name, Path(directory, name)) for name in names]
+    return [
+        name for name, path in paths
+        if not (path.is_symlink() or path.is_file() or path.is_dir())
+        or name == WINE_PREFIX or path.is_file() and path.stat().st_size > _LARGE
+    ]

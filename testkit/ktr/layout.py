@@ -1,0 +1,123 @@
+"""Where everything stands in the program's windows, in pixels from the window's top left corner.
+
+The numbers hold for a main window without a drop-shadow margin. With one, everything moves by
+`shadow_margin(width)`; `Window.place` adds it. Nothing else in the tests knows a position.
+"""
+
+from __future__ import annotations
+
+from ktr.geometry import Point, Rect
+
+# Main window -----------------------------------------------------------------------------------
+
+CARD = Rect(0, 0, 640, 408)
+"""The visible card: the whole main window when there is no shadow."""
+
+SHADOW = 15
+"""Width of the margin round the card when the system draws drop shadows."""
+
+_MARGIN = 32
+_PAGE_LEFT = CARD.left + _MARGIN
+_PAGE_WIDTH = CARD.width - 2 * _MARGIN
+_PAGE_RIGHT = _PAGE_LEFT + _PAGE_WIDTH
+
+TITLE_BAR = Rect(0, 0, CARD.width, 32)
+TITLE_CLOSE = Rect(TITLE_BAR.right - 8 - 16, (TITLE_BAR.height - 16) // 2, 16, 16)
+TITLE_GRIP = Point(200, TITLE_BAR.height // 2)
+"""A point of the title bar from which the window can be dragged."""
+
+PAGE = Rect(_PAGE_LEFT, TITLE_BAR.bottom + 8, _PAGE_WIDTH, CARD.bottom - TITLE_BAR.bottom - 8)
+TITLE_LABEL = Rect(PAGE.left, PAGE.top, PAGE.width, 48)
+
+BUTTON_ROW = Rect(PAGE.left, PAGE.bottom - 24 - 28, PAGE.width, 28)
+CANCEL = Rect(BUTTON_ROW.right - 100, BUTTON_ROW.top, 100, 28)
+"""The filled button: "Cancel", after the uninstallation "OK"."""
+UNINSTALL = Rect(CANCEL.left - 20 - 100, BUTTON_ROW.top, 100, 28)
+
+PROGRESS_BAR = Rect(PAGE.left, BUTTON_ROW.top - 14 - 4, PAGE.width, 4)
+_LABEL_HEIGHT = 17
+PROGRESS_LABEL = Rect(PAGE.left, PROGRESS_BAR.top - 4 - _LABEL_HEIGHT, PAGE.width, _LABEL_HEIGHT)
+"""One line of 14 pixels; its bottom edge is exact, its height depends on the font by a few."""
+
+FRAME = Rect(
+    PAGE.left, TITLE_LABEL.bottom + 30, PAGE.width,
+    PROGRESS_LABEL.top - 5 - TITLE_LABEL.bottom - 30,
+)
+"""The content area; its bottom edge depends on the font by a few pixels."""
+
+
+def reason(row: int) -> Rect:
+    """The reason in a row from 0; its left part, where radio button and any text are."""
+    return Rect(FRAME.left, FRAME.top + row * (19 + 10), 60, 19)
+
+
+def ring(row: int) -> Point:
+    """The centre of the radio button's ring in a row from 0."""
+    return Point(FRAME.left + 6 + 7, FRAME.top + row * (19 + 10) + 3 + 7)
+
+
+GIFT = Rect(FRAME.right - 48 - 210, FRAME.top + (FRAME.height - 140) // 2, 210, 140)
+"""The picture of the coupon pages."""
+COUPON = FRAME
+"""The whole coupon area can be clicked."""
+
+FEEDBACK = Rect(FRAME.left, FRAME.top, FRAME.width, 156)
+FEEDBACK_SUBMIT = Rect(FEEDBACK.right - 16 - 100, FEEDBACK.bottom - 16 - 28, 100, 28)
+SUBMIT_EDGE = Point(FEEDBACK_SUBMIT.right - 1, FEEDBACK_SUBMIT.top + 14)
+"""A point of its border, whose colour tells whether it is enabled. On the right: a long text widens
+the button to the left."""
+FEEDBACK_TEXT = Rect(
+    FEEDBACK.left, FEEDBACK.top, FEEDBACK.width, FEEDBACK_SUBMIT.top - FEEDBACK.top
+)
+FEEDBACK_LINK = Point(FRAME.left + 40, FRAME.bottom - 11 - 8)
+"""A point inside the link under the feedback box (a line of 13 pixels, 11 above the bottom)."""
+
+
+def shadow_margin(width: int) -> int:
+    """Width of the shadow round the card, from the width of the main window."""
+    return SHADOW if width == CARD.width + 2 * SHADOW else 0
+
+
+# Message box -----------------------------------------------------------------------------------
+
+BOX = Rect(0, 0, 480, 240)
+BOX_TITLE_BAR = Rect(1, 1, BOX.width - 2, 31)
+BOX_TITLE_GRIP = Point(200, 16)
+BOX_CLOSE = Rect(BOX_TITLE_BAR.right - 16 - 16, BOX_TITLE_BAR.top + (31 - 16) // 2, 16, 16)
+BOX_OK = Rect(BOX.right - 32 - 100, BOX.bottom - 20 - 28, 100, 28)
+
+
+def box_on(main: Rect) -> Rect:
+    """Where a message box stands that is centred on the given main window (root coordinates)."""
+    return Rect(
+        main.x + (main.width - BOX.width) // 2,
+        main.y + (main.height - BOX.height) // 2,
+        BOX.width,
+        BOX.height,
+    )
+
+
+# Colours ---------------------------------------------------------------------------------------
+
+WHITE = "#FFFFFF"
+CANCEL_NORMAL = "#1F6FFF"
+CANCEL_HOVERED = "#227AFF"
+CANCEL_PRESSED = "#1B63FF"
+UNINSTALL_NORMAL = "#E0EAFC"
+UNINSTALL_HOVERED = "#C5D5F3"
+UNINSTALL_PRESSED = "#A6BDE6"
+BUTTON_DISABLED = "#E9ECF2"
+BAR_TRACK = "#EBEEF2"
+BAR_FILL = "#1F6FFF"
+COMPLETE_TEXT = "#10A91D"
+GIFT_COLOUR = "#1F6FFF"
+SELECTION = "#1F6FFF"
+FEEDBACK_FOCUSED = "#7AAAFF"
+SUBMIT_BORDER = "#1F6FFF"
+SUBMIT_DISABLED_BORDER = "#E9ECF2"
+BOX_TITLE_COLOUR = "#F0F2F5"
+
+
+def face(button: Rect) -> Point:
+    """A point of a button that shows its background: above its text, whatever that is."""
+    return Point(button.left + button.width // 2, button.top + 4)

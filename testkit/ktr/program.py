@@ -1,0 +1,127 @@
+"""A program that was started in a sandbox: the program under test, or a stand-in."""
+
+from __future__ import annotations
+
+import subprocess
+from pathlib import Path
+from typing import TYPE_CHECKING, Callable
+
+from ktr import layout, wait
+from ktr.display import Display, die_with_parent
+from ktr.window import Window
+
+if TYPE_CHECKING:
+    from ktr.system import Native
+
+_PAINTED = (layout.CANCEL_NORMAL, layout.CANCEL_HOVERED)
+"""How the filled button looks, the pointer being elsewhere or just there."""
+
+
+class Started:
+    """A running or ended process with its output in files of its own."""
+
+    def __init__(
+        self, command: list[str], environment: dict[str, str], directory: Path, log: Path
+    ) -> None:
+        self.command = command
+        self.environment = environment
+        self.stdout_file = log.with_name(log.name + ".out")
+        self.stderr_file = log.with_name(log.name + ".err")
+        self._killed = False
+        with open(self.stdout_file, "wb") as out, open(self.stderr_file, "wb") as err:
+            self._process = subprocess.Popen(
+                command, env=environment, cwd=directory, stdin=subprocess.DEVNULL,
+                stdout=out, stderr=err, preexec_fn=die_with_parent,
+            )
+
+    def __repr__(self) -> str:
+        return f"<{Path(self.command[0]).name} {self.pid}, {self.ending}>"
+
+    @property
+    def pid(self) -> int:
+        """The process id."""
+        return self._process.pid
+
+    @property
+    def running(self) -> bool:
+        """Whether it has not ended yet."""
+        return self._process.poll() is None
+
+    @property
+    def ending(self) -> str:
+        """How it ended, in words."""
+        if self.running:
+            return "running"
+        return "ended by force" if self._killed else f"status {self._process.returncode}"
+
+    @property
+    def stdout(self) -> str:
+        """What it and whoever inherited its standard output have written there so far."""
+        return self.stdout_file.read_text(encoding="utf-8", errors="replace")
+
+    @property
+    def stderr(self) -> str:
+        """The same for standard error."""
+        return self.stderr_file.read_text(encoding="utf-8", errors="replace")
+
+    def wait_exit(self, deadline: float = wait.DEADLINE) -> int:
+        """Waits until it ends; returns its status, negative for a signal."""
+        try:
+            return self._process.wait(deadline)
+        except subprocess.TimeoutExpired:
+            raise wait.TimedOut(
+                f"waited {deadline:g} s for {self!r} to end; its standard error: {self.stderr!r}"
+            ) from None
+
+    def kill(self) -> None:
+        """Ends it at once; no effect on one that has ended."""
+        self._killed = self._killed or self.running
+        self._process.kill()
+        self._process.wait()
+
+
+class RunningProgram(Started):
+    """The program under test."""
+
+    def __init__(
+        self, command: list[str], environment: dict[str, str], directory: Path, log: Path,
+        display: Display, system: "Native",
+    ) -> None:
+        super().__init__(command, environment, directory, log)
+        self.display = display
+        self._system = system
+
+    def windows(self) -> list[Window]:
+        """Its windows that the window manager has, the oldest first."""
+        return self.display.windows.of(self._system.owners(self.pid))
+
+    def window(self, deadline: float = wait.DEADLINE) -> Window:
+        """Waits for the first window to be shown; gives up when the program ends before."""
+        return self._wait_window(lambda found: found[:1], "the program's window", deadline)
+
+    def ready(self, deadline: float = wait.DEADLINE) -> Window:
+        """Waits until the main window is shown, active and painted."""
+        window = self.window(deadline)
+        window.wait_colour(layout.face(layout.CANCEL), _PAINTED, deadline)
+        wait.until(lambda: window.active, f"{window!r} to be active", deadline)
+        return window
+
+    def box(self, deadline: float = wait.DEADLINE) -> Window:
+        """Waits until a message box is shown besides the main window, and painted."""
+        box = self._wait_window(lambda found: found[1:2], "the program's message box", deadline)
+        box.wait_colour(layout.face(layout.BOX_OK), _PAINTED, deadline)
+        return box
+
+    def _wait_window(
+        self, choose: Callable[[list[Window]], list[Window]], what: str, deadline: float
+    ) -> Window:
+        def look() -> list[Window]:
+            chosen = choose(self.windows())
+            if not chosen and not self.running:
+                raise wait.Doomed(f"{self!r} before {what} came; standard error: {self.stderr!r}")
+            return chosen
+
+        shown: list[Window] = wait.until(
+            look, what, deadline, accept=lambda seen: bool(seen) and seen[0].visible
+        )
+        return shown[0]

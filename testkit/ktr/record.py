@@ -1,0 +1,90 @@
+"""What a scenario has made the program do, in a form that is the same wherever it runs.
+
+The records of two executables are laid beside each other by `tools/side-by-side`.
+"""
+
+from __future__ import annotations
+
+import json
+import re
+from pathlib import Path
+
+from ktr import tree
+from ktr.journal import Entry
+from ktr.sandbox import Sandbox
+from ktr.window import Window
+
+FOLDERS = ("Dravik", "home", "tmp")
+"""Where files come and go alike everywhere."""
+
+_ONLY_HERE = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..*")
+"""Particulars of an entry that tell about the system or the moment, not about the program."""
+_SETTINGS = re.compile(r"\w+ Dravik/bin/(registry\.reg|tasklist\.txt|[^/]+\.(exe|dll)\.txt)", re.I)
+"""What a test itself writes for the stand-ins."""
+_OFTEN = ("tasklist", "SkyrelWrapExe.exe")
+"""Asked, or started by each load of the library, as often as time allows: that it was is what counts."""
+
+
+class Recorder:
+    """Watches one scenario from the moment in which the program is started."""
+
+    def __init__(self, sandbox: Sandbox) -> None:
+        self._sandbox = sandbox
+        self._before: tree.Tree = {}
+        self._picture = None
+        sandbox.before_start = self._begin
+        sandbox.display.before_act = self._look
+
+    def save(self, folder: Path, name: str) -> None:
+        """Writes the record, and the picture of the window before it was used for the last time."""
+        self._sandbox.display.before_act = None
+        folder.mkdir(parents=True, exist_ok=True)
+        if self._picture is not None:
+            self._picture.save(folder / f"{name}.png")
+        entries = self._sandbox.journal()
+        # A scenario that does not start the program has nothing to compare.
+        after = self._sandbox.snapshot(FOLDERS) if self._sandbox.programs else {}
+        change = tree.compare(self._before, after)
+        record = {
+            "events": [" ".join(entry.items("pairs")) for entry in entries
+                       if entry.event == "SkyrelSendInfo"],
+            "configuration": [self._line(entry) for entry in entries
+                              if "config" in entry.image and entry.event != "load"],
+            "processes": self._processes(entries),
+            "files": sorted(line for kind, paths in vars(change).items()
+                            for line in (self._plain(f"{kind} {path}") for path in paths)
+                            if not _SETTINGS.fullmatch(line)),
+            "exit": [program.ending for program in self._sandbox.programs],
+        }
+        (folder / f"{name}.json").write_text(json.dumps(record, indent=1), encoding="utf-8")
+
+    def _begin(self) -> None:
+        """What the scenario itself has prepared until here is none of the program's doing."""
+        if not self._sandbox.programs:
+            self._before = self._sandbox.snapshot(FOLDERS)
+
+    def _look(self, window: Window) -> None:
+        """Remembers the main window as it is shown with whatever lies above it."""
+        program = next((one for one in self._sandbox.programs
+                        if one.running and window in one.windows()), None)
+        if program is not None:
+            try:
+                self._picture = program.windows()[0].picture()
+            except ValueError:
+                pass  # It has been moved partly off the screen: the one before shows more.
+
+    def _processes(self, entries: list[Entry]) -> list[str]:
+        told = [self._line(entry) for entry in entries
+                if entry.event in ("start", "end") and entry.image not in _OFTEN]
+        often = {self._line(entry) for entry in entries if entry.image in _OFTEN}
+        return sorted(told) + sorted(often)
+
+    def _line(self, entry: Entry) -> str:
+        fields = [f"{key}={entry.text(key)}" for key in entry.fields if not _ONLY_HERE.fullmatch(key)]
+        return self._plain(" ".join([entry.image, entry.event, *fields]))
+
+    def _plain(self, text: str) -> str:
+        """A text without where the sandbox lies and how the system writes paths."""
+        system = self._sandbox.system
+        text = text.replace(system.shown(self._sandbox.root), "…").replace("\\", "/")
+        return text.replace(system.program_name, "UninstallUI").replace("tasklist.exe", "tasklist")

@@ -1,0 +1,241 @@
+"""What the Windows executable asks of the system: Wine's own trace of the calls, made readable.
+
+Wine writes a line for each call with the values of its arguments, and one for what it returned. A
+value is printed as the 64 bits that lie there, a narrower parameter being only the lower part.
+Handles and the like differ from run to run, so they are shown by names.
+"""
+
+from __future__ import annotations
+
+import re
+from dataclasses import dataclass, field
+from typing import Iterator
+
+from ktr.program import RunningProgram
+from ktr.sandbox import Sandbox
+from ktr.wine import Wine
+
+ROOT = "ROOT"
+"""How the sandbox's folder is shown, with and without Windows' own separators."""
+TOOLKIT = "Qt: "
+"""Begins what is called on the program's behalf."""
+CONSOLE = "conhost.exe"
+"""The image of Windows' console, whose calls are traced, too."""
+
+# What is traced, each call with the kinds of its parameters.
+#   text, number, mask (hexadecimal), signed; pointer: null or *; any: not shown
+#   Others are kinds of things that have names. Of those: -kind has no name any more after the call,
+#   and !kind shows the call only for a thing with a name.
+# What a call gives: "= number" is shown; "-> kind name" names the thing that is returned, and
+# "=> kind name" the one that is given through a pointer, which is seen when it is used.
+_PROGRAM = """
+kernel32.LoadLibraryA(text) -> module telemetry
+kernel32.GetProcAddress(!module, text)
+kernel32.GetModuleFileNameA(module, pointer, number)
+kernel32.GetModuleFileNameW(module, pointer, number)
+kernel32.CreateMutexW(pointer, number, text) -> handle mutex
+kernel32.GetLastError() = number
+kernel32.ReleaseMutex(handle)
+kernel32.CloseHandle(-handle)
+kernel32.SetCurrentDirectoryW(text)
+kernel32.GetPrivateProfileStringW(text, text, text, pointer, number, text)
+kernel32.CreateToolhelp32Snapshot(mask, number) -> handle snapshot
+kernel32.Process32FirstW(handle, pointer)
+kernel32.Process32NextW(handle, pointer)
+kernel32.OpenProcess(mask, number, process) -> handle process
+kernel32.QueryFullProcessImageNameW(handle, number, pointer, pointer)
+kernel32.TerminateProcess(handle, number)
+kernel32.CreateProcessA(text, text, pointer, pointer, number, mask, pointer, text, \
+pointer, pointer) => handle child
+kernel32.SetPriorityClass(handle, mask)
+kernel32.SetProcessPriorityBoost(handle, number)
+kernel32.DeleteFileA(text)
+advapi32.RegOpenKeyExA(key, text, number, mask, pointer) = number => key opened
+advapi32.RegQueryValueExA(key, text, pointer, pointer, pointer, pointer) = number
+advapi32.RegCloseKey(-key)
+user32.SystemParametersInfoA(mask, number, pointer, number)
+user32.IsWindow(window) = number
+user32.GetForegroundWindow() -> foreground foreground
+user32.GetWindowThreadProcessId(foreground, pointer) -> thread its-thread
+user32.AttachThreadInput(thread, thread, number)
+user32.ShowWindow(window, number)
+user32.SetWindowPos(window, signed, signed, signed, signed, signed, mask)
+user32.SetForegroundWindow(window)
+kernel32.Sleep(number)
+msvcrt.fopen(text, text) -> file stream
+msvcrt.fclose(-file)
+msvcrt.exit(number)
+"""
+_TOOLKIT = """
+kernel32.SetCurrentDirectoryW(text)
+kernel32.DeleteFileW(text)
+kernel32.CopyFileW(text, text, number)
+kernel32.CreateProcessW(text, text, any, any, any, any, any, any, any, any)
+"""
+
+_ALREADY_NAMED = {("key", 0xFFFFFFFF80000002): "HKEY_LOCAL_MACHINE"}
+# The run-time library calls it for itself, too: right after the other call it is the program.
+_ONLY_AFTER = {"GetLastError": "CreateMutexW"}
+
+_LOADED = re.compile(r'([0-9a-f]{4,}):trace:loaddll:build_module Loaded L"(.*)" at ([0-9A-F]+): ')
+_CALLED = re.compile(r"([0-9a-f]{4,}):Call (\w+)\.(\w+)\((.*)\) ret=([0-9a-f]+)")
+_RETURNED = re.compile(r"([0-9a-f]{4,}):Ret  (\w+)\.(\w+)\(\) retval=([0-9a-f]+) ret=")
+_ARGUMENT = re.compile(r'([0-9a-f]+)(?: L?"((?:[^"\\]|\\.)*)"(?:\.\.\.)?)?(?:,|$)')
+_SIGNATURE = re.compile(r"(\w+)\.(\w+)\((.*)\)( = number)?(?: (->|=>) (\w+) ([\w-]+))?")
+
+
+def start(sandbox: Sandbox) -> RunningProgram:
+    """Starts the program so that its calls are written on its standard error."""
+    watched = {f"{match[1]}.{match[2]}" for match in _SIGNATURE.finditer(_PROGRAM + _TOOLKIT)}
+    assert isinstance(sandbox.system, Wine)
+    sandbox.system.set_user_values(sandbox.root, "Software\\Wine\\Debug", {
+        "RelayFromInclude": f"{Wine.program_name};{CONSOLE};Qt5Core",
+        "RelayInclude": ";".join(sorted(watched)),
+        # What is left out by default counts before what is to be seen.
+        "RelayFromExclude": None,
+        "RelayExclude": None,
+    })
+    return sandbox.start(environment={"WINEDEBUG": "+relay,+loaddll"})
+
+
+def calls(
+    sandbox: Sandbox, program: RunningProgram, image: str = Wine.program_name,
+    named: dict[tuple[str, int], str] | None = None,
+) -> list[str]:
+    """The calls of an image's first thread so far, a line each.
+
+    `named` are names of things that exist already, by kind and value. An image that runs more than
+    once is taken for one.
+    """
+    namer = _Namer({**_ALREADY_NAMED, **(named or {})}, sandbox)
+    return [line for call in _calls(program.stderr, image) if (line := namer.line(call))]
+
+
+@dataclass
+class _Call:
+    """A call as it was traced: its name, its arguments as numbers and texts."""
+
+    name: str
+    thread: int
+    by_toolkit: bool
+    after: str
+    arguments: list[tuple[int, str | None]]
+    result: int = 0
+
+
+@dataclass
+class _Thread:
+    """The first thread of a process."""
+
+    modules: dict[int, str] = field(default_factory=dict)
+    calls: list[_Call] = field(default_factory=list)
+    open: list[_Call] = field(default_factory=list)
+
+    def caller(self, address: int) -> str:
+        """In which module an address lies."""
+        return self.modules[max(base for base in self.modules if base <= address)]
+
+
+def _calls(trace: str, image: str) -> Iterator[_Call]:
+    """All calls of the image's first thread by itself or the toolkit, in their order."""
+    threads: dict[str, _Thread] = {}
+    for line in trace.splitlines():
+        if loaded := _LOADED.match(line):
+            module = loaded[2].rpartition("\\")[2]
+            if module.lower().endswith(".exe"):
+                # The executable comes first; the thread's number may have been another's before.
+                if module == image:
+                    threads[loaded[1]] = _Thread()
+                else:
+                    yield from _finished(threads, loaded[1])
+            if loaded[1] in threads:
+                threads[loaded[1]].modules[int(loaded[3], 16)] = module
+        elif called := _CALLED.match(line):
+            thread = threads.get(called[1])
+            if thread is not None:
+                caller = thread.caller(int(called[5], 16))
+                call = _Call(
+                    called[3], int(called[1], 16), caller != image,
+                    next((one.name for one in reversed(thread.calls) if not one.by_toolkit), ""),
+                    [(int(number, 16), text) for number, text in _arguments(called[4])])
+                thread.calls.append(call)
+                thread.open.append(call)
+        elif returned := _RETURNED.match(line):
+            thread = threads.get(returned[1])
+            while thread is not None and thread.open:
+                call = thread.open.pop()
+                if call.name == returned[3]:
+                    call.result = int(returned[4], 16)
+                    break
+    for thread in threads.values():
+        yield from thread.calls
+
+
+def _finished(threads: dict[str, _Thread], number: str) -> list[_Call]:
+    return threads.pop(number).calls if number in threads else []
+
+
+def _arguments(text: str) -> Iterator[tuple[str, str | None]]:
+    for match in _ARGUMENT.finditer(text):
+        yield match[1], None if match[2] is None else re.sub(r'\\([\\"])', r"\1", match[2])
+
+
+class _Namer:
+    """Shows calls, with names for what they are about."""
+
+    def __init__(self, named: dict[tuple[str, int], str], sandbox: Sandbox) -> None:
+        self._named = named
+        self._expected: dict[str, str] = {}
+        folder = sandbox.shown(sandbox.root)
+        self._folders = (folder, folder.replace("\\", "/"))
+        self._program = {match[2]: match for match in _SIGNATURE.finditer(_PROGRAM)}
+        self._toolkit = {match[2]: match for match in _SIGNATURE.finditer(_TOOLKIT)}
+
+    def line(self, call: _Call) -> str:
+        """The call as a line; empty for one that tells nothing."""
+        # The program itself has no business with what is the toolkit's: that is shown, too.
+        self._named["thread", call.thread] = "own-thread"
+        signature = (None if call.by_toolkit else self._program.get(call.name)) \
+            or self._toolkit.get(call.name)
+        if signature is None or _ONLY_AFTER.get(call.name, call.after) != call.after:
+            return ""
+        kinds = [kind for kind in signature[3].split(", ") if kind]
+        needs_name = [(kind[1:], value) for kind, (value, _) in zip(kinds, call.arguments)
+                      if kind.startswith("!")]
+        if any(thing not in self._named for thing in needs_name):
+            return ""
+        shown = [self._shown(kind.lstrip("-!"), number, text)
+                 for kind, (number, text) in zip(kinds, call.arguments, strict=True)]
+        for kind, (number, _) in zip(kinds, call.arguments):
+            if kind.startswith("-"):
+                self._named.pop((kind[1:], number), None)
+        if signature[5] == "->":
+            self._named.setdefault((signature[6], call.result), signature[7])
+        elif signature[5] == "=>":
+            self._expected[signature[6]] = signature[7]
+        result = f" = {call.result & 0xFFFFFFFF}" if signature[4] else ""
+        beginning = TOOLKIT if call.by_toolkit else ""
+        return f"{beginning}{call.name}({', '.join(one for one in shown if one)}){result}"
+
+    def _shown(self, kind: str, number: int, text: str | None) -> str:
+        if kind == "any":
+            return ""
+        low = number & 0xFFFFFFFF
+        if kind == "number":
+            return str(low)
+        if kind == "mask":
+            return hex(low)
+        if kind == "signed":
+            return str(low - (1 << 32) if low >> 31 else low)
+        if number == 0:
+            return "null"
+        if kind == "pointer":
+            return "*"
+        if kind == "text":
+            for folder in self._folders:
+                text = (text or "").replace(folder, ROOT)
+            return f'"{text}"'
+        value = low if kind in ("process", "thread") else number
+        if (kind, value) not in self._named and kind in self._expected:
+            self._named[kind, value] = self._expected.pop(kind)
+        return self._named.get((kind, value), f"unknown {kind}")

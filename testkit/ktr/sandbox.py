@@ -1,0 +1,281 @@
+"""A pretend installation of the product for one test, with everything that runs in it."""
+
+from __future__ import annotations
+
+import shutil
+import struct
+import tempfile
+from contextlib import AbstractContextManager
+from pathlib import Path
+from typing import Callable, Iterable
+
+from ktr import tree, wait
+from ktr.display import Display
+from ktr.installation import assemble, configure
+from ktr.journal import Entry, parse
+from ktr.program import RunningProgram, Started
+from ktr.system import Native, Process, RegistryValue
+from ktr.target import system_under_test
+
+FOLDERS = ("Dravik", "home", "tmp", "run")
+"""What the program could leave something in."""
+
+
+class Sandbox:
+    """One pretend installation: in a new temporary folder, or at `root`.
+
+    `cleanup` ends what runs in it and removes a temporary one.
+    """
+
+    def __init__(
+        self,
+        display: Display,
+        lay_out: Callable[[Path], None] = assemble,
+        system: Native | None = None,
+        root: Path | None = None,
+    ) -> None:
+        self.display = display
+        self.system = system or system_under_test()
+        # Short, since the program's own paths have a limit, and real, since /proc tells real paths.
+        self._temporary = root is None
+        self._links: Path | None = None
+        self.root = (root or Path(tempfile.mkdtemp(prefix="ktr-"))).resolve()
+        try:
+            lay_out(self.root)
+            for folder in ("home", "tmp", "run", "logs", "hold", "elsewhere"):
+                (self.root / folder).mkdir(exist_ok=True)
+            (self.root / "run").chmod(0o700)  # as is the custom for this folder
+            self._tools = self._reachable(self.root / "tools")
+            self.system.prepare(self.root)
+        except BaseException:
+            self.cleanup()
+            raise
+        self.bin = self.root / "Dravik" / "bin"
+        self.home = self.root / "home"
+        self.temp = self.root / "tmp"
+        self.before_start: Callable[[], None] = lambda: None
+        """Called before the program is started."""
+        self.programs: list[RunningProgram] = []
+        self.stand_ins: list[Started] = []
+
+    # Stand-ins ---------------------------------------------------------------------------------
+
+    def configure(self, name: str, **settings: object) -> None:
+        """Tells a stand-in what to do from its next start on.
+
+        Given keys replace those in its text file; a list repeats the key, None removes it.
+        """
+        configure(self.locate(name), **settings)
+
+    def locate(self, name: str) -> Path:
+        """The stand-in or delivered file of that name; `FileNotFoundError` when there is none."""
+        for folder in (self.bin, self.root / "tools", self.root / "config"):
+            for file in (folder / name, folder / (name + self.system.executable_suffix)):
+                if file.exists():
+                    return file
+        raise FileNotFoundError(f"nothing is called {name} in {self.root}")
+
+    def set_registry(
+        self, language: RegistryValue = None, oem: RegistryValue = None,
+        xurl_id: RegistryValue = None,
+        xurl_key: str = "Software\\WOW6432Node\\TORVAN\\KTR_dd",
+    ) -> None:
+        """What the product's setup has recorded; None leaves the value out."""
+        self.system.write_registry(self.bin, {
+            ("Software\\TORVAN\\KTR", "Language"): language,
+            ("Software\\TORVAN\\KTR\\Version", "OEM"): oem,
+            (xurl_key, "xurlID"): xurl_id,
+        })
+
+    def hold(self, name: str) -> Path:
+        """Lets a stand-in run, from its next start on, until the returned file is deleted."""
+        file = self.root / "hold" / name
+        file.touch()
+        self.configure(name, hold_file=file)
+        return file
+
+    def spawn(
+        self, name: str, inside: bool = True, called: str | None = None, **settings: object
+    ) -> Started:
+        """Starts a stand-in as something else than the program would.
+
+        `inside` the program directory, or in a folder elsewhere; `called` another name (letters
+        of another case, say), for which a copy is made. Settings are as for `configure`.
+        """
+        source = self.locate(name)
+        executable = (self.bin if inside else self.root / "elsewhere") / (called or name)
+        if executable != source:
+            shutil.copy2(source, executable)
+        configure(executable, **settings)
+        started = Started(
+            self.system.command(executable, []), self.environment(), self.root,
+            self._log(executable.name),
+        )
+        self.stand_ins.append(started)
+        return started
+
+    # The program -------------------------------------------------------------------------------
+
+    @property
+    def program_file(self) -> Path:
+        """The executable under test."""
+        return self.bin / self.system.program_name
+
+    def environment(self) -> dict[str, str]:
+        """The whole environment of every program that is started here."""
+        return self.system.environment(self.root, self.display.name, self._tools)
+
+    def start(
+        self, arguments: Iterable[str] = (), environment: dict[str, str | None] | None = None,
+        under: Iterable[str] = (),
+    ) -> RunningProgram:
+        """Starts the program; `environment` adds variables, or removes those given as None.
+
+        `under` is the command line of a program that then becomes the program, as `nice` does.
+        """
+        self.before_start()
+        self.system.give_variables(self.root, environment or {})
+        variables: dict[str, str | None] = {**self.environment(), **(environment or {})}
+        program = RunningProgram(
+            [*under, *self.system.command(self.program_file, list(arguments))],
+            {name: value for name, value in variables.items() if value is not None},
+            self.root, self._log(self.program_file.name), self.display, self.system,
+        )
+        self.programs.append(program)
+        return program
+
+    # What has happened -------------------------------------------------------------------------
+
+    def journal(
+        self, image: str | None = None, event: str | None = None, **texts: object
+    ) -> list[Entry]:
+        """What the stand-ins have noted so far, or those entries that match."""
+        try:
+            content = (self.root / "journal.log").read_bytes()
+        except FileNotFoundError:
+            content = b""
+        return [entry for entry in parse(content) if entry.matches(image, event, **texts)]
+
+    def forget_journal(self) -> None:
+        """Removes what has been noted so far; nobody may be writing."""
+        (self.root / "journal.log").unlink(missing_ok=True)
+
+    def wait_for_journal(
+        self, wanted: Callable[[Entry], object], what: str,
+        deadline: float = wait.DEADLINE,
+    ) -> Entry:
+        """Waits for the first entry that `wanted` likes."""
+        entries: list[Entry] = wait.until(
+            self.journal, f"{what} in the journal", deadline,
+            accept=lambda seen: any(wanted(entry) for entry in seen),
+        )
+        return next(entry for entry in entries if wanted(entry))
+
+    def wait_noted(
+        self, image: str, event: str, deadline: float = wait.DEADLINE, **texts: object
+    ) -> Entry:
+        """Waits for an entry by its image, its event and its particulars."""
+        return self.wait_for_journal(
+            lambda entry: entry.matches(image, event, **texts),
+            f"{image} {event} {texts or ''}".strip(), deadline,
+        )
+
+    def processes(self, name: str | None = None) -> list[Process]:
+        """The running processes of this installation, or those of one exact image name."""
+        found = self.system.processes(self.root)
+        return [process for process in found if name in (None, process.name)]
+
+    def wait_processes(
+        self, name: str, count: int, deadline: float = wait.DEADLINE
+    ) -> list[Process]:
+        """Waits until so many processes of that image name run."""
+        return wait.until(
+            lambda: self.processes(name), f"{count} processes {name}", deadline,
+            accept=lambda seen: len(seen) == count,
+        )
+
+    def shown(self, path: Path) -> str:
+        """A path as the programs in the sandbox write it."""
+        return self.system.shown(path)
+
+    def snapshot(self, folders: tuple[str, ...] = FOLDERS) -> tree.Tree:
+        """What lies in the installation and in the user's folders, for `tree.compare`."""
+        return tree.snapshot(self.root, folders)
+
+    # The instance's lock and handle ------------------------------------------------------------
+
+    @property
+    def handle_file(self) -> Path:
+        """Where the program publishes its window."""
+        return self.bin / "hwndFile.ini"
+
+    def read_handle(self) -> int | None:
+        """The published window identifier; None without a file. Other sizes than 8 fail."""
+        try:
+            content = self.handle_file.read_bytes()
+        except FileNotFoundError:
+            return None
+        handle: int = struct.unpack("<Q", content)[0]
+        return handle
+
+    def write_handle(self, content: int | bytes) -> None:
+        """Replaces the handle file by a number in its form, or by any bytes."""
+        data = struct.pack("<Q", content) if isinstance(content, int) else content
+        self.handle_file.write_bytes(data)
+
+    def instance_lock_held(self) -> bool:
+        """Whether an instance is running, as the next one would find out."""
+        return self.system.instance_lock_held(self.root)
+
+    def holding_instance_lock(self) -> AbstractContextManager[None]:
+        """Behaves like an instance without a window, for a `with` statement."""
+        return self.system.holding_instance_lock(self.root)
+
+    # The end -----------------------------------------------------------------------------------
+
+    def end_started(self) -> None:
+        """Ends what the test itself has started here and is still running."""
+        for started in (*self.programs, *self.stand_ins):
+            started.kill()
+
+    def leftovers(self, deadline: float = 20.0) -> list[Process]:
+        """Who still runs here, after giving them a while to end by themselves."""
+        try:
+            wait.until(
+                lambda: self.system.offspring(self.root), "no process to be left", deadline,
+                accept=lambda seen: not seen,
+            )
+        except wait.TimedOut:
+            return self.system.offspring(self.root)
+        return []
+
+    def cleanup(self) -> None:
+        """Ends every process of this installation and removes it."""
+        def end_all() -> list[Process]:
+            processes = self.system.offspring(self.root)
+            for process in processes:
+                self.system.end(process)
+            return processes
+
+        wait.until(end_all, "all processes of the sandbox to end", accept=lambda left: not left)
+        self.system.finish(self.root)
+        if self._links is not None:
+            shutil.rmtree(self._links, ignore_errors=True)
+        if self._temporary:
+            shutil.rmtree(self.root, ignore_errors=True)
+
+    def _reachable(self, folder: Path) -> Path:
+        """A path of the folder without whitespace, for PATH: a link if necessary.
+
+        Qt finds `xdg-open` through PATH, but starts it by a command line that it splits at spaces.
+        """
+        if not any(letter.isspace() for letter in str(folder)):
+            return folder
+        self._links = Path(tempfile.mkdtemp(prefix="ktr-links-", dir="/tmp"))
+        link = self._links / folder.name
+        link.symlink_to(folder)
+        return link
+
+    def _log(self, name: str) -> Path:
+        number = len(self.programs) + len(self.stand_ins) + 1
+        return self.root / "logs" / f"{number}-{name}"

@@ -1,0 +1,244 @@
+"""Everything that depends on where the program under test runs.
+
+`Native` is the Linux executable. The Windows executable gets a class with the same members: how
+a program is started, what its environment is, which processes there are, who holds the lock.
+"""
+
+from __future__ import annotations
+
+import fcntl
+import os
+import signal
+from contextlib import contextmanager
+from dataclasses import dataclass
+from pathlib import Path
+from typing import TYPE_CHECKING, Iterator, Union
+
+if TYPE_CHECKING:
+    from ktr.window import Window
+
+MUTEX = "ktr_uninstall_version_2023_Ostrel_Torvan"
+"""The name by which running instances find each other."""
+
+_DELETED = " (deleted)"
+
+PASSED_THROUGH = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
+"""The only variables that a program under test gets from outside: settings of sanitizers."""
+
+
+@dataclass(frozen=True)
+class Process:
+    """A process: its id, and the executable file that it runs."""
+
+    pid: int
+    executable: Path
+
+    @property
+    def name(self) -> str:
+        """The image name."""
+        return self.executable.name
+
+    def __str__(self) -> str:
+        return f"{self.pid} {self.executable}"
+
+
+@dataclass(frozen=True)
+class Raw:
+    """A registry value of any type, by the type's number, and any bytes."""
+
+    kind: int
+    data: bytes
+
+
+RegistryValue = Union[str, Raw, None]
+"""What a registry value holds: a text or something else; None is no value."""
+
+
+class Native:
+    """The Linux executable, started as it is."""
+
+    program_name = "UninstallUI"
+    executable_suffix = ""
+    commands = "tools"
+    """The folder of a sandbox in which the commands of the system are found first."""
+    empty_variable = "empty"
+    """What becomes of a variable that the program sets to nothing."""
+    has_lock_file = True
+    """Whether the single-instance lock is a file, which stays."""
+    has_execute_bit = True
+    """Whether a file says that it may be run."""
+    gives_focus = True
+    """Whether a window that another program brings to the front gets the focus, too."""
+    modules_beside_program = False
+    """Whether the toolkit's QML modules lie beside the program rather than in the system."""
+    handle_bits = 64
+    """How much of a window handle counts."""
+    without_privileges = (
+        ("/usr/bin/setpriv", "--bounding-set=-dac_override,-dac_read_search")
+        if os.geteuid() == 0 else ())
+    """A command that becomes another one for which permissions count, whoever runs it."""
+    terminated = -signal.SIGKILL
+    """The status of a process that another one has terminated."""
+
+    def prepare(self, root: Path) -> None:
+        """What a sandbox that has just been laid out needs besides its files: nothing."""
+
+    def finish(self, root: Path) -> None:
+        """Ends what the system itself still runs for a sandbox: nothing."""
+
+    def shown(self, path: Path) -> str:
+        """A path as the programs of the system write it."""
+        return str(path)
+
+    def hide_modules(self, program: Path) -> None:
+        """Keeps the toolkit from finding its QML modules, but not its plug-ins."""
+        plugins = next(Path("/usr/lib").glob("*/qt5/plugins"))
+        (program / "qt.conf").write_text(
+            f"[Paths]\nPlugins={plugins}\nQml2Imports=/nowhere\nImports=/nowhere\n")
+
+    def empty_from_outside(self, name: str) -> str:
+        """What a program sees of a variable that is set to nothing for it."""
+        return "empty"
+
+    def narrow(self, text: str) -> str:
+        """A text after its way through the system's 8-bit encoding."""
+        return text
+
+    def publishes(self, handle: int | None, window: "Window") -> bool:
+        """Whether a published handle is that of a window."""
+        return handle == window.identifier
+
+    def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
+        """Sets variables that would not reach a program through its environment: there are none."""
+
+    def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
+        """Replaces the registry with these values under the local machine; None is left out."""
+        lines = ["Windows Registry Editor Version 5.00", ""]
+        for (key, name), value in values.items():
+            if value is not None:
+                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"={exported(value)}', ""]
+        (program / "registry.reg").write_text("\n".join(lines), encoding="utf-8")
+
+    def command(self, executable: Path, arguments: list[str]) -> list[str]:
+        """The command line that starts an executable."""
+        return [str(executable), *arguments]
+
+    def environment(self, root: Path, display: str, tools: Path | None = None) -> dict[str, str]:
+        """The whole environment of a program in the sandbox at `root`; nothing else leaks in.
+
+        `tools` replaces the sandbox's own folder at the front of PATH.
+        """
+        passed = {name: os.environ[name] for name in PASSED_THROUGH if name in os.environ}
+        return {
+            **passed,
+            "PATH": f"{tools or root / 'tools'}:/usr/local/bin:/usr/bin:/bin",
+            "LD_LIBRARY_PATH": f"{root}/config",
+            "HOME": f"{root}/home",
+            "TMPDIR": f"{root}/tmp",
+            "XDG_RUNTIME_DIR": f"{root}/run",
+            "DISPLAY": display,
+            # An address that refuses every connection. Without one, libdbus starts dbus-launch
+            # (Debian package dbus-x11), which leaves a dbus-daemon behind.
+            "DBUS_SESSION_BUS_ADDRESS": "unix:path=/dev/null",
+            "QT_QPA_PLATFORM": "xcb",
+            "LC_ALL": "C.UTF-8",
+        }
+
+    def owners(self, pid: int) -> set[int]:
+        """The processes whose windows belong to a program that was started with this id."""
+        return {pid}
+
+    def processes(self, root: Path) -> list[Process]:
+        """All processes whose executable lies below a directory, by the real path."""
+        return [process for process in _all_processes() if _below(process.executable, root)]
+
+    def offspring(self, root: Path) -> list[Process]:
+        """All processes that belong to the sandbox at `root`.
+
+        Besides those whose executable lies in it these are interpreters of its scripts and
+        programs of the system that one of its programs started: the private run-time folder in
+        their environment gives them away.
+        """
+        mark = b"XDG_RUNTIME_DIR=" + os.fsencode(root) + b"/run\0"
+        return [
+            process
+            for process in _all_processes()
+            if process.pid != os.getpid()
+            and (_below(process.executable, root) or mark in variables_of(process.pid))
+        ]
+
+    def end(self, process: Process) -> None:
+        """Ends a process at once; one that has gone already is fine."""
+        try:
+            os.kill(process.pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+
+    def lock_file(self, root: Path) -> Path:
+        """The file whose lock stands for the named mutex."""
+        return root / "run" / f"{MUTEX}.lock"
+
+    def instance_lock_held(self, root: Path) -> bool:
+        """Whether somebody holds the single-instance lock.
+
+        The lock is tried and given back at once: do not ask while another program starts.
+        """
+        try:
+            descriptor = os.open(self.lock_file(root), os.O_RDONLY | os.O_CLOEXEC)
+        except FileNotFoundError:
+            return False
+        try:
+            fcntl.flock(descriptor, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            return True
+        finally:
+            os.close(descriptor)
+        return False
+
+    @contextmanager
+    def holding_instance_lock(self, root: Path) -> Iterator[None]:
+        """Holds the single-instance lock as an instance without a window would."""
+        flags = os.O_RDWR | os.O_CREAT | os.O_CLOEXEC
+        descriptor = os.open(self.lock_file(root), flags, 0o644)
+        try:
+            fcntl.flock(descriptor, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            yield
+        finally:
+            os.close(descriptor)
+
+
+def exported(value: str | Raw) -> str:
+    """A registry value as the registry's editor exports it."""
+    if isinstance(value, Raw):
+        return f"hex({value.kind:x}):" + ",".join(f"{byte:02x}" for byte in value.data)
+    return '"' + value.replace("\\", "\\\\").replace('"', '\\"') + '"'
+
+
+def process_ids() -> list[int]:
+    """The ids of all processes, in their order."""
+    return sorted(int(entry) for entry in os.listdir("/proc") if entry.isdigit())
+
+
+def _all_processes() -> list[Process]:
+    """All live processes whose executable may be read; zombies have none."""
+    found = []
+    for pid in process_ids():
+        try:
+            executable = os.readlink(f"/proc/{pid}/exe")
+        except OSError:
+            continue
+        found.append(Process(pid, Path(executable.removesuffix(_DELETED))))
+    return found
+
+
+def _below(path: Path, root: Path) -> bool:
+    return root in path.parents
+
+
+def variables_of(pid: int) -> bytes:
+    """The environment with which a process was started, a zero behind each; empty without one."""
+    try:
+        with open(f"/proc/{pid}/environ", "rb") as stream:
+            return stream.read()
+    except OSError:
+        return b""

@@ -1,0 +1,194 @@
+"""The Windows executable, read back from its file: what it is, what it carries, what it needs."""
+
+from __future__ import annotations
+
+import os
+import re
+import shutil
+import struct
+import subprocess
+from itertools import product
+from pathlib import Path, PurePosixPath
+from xml.etree import ElementTree
+
+import pefile
+import pytest
+
+REPOSITORY = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ.get("KTR_BUILD", REPOSITORY / "build" / "windows"))
+EXECUTABLE = BUILD / "src" / "app" / "UninstallUI.exe"
+ALLOWED = Path(__file__).with_name("allowed-imports.txt")
+ICON = REPOSITORY / "src" / "resources" / "icon" / "uninstall.ico"
+COMPILED_IN = REPOSITORY / "src" / "qml" / "qml.qrc"
+
+V1 = "{urn:schemas-microsoft-com:asm.v1}"
+V3 = "{urn:schemas-microsoft-com:asm.v3}"
+COMPATIBILITY = "{urn:schemas-microsoft-com:compatibility.v1}"
+SETTINGS = "{http://schemas.microsoft.com/SMI/%d/WindowsSettings}"
+
+
+@pytest.fixture(scope="module")
+def image() -> pefile.PE:
+    return pefile.PE(str(EXECUTABLE))
+
+
+def version() -> str:
+    """The project's own, from the one place where it stands: three numbers."""
+    project = (REPOSITORY / "CMakeLists.txt").read_text(encoding="utf-8")
+    found = re.search(r"VERSION (\d+\.\d+\.\d+)", project.split("project(")[1])
+    assert found
+    return found[1]
+
+
+def resources(image: pefile.PE, kind: str) -> dict[int, bytes]:
+    """The resources of a type by their identifier."""
+    found = {}
+    for entry in image.DIRECTORY_ENTRY_RESOURCE.entries:
+        if entry.id == pefile.RESOURCE_TYPE[kind]:
+            for item in entry.directory.entries:
+                place = item.directory.entries[0].data.struct
+                found[item.id] = image.get_data(place.OffsetToData, place.Size)
+    return found
+
+
+def test_it_is_a_64_bit_program_without_a_console(image):
+    assert image.FILE_HEADER.Machine == pefile.MACHINE_TYPE["IMAGE_FILE_MACHINE_AMD64"]
+    assert image.OPTIONAL_HEADER.Magic == 0x20B
+    assert image.OPTIONAL_HEADER.Subsystem == pefile.SUBSYSTEM_TYPE["IMAGE_SUBSYSTEM_WINDOWS_GUI"]
+    assert not image.is_dll()
+
+
+def test_it_asks_for_windows_7(image):
+    header = image.OPTIONAL_HEADER
+    assert (header.MajorOperatingSystemVersion, header.MinorOperatingSystemVersion) == (6, 1)
+    assert (header.MajorSubsystemVersion, header.MinorSubsystemVersion) == (6, 1)
+
+
+def test_its_memory_is_protected(image):
+    flags = image.OPTIONAL_HEADER.DllCharacteristics
+    for name in ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"):
+        assert flags & pefile.DLL_CHARACTERISTICS[f"IMAGE_DLLCHARACTERISTICS_{name}"], name
+    # Without relocations it could not be loaded anywhere else.
+    assert not image.FILE_HEADER.Characteristics & 0x0001
+    assert image.OPTIONAL_HEADER.DATA_DIRECTORY[5].Size > 0
+    writable, executable = 0x80000000, 0x20000000
+    for section in image.sections:
+        both = writable | executable
+        assert section.Characteristics & both != both, section.Name
+
+
+def test_its_stack_is_guarded():
+    assert b"stack smashing detected" in EXECUTABLE.read_bytes()
+
+
+def test_its_manifest(image):
+    (number, text), = resources(image, "RT_MANIFEST").items()
+    assert number == 1
+    root = ElementTree.fromstring(text)
+    level = root.find(f".//{V3}requestedExecutionLevel")
+    assert level.attrib == {"level": "asInvoker", "uiAccess": "false"}
+    assert (root.tag, root.attrib) == (f"{V1}assembly", {"manifestVersion": "1.0"})
+    itself, = root.findall(f"{V1}assemblyIdentity")
+    assert itself.attrib == {"type": "win32", "name": "Torvan.Dravik.UninstallUI",
+                             "version": f"{version()}.0", "processorArchitecture": "amd64"}
+    # With a wrong token or architecture there is no such assembly, and the program does not start.
+    controls, = root.iterfind(f"{V1}dependency/{V1}dependentAssembly/{V1}assemblyIdentity")
+    assert controls.attrib == {"type": "win32", "name": "Microsoft.Windows.Common-Controls",
+                               "version": "6.0.0.0", "processorArchitecture": "amd64",
+                               "publicKeyToken": "6595b64144ccf1df", "language": "*"}
+    systems = [item.get("Id") for item in root.iter(f"{COMPATIBILITY}supportedOS")]
+    assert systems == ["{35138b9a-5d96-4fbd-8e2d-a2440225f93a}",
+                       "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}",
+                       "{1f676c76-80e1-4239-95bb-83d0f6d0da78}",
+                       "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"]
+    assert root.find(f".//{SETTINGS % 2005}dpiAware").text == "true/pm"
+    assert root.find(f".//{SETTINGS % 2016}dpiAwareness").text == "PerMonitor"
+    assert root.find(f".//{SETTINGS % 2016}longPathAware").text == "true"
+
+
+def test_its_icon(image):
+    groups = resources(image, "RT_GROUP_ICON")
+    assert list(groups) == [101]
+    count = struct.unpack_from("<3H", groups[101])[2]
+    assert count == 12
+    source = ICON.read_bytes()
+    pictures = resources(image, "RT_ICON")
+    for index in range(count):
+        entry = struct.unpack_from("<4B2HIH", groups[101], 6 + 14 * index)
+        original = struct.unpack_from("<4B2H2I", source, 6 + 16 * index)
+        assert entry[:2] == original[:2] and entry[5:7] == original[5:7]
+        begin = original[7]
+        assert pictures[entry[7]] == source[begin : begin + original[6]]
+
+
+def test_its_version_block(image):
+    numbers = [int(part) for part in version().split(".")]
+    fixed = image.VS_FIXEDFILEINFO[0]
+    high_low = (numbers[0] << 16 | numbers[1], numbers[2] << 16)
+    assert (fixed.FileVersionMS, fixed.FileVersionLS) == high_low
+    assert (fixed.ProductVersionMS, fixed.ProductVersionLS) == high_low
+    texts = {}
+    for info in image.FileInfo[0]:
+        for table in getattr(info, "StringTable", []):
+            texts.update((key.decode(), value.decode()) for key, value in table.entries.items())
+    assert texts == {
+        "CompanyName": "Torvan", "ProductName": "Dravik", "FileDescription": "Dravik Uninstall",
+        "FileVersion": version(), "ProductVersion": version(), "InternalName": "UninstallUI",
+        "OriginalFilename": "UninstallUI.exe", "LegalCopyright": "Torvan",
+    }
+
+
+def test_its_manifest_has_the_version_of_its_version_block(image):
+    text, = resources(image, "RT_MANIFEST").values()
+    itself = ElementTree.fromstring(text).find(f"{V1}assemblyIdentity")
+    fixed = image.VS_FIXEDFILEINFO[0]
+    parts = [fixed.FileVersionMS >> 16, fixed.FileVersionMS & 0xFFFF,
+             fixed.FileVersionLS >> 16, fixed.FileVersionLS & 0xFFFF]
+    assert itself.get("version") == ".".join(map(str, parts))
+
+
+def test_it_does_not_tell_where_it_was_built():
+    content = EXECUTABLE.read_bytes()
+    for place in (REPOSITORY, BUILD, Path.home() / ".cache"):
+        for text, encoding in product((str(place), place.as_posix()), ("utf-8", "utf-16-le")):
+            assert text.encode(encoding) not in content, place
+
+
+def test_it_does_not_tell_when_it_was_built(image):
+    """Else two builds of the same sources would differ."""
+    assert image.FILE_HEADER.TimeDateStamp == 0
+    assert image.DIRECTORY_ENTRY_RESOURCE.struct.TimeDateStamp == 0
+    # Of what is compiled in, each file and folder has a date: the same one, of 1980.
+    files = ElementTree.parse(COMPILED_IN).getroot().iter("file")
+    names = [PurePosixPath(item.get("alias", item.text)) for item in files]
+    folders = {folder for name in names for folder in name.parents}
+    date = (315532800 * 1000).to_bytes(8, "big")
+    assert names
+    assert EXECUTABLE.read_bytes().count(date) == len(names) + len(folders)
+
+
+def imported(image: pefile.PE) -> dict[str, list[str]]:
+    """The functions that it imports, by DLL."""
+    return {entry.dll.decode(): [function.name.decode() for function in entry.imports]
+            for entry in image.DIRECTORY_ENTRY_IMPORT}
+
+
+def test_it_imports_only_what_is_allowed(image):
+    lines = ALLOWED.read_text(encoding="utf-8").splitlines()
+    allowed = {line.strip() for line in lines if line.strip() and not line.startswith("#")}
+    # Of the toolkit by the library, since its functions change with every build of it.
+    needed = set()
+    for library, functions in imported(image).items():
+        qt = library.startswith("Qt5")
+        needed |= {library} if qt else {f"{library} {name}" for name in functions}
+    assert not needed - allowed, "imported and not allowed"
+    assert not allowed - needed, "allowed and not imported: take it off the list"
+
+
+def test_no_section_is_left_for_a_debugger(image):
+    names = [section.Name.rstrip(b"\0").decode() for section in image.sections]
+    assert not [name for name in names if name.startswith((".debug", "/"))]
+    # On Windows, where the target is no foreign one, the tool has no prefix.
+    tool = shutil.which("x86_64-w64-mingw32-nm") or "nm"
+    read = subprocess.run([tool, EXECUTABLE], capture_output=True, text=True, check=False)
+    assert read.stdout == ""
