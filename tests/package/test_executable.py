@@ -85,7 +85,7 @@ def test_its_manifest(image):
     (number, text), = resources(image, "RT_MANIFEST").items()
     assert number == 1
     root = ElementTree.fromstring(text)
-    level = root.find(f".//{V3}requestedExecutionLevel")
+    level, = root.iterfind(f".//{V3}requestedExecutionLevel")
     assert level.attrib == {"level": "asInvoker", "uiAccess": "false"}
     assert (root.tag, root.attrib) == (f"{V1}assembly", {"manifestVersion": "1.0"})
     itself, = root.findall(f"{V1}assemblyIdentity")
@@ -101,9 +101,9 @@ def test_its_manifest(image):
                        "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}",
                        "{1f676c76-80e1-4239-95bb-83d0f6d0da78}",
                        "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"]
-    assert root.find(f".//{SETTINGS % 2005}dpiAware").text == "true/pm"
-    assert root.find(f".//{SETTINGS % 2016}dpiAwareness").text == "PerMonitor"
-    assert root.find(f".//{SETTINGS % 2016}longPathAware").text == "true"
+    assert root.findtext(f".//{SETTINGS % 2005}dpiAware") == "true/pm"
+    assert root.findtext(f".//{SETTINGS % 2016}dpiAwareness") == "PerMonitor"
+    assert root.findtext(f".//{SETTINGS % 2016}longPathAware") == "true"
 
 
 def test_its_icon(image):
@@ -127,7 +127,7 @@ def test_its_version_block(image):
     high_low = (numbers[0] << 16 | numbers[1], numbers[2] << 16)
     assert (fixed.FileVersionMS, fixed.FileVersionLS) == high_low
     assert (fixed.ProductVersionMS, fixed.ProductVersionLS) == high_low
-    texts = {}
+    texts: dict[str, str] = {}
     for info in image.FileInfo[0]:
         for table in getattr(info, "StringTable", []):
             texts.update((key.decode(), value.decode()) for key, value in table.entries.items())
@@ -140,7 +140,7 @@ def test_its_version_block(image):
 
 def test_its_manifest_has_the_version_of_its_version_block(image):
     text, = resources(image, "RT_MANIFEST").values()
-    itself = ElementTree.fromstring(text).find(f"{V1}assemblyIdentity")
+    itself, = ElementTree.fromstring(text).iterfind(f"{V1}assemblyIdentity")
     fixed = image.VS_FIXEDFILEINFO[0]
     parts = [fixed.FileVersionMS >> 16, fixed.FileVersionMS & 0xFFFF,
              fixed.FileVersionLS >> 16, fixed.FileVersionLS & 0xFFFF]
@@ -160,7 +160,7 @@ def test_it_does_not_tell_when_it_was_built(image):
     assert image.DIRECTORY_ENTRY_RESOURCE.struct.TimeDateStamp == 0
     # Of what is compiled in, each file and folder has a date: the same one, of 1980.
     files = ElementTree.parse(COMPILED_IN).getroot().iter("file")
-    names = [PurePosixPath(item.get("alias", item.text)) for item in files]
+    names = [PurePosixPath(item.get("alias") or item.text or "") for item in files]
     folders = {folder for name in names for folder in name.parents}
     date = (315532800 * 1000).to_bytes(8, "big")
     assert names

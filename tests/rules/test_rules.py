@@ -132,9 +132,10 @@ def test_no_system_is_tested_for_outside_its_folder():
 
 def test_the_resource_list_names_every_file_and_no_other():
     qml = ROOT / "src/qml"
-    listed = {}
+    listed: dict[str, str] = {}
     for entry in ElementTree.parse(qml / "qml.qrc").iter("file"):
-        listed[entry.get("alias") or entry.text] = entry.text
+        path = entry.text or ""
+        listed[entry.get("alias") or path] = path
     on_disk = {
         path.relative_to(qml).as_posix()
         for path in qml.rglob("*")
@@ -142,12 +143,12 @@ def test_the_resource_list_names_every_file_and_no_other():
     }
     assert set(listed.values()) == on_disk
     # Everything is addressed as "qrc:/" and the file name.
-    for alias, path in listed.items():
-        assert alias == Path(path).name
+    assert all(alias == Path(path).name for alias, path in listed.items())
 
 
 def test_every_resource_that_the_interface_names_is_there():
-    listed = {Path(e.text).name for e in ElementTree.parse(ROOT / "src/qml/qml.qrc").iter("file")}
+    files = ElementTree.parse(ROOT / "src/qml/qml.qrc").iter("file")
+    listed = {Path(file.text or "").name for file in files}
     named = {
         match
         for path in sources("src/qml", "*.qml", "*.js")

@@ -84,7 +84,7 @@ def test_every_text_has_a_comment_for_translators(file):
 
 @pytest.mark.parametrize("file", FILES, ids=lambda file: file.stem)
 def test_one_text_has_one_translation(file):
-    seen = {}
+    seen: dict[str, str | None] = {}
     for _, source, translation in messages(file):
         assert seen.setdefault(source, translation.text) == translation.text, source
 

@@ -160,8 +160,9 @@ ANSI_PATH = {"GetModuleFileNameA(null, *, 260)", "GetModuleFileNameW(null, *, 32
 
 def calls_to_the_end(sandbox, program, named=None):
     """All calls of a program that has ended; the last ones may be on their way to the trace."""
-    seen = wait.until(lambda: relay.calls(sandbox, program, named=named), "the end in the trace",
-                      accept=lambda calls: calls[-1:] == ["exit(0)"])
+    seen: list[str] = wait.until(
+        lambda: relay.calls(sandbox, program, named=named), "the end in the trace",
+        accept=lambda calls: calls[-1:] == ["exit(0)"])
     assert ANSI_PATH <= set(seen)
     calls = [call for call in seen if call not in ANSI_PATH]
     return [call for before, call in zip(["", *calls], calls)
@@ -178,7 +179,7 @@ def assert_calls(calls, beginning, loading, end):
 
 def reads(calls):
     """Calls that read something, each with those that belong to it."""
-    found = []
+    found: list[tuple[str, ...]] = []
     for call in calls:
         # The second place of the link is looked at only when the first has failed.
         other_place = r'"Software\TORVAN\KTR_dd"' in call

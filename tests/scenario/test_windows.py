@@ -30,8 +30,11 @@ def test_the_window_follows_shadow_and_scale(sandbox, shadow, percent):
         return layout.Point(*(round((margin + at) * percent / 100) for at in (place.x, place.y)))
 
     size = tuple((length + 2 * margin) * percent // 100 for length in layout.CARD.size)
-    wait.until(lambda: window.geometry.size, f"a window of {size}",
-               accept=lambda seen: all(abs(a - b) <= 1 for a, b in zip(seen, size)))
+
+    def fits(seen: tuple[int, int]) -> bool:
+        return all(abs(a - b) <= 1 for a, b in zip(seen, size))
+
+    wait.until(lambda: window.geometry.size, f"a window of {size}", accept=fits)
     origin = window.geometry.origin
 
     def wait_colour(place, colour):

@@ -7,6 +7,7 @@ import argparse
 import os
 import subprocess
 import sys
+from typing import Any
 
 from Xlib import X, Xatom, Xutil
 from Xlib import display as xdisplay
@@ -21,10 +22,9 @@ class Toy:
         self.options = options
         self.display = xdisplay.Display()
         self.screen = self.display.screen()
-        self.box = None
-        self.position = None
+        self.box: Any = None
+        self.pressed = (0, 0)
         self.main = self.open(640, 408, "toy", not options.framed)
-        self.pressed = None
 
     def atom(self, name):
         return self.display.intern_atom(name)
@@ -80,12 +80,11 @@ class Toy:
                 self.key(event)
             elif event.type == X.ButtonPress:
                 self.pressed = (event.event_x, event.event_y)
-            elif event.type == X.MotionNotify and self.pressed and self.pressed[1] < 32:
+            elif event.type == X.MotionNotify and self.pressed[1] < 32:
                 self.drag(event)
             elif event.type == X.ButtonRelease:
                 if self.click(event):
                     return 0
-                self.pressed = None
 
     def key(self, event):
         keysym = self.display.keycode_to_keysym(event.detail, event.state & X.ShiftMask)
