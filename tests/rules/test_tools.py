@@ -1,9 +1,12 @@
 """The tools that every change passes through: they say what is wrong, and never that all is well
 when they have not looked."""
 
+import json
 import os
+import re
 import shutil
 import subprocess
+import sys
 from pathlib import Path
 
 import pytest
@@ -11,14 +14,34 @@ import pytest
 ROOT = Path(__file__).resolve().parents[2]
 TOOLS = ROOT / "tools"
 
-ONE = "int One(const int *p)\n{\n    return p == nullptr ? 1 : 2;\n}\n"
-# What is planted in a small project, and how the lint complains.
-PLANTED: dict[str, tuple[dict[str, str], str]] = {
-    "nothing": ({}, ""),
-    "a defect": ({"src/app/one.cpp": ONE.replace("nullptr", "0")}, "clang-tidy"),
-    "a broken configuration": ({".clang-tidy": "Checks: [\n"}, "clang-tidy"),
-    "a wrong type": ({"tools/one": '#!/usr/bin/python3\nNUMBER: int = "one"\n'}, "mypy"),
+# A small project without a defect.
+HEADER = "#pragma once\n\nint One(const int *p);\n"
+ONE = '#include "app/one.h"\n\nint One(const int *p)\n{\n    return p == nullptr ? 1 : 2;\n}\n'
+PROJECT = {
+    "src/app/one.h": HEADER, "src/app/one.cpp": ONE, "src/app/windows/one.cpp": ONE,
+    "src/qml/One.qml": "import QtQuick 2.14\nItem {}\n",
+    "tools/one": "#!/usr/bin/python3\nONE = 1\n",
+    "tools/two": '#!/bin/sh\necho "$1"\n',
 }
+SCOPE = ("\nint Two(int n)\n{\n    int twice = 0;\n    if (n > 1) {\n        twice = 2 * n;\n"
+         "        return twice + n;\n    }\n    return 0;\n}\n")
+COPY = ("struct Small\n{\n    int value;\n};\n\n"
+        "inline int Value(const Small &small)\n{\n    return small.value;\n}\n")
+# What is planted in it: a file, its text, and which tool complains.
+PLANTED = (
+    ("src/app/one.cpp", ONE.replace("    return", "  return"), "clang-format"),
+    ("src/app/one.cpp", ONE.replace("nullptr", "0"), "clang-tidy"),
+    ("src/app/one.h", f"{HEADER}typedef int Number;\n", "clang-tidy"),
+    (".clang-tidy", "Checks: [\n", "clang-tidy"),
+    ("src/app/one.h", f"{HEADER}\n{COPY}", "clazy"),
+    ("src/app/one.cpp", ONE + SCOPE, "cppcheck"),
+    ("src/app/windows/one.cpp", SCOPE[1:], "cppcheck"),
+    ("src/app/two.cpp", ONE, "compile_commands.json"),
+    ("src/qml/One.qml", "Item {", "qmllint"),
+    ("tools/two", "#!/bin/sh\necho $1\n", "shellcheck"),
+    ("tools/one", "#!/usr/bin/python3\nimport os\n", "pyflakes"),
+    ("tools/one", '#!/usr/bin/python3\ndef one():\n    return 1 + "one"\n', "mypy"),
+)
 
 
 def run(*command: str | Path, **variables: str | Path) -> subprocess.CompletedProcess[str]:
@@ -27,28 +50,48 @@ def run(*command: str | Path, **variables: str | Path) -> subprocess.CompletedPr
                           capture_output=True, text=True, check=False)
 
 
+@pytest.fixture(name="project")
+def small_project(tmp_path: Path) -> Path:
+    """A project without a defect, reached through a symbolic link."""
+    folder, link = tmp_path / "a b ü (c++)", tmp_path / "link"
+    folder.mkdir()
+    link.symlink_to(folder)
+    tools = {name: (ROOT / name).read_text("utf-8") for name in (
+        ".clang-format", ".clang-tidy", "mypy.ini", "tools/lint", "tools/cppcheck-suppressions.txt")}
+    for name, text in {**PROJECT, **tools}.items():
+        (link / name).parent.mkdir(parents=True, exist_ok=True)
+        (link / name).write_text(text)
+    (link / "compile_commands.json").write_text(json.dumps([{
+        "directory": str(folder), "file": f"{folder}/src/app/one.cpp",
+        "command": f"c++ -DQT_CORE_LIB '-I{folder}/src' -c '{folder}/src/app/one.cpp'"}]))
+    run("git", "init", "-q", folder)
+    return link
+
+
+def lint(project: Path, *files: str) -> list[str]:
+    """Lints a project; returns what complains."""
+    done = run(sys.executable, project / "tools/lint", project, *files,
+               MYPY_CACHE_DIR=ROOT / "build" / "mypy")
+    complaints = re.findall("^tools/lint: ([^ ]+)", done.stderr, re.MULTILINE)
+    assert bool(complaints) == bool(done.returncode), done.stdout + done.stderr
+    return complaints
+
+
 @pytest.mark.lint
-@pytest.mark.parametrize("planted", PLANTED)
-def test_the_lint_finds(tmp_path: Path, planted: str) -> None:
-    for name in (".clang-format", ".clang-tidy", "mypy.ini", "tools/lint", "tools/steps.sh",
-                 "tools/cppcheck-suppressions.txt"):
-        (tmp_path / name).parent.mkdir(exist_ok=True)
-        shutil.copy2(ROOT / name, tmp_path / name)
-    changed, complaint = PLANTED[planted]
-    files = {"src/app/one.cpp": ONE, "src/app/windows/one.cpp": ONE,
-             "src/qml/One.qml": "import QtQuick 2.14\nItem {}\n",
-             "tools/one": "#!/usr/bin/python3\nNUMBER: int = 1\n"}
-    for name, text in (files | changed).items():
-        (tmp_path / name).parent.mkdir(parents=True, exist_ok=True)
-        (tmp_path / name).write_text(text)
-    (tmp_path / "compile_commands.json").write_text(
-        f'[{{"directory": "{tmp_path}", "file": "src/app/one.cpp",'
-        ' "command": "c++ -DQT_CORE_LIB -c src/app/one.cpp"}]')
-    run("git", "init", "-q", tmp_path)
-    lint = run(tmp_path / "tools/lint", ".")
-    said = [line for line in lint.stderr.splitlines() if line.startswith("tools/lint: ")]
-    assert bool(lint.returncode) == bool(complaint), lint.stdout + lint.stderr
-    assert [line.split()[1] for line in said] == ([complaint] if complaint else []), lint.stdout
+@pytest.mark.parametrize("file, text, tool", PLANTED, ids=[f"{row[2]}-{row[0]}" for row in PLANTED])
+def test_the_lint_finds_a_defect(project: Path, file: str, text: str, tool: str) -> None:
+    (project / file).write_text(text)
+    assert lint(project, "src/app/one.cpp", file) == [tool]
+
+
+@pytest.mark.lint
+def test_the_lint_checks_a_whole_project_and_fails_without_files_to_check(project: Path) -> None:
+    assert lint(project) == []
+    for name in ("src/app", "src/qml"):
+        shutil.rmtree(project / name)
+    assert lint(project) == ["clang-format", "cppcheck", "cppcheck", "clazy", "clang-tidy",
+                             "qmllint"]
+    assert lint(project, "src/app/one.cpp")
 
 
 @pytest.mark.parametrize("wrong, reason", (
