@@ -130,6 +130,16 @@ def test_a_kit_comes_out_of_an_archive_as_it_went_in(
         assert got.returncode != 0 and not unpacked.exists()
 
 
+def test_missing_packages_end_in_the_closing_line(tmp_path: Path) -> None:
+    (tmp_path / "tools").mkdir()
+    shutil.copy2(ROOT / "test", tmp_path)
+    (tmp_path / "tools/bootstrap").write_text("#!/bin/sh\necho cmake is missing >&2\nexit 1\n")
+    (tmp_path / "tools/bootstrap").chmod(0o755)
+    done = run(tmp_path / "test")
+    assert (done.returncode, done.stderr) == (1, "cmake is missing\n")
+    assert done.stdout.splitlines()[-1] == "0 passed, 1 failed, 0 skipped"
+
+
 def test_a_step_over_its_budget_is_listed_and_passes(tmp_path: Path) -> None:
     script = (f'. {TOOLS}/steps.sh; budgets=([slow]=-1 [quick]=3600); step slow true && '
               'step quick true && step other true && printf "%s\\n" "over:" "${overran[@]}"')
