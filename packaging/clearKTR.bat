@@ -148,6 +148,9 @@ for %%i in (Microsoft LocalLow "All Users") do if exist "%%~i" goto end
 for %%i in ("Common Files" "microsoft shared") do if exist "%%~i" goto end
 for %%i in (System32 kernel32.dll "Program Files") do if exist "%%~i" goto end
 
+rem Nor is it the Programs folder of application data, which lies beside Microsoft.
+for %%i in (.) do if /i "%%~nxi"=="Programs" if exist "..\Microsoft" goto end
+
 rem It has the mark. "for" does not show hidden sub-folders, so with one of them there is no count.
 dir /b /adh >nul 2>nul
 if not errorlevel 1 goto end
