@@ -21,8 +21,8 @@ rem of them leads to :end.
 rem
 rem Three rules keep the script safe:
 rem - "cd" can fail: it is followed by a look at the current folder.
-rem - No variable that holds a name stands in the body of a "for": there the interpreter takes a
-rem   percent sign in the name, with the letter behind it, for a loop variable.
+rem - No variable from outside stands in the body of a "for": there the interpreter takes a percent
+rem   sign in a name, with the letter behind it, for a loop variable.
 rem - Windows lets nobody rename or replace the current folder or a folder above it. So the script
 rem   stays in the product folder from the checks to the removal.
 setlocal EnableExtensions DisableDelayedExpansion
@@ -48,16 +48,36 @@ set "folder=%~1"
 if not defined folder goto end
 set "folder=%folder:"=%"
 
+rem Without these variables the script cannot know the folders of the system and of the user.
+if not defined SystemRoot goto end
+if not defined ProgramFiles goto end
+if not defined USERPROFILE goto end
+set "system=%SystemRoot:"=%\System32"
+cd /d "%system%" >nul 2>nul
+if /i not "%CD%"=="%system%" goto end
+if not exist "%system%\fc.exe" goto end
+if not exist "%system%\ping.exe" goto end
+
 rem The interpreter opens this file anew for each line and goes on where it stopped. Another start
 rem of the program may meanwhile replace the copy in the temp directory, even by another version. So
 rem this copy first takes a name of its own: nothing replaces it, and at the end it deletes itself
 rem and no other copy. The interpreter reads the whole block before it runs it. Under a name that
 rem begins with clearKTR- the script skips this step.
+rem A virus scanner may hold the file for a moment, so there are ten attempts. Scripts that start in
+rem the same second draw the same numbers, so only the status of "ren" tells who got the name. A
+rem successful "ren" leaves an earlier status in place; "ver" clears it.
+:draw
 set "own=clearKTR-%RANDOM%-%RANDOM%.bat"
+if exist "%here%%own%" goto draw
+set "renamed="
 if /i not "%name:~0,9%"=="clearKTR-" (
-    if exist "%here%%own%" exit %status%
-    ren "%self%" "%own%" >nul 2>nul
-    if not exist "%here%%own%" exit %status%
+    for %%i in ("%self%") do for /l %%j in (1,1,10) do (
+        ver >nul 2>nul
+        if not defined renamed ren "%%~i" "%own%" >nul 2>nul
+        if not errorlevel 1 if exist "%%~dpi%own%" set renamed=1
+        if not defined renamed .\ping.exe -n 2 127.0.0.1 >nul 2>nul
+    )
+    if not defined renamed exit %status%
     "%here%%own%" "%folder%"
 )
 
@@ -80,16 +100,6 @@ rem It has two levels at least.
 set "part="
 for /f "tokens=3 delims=\" %%i in ("%folder%") do set "part=%%i"
 if not defined part goto end
-
-rem Without these variables the script cannot know the folders of the system and of the user.
-if not defined SystemRoot goto end
-if not defined ProgramFiles goto end
-if not defined USERPROFILE goto end
-set "system=%SystemRoot:"=%\System32"
-cd /d "%system%" >nul 2>nul
-if /i not "%CD%"=="%system%" goto end
-if not exist "%system%\fc.exe" goto end
-if not exist "%system%\ping.exe" goto end
 
 rem It is none of the folders that must stay, and neither they nor this file lie in it. Nobody
 rem vouches for these variables; without quotation marks they end no text. A missing one stands for

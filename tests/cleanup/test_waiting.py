@@ -21,6 +21,10 @@ from world import PRODUCT, PROGRAM, STAGED, TEMP, Step, World, below, files, lin
 EXECUTABLE = PROGRAM + "\\UninstallUI.exe"
 EARLY = PROGRAM + "\\0.dll"
 """A file that comes first in its folder: Wine goes no further than to the first file in use."""
+HOLDER = "C:\\ktr\\holder.exe"
+"""Holds a file or a folder open."""
+HARM = b"mkdir D:\\harm\r\n" * 2000
+"""Another version of the script, wherever the interpreter goes on in it."""
 
 
 @contextmanager
@@ -51,7 +55,8 @@ def waiting(machine: Machine, case: Case, *command: str) -> Iterator[Callable[[]
             return machine.finish(script)
 
         try:
-            until(lambda: machine.runs("ping.exe"), "the script to wait")
+            until(lambda: machine.runs("ping.exe") or script.poll() is not None,
+                  "the script to wait")
             yield finish
         finally:
             if script.poll() is None:
@@ -73,11 +78,6 @@ def lay_out_with_a_real_program(machine: Machine, case: Case) -> World:
     return world
 
 
-def holder(machine: Machine) -> str:
-    """The path of the program that holds a file open."""
-    return "C:\\ktr\\" + machine.program("holder").name
-
-
 def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     case = Case("", GONE)
     world = lay_out_with_a_real_program(machine, case)
@@ -93,11 +93,55 @@ def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     assert (result.status, result.output) == (GONE, b"")
 
 
+def drawn_since(start: float) -> list[tuple[str, str]]:
+    """The first two names that a script draws which starts in one of the seconds from then on.
+
+    Wine seeds the numbers with the second of the start, as Windows does."""
+    names = []
+    for second in range(int(start), int(start) + 120):
+        numbers = []
+        for _ in range(4):
+            second = second * 214013 + 2531011 & 0xffffffff
+            numbers.append(second >> 16 & 0x7fff)
+        names.append((f"{TEMP}\\clearKTR-{numbers[0]}-{numbers[1]}.bat",
+                      f"{TEMP}\\clearKTR-{numbers[2]}-{numbers[3]}.bat"))
+    return names
+
+
+def test_takes_another_name_if_one_is_taken(machine: Machine) -> None:
+    case = Case("", GONE)
+    world = lay_out_with_a_real_program(machine, case)
+    names = drawn_since(time.time())
+    for first, _ in names:
+        world.write(first, HARM)
+    before = world.tree()
+    with waiting(machine, case) as finish:
+        own = world.tree().keys() - before.keys()
+        result = finish()
+    assert own and own <= {second for _, second in names}
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (GONE, b"")
+
+
+@pytest.mark.parametrize("taken", [False, True], ids=["free", "taken meanwhile"])
+def test_waits_until_its_copy_can_be_renamed(machine: Machine, taken: bool) -> None:
+    case = Case("", REFUSED, script_goes=False) if taken else Case("", GONE)
+    world = lay_out(machine, case)
+    names = drawn_since(time.time())
+    with waiting(machine, case, HOLDER, STAGED) as finish:
+        for name, _ in names if taken else []:
+            world.write(name, HARM)
+        before = world.tree()
+        result = finish()
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (case.status, b"")
+
+
 def test_refuses_when_its_copy_cannot_be_renamed(machine: Machine) -> None:
     case = Case("", REFUSED, script_goes=False)
     world = lay_out(machine, case)
     before = world.tree()
-    with running(machine, holder(machine), STAGED):
+    with running(machine, HOLDER, STAGED):
         result = machine.finish(machine.begin(instructions(machine, case)))
     assert differences(case, before, world.tree()) == []
     assert (result.status, result.output) == (REFUSED, b"")
@@ -136,7 +180,7 @@ def test_removes_nothing_in_the_place_of_the_program(machine: Machine, instead: 
 
 
 @pytest.mark.parametrize("folder, command", [
-    (PROGRAM, [EXECUTABLE]), (PRODUCT, ["C:\\ktr\\holder.exe", EARLY]),
+    (PROGRAM, [EXECUTABLE]), (PRODUCT, [HOLDER, EARLY]),
 ], ids=["the program directory", "the product folder"])
 def test_nobody_can_exchange_the_folder_while_it_waits(
         machine: Machine, folder: str, command: list[str]) -> None:
@@ -151,10 +195,6 @@ def test_nobody_can_exchange_the_folder_while_it_waits(
     assert stayed
     assert differences(case, before, world.tree()) == []
     assert (result.status, result.output) == (GONE, b"")
-
-
-HARM = b"mkdir D:\\harm\r\n" * 2000
-"""Another version of the script, wherever the interpreter goes on in it."""
 
 
 @pytest.mark.parametrize("content", [None, b"", HARM], ids=["same", "empty", "another version"])
@@ -187,7 +227,7 @@ def test_waits_until_a_file_is_free(machine: Machine, path: str) -> None:
     case = Case("", GONE, steps=(without(PRODUCT + "\\left over.txt"), files(path)))
     world = lay_out(machine, case)
     before = world.tree()
-    with waiting(machine, case, holder(machine), path) as finish:
+    with waiting(machine, case, HOLDER, path) as finish:
         assert machine.at(path).exists()
         assert not machine.at(EXECUTABLE).exists()
         result = finish()
@@ -199,7 +239,7 @@ def test_waits_until_the_empty_folder_is_free(machine: Machine) -> None:
     case = Case("", GONE)
     world = lay_out_with_a_real_program(machine, case)
     before = world.tree()
-    with waiting(machine, case, holder(machine), PRODUCT) as finish:
+    with waiting(machine, case, HOLDER, PRODUCT) as finish:
         until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
         result = finish()
     assert differences(case, before, world.tree()) == []
@@ -210,7 +250,7 @@ def test_gives_up_on_a_file_that_stays_in_use(machine: Machine) -> None:
     case = Case("", LEFT, patience=3, gone=(PRODUCT,))
     world = lay_out_with_a_real_program(machine, case)
     before = world.tree()
-    with running(machine, holder(machine), EARLY):
+    with running(machine, HOLDER, EARLY):
         result = machine.finish(machine.begin(instructions(machine, case)))
         after = world.tree()
     assert EXECUTABLE not in after
@@ -225,7 +265,7 @@ def test_leaves_alone_what_was_installed_meanwhile(machine: Machine) -> None:
     case = Case("", LEFT)
     world = lay_out_with_a_real_program(machine, case)
     before = world.tree()
-    with waiting(machine, case, holder(machine), EARLY) as finish:
+    with waiting(machine, case, HOLDER, EARLY) as finish:
         world.install(PRODUCT)
         installed = world.tree()
         result = finish()
