@@ -160,23 +160,30 @@ def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
     assert (result.status, result.output) == (STILL_RUNNING, b"")
 
 
-@pytest.mark.parametrize("instead", [
-    link(EXECUTABLE, ELSEWHERE), files(EXECUTABLE + "\\keep.txt"),
-], ids=["link to a folder", "folder"])
-def test_removes_nothing_in_the_place_of_the_program(machine: Machine, instead: Step) -> None:
-    """A running program can be renamed. "del" follows a link of its name, and empties a folder."""
-    case = Case("", REFUSED, patience=3)
+@pytest.mark.parametrize("status, place, instead, command", [
+    pytest.param(REFUSED, EXECUTABLE, link(EXECUTABLE, ELSEWHERE), [], id="program, link"),
+    pytest.param(REFUSED, EXECUTABLE, files(EXECUTABLE + "\\keep.txt"), [], id="program, folder"),
+    pytest.param(LEFT, PRODUCT, link(PRODUCT, ELSEWHERE), [], id="product, program runs"),
+    pytest.param(LEFT, PRODUCT, link(PRODUCT, ELSEWHERE), [HOLDER, EARLY], id="product, in use"),
+    pytest.param(LEFT, PRODUCT, link(PRODUCT, ELSEWHERE), [HOLDER, PRODUCT], id="product, empty"),
+])
+def test_removes_nothing_in_the_place_of_another(
+        machine: Machine, status: int, place: str, instead: Step, command: list[str]) -> None:
+    """A running program can be renamed. "del" follows a link of its name, and empties a folder.
+    On Windows, an empty folder can become a link where it stands; here it is exchanged for one."""
+    case = Case("", status, patience=3, script_goes=False)
     world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
-    with waiting(machine, case) as finish:
-        machine.at(EXECUTABLE).rename(machine.at(PROGRAM + "\\renamed.exe"))
+    with waiting(machine, case, *command) as finish:
+        if PRODUCT in command:
+            until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
+        machine.at(place).rename(machine.at(place + ".moved"))
         instead(world)
-        changed = world.tree()
+        before = world.tree()
         result = finish()
-    changed = {path: facts for path, facts in changed.items() if "clearKTR-" not in path}
-    assert changed.keys() - before.keys() >= {PROGRAM + "\\renamed.exe"}
-    assert differences(Case("", REFUSED, script_goes=False), changed, world.tree()) == []
-    assert (result.status, result.output) == (REFUSED, b"")
+    before = {path: facts for path, facts in before.items() if "clearKTR-" not in path}
+    assert before.keys() >= {place + ".moved", place}
+    assert differences(case, before, world.tree()) == []
+    assert (result.status, result.output) == (status, b"")
 
 
 @pytest.mark.parametrize("folder, command", [
