@@ -26,9 +26,11 @@ def lay_out(machine: Machine, case: Case) -> World:
     return world
 
 
-def call(machine: Machine, case: Case) -> Result:
-    """Runs the script in the surroundings of a case."""
-    return machine.run(instructions(machine, case))
+def wrong_after_call(machine: Machine, case: Case) -> list[str]:
+    """Lays a case out, calls the script, and says what is otherwise than the case has it."""
+    world = lay_out(machine, case)
+    before = world.tree()
+    return wrong(case, before, world, machine.run(instructions(machine, case)))
 
 
 def instructions(machine: Machine, case: Case) -> list[str]:
@@ -58,8 +60,16 @@ def _after_setting(machine: Machine, variables: Variables, line: str) -> str:
     return "C:\\ktr\\call.bat"
 
 
+def wrong(case: Case, before: Tree, world: World, result: Result) -> list[str]:
+    """What is otherwise than the case has it, with the status and what was printed."""
+    return differences(case, before, world.tree()) + [
+        f"{what} is {seen!r}" for what, seen, expected in (
+            ("status", result.status, case.status), ("output", result.output, b""))
+        if seen != expected]
+
+
 def differences(case: Case, before: Tree, after: Tree) -> list[str]:
-    """What is otherwise than the case has it."""
+    """What went or stayed otherwise than the case has it."""
     to_go = {path for folder in case.to_go for path in below(before, folder)}
     if case.script_goes:
         to_go |= below(before, case.script)

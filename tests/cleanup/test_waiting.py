@@ -13,10 +13,10 @@ from typing import Callable, Iterator
 
 import pytest
 
-from calling import differences, instructions, lay_out
+from calling import differences, instructions, lay_out, wrong
 from cases import ELSEWHERE, GONE, LEFT, REFUSED, STILL_RUNNING, Case
 from machine import DEADLINE, Machine, Program, Result
-from world import PRODUCT, PROGRAM, STAGED, TEMP, Step, World, below, files, link, without
+from world import PRODUCT, PROGRAM, STAGED, TEMP, Step, Tree, World, below, files, link, without
 
 EXECUTABLE = PROGRAM + "\\UninstallUI.exe"
 EARLY = PROGRAM + "\\0.dll"
@@ -71,17 +71,17 @@ def until(condition: Callable[[], bool], what: str) -> None:
         time.sleep(0.02)
 
 
-def lay_out_with_a_real_program(machine: Machine, case: Case) -> World:
+def laid_out(machine: Machine, case: Case) -> tuple[World, Tree]:
+    """The drives with a program that can run, and all that lies there."""
     world = lay_out(machine, case)
     world.write(EXECUTABLE, machine.program("holder").read_bytes())
     world.write(EARLY)
-    return world
+    return world, world.tree()
 
 
 def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     case = Case("", GONE)
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with waiting(machine, case) as finish:
         meanwhile = world.tree()
         result = finish()
@@ -89,8 +89,7 @@ def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     own, = meanwhile.keys() - before.keys()
     assert re.fullmatch(re.escape(TEMP) + r"\\clearKTR-\d+-\d+\.bat", own)
     assert meanwhile == {own if path == STAGED else path: facts for path, facts in before.items()}
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (GONE, b"")
+    assert wrong(case, before, world, result) == []
 
 
 def drawn_since(start: float) -> list[tuple[str, str]]:
@@ -110,7 +109,7 @@ def drawn_since(start: float) -> list[tuple[str, str]]:
 
 def test_takes_another_name_if_one_is_taken(machine: Machine) -> None:
     case = Case("", GONE)
-    world = lay_out_with_a_real_program(machine, case)
+    world = laid_out(machine, case)[0]
     names = drawn_since(time.time())
     for first, _ in names:
         world.write(first, HARM)
@@ -119,8 +118,7 @@ def test_takes_another_name_if_one_is_taken(machine: Machine) -> None:
         own = world.tree().keys() - before.keys()
         result = finish()
     assert own and own <= {second for _, second in names}
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (GONE, b"")
+    assert wrong(case, before, world, result) == []
 
 
 @pytest.mark.parametrize("taken", [False, True], ids=["free", "taken meanwhile"])
@@ -133,31 +131,26 @@ def test_waits_until_its_copy_can_be_renamed(machine: Machine, taken: bool) -> N
             world.write(name, HARM)
         before = world.tree()
         result = finish()
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (case.status, b"")
+    assert wrong(case, before, world, result) == []
 
 
 def test_refuses_when_its_copy_cannot_be_renamed(machine: Machine) -> None:
     case = Case("", REFUSED, script_goes=False)
-    world = lay_out(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with running(machine, HOLDER, STAGED):
         result = machine.finish(machine.begin(instructions(machine, case)))
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (REFUSED, b"")
+    assert wrong(case, before, world, result) == []
 
 
 def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
     case = Case("", STILL_RUNNING, patience=3)
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with running(machine, EXECUTABLE) as program:
         began = time.monotonic()
         result = machine.finish(machine.begin(instructions(machine, case)))
         assert case.patience and time.monotonic() - began > case.patience - 0.5
         assert program.poll() is None
-        assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (STILL_RUNNING, b"")
+        assert wrong(case, before, world, result) == []
 
 
 @pytest.mark.parametrize("status, place, instead, command", [
@@ -172,7 +165,7 @@ def test_removes_nothing_in_the_place_of_another(
     """A running program can be renamed. "del" follows a link of its name, and empties a folder.
     On Windows, an empty folder can become a link where it stands; here it is exchanged for one."""
     case = Case("", status, patience=3, script_goes=False)
-    world = lay_out_with_a_real_program(machine, case)
+    world = laid_out(machine, case)[0]
     with waiting(machine, case, *command) as finish:
         if PRODUCT in command:
             until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
@@ -182,8 +175,7 @@ def test_removes_nothing_in_the_place_of_another(
         result = finish()
     before = {path: facts for path, facts in before.items() if "clearKTR-" not in path}
     assert before.keys() >= {place + ".moved", place}
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (status, b"")
+    assert wrong(case, before, world, result) == []
 
 
 @pytest.mark.parametrize("folder, command", [
@@ -193,15 +185,13 @@ def test_nobody_can_exchange_the_folder_while_it_waits(
         machine: Machine, folder: str, command: list[str]) -> None:
     """Wine keeps the current folder in its place; Windows also keeps the folders above it."""
     case = Case("", GONE)
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with waiting(machine, case, *command) as finish:
         machine.run(["cd D:\\", f'wide cmd /c ren "{folder}" exchanged'])
         stayed = machine.at(folder).is_dir()
         result = finish()
     assert stayed
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (GONE, b"")
+    assert wrong(case, before, world, result) == []
 
 
 @pytest.mark.parametrize("content", [None, b"", HARM], ids=["same", "empty", "another version"])
@@ -213,8 +203,7 @@ def test_a_second_start_replaces_the_copy_meanwhile(machine: Machine, content: b
     what Windows would read.
     """
     case = Case("", GONE)
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with waiting(machine, case) as finish:
         if content is None:
             machine.at(STAGED).unlink(missing_ok=True)
@@ -232,31 +221,26 @@ def test_a_second_start_replaces_the_copy_meanwhile(machine: Machine, content: b
 ], ids=["in the folder", "in a folder in it"])
 def test_waits_until_a_file_is_free(machine: Machine, path: str) -> None:
     case = Case("", GONE, steps=(without(PRODUCT + "\\left over.txt"), files(path)))
-    world = lay_out(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with waiting(machine, case, HOLDER, path) as finish:
         assert machine.at(path).exists()
         assert not machine.at(EXECUTABLE).exists()
         result = finish()
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (GONE, b"")
+    assert wrong(case, before, world, result) == []
 
 
 def test_waits_until_the_empty_folder_is_free(machine: Machine) -> None:
     case = Case("", GONE)
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with waiting(machine, case, HOLDER, PRODUCT) as finish:
         until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
         result = finish()
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (GONE, b"")
+    assert wrong(case, before, world, result) == []
 
 
 def test_gives_up_on_a_file_that_stays_in_use(machine: Machine) -> None:
     case = Case("", LEFT, patience=3, gone=(PRODUCT,))
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with running(machine, HOLDER, EARLY):
         result = machine.finish(machine.begin(instructions(machine, case)))
         after = world.tree()
@@ -270,8 +254,7 @@ def test_gives_up_on_a_file_that_stays_in_use(machine: Machine) -> None:
 
 def test_leaves_alone_what_was_installed_meanwhile(machine: Machine) -> None:
     case = Case("", LEFT)
-    world = lay_out_with_a_real_program(machine, case)
-    before = world.tree()
+    world, before = laid_out(machine, case)
     with waiting(machine, case, HOLDER, EARLY) as finish:
         world.install(PRODUCT)
         installed = world.tree()

@@ -10,7 +10,7 @@ import subprocess
 
 import pytest
 
-from calling import call, differences, lay_out
+from calling import differences, instructions, lay_out, wrong_after_call
 from cases import GONE, LEFT, ONLY_THE_PROGRAM, REFUSED, STILL_RUNNING, Case
 from machine import Machine, Result
 from world import PRODUCT, PROGRAM, TEMP, Step, attributes, files, folders, link
@@ -31,13 +31,10 @@ def probe(machine: Machine, *lines: str, arguments: str = "") -> Result:
 def test_percent_signs_in_an_argument_are_read_once_more(machine: Machine, name: str) -> None:
     """The folder that the script sees is another one, which is refused."""
     case = Case(name, REFUSED, f"D:\\Program Files\\Torvan\\{name}")
-    world = lay_out(machine, case)
+    lay_out(machine, case)
     seen = probe(machine, 'set "argument=%~1"', "set argument", arguments=f'"{case.folder}"')
     assert seen.output.strip() != f"argument={case.folder}".encode()
-    before = world.tree()
-    result = call(machine, case)
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (REFUSED, b"")
+    assert wrong_after_call(machine, case) == []
 
 
 @pytest.mark.parametrize("folder", [
@@ -48,11 +45,7 @@ def test_percent_signs_in_names_inside_are_read_once_more(machine: Machine, fold
     """The folder of that name cannot be looked into, so all stays."""
     case = Case(folder, LEFT, steps=(files(folder + "\\x.txt"),), patience=2,
                 gone=ONLY_THE_PROGRAM)
-    world = lay_out(machine, case)
-    before = world.tree()
-    result = call(machine, case)
-    assert differences(case, before, world.tree()) == []
-    assert (result.status, result.output) == (LEFT, b"")
+    assert wrong_after_call(machine, case) == []
 
 
 def lay_out_probe(machine: Machine, *steps: Step) -> None:
@@ -90,7 +83,7 @@ def test_removing_a_folder_stops_at_what_stays(machine: Machine) -> None:
                 gone=(PRODUCT,))
     world = lay_out(machine, case)
     before = world.tree()
-    result = call(machine, case)
+    result = machine.run(instructions(machine, case))
     left = differences(case, before, world.tree())
     assert f"came or stayed: {PROGRAM}\\nowhere" in left
     assert f"came or stayed: {PRODUCT}\\left over.txt" in left
@@ -136,7 +129,7 @@ def test_ends_the_interpreter(machine: Machine, case: Case) -> None:
     ever with an argument that stands for itself. The script's copy stays."""
     world = lay_out(machine, case)
     before = world.tree()
-    result = call(machine, case)
+    result = machine.run(instructions(machine, case))
     assert result.status not in (GONE, REFUSED, STILL_RUNNING, LEFT)
     after = world.tree()
     staged = {path for path in after if path.startswith(TEMP + "\\clearKTR")}

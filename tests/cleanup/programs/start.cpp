@@ -31,18 +31,22 @@ std::wstring Wide(const std::string &text)
     return wide;
 }
 
-std::string Narrow(const std::wstring &text)
+// What is left of a text that went through the ANSI code page.
+std::wstring Narrowed(const std::wstring &text)
 {
     std::string narrow(text.size() * 4, '\0');
-    narrow.resize(::WideCharToMultiByte(CP_ACP,
-                                        0,
-                                        text.data(),
-                                        static_cast<int>(text.size()),
-                                        &narrow[0],
-                                        static_cast<int>(narrow.size()),
-                                        nullptr,
-                                        nullptr));
-    return narrow;
+    const int size = ::WideCharToMultiByte(CP_ACP,
+                                           0,
+                                           text.data(),
+                                           static_cast<int>(text.size()),
+                                           &narrow[0],
+                                           static_cast<int>(narrow.size()),
+                                           nullptr,
+                                           nullptr);
+    std::wstring wide(text.size() * 4, L'\0');
+    wide.resize(::MultiByteToWideChar(
+        CP_ACP, 0, narrow.data(), size, &wide[0], static_cast<int>(wide.size())));
+    return wide;
 }
 
 int StatusOf(const PROCESS_INFORMATION &process)
@@ -54,14 +58,10 @@ int StatusOf(const PROCESS_INFORMATION &process)
     return static_cast<int>(status);
 }
 
-// Runs a line in a folder, by way of the code page; what it prints goes into a pipe if there is
-// one.
-BOOL StartNarrow(const std::wstring &line,
-                 const std::wstring &folder,
-                 HANDLE pipe,
-                 PROCESS_INFORMATION *process)
+// Runs a line in a folder; what it prints goes into a pipe if there is one.
+BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_INFORMATION *process)
 {
-    STARTUPINFOA start = {};
+    STARTUPINFOW start = {};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESHOWWINDOW;
     start.wShowWindow = SW_HIDE;
@@ -70,39 +70,22 @@ BOOL StartNarrow(const std::wstring &line,
         start.hStdOutput = pipe;
         start.hStdError = pipe;
     }
-    std::string bytes = Narrow(line);
-    return ::CreateProcessA(nullptr,
-                            &bytes[0],
+    return ::CreateProcessW(nullptr,
+                            &line[0],
                             nullptr,
                             nullptr,
                             pipe != nullptr,
                             0,
                             nullptr,
-                            Narrow(folder).c_str(),
+                            folder.c_str(),
                             &start,
                             process);
-}
-
-// The same with all characters that there are.
-BOOL StartWide(std::wstring line,
-               const std::wstring &folder,
-               HANDLE pipe,
-               PROCESS_INFORMATION *process)
-{
-    STARTUPINFOW start = {};
-    start.cb = sizeof start;
-    start.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
-    start.wShowWindow = SW_HIDE;
-    start.hStdOutput = pipe;
-    start.hStdError = pipe;
-    return ::CreateProcessW(
-        nullptr, &line[0], nullptr, nullptr, TRUE, 0, nullptr, folder.c_str(), &start, process);
 }
 
 int Detached(const std::wstring &line, const std::wstring &folder)
 {
     PROCESS_INFORMATION process = {};
-    return StartNarrow(line, folder, nullptr, &process) != FALSE ? StatusOf(process) : cannotStart;
+    return Start(line, folder, nullptr, &process) != FALSE ? StatusOf(process) : cannotStart;
 }
 
 // Copies to standard output what comes out of a pipe, to its end.
@@ -116,7 +99,7 @@ void Pass(HANDLE pipe)
     std::fflush(stdout);
 }
 
-int Observed(const std::wstring &line, const std::wstring &folder, bool narrow)
+int Observed(const std::wstring &line, const std::wstring &folder)
 {
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
     HANDLE reading = nullptr;
@@ -126,8 +109,7 @@ int Observed(const std::wstring &line, const std::wstring &folder, bool narrow)
     }
     ::SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
     PROCESS_INFORMATION process = {};
-    const BOOL started = narrow ? StartNarrow(line, folder, writing, &process)
-                                : StartWide(line, folder, writing, &process);
+    const BOOL started = Start(line, folder, writing, &process);
     ::CloseHandle(writing);
     if (started == FALSE) {
         return cannotStart;
@@ -171,9 +153,9 @@ int wmain()
         } else if (word == "cd") {
             folder = Wide(rest);
         } else if (word == "detached") {
-            return Detached(Wide(rest), folder);
+            return Detached(Narrowed(Wide(rest)), folder);
         } else {
-            return Observed(Wide(rest), folder, word == "narrow");
+            return Observed(word == "narrow" ? Narrowed(Wide(rest)) : Wide(rest), folder);
         }
         if (!done) {
             std::cerr << "cannot do: " << line << std::endl;
