@@ -1,4 +1,1 @@
-"""Drives the program from outside: a display, real input, windows, pictures and a sandbox.
-
-Nothing in here knows a test framework, so that the guided tour can use it as well.
-"""
+"""The test kit: drives the program from outside. `python3 -m ktr --help` lists its commands."""

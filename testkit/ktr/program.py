@@ -7,8 +7,9 @@ from pathlib import Path
 from typing import TYPE_CHECKING, Callable
 
 from ktr import layout, wait
-from ktr.display import Display, die_with_parent
+from ktr.display import Display
 from ktr.window import Window
+from ktr.xserver import die_with_parent
 
 if TYPE_CHECKING:
     from ktr.system import Native

@@ -1,6 +1,6 @@
 """What a scenario has made the program do, in a form that is the same wherever it runs.
 
-The records of two executables are laid beside each other by `tools/side-by-side`.
+The records of two executables are compared by `ktr compare`.
 """
 
 from __future__ import annotations

@@ -5,9 +5,9 @@ from __future__ import annotations
 import shutil
 import struct
 import tempfile
-from contextlib import AbstractContextManager
+from contextlib import AbstractContextManager, ExitStack, contextmanager
 from pathlib import Path
-from typing import Callable, Iterable
+from typing import Callable, Iterable, Iterator
 
 from ktr import tree, wait
 from ktr.display import Display
@@ -38,14 +38,14 @@ class Sandbox:
         self.system = system or system_under_test()
         # Short, since the program's own paths have a limit, and real, since /proc tells real paths.
         self._temporary = root is None
-        self._links: Path | None = None
+        self._end = ExitStack()
         self.root = (root or Path(tempfile.mkdtemp(prefix="ktr-"))).resolve()
         try:
             lay_out(self.root)
             for folder in ("home", "tmp", "run", "logs", "hold", "elsewhere"):
                 (self.root / folder).mkdir(exist_ok=True)
             (self.root / "run").chmod(0o700)  # as is the custom for this folder
-            self._tools = self._reachable(self.root / "tools")
+            self._tools = self._end.enter_context(reachable(self.root / "tools"))
             self.system.prepare(self.root)
         except BaseException:
             self.cleanup()
@@ -259,23 +259,25 @@ class Sandbox:
 
         wait.until(end_all, "all processes of the sandbox to end", accept=lambda left: not left)
         self.system.finish(self.root)
-        if self._links is not None:
-            shutil.rmtree(self._links, ignore_errors=True)
+        self._end.close()
         if self._temporary:
             shutil.rmtree(self.root, ignore_errors=True)
-
-    def _reachable(self, folder: Path) -> Path:
-        """A path of the folder without whitespace, for PATH: a link if necessary.
-
-        Qt finds `xdg-open` through PATH, but starts it by a command line that it splits at spaces.
-        """
-        if not any(letter.isspace() for letter in str(folder)):
-            return folder
-        self._links = Path(tempfile.mkdtemp(prefix="ktr-links-", dir="/tmp"))
-        link = self._links / folder.name
-        link.symlink_to(folder)
-        return link
 
     def _log(self, name: str) -> Path:
         number = len(self.programs) + len(self.stand_ins) + 1
         return self.root / "logs" / f"{number}-{name}"
+
+
+@contextmanager
+def reachable(folder: Path) -> Iterator[Path]:
+    """A path of the folder without whitespace, for PATH: a link if necessary.
+
+    Qt finds `xdg-open` through PATH, but starts it by a command line that it splits at spaces.
+    """
+    if not any(letter.isspace() for letter in str(folder)):
+        yield folder
+        return
+    with tempfile.TemporaryDirectory(prefix="ktr-links-", dir="/tmp") as links:
+        link = Path(links) / folder.name
+        link.symlink_to(folder)
+        yield link

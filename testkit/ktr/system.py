@@ -14,6 +14,8 @@ from dataclasses import dataclass
 from pathlib import Path
 from typing import TYPE_CHECKING, Iterator, Union
 
+from ktr.xserver import NO_BUS
+
 if TYPE_CHECKING:
     from ktr.window import Window
 
@@ -137,9 +139,7 @@ class Native:
             "TMPDIR": f"{root}/tmp",
             "XDG_RUNTIME_DIR": f"{root}/run",
             "DISPLAY": display,
-            # An address that refuses every connection. Without one, libdbus starts dbus-launch
-            # (Debian package dbus-x11), which leaves a dbus-daemon behind.
-            "DBUS_SESSION_BUS_ADDRESS": "unix:path=/dev/null",
+            "DBUS_SESSION_BUS_ADDRESS": NO_BUS,
             "QT_QPA_PLATFORM": "xcb",
             "LC_ALL": "C.UTF-8",
         }

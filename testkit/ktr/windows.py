@@ -21,17 +21,6 @@ class Windows:
     def __init__(self, display: "Display") -> None:
         self._display = display
 
-    def manager_ready(self) -> bool:
-        """Whether a window manager runs: the window that it names exists and names itself."""
-        root = self._display.root
-        named = self._property(root, "_NET_SUPPORTING_WM_CHECK", Xatom.WINDOW)
-        if not named:
-            return False
-        child = self._display.connection.create_resource_object("window", named[0])
-        back = self._property(child, "_NET_SUPPORTING_WM_CHECK", Xatom.WINDOW)
-        supported = self._property(root, "_NET_SUPPORTED", Xatom.ATOM)
-        return bool(back) and back[0] == named[0] and bool(supported)
-
     def all(self) -> list[Window]:
         """All managed windows, the oldest first."""
         return self._list("_NET_CLIENT_LIST")

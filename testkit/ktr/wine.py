@@ -13,8 +13,8 @@ from contextlib import contextmanager
 from pathlib import Path, PureWindowsPath
 from typing import Iterator
 
-from ktr import wait
-from ktr.installation import REPOSITORY, build_directory
+from ktr import prefix, wait
+from ktr.installation import build_directory
 from ktr.system import (
     MUTEX, Native, Process, RegistryValue, exported, process_ids, variables_of,
 )
@@ -22,7 +22,6 @@ from ktr.system import (
 WINE_PREFIX = "prefix"
 """The folder of a sandbox in which Wine keeps its system."""
 
-_RUN = REPOSITORY / "tools" / "wine-run"
 _KEYS = ("Software\\TORVAN", "Software\\WOW6432Node\\TORVAN")
 """What the product's setup writes below, and nothing else does."""
 
@@ -113,10 +112,8 @@ class Wine(Native):
             "HOME": f"{root}/home",
             "XDG_RUNTIME_DIR": f"{root}/run",
             "DISPLAY": display,
-            "LC_ALL": "C.UTF-8",
+            **prefix.SETTINGS,
             "WINEPREFIX": str(_prefix(root)),
-            "WINEDEBUG": "-all",
-            "WINEDLLOVERRIDES": "mscoree=;mshtml=;winemenubuilder.exe=",
         }
 
     def shown(self, path: Path) -> str:
@@ -184,10 +181,13 @@ class Wine(Native):
         file = root / "run" / "import.reg"
         file.parent.mkdir(exist_ok=True)
         file.write_text(text, encoding="utf-16")
-        environment = {**os.environ, "KTR_WINEPREFIX": str(_prefix(root))}
+        prefix.make(str(_prefix(root)))
+        environment = {**os.environ, **prefix.SETTINGS, "WINEPREFIX": str(_prefix(root))}
         environment.pop("DISPLAY", None)
-        done = subprocess.run([_RUN, "regedit", "/S", self.shown(file)], env=environment,
-                              capture_output=True, text=True, timeout=120, check=False)
+        prefix.start_server(environment)
+        done = subprocess.run(["/usr/bin/wine", "regedit", "/S", self.shown(file)],
+                              env=environment, capture_output=True, text=True, timeout=120,
+                              check=False)
         file.unlink()
         if done.returncode != 0:
             raise RuntimeError(f"the registry could not be written: {done.stderr}")

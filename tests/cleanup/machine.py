@@ -49,7 +49,7 @@ class Machine:
         self.root = Path(tempfile.mkdtemp(prefix="ktr-cleanup-")).resolve()
         try:
             self._prefix = self.root / "prefix"
-            subprocess.run([REPOSITORY / "tools" / "wine-run", "cmd", "/c", "exit"],
+            subprocess.run([REPOSITORY / "tools" / "ktr", "wine", "--", "cmd", "/c", "exit"],
                            env={**os.environ, "KTR_WINEPREFIX": str(self._prefix)}, check=True,
                            stdin=subprocess.DEVNULL, capture_output=True, timeout=DEADLINE)
             self._stop()

@@ -11,7 +11,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 import process
-import steps
+from ktr import steps
 from contenders import Contender, built
 from ktr import layout, wait
 from ktr.sandbox import Sandbox

@@ -6,7 +6,7 @@ import "qrc:/public.js" as Public
 import "parts.js" as Parts
 
 // Takes the picture of every state of the interface, below the folder that KTR_GALLERY names: each pane
-// as a whole window, its further states as the part that they change. Run by tools/gallery, once for
+// as a whole window, its further states as the part that they change. Run by `ktr gallery`, once for
 // each scale.
 TestCase {
     id: test

@@ -2,7 +2,7 @@ import QtQuick 2.14
 import QtTest 1.15
 
 // Takes the pictures of the panes in every language, below the
-// folder that KTR_GALLERY names. Run by tools/gallery, once for each scale.
+// folder that KTR_GALLERY names. Run by `ktr gallery`, once for each scale.
 LanguagePanes {
     id: test
 

@@ -5,7 +5,7 @@ import shutil
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout
 from ktr.installation import REPOSITORY, build_directory
 

@@ -11,7 +11,7 @@ import subprocess
 import pytest
 from PIL import Image
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 from ktr.installation import REPOSITORY, build_directory
 

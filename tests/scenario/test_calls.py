@@ -10,7 +10,7 @@ import re
 import pytest
 
 from ktr import layout, relay, wait
-from steps import POLLS, uninstall, wait_climbing, wait_complete, wait_given_up
+from ktr.steps import POLLS, uninstall, wait_climbing, wait_complete, wait_given_up
 
 pytestmark = pytest.mark.stderr_unchecked  # The trace is written there.
 

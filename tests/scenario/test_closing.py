@@ -3,7 +3,7 @@
 import pytest
 
 from ktr import layout
-from steps import (
+from ktr.steps import (
     events, expect_end, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
     wait_complete, wait_given_up,
 )

@@ -4,7 +4,7 @@ import json
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 from ktr.input import MIDDLE
 

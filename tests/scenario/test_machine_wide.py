@@ -5,7 +5,7 @@ lists what it lists on a real machine.
 """
 
 import pytest
-import steps
+from ktr import steps
 from ktr import layout
 from ktr.sandbox import Sandbox
 

@@ -8,7 +8,7 @@ from pathlib import Path
 import pytest
 
 from ktr import layout, wait
-from steps import expect_end, uninstall, wait_complete
+from ktr.steps import expect_end, uninstall, wait_complete
 
 TRACED = "openat,flock,chdir,kill,pidfd_send_signal,clone,clone3,fork,vfork,unlink,exit_group"
 

@@ -4,7 +4,7 @@ import json
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 
 PAGES = ("reasons", 1, 2, 3, 4, "thanks for 3", "thanks for 4")

@@ -5,7 +5,7 @@ import struct
 import pytest
 
 from ktr import layout, wait
-from steps import expect_end, uninstall, wait_complete
+from ktr.steps import expect_end, uninstall, wait_complete
 
 
 def second_start_ends(sandbox):

@@ -7,7 +7,7 @@ from pathlib import Path
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 from ktr.resources import Usage, clients, resources
 from ktr.target import is_windows

@@ -15,7 +15,7 @@ import pytest
 
 from ktr import wait
 from ktr.display import Display
-from ktr.installation import REPOSITORY, build_directory
+from ktr.installation import assemble, build_directory
 from ktr.sandbox import Sandbox
 from ktr.target import system_under_test
 
@@ -26,15 +26,8 @@ PRODUCT_UI = "KTRUI.exe"
 NO_TASKS = b"INFO: No tasks are running which match the specified criteria.\r\n"
 
 
-def assemble(into: Path) -> subprocess.CompletedProcess[str]:
-    return subprocess.run(
-        [REPOSITORY / "testkit" / "fakes" / "assemble", "--build", build_directory(), "--into", into,
-         "--no-program"], capture_output=True, text=True, check=False)
-
-
 def lay_out(into: Path) -> None:
-    done = assemble(into)
-    assert done.returncode == 0, done.stderr
+    assemble(into, program=Path("/bin/true"))
 
 
 @pytest.fixture
@@ -119,8 +112,8 @@ def test_an_installation_has_its_files_and_replaces_an_older_one(tmp_path: Path)
 
 def test_a_folder_that_is_no_installation_is_refused(tmp_path: Path) -> None:
     (tmp_path / "letter").write_text("dear")
-    done = assemble(tmp_path)
-    assert done.returncode != 0 and "nothing was changed" in done.stderr
+    with pytest.raises(RuntimeError, match="nothing was changed"):
+        lay_out(tmp_path)
     assert [entry.name for entry in tmp_path.iterdir()] == ["letter"]
 
 

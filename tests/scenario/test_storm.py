@@ -2,7 +2,7 @@
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 from ktr.target import is_windows
 

@@ -5,10 +5,10 @@ from pathlib import Path
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout, tree
 from ktr.system import MUTEX
-from steps import expect_end, uninstall, wait_complete
+from ktr.steps import expect_end, uninstall, wait_complete
 
 VARIABLES = (
     "QT_PLUGIN_PATH", "QML2_IMPORT_PATH", "QT_AUTO_SCREEN_SCALE_FACTOR", "QML_DISABLE_DISK_CACHE",

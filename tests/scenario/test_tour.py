@@ -52,7 +52,7 @@ def folder(tmp_path):
 @pytest.mark.parametrize("language", languages())
 def test_every_step_of_the_tour_is_seen(folder, language):
     assemble(folder / "sandbox", language=language)
-    output = run(REPOSITORY / "tools" / "tour", "--sandbox", folder / "sandbox",
+    output = run(REPOSITORY / "tools" / "ktr", "tour", "--sandbox", folder / "sandbox",
                  "--pictures", folder / "tour")
     assert output.endswith("Every step was seen.\n")
     assert (folder / "tour" / "06-complete.png").exists()
@@ -65,7 +65,7 @@ def test_a_person_starts_the_sandbox_with_a_command_path_without_spaces(folder):
     program.write_text('#!/bin/sh\nxdg-open "an address"\ncommand -v xdg-open\n')
     program.chmod(0o755)
     assemble(folder / "sandbox", program=program)
-    path, *_ = run(REPOSITORY / "tools" / "start-in-sandbox", folder / "sandbox").splitlines()
+    path, *_ = run(REPOSITORY / "tools" / "ktr", "start", folder / "sandbox").splitlines()
     assert path.endswith("/xdg-open") and " " not in path
     entry, = parse((folder / "sandbox" / "journal.log").read_bytes())
     assert entry.matches("xdg-open", "open") and entry.items("args") == ["an address"]

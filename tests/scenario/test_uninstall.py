@@ -5,7 +5,7 @@ import os
 import pytest
 
 from ktr import layout, wait
-from steps import (
+from ktr.steps import (
     expect_end, questions, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
     wait_complete, wait_given_up,
 )

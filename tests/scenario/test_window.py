@@ -6,9 +6,9 @@ import pytest
 from PIL import Image
 from Xlib import X
 
-import steps
+from ktr import steps
 from ktr import layout, wait
-from steps import expect_end
+from ktr.steps import expect_end
 
 
 def leave(sandbox, program):

@@ -7,12 +7,12 @@ from pathlib import Path
 
 import pytest
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 from ktr.installation import REPOSITORY
 from ktr.sandbox import Sandbox
 from ktr.tree import compare, snapshot
-from steps import expect_end, uninstall, wait_climbing, wait_complete
+from ktr.steps import expect_end, uninstall, wait_climbing, wait_complete
 
 SOURCES = REPOSITORY / "tests" / "package"
 

@@ -9,7 +9,7 @@ from pathlib import Path
 import pytest
 from PIL import Image, ImageChops
 
-from references import SCALES, Comparison, by_reference, folder
+from ktr.references import SCALES, Comparison, by_reference, folder
 
 ROOT = Path(__file__).resolve().parents[3]
 BUILD = Path(os.environ.get("KTR_BUILD") or ROOT / "build" / "linux-debug").resolve()
@@ -33,7 +33,7 @@ def taken(tmp_path_factory) -> Path:
             runner = BUILD / "tests" / "qml" / "ktr_qml_tests"
             with open(log, "wb") as output:
                 run = subprocess.run(
-                    [ROOT / "tools" / "gallery", "--runner", runner, "--into", into,
+                    [ROOT / "tools" / "ktr", "gallery", "--runner", runner, "--into", into,
                      "--scales", *SCALES],
                     stdout=output, stderr=subprocess.STDOUT, timeout=240, check=False)
             done.write_text(str(run.returncode), "utf-8")
@@ -61,7 +61,7 @@ def test_picture(taken, scale, name):
         place = remains(scale, name, actual=actual, reference=reference)
         comparison.save_difference(place / "difference.png")
         pytest.fail(f"{comparison.complaint}; see actual, reference and difference in {place}. "
-                    f"If it shall look like that: tools/gallery --references")
+                    f"If it shall look like that: tools/ktr gallery --references")
 
 
 @pytest.mark.parametrize("scale", SCALES)
@@ -70,7 +70,7 @@ def test_every_picture_has_a_reference(taken, scale):
     new = [name for name in pictures if not (folder(scale) / name).exists()]
     for name in new:
         remains(scale, name, actual=pictures[name])
-    assert not new, f"no reference: {new}; see {REMAINS}. To add them: tools/gallery --references"
+    assert not new, f"no reference: {new}; see {REMAINS}. To add them: tools/ktr gallery --references"
 
 
 def recoloured(image: Image.Image) -> Image.Image:

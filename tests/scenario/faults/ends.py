@@ -6,7 +6,7 @@ import subprocess
 from pathlib import Path
 from typing import Callable
 
-import steps
+from ktr import steps
 from ktr.display import Display
 from ktr.sandbox import Sandbox
 from ktr.window import Window

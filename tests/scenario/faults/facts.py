@@ -5,7 +5,7 @@ from __future__ import annotations
 import json
 from dataclasses import dataclass
 
-import steps
+from ktr import steps
 from ktr import layout
 from ktr.sandbox import Sandbox
 from ktr.system import Raw

@@ -5,7 +5,7 @@ from __future__ import annotations
 from dataclasses import dataclass
 from typing import Callable
 
-import steps
+from ktr import steps
 from ktr import layout, tree
 from ktr.program import RunningProgram
 from ktr.sandbox import Sandbox

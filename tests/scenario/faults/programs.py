@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import time
 
-import steps
+from ktr import steps
 from ktr import layout, wait
 from ktr.sandbox import Sandbox
 from faults.fault import Fault

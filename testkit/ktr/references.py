@@ -1,4 +1,6 @@
-"""The reference pictures: which there are, what they are called, when a picture is as good as one."""
+"""The reference images: which there are, what they are called, when a picture matches one."""
+
+from __future__ import annotations
 
 import re
 from functools import cached_property
@@ -6,7 +8,9 @@ from pathlib import Path
 
 from PIL import Image, ImageChops
 
-HERE = Path(__file__).resolve().parent
+from ktr.installation import REPOSITORY
+
+HERE = REPOSITORY / "tests" / "qml" / "images"
 FONTS = HERE / "fonts.conf"
 SCALES = ("1", "2")
 
@@ -22,7 +26,7 @@ def folder(scale: str) -> Path:
 
 
 def by_reference(taken: Path) -> dict[str, Path]:
-    """The pictures that tools/gallery took into a folder, by the names of their references.
+    """The pictures that `ktr gallery` took into a folder, by the names of their references.
 
     Without the number in front, which changes with the order of the pictures.
     """

@@ -1,21 +1,19 @@
-#!/usr/bin/python3
-"""Takes the program through its main job on a virtual display, with real mouse events, and says step
-by step what happened. Ends with status 0 only when every step was seen to happen."""
+"""Takes the program through its main job on a virtual display, with real input events, and says step
+by step what happened. Status 0 only when every step was seen."""
+
+from __future__ import annotations
 
 import argparse
 import shutil
 import sys
 from pathlib import Path
 
-TESTS = Path(__file__).resolve().parent.parent / "tests"
-sys.path[:0] = [str(TESTS.parent / "testkit"), str(TESTS / "scenario")]
-sys.dont_write_bytecode = True
-
-import steps  # noqa: E402
-from ktr import layout, wait  # noqa: E402
-from ktr.display import Display  # noqa: E402
-from ktr.output import unexpected_lines  # noqa: E402
-from ktr.sandbox import Sandbox  # noqa: E402
+from ktr import layout, steps, wait
+from ktr.display import Display
+from ktr.installation import REPOSITORY
+from ktr.output import unexpected_lines
+from ktr.sandbox import Sandbox
+from ktr.window import Window
 
 
 def say(step: str, *details: str) -> None:
@@ -34,7 +32,7 @@ class Tour:
         self.known_events: list[tuple[str, str, str]] = []
         self.known_look_ups = 0
 
-    def picture(self, window, name: str) -> str:
+    def picture(self, window: Window, name: str) -> str:
         """Saves what is to be seen of a window; returns where."""
         self.taken += 1
         file = self.pictures / f"{self.taken:02}-{name}.png"
@@ -63,7 +61,7 @@ class Tour:
                            accept=lambda found: len(found) >= count)
         return f"opened: {links[count - 1].items('args')[0]}"
 
-    def feedback(self, window) -> None:
+    def feedback(self, window: Window) -> None:
         """Chooses a reason, opens the link, gives a feedback, and is thanked with a coupon."""
         # The only reason whose row is fixed.
         assert steps.choose_row(self.sandbox, window, 3) == 4
@@ -136,17 +134,19 @@ def valgrind(log: Path | None) -> list[str]:
     """The command line under which the program is checked, if it is; an error ends it with 99."""
     return [] if log is None else [
         "valgrind", "--error-exitcode=99", f"--log-file={log.resolve()}", "--trace-children=no",
-        f"--suppressions={TESTS / 'valgrind.supp'}"]
+        f"--suppressions={REPOSITORY}/tests/valgrind.supp"]
 
 
-def main() -> int:
-    """Parses the command line and takes the tour."""
-    parser = argparse.ArgumentParser(description=__doc__)
+def arguments(parser: argparse.ArgumentParser) -> None:
+    """The command line."""
     parser.add_argument("--sandbox", type=Path, required=True, help="the assembled sandbox")
     parser.add_argument("--pictures", type=Path, required=True, help="where screenshots go")
     parser.add_argument("--valgrind", type=Path, metavar="LOG", help="let valgrind check the program "
                         "and write what it finds there; KTR_PATIENCE should be 10 or so")
-    options = parser.parse_args()
+
+
+def run(options: argparse.Namespace) -> int:
+    """Takes the tour."""
     shutil.rmtree(options.pictures, ignore_errors=True)
     options.pictures.mkdir(parents=True)
     with Display() as display:
@@ -155,12 +155,9 @@ def main() -> int:
             Tour(sandbox, options.pictures, valgrind(options.valgrind)).walk()
         except (AssertionError, wait.TimedOut) as missing:
             picture = display.screen.save(options.pictures / "failed.png")
-            print(f"tools/tour: this step was not seen: {missing}\nscreen: {picture}", file=sys.stderr)
+            print(f"ktr tour: this step was not seen: {missing}\nscreen: {picture}", file=sys.stderr)
             return 1
         finally:
             sandbox.cleanup()
     print("Every step was seen.")
     return 0
-
-
-sys.exit(main())

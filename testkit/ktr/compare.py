@@ -1,9 +1,10 @@
-#!/usr/bin/python3
-"""Lays what the scenarios recorded on two executables beside each other.
+"""Compares what the scenarios recorded on the two executables.
 
 Writes index.html into the folder of the records: a row for each scenario, with the last pictures of
 the window. Fails when the two executables have not done the same.
 """
+
+from __future__ import annotations
 
 import argparse
 import html
@@ -11,10 +12,7 @@ import json
 import sys
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "testkit"))
-sys.dont_write_bytecode = True
-
-from ktr.differences import reason_to_differ  # noqa: E402
+from ktr.differences import reason_to_differ
 
 ASPECTS = ("events", "configuration", "processes", "files", "exit")
 STYLE = """
@@ -60,14 +58,17 @@ def only(folder: Path, name: str, side: str) -> str:
     return f"<li>{html.escape(name)}: {side} only{shown}</li>"
 
 
-def main() -> int:
-    """Parses the command line, compares, writes the page; the status says whether all is equal."""
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+def arguments(parser: argparse.ArgumentParser) -> None:
+    """The command line."""
     parser.add_argument("folder", type=Path, help="has the records in its folders linux and windows")
-    folder = parser.parse_args().folder
+
+
+def run(options: argparse.Namespace) -> int:
+    """Compares, and writes the page; the status says whether all is equal."""
+    folder: Path = options.folder
     linux, windows = records_in(folder / "linux"), records_in(folder / "windows")
     if not linux or not windows:
-        sys.exit(f"tools/side-by-side: there are no records in {folder}/linux or {folder}/windows; "
+        sys.exit(f"ktr compare: there are no records in {folder}/linux or {folder}/windows; "
                  "./test --scenario --windows makes them")
     rows, faults = [], []
     both = [name for name in linux if name in windows]
@@ -91,5 +92,3 @@ def main() -> int:
     print(f"{len(both)} scenarios side by side, {len(alone)} on one system only: {folder}/index.html")
     return 1 if faults else 0
 
-
-sys.exit(main())

@@ -171,7 +171,7 @@ def _width_of_reason(window: Window, row: int, height: int = 19) -> int:
     text = layout.Rect(area.left + 20, area.top, 280, height)
     picture = window.screen.picture(window.area(text)).convert("L")
     ink = picture.point(lambda value: 255 if value < 100 else 0).getbbox()
-    return ink[2] if ink else 0
+    return int(ink[2]) if ink else 0
 
 
 def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
@@ -211,13 +211,13 @@ def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> 
 
 def title(window: Window) -> bytes:
     """The title as it is drawn, once it stands still; for comparing with another."""
-    return window.screen.wait_steady(window.area(layout.TITLE_LABEL), 0.3).tobytes()
+    return bytes(window.screen.wait_steady(window.area(layout.TITLE_LABEL), 0.3).tobytes())
 
 
 def page_picture(window: Window) -> bytes:
     """The page as it is drawn, once it stands still, without what the pointer would change."""
     window.hover(layout.TITLE_GRIP)
-    return window.screen.wait_steady(window.area(layout.PAGE), 0.3).tobytes()
+    return bytes(window.screen.wait_steady(window.area(layout.PAGE), 0.3).tobytes())
 
 
 def wait_coupon(window: Window) -> None:

@@ -1,10 +1,11 @@
-#!/usr/bin/python3
-"""Takes pictures of every state of the interface at several scales and writes an index of them.
+"""Takes screenshots of every state of the interface at several scales and writes an index of them.
 
 With --translations it takes every pane in every language as well, onto a page of their own.
-With --references it takes them as the references of tests/qml/images/ instead: what changed there is
-named, what did not stays as it is.
+With --references it takes them as the reference images of tests/qml/images/ instead: what changed
+there is named, what did not stays unchanged.
 """
+
+from __future__ import annotations
 
 import argparse
 import csv
@@ -18,7 +19,9 @@ from collections.abc import Sequence
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parent.parent
+from ktr import references
+from ktr.installation import REPOSITORY as ROOT
+
 BUILD = ROOT / "build" / "linux-debug"
 SCALES = ("1", "1.25", "1.5", "2")
 LANGUAGE_SCALES = ("1", "2")
@@ -27,11 +30,6 @@ LANGUAGE_SCENES = ROOT / "tests" / "qml" / "gallery_languages.qml"
 LANGUAGE_FONTS = ROOT / "tests" / "qml" / "language-fonts.conf"
 SCREEN = "1600x1200"
 """Holds the window with its shadow at the largest scale."""
-
-sys.path.insert(0, str(ROOT / "tests" / "qml" / "images"))
-sys.dont_write_bytecode = True
-
-import references  # noqa: E402
 
 STYLE = """
 body { font: 14px sans-serif; margin: 24px; background: #f4f4f6; color: #202124; }
@@ -54,19 +52,19 @@ def take(runner: Path, scale: str, into: Path, scenes: Path = SCENES, **more: st
         environment = {name: os.environ[name] for name in ("PATH", "TMPDIR") if name in os.environ}
         environment.update({
             "FONTCONFIG_FILE": str(references.FONTS), "HOME": private,
-            "KTR_GALLERY": str(into / scale), "KTR_SCREEN": SCREEN, "LC_ALL": "C.UTF-8",
+            "KTR_GALLERY": str(into / scale), "LC_ALL": "C.UTF-8",
             "QML_DISABLE_DISK_CACHE": "1", "QT_QPA_PLATFORM": "xcb", "QT_QUICK_BACKEND": "software",
             "QT_SCALE_FACTOR": scale, "XDG_RUNTIME_DIR": private,
             # Qt complains when the window manager knows a closed window no longer.
             "QT_LOGGING_RULES": "qt.qpa.xcb.warning=false", **more,
         })
         run = subprocess.run(
-            [ROOT / "tools" / "with-display", runner, "-input", scenes],
+            [ROOT / "tools" / "ktr", "display", "--size", SCREEN, "--", runner, "-input", scenes],
             env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=600,
             check=False,
         )
     if run.returncode != 0:
-        sys.exit(f"{run.stdout}\ntools/gallery: the pictures at scale {scale} could not be taken "
+        sys.exit(f"{run.stdout}\nktr gallery: the pictures at scale {scale} could not be taken "
                  f"(above is why)")
 
 
@@ -141,7 +139,7 @@ def write_index(into: Path, scales: Sequence[str], languages: bool) -> int:
 def update_references(runner: Path) -> None:
     """Makes the references what the interface shows now; says which ones were something else."""
     if shutil.which("optipng") is None:
-        sys.exit("tools/gallery: optipng is missing: tools/bootstrap test")
+        sys.exit("ktr gallery: optipng is missing: tools/bootstrap test")
     with tempfile.TemporaryDirectory(prefix="ktr-references-") as taken:
         take_all(runner, references.SCALES, Path(taken))
         for scale in references.SCALES:
@@ -168,9 +166,8 @@ def built_runner() -> Path:
     return BUILD / "tests" / "qml" / "ktr_qml_tests"
 
 
-def main() -> int:
-    """Parses the command line, takes the pictures, writes the index."""
-    parser = argparse.ArgumentParser(description=__doc__)
+def arguments(parser: argparse.ArgumentParser) -> None:
+    """The command line."""
     parser.add_argument("--runner", type=Path, help="the interface's test program (default: built)")
     parser.add_argument("--into", type=Path, default=ROOT / "build" / "gallery",
                         help="folder, replaced as a whole (default: %(default)s)")
@@ -179,7 +176,10 @@ def main() -> int:
                         help="the compiled translations: every language as well")
     parser.add_argument("--references", action="store_true",
                         help="update tests/qml/images/reference/ instead")
-    options = parser.parse_args()
+
+
+def run(options: argparse.Namespace) -> int:
+    """Takes the pictures, writes the index."""
     runner = (options.runner or built_runner()).resolve()
     if options.references:
         update_references(runner)
@@ -195,6 +195,3 @@ def main() -> int:
         print(f"every language: {into}/languages.html")
     return 0 if count else 1
 
-
-if __name__ == "__main__":
-    sys.exit(main())

@@ -1,0 +1,178 @@
+"""Runs a command on a virtual X display of its own, with a window manager, and ends both after it.
+
+A Wine desktop stays on the display on which it was first shown, so the command gets a Wine prefix of
+its own as well.
+"""
+
+from __future__ import annotations
+
+import argparse
+import ctypes
+import os
+import select
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+from types import FrameType
+from typing import Any, NoReturn
+
+SIZE = (1440, 1000)
+"""Holds the window with its shadow at the largest scale of the scenarios."""
+
+NO_BUS = "unix:path=/dev/null"
+"""The address of a session bus that refuses every connection. The desktop's own must not be used;
+without an address, libdbus starts dbus-launch, which leaves a dbus-daemon behind."""
+
+_PATIENCE = 60.0
+"""Seconds that a server may take to start."""
+
+_OPENBOX_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
+  <placement><policy>Smart</policy><center>yes</center></placement>
+  <theme><name>Clearlooks</name><animateIconify>no</animateIconify></theme>
+  <desktops><number>1</number><popupTime>0</popupTime></desktops>
+  <keyboard>
+    <keybind key="A-F4"><action name="Close"/></keybind>
+  </keyboard>
+  <mouse>
+    <dragThreshold>1</dragThreshold>
+    <context name="Client">
+      <mousebind button="Left" action="Press">
+        <action name="Focus"/><action name="Raise"/>
+      </mousebind>
+    </context>
+    <context name="Titlebar">
+      <mousebind button="Left" action="Press">
+        <action name="Focus"/><action name="Raise"/>
+      </mousebind>
+      <mousebind button="Left" action="Drag"><action name="Move"/></mousebind>
+    </context>
+    <context name="Close">
+      <mousebind button="Left" action="Click"><action name="Close"/></mousebind>
+    </context>
+  </mouse>
+  <menu></menu>
+  <applications>
+    <application type="normal"><focus>yes</focus></application>
+  </applications>
+</openbox_config>
+"""
+
+_PR_SET_PDEATHSIG = 1
+_LIBC = ctypes.CDLL(None)
+
+
+def die_with_parent() -> None:
+    """For `preexec_fn`: the child is killed when its parent dies, however that happens."""
+    _LIBC.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL, 0, 0, 0)
+
+
+class Server:
+    """Xvfb and openbox, started for this process only.
+
+    `name` is the display, `folder` is private and goes with it. `RuntimeError` tells what a server
+    that does not start has said.
+    """
+
+    def __init__(self, size: tuple[int, int] = SIZE) -> None:
+        self.folder = Path(tempfile.mkdtemp(prefix="ktr-display-"))
+        self._processes: list[subprocess.Popen[bytes]] = []
+        try:
+            # Xvfb chooses a free number and writes it once it is ready for clients.
+            number = self._start(
+                "Xvfb", ["-displayfd", "%d", "-screen", "0", f"{size[0]}x{size[1]}x24",
+                         "-dpi", "96", "-nolisten", "tcp", "-noreset"])
+            self.name = f":{number}"
+            config = self.folder / "rc.xml"
+            config.write_text(_OPENBOX_CONFIG, encoding="utf-8")
+            # Its start-up command runs when it manages the display.
+            self._start(
+                "openbox", ["--sm-disable", "--config-file", str(config), "--startup",
+                            f"sh -c 'echo ready >{self.folder}/openbox.ready'"],
+                env={"DISPLAY": self.name, "HOME": str(self.folder), "LC_ALL": "C.UTF-8",
+                     "PATH": "/usr/local/bin:/usr/bin:/bin"})
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self) -> None:
+        """Stops both and removes the folder."""
+        for process in reversed(self._processes):
+            process.terminate()
+            try:
+                process.wait(10)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        self._processes.clear()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _start(self, name: str, options: list[str], **more: Any) -> str:
+        """Starts a server and waits for the line that it writes into the named pipe NAME.ready,
+        whose descriptor replaces %d; the server's death closes it."""
+        log, ready = self.folder / f"{name}.log", self.folder / f"{name}.ready"
+        os.mkfifo(ready)
+        with open(os.open(ready, os.O_RDONLY | os.O_NONBLOCK), encoding="ascii") as pipe:
+            writing = os.open(ready, os.O_WRONLY)
+            try:
+                with open(log, "wb") as output:
+                    server = subprocess.Popen(
+                        [name, *(option.replace("%d", str(writing)) for option in options)],
+                        stdin=subprocess.DEVNULL, stdout=output, stderr=output,
+                        pass_fds=(writing,), preexec_fn=die_with_parent, **more)
+            finally:
+                os.close(writing)
+            self._processes.append(server)
+            line = ""
+            if select.select([pipe], [], [], _PATIENCE)[0]:
+                os.set_blocking(pipe.fileno(), True)  # The line may come in parts.
+                line = pipe.readline()
+        if not line:
+            raise RuntimeError(f"{name} did not start (status {server.poll()}): "
+                               f"{log.read_text(errors='replace').strip()}")
+        return line.strip()
+
+
+def arguments(parser: argparse.ArgumentParser) -> None:
+    """The command line."""
+    parser.add_argument("--size", type=_size, default=SIZE, metavar="WIDTHxHEIGHT")
+    parser.add_argument("command", nargs="+", help="the command and its arguments, after --")
+
+
+def run(options: argparse.Namespace) -> int:
+    """Runs the command; returns its status, 128 and more for a signal as shells do."""
+    for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, _end)
+    server = Server(options.size)
+    prefix = server.folder / "wine-prefix"
+    os.environ.update(DISPLAY=server.name, DBUS_SESSION_BUS_ADDRESS=NO_BUS,
+                      KTR_WINEPREFIX=str(prefix))
+    for name in ("WAYLAND_DISPLAY", "XAUTHORITY"):
+        os.environ.pop(name, None)
+    command = None
+    try:
+        command = subprocess.Popen(options.command)
+        status = command.wait()
+        return status if status >= 0 else 128 - status
+    finally:
+        if command is not None and command.poll() is None:
+            command.terminate()
+            command.wait()
+        if prefix.is_dir():
+            for option in ("-k", "-w"):
+                subprocess.run(["wineserver", option], check=False, capture_output=True,
+                               env={**os.environ, "WINEPREFIX": str(prefix)})
+        server.close()
+
+
+def _end(number: int, frame: FrameType | None) -> NoReturn:
+    sys.exit(128 + number)
+
+
+def _size(text: str) -> tuple[int, int]:
+    width, height = text.split("x")
+    return int(width), int(height)
