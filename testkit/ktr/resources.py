@@ -2,11 +2,9 @@
 
 from __future__ import annotations
 
-import os
-import re
 from dataclasses import dataclass
-from pathlib import Path
 
+import psutil
 from Xlib.ext import res
 
 from ktr.display import Display
@@ -14,20 +12,24 @@ from ktr.display import Display
 
 @dataclass(frozen=True)
 class Usage:
-    """Of a process: KB of memory that are its own, KB at its peak, handles, threads."""
+    """Of a process: KB of memory that are its own, handles, threads."""
 
     own: int
-    peak: int
     handles: int
     threads: int
 
     @classmethod
     def of(cls, pid: int) -> "Usage":
         """Now; the process has to run."""
-        status = Path(f"/proc/{pid}/status").read_text(encoding="utf-8")
-        numbers = {name: int(value) for name, value in re.findall(r"^(\w+):\s*(\d+)", status, re.M)}
-        return cls(numbers["RssAnon"], numbers["VmHWM"], len(os.listdir(f"/proc/{pid}/fd")),
-                   numbers["Threads"])
+        process = psutil.Process(pid)
+        memory = process.memory_info()
+        return cls((memory.rss - memory.shared) // 1024, process.num_fds(), process.num_threads())
+
+
+def peak_memory(pid: int) -> float:
+    """The most memory, in megabytes of 1024 x 1024 bytes, that was resident at any time."""
+    with open(f"/proc/{pid}/status", encoding="ascii", errors="replace") as status:
+        return next(int(line.split()[1]) for line in status if line.startswith("VmHWM")) / 1024
 
 
 def clients(display: Display) -> int:

@@ -6,6 +6,7 @@ import json
 from pathlib import Path
 
 from ktr import layout, wait
+from ktr.display import Display
 from ktr.program import RunningProgram
 from ktr.sandbox import Sandbox
 from ktr.window import Window
@@ -142,19 +143,45 @@ def reasons_given(sandbox: Sandbox) -> list[tuple[str, str, str]]:
     return [event for event in events(sandbox) if event[1] == "Result_Question_Why_Unistall"]
 
 
-def reason_rows(window: Window) -> dict[int, int]:
-    """In which row each reason stands.
+_known_looks: dict[bytes, int] = {}
+"""The reasons by how their rows look, as `learn_reasons` has found out."""
 
-    The widths of the texts tell the first three apart, which works in English and French; use
-    `choose_row` in other languages. The fourth is last in every language.
+
+def learn_reasons(display: Display) -> None:
+    """Finds out how the first three reasons look, which stand in another order at each start.
+
+    Two of them are chosen, and their usage events say which they are.
     """
-    def widths() -> list[int]:
-        return [_width_of_reason(window, row) for row in range(4)]
+    if _known_looks:
+        return
+    sandbox = Sandbox(display)
+    try:
+        for _ in range(2):
+            program = sandbox.start()
+            window = program.ready()
+            looks = _looks(window)
+            row = next(row for row, look in enumerate(looks) if look not in _known_looks)
+            _known_looks[looks[row]] = choose_row(sandbox, window, row)
+            program.kill()
+            sandbox.forget_journal()
+        last, = set(looks) - _known_looks.keys()
+        number, = {1, 2, 3} - set(_known_looks.values())
+        _known_looks[last] = number
+    finally:
+        sandbox.cleanup()
 
-    seen = wait.until(widths, "a reason in each of four rows",
-                      accept=lambda found: all(found) and len(set(found)) == 4)
-    return {**{reason: row for reason, row in enumerate(sorted(range(3), key=seen.__getitem__), 1)},
-            4: 3}
+
+def row_of(window: Window, reason: int) -> int:
+    """In which row, from 0, a reason of the English window stands: the fourth is always last.
+
+    The test, or its module, needs the fixture `reasons`.
+    """
+    if reason == 4:
+        return 3
+    numbers = [_known_looks.get(look) for look in _looks(window)]
+    if reason not in numbers:
+        raise AssertionError(f"reason {reason} is in none of the rows: {numbers}")
+    return numbers.index(reason)
 
 
 def reasons_seen(window: Window) -> bool:
@@ -162,21 +189,26 @@ def reasons_seen(window: Window) -> bool:
 
     Only its upper part is looked at: there nothing of a coupon stands, the price begins below.
     """
-    return _width_of_reason(window, 0, 13) > 0
+    return any(_ink(window, 0, 13))
 
 
-def _width_of_reason(window: Window, row: int, height: int = 19) -> int:
-    """How far the text in a row reaches; 0 without any."""
+def _looks(window: Window) -> list[bytes]:
+    """The texts in the first three rows as they are drawn, once they all stand there."""
+    return wait.until(lambda: [_ink(window, row) for row in range(3)], "a reason in each row",
+                      accept=lambda found: all(map(any, found)) and len(set(found)) == 3)
+
+
+def _ink(window: Window, row: int, height: int = 19) -> bytes:
+    """Where a row has dark pixels."""
     area = layout.reason(row)
     text = layout.Rect(area.left + 20, area.top, 280, height)
     picture = window.screen.picture(window.area(text)).convert("L")
-    ink = picture.point(lambda value: 255 if value < 100 else 0).getbbox()
-    return int(ink[2]) if ink else 0
+    return bytes(picture.point(lambda value: 255 if value < 100 else 0).tobytes())
 
 
 def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
-    """Chooses a reason of the English or French window with the mouse; waits for its page."""
-    assert choose_row(sandbox, window, reason_rows(window)[reason]) == reason
+    """Chooses a reason of the English window with the mouse; waits for its page."""
+    assert choose_row(sandbox, window, row_of(window, reason)) == reason
 
 
 def choose_row(sandbox: Sandbox, window: Window, row: int) -> int:

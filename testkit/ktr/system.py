@@ -14,6 +14,8 @@ from dataclasses import dataclass
 from pathlib import Path
 from typing import TYPE_CHECKING, Iterator, Union
 
+import psutil
+
 from ktr.xserver import NO_BUS
 
 if TYPE_CHECKING:
@@ -21,8 +23,6 @@ if TYPE_CHECKING:
 
 MUTEX = "ktr_uninstall_version_2023_Ostrel_Torvan"
 """The name by which running instances find each other."""
-
-_DELETED = " (deleted)"
 
 PASSED_THROUGH = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
 """The only variables that a program under test gets from outside: settings of sanitizers."""
@@ -150,7 +150,7 @@ class Native:
 
     def processes(self, root: Path) -> list[Process]:
         """All processes whose executable lies below a directory, by the real path."""
-        return [process for process in _all_processes() if _below(process.executable, root)]
+        return [process for process, _ in all_processes() if _below(process.executable, root)]
 
     def offspring(self, root: Path) -> list[Process]:
         """All processes that belong to the sandbox at `root`.
@@ -159,13 +159,9 @@ class Native:
         programs of the system that one of its programs started: the private run-time folder in
         their environment gives them away.
         """
-        mark = b"XDG_RUNTIME_DIR=" + os.fsencode(root) + b"/run\0"
-        return [
-            process
-            for process in _all_processes()
-            if process.pid != os.getpid()
-            and (_below(process.executable, root) or mark in variables_of(process.pid))
-        ]
+        return [process for process, details in all_processes()
+                if _below(process.executable, root)
+                or variable_of(details, "XDG_RUNTIME_DIR") == f"{root}/run"]
 
     def end(self, process: Process) -> None:
         """Ends a process at once; one that has gone already is fine."""
@@ -214,31 +210,25 @@ def exported(value: str | Raw) -> str:
     return '"' + value.replace("\\", "\\\\").replace('"', '\\"') + '"'
 
 
-def process_ids() -> list[int]:
-    """The ids of all processes, in their order."""
-    return sorted(int(entry) for entry in os.listdir("/proc") if entry.isdigit())
-
-
-def _all_processes() -> list[Process]:
-    """All live processes whose executable may be read; zombies have none."""
-    found = []
-    for pid in process_ids():
+def all_processes() -> Iterator[tuple[Process, psutil.Process]]:
+    """All live processes whose executable may be read."""
+    # Not process_iter: it keeps the executable of a process that has become another program.
+    for pid in psutil.pids():
         try:
-            executable = os.readlink(f"/proc/{pid}/exe")
-        except OSError:
+            process = psutil.Process(pid)
+            if executable := process.exe():
+                yield Process(pid, Path(executable)), process
+        except psutil.Error:
             continue
-        found.append(Process(pid, Path(executable.removesuffix(_DELETED))))
-    return found
+
+
+def variable_of(process: psutil.Process, name: str) -> str:
+    """A variable of the environment with which a process was started; empty without one."""
+    try:
+        return str(process.environ().get(name, ""))
+    except (psutil.Error, OSError):
+        return ""
 
 
 def _below(path: Path, root: Path) -> bool:
     return root in path.parents
-
-
-def variables_of(pid: int) -> bytes:
-    """The environment with which a process was started, a zero behind each; empty without one."""
-    try:
-        with open(f"/proc/{pid}/environ", "rb") as stream:
-            return stream.read()
-    except OSError:
-        return b""

@@ -16,7 +16,7 @@ from typing import Iterator
 from ktr import prefix, wait
 from ktr.installation import build_directory
 from ktr.system import (
-    MUTEX, Native, Process, RegistryValue, exported, process_ids, variables_of,
+    MUTEX, Native, Process, RegistryValue, all_processes, exported, variable_of,
 )
 
 WINE_PREFIX = "prefix"
@@ -199,17 +199,15 @@ def _prefix(root: Path) -> Path:
 
 def _programs_of(root: Path) -> Iterator[tuple[int, Path]]:
     """Id and executable of every process that has the sandbox's prefix."""
-    mark = b"WINEPREFIX=" + os.fsencode(_prefix(root)) + b"\0"
-    for pid in process_ids():
-        if pid == os.getpid() or mark not in variables_of(pid):
-            continue
-        try:
-            with open(f"/proc/{pid}/cmdline", "rb") as stream:
-                first = stream.read().split(b"\0")[0].decode(errors="replace")
-        except OSError:
-            continue
-        if first:
-            yield pid, _native(root, first)
+    for process, details in all_processes():
+        if variable_of(details, "WINEPREFIX") == str(_prefix(root)):
+            try:
+                # Not psutil's, which splits a single argument at spaces.
+                line = Path(f"/proc/{process.pid}/cmdline").read_bytes()
+            except OSError:
+                continue
+            if first := line.split(b"\0")[0].decode(errors="replace"):
+                yield process.pid, _native(root, first)
 
 
 def _native(root: Path, text: str) -> Path:

@@ -8,7 +8,7 @@ from typing import Callable, Iterator
 
 import pytest
 
-from ktr import evidence
+from ktr import evidence, steps
 from ktr.differences import FILES_FOR_LINUX, FILES_FOR_WINDOWS, reason_to_leave_out
 from ktr.display import Display
 from ktr.installation import REPOSITORY, assemble
@@ -51,6 +51,12 @@ def display() -> Iterator[Display]:
     """A display with a window manager, shared by the tests of one worker."""
     with Display() as private:
         yield private
+
+
+@pytest.fixture(scope="session")
+def reasons(display: Display) -> None:
+    """For tests that choose a certain reason: how each of them looks."""
+    steps.learn_reasons(display)
 
 
 @pytest.fixture

@@ -5,9 +5,10 @@ import shutil
 
 import pytest
 
-from ktr import steps
-from ktr import layout
+from ktr import layout, steps
 from ktr.installation import REPOSITORY, build_directory
+
+pytestmark = pytest.mark.usefixtures("reasons")
 
 CONFIG = "vantoronlineconfig.dll"
 TELEMETRY = "SkyrelWrap.DLL"

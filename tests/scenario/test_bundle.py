@@ -11,8 +11,7 @@ import subprocess
 import pytest
 from PIL import Image
 
-from ktr import steps
-from ktr import layout, wait
+from ktr import layout, steps, wait
 from ktr.installation import REPOSITORY, build_directory
 
 MARK = "#FF00FF"

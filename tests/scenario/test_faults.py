@@ -7,7 +7,8 @@ from ktr.target import is_windows
 from faults import TABLE
 
 # Everything takes longer there, and what the program decides is the same.
-pytestmark = [pytest.mark.soak] if is_windows() else []
+pytestmark = [pytest.mark.usefixtures("reasons"),
+              *([pytest.mark.soak] if is_windows() else [])]
 FAULTS = [fault for faults in TABLE.values() for fault in faults]
 
 

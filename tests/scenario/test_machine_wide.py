@@ -5,8 +5,7 @@ lists what it lists on a real machine.
 """
 
 import pytest
-from ktr import steps
-from ktr import layout
+from ktr import layout, steps
 from ktr.sandbox import Sandbox
 
 pytestmark = pytest.mark.machine_wide

@@ -4,8 +4,9 @@ import json
 
 import pytest
 
-from ktr import steps
-from ktr import layout, wait
+from ktr import layout, steps, wait
+
+pytestmark = pytest.mark.usefixtures("reasons")
 
 CONFIG = "vantoronlineconfig.dll"
 CART = "url_cart_with_ktr_uninstall_coupon"

@@ -4,8 +4,9 @@ import json
 
 import pytest
 
-from ktr import steps
-from ktr import layout, wait
+from ktr import layout, steps, wait
+
+pytestmark = pytest.mark.usefixtures("reasons")
 
 PAGES = ("reasons", 1, 2, 3, 4, "thanks for 3", "thanks for 4")
 
@@ -82,7 +83,7 @@ def test_the_title_tells_the_page(sandbox):
 ))
 def test_a_reason_by_keyboard(sandbox, program, reason, key, from_the_end):
     window = program.window()
-    row = steps.reason_rows(window)[reason]
+    row = steps.row_of(window, reason)
     window.keyboard.key("Tab")
     if from_the_end:
         for _ in range(6):  # there is nothing beyond the last row

@@ -7,9 +7,8 @@ from pathlib import Path
 
 import pytest
 
-from ktr import steps
-from ktr import layout, wait
-from ktr.resources import Usage, clients, resources
+from ktr import layout, steps, wait
+from ktr.resources import Usage, clients, peak_memory, resources
 from ktr.target import is_windows
 from test_storm import storm
 
@@ -43,7 +42,7 @@ def test_cancelled_runs_leave_nothing(sandbox):
     for number in range(RUNS):
         program = sandbox.start()
         window = program.ready()
-        peak = Usage.of(program.pid).peak
+        peak = peak_memory(program.pid)
         window.click(layout.CANCEL)
         assert program.wait_exit() == 0
         # Its companion was not ended: it goes by itself.
@@ -53,7 +52,7 @@ def test_cancelled_runs_leave_nothing(sandbox):
         wait.until(lambda: sandbox.display.windows.all(), "no window to be left",
                    accept=lambda windows: not windows)
         samples.append((number, peak, clients(sandbox.display), resources(sandbox.display)))
-    write("cancelled", ("run", "peak memory, KB", "X clients", "X resources"), samples)
+    write("cancelled", ("run", "peak memory, MB", "X clients", "X resources"), samples)
     _, first, *display = samples[1]
     _, last, *display_at_end = samples[-1]
     assert display_at_end == display

@@ -2,8 +2,7 @@
 
 import pytest
 
-from ktr import steps
-from ktr import layout, wait
+from ktr import layout, steps, wait
 from ktr.target import is_windows
 
 STARTS, ROUNDS = (10, 1) if is_windows() else (50, 2)

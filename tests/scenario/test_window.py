@@ -6,9 +6,10 @@ import pytest
 from PIL import Image
 from Xlib import X
 
-from ktr import steps
-from ktr import layout, wait
+from ktr import layout, steps, wait
 from ktr.steps import expect_end
+
+pytestmark = pytest.mark.usefixtures("reasons")
 
 
 def leave(sandbox, program):

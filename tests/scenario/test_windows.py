@@ -7,8 +7,7 @@ from pathlib import Path
 
 import pytest
 
-from ktr import steps
-from ktr import layout, wait
+from ktr import layout, steps, wait
 from ktr.installation import REPOSITORY
 from ktr.sandbox import Sandbox
 from ktr.tree import compare, snapshot

@@ -55,8 +55,7 @@ class Whole:
         if self.events:
             steps.choose(sandbox, window, 1)
         else:
-            # The picture of the reasons tells which is which, with or without events.
-            window.click(layout.reason(steps.reason_rows(window)[1]))
+            window.click(layout.reason(steps.row_of(window, 1)))
             steps.wait_coupon(window)
         assert bool(sandbox.journal(CONFIG)) == self.offers
 
