@@ -14,7 +14,8 @@ CleanupScript LocateCleanupScript(const QString &programDir)
 
 void StageCleanupScript(const CleanupScript &script)
 {
-    // QFile::exists is false for a dangling link, but QFile::copy does not replace it.
+    // A dangling link counts too: QFile::exists() is false for it, and QFile::copy() would fail or
+    // write to its target. An old copy may be a link, so it is removed, never written to.
     if (QFile::exists(script.staged) || QFileInfo(script.staged).isSymLink()) {
         QFile::remove(script.staged);
     }

@@ -33,7 +33,9 @@ void UnsetIfNonEmpty(const char *variable)
     }
 }
 
-// Variables that another program has set for its own Qt would load its plug-ins and controls.
+// Variables that another program has set for its own Qt. A style that does not load would keep the
+// window from opening; one that loads is foreign code, even in an elevated start. When a later Qt
+// reads another variable that names code, add it here and to tests/scenario/faults/variables.py.
 void UnsetQtPluginOverrides()
 {
     for (const char *variable : {"QT_QPA_PLATFORM_PLUGIN_PATH",

@@ -54,7 +54,7 @@ void LoadTranslation(QTranslator *translator, QQmlApplicationEngine *engine)
     // A damaged file is installed like any other: it translates nothing.
     translator->load(file);
     QCoreApplication::installTranslator(translator);
-    // Again: a new translation makes the application take the direction that the file names.
+    // Again: installTranslator() makes Qt take the layout direction that the file names.
     QGuiApplication::setLayoutDirection(direction);
     engine->retranslate();
 }

@@ -33,7 +33,9 @@ void CUninstallMgr::doUninstall()
                                {QStringLiteral("/SP-"), QStringLiteral("/VERYSILENT")});
     for (int poll = 0; poll < kStartUpPolls; ++poll) {
         if (isProcessRunning(QLatin1String(kUninstallerName))) {
-            progressTimer.start(kProgressIntervalMs); // coarse: a tick need not be exact
+            // QTimer's default, the coarse timer: ticks may vary by 5 %, and the processor may
+            // sleep. Qt::PreciseTimer would keep it awake.
+            progressTimer.start(kProgressIntervalMs);
             return;
         }
         environment_.sleep(kStartUpPauseMs);

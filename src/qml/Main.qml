@@ -24,7 +24,7 @@ ApplicationWindow {
     visible: true
     width: 640 + 2 * burOffset
     height: 408 + 2 * burOffset
-    // Of one size for good, whatever a window manager is asked for.
+    // Fixed: with Qt.WindowMinMaxButtonsHint a window manager could resize the window.
     minimumWidth: 640 + 2 * burOffset
     maximumWidth: 640 + 2 * burOffset
     minimumHeight: 408 + 2 * burOffset

@@ -85,8 +85,9 @@ FocusScope {
             color: Public.pageTextColor
             Accessible.name: placeholderText
 
-            // Not its activeFocus, which goes whenever another window becomes active. The view
-            // round it is a focus scope, so the look also stays while a button has the keyboard.
+            // Not activeFocus: the frame must not turn black while another window is active. The
+            // ScrollView is a focus scope, so a text area that was clicked keeps `focus`, and the
+            // frame stays blue after Tab to Submit.
             onFocusChanged: root.frameFocus(focus)
 
             // The cut comes back here once more, with a text that fits. It begins a new history:
@@ -103,7 +104,7 @@ FocusScope {
                     event.accepted = pasteToTheLimit()
                 }
             }
-            // Text needs no tabulators here; the key leads on as everywhere else.
+            // A TextArea takes Tab as a character, so the keyboard could not leave it.
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 

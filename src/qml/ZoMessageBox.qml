@@ -16,6 +16,7 @@ ZoPopWindow {
         return uninstallMgr.popMsgBox(true)
     }
 
+    // Escape, Return and Enter close every Windows message box, also without a focused button.
     function keyPressed(event) {
         var closes = event.key === Qt.Key_Escape || event.key === Qt.Key_Return
                 || event.key === Qt.Key_Enter

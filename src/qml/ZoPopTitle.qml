@@ -43,6 +43,7 @@ Rectangle {
         }
         text: titleBar.title
         textFormat: Text.PlainText
+        // A long title would run below the close button.
         elide: Text.ElideRight
         font.pixelSize: 14
         color: Public.winTextColor

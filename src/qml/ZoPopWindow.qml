@@ -101,7 +101,8 @@ Window {
             y = main.y + (main.height - height) / 2
         }
         if (visible) {
-            // Deferred: the native window does not exist yet.
+            // Without activation no key reaches the program: the pop-up blocks the main window.
+            // Deferred, because the native window does not exist yet.
             Qt.callLater(requestActivate)
         }
         tellMainWindow(visible)

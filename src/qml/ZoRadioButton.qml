@@ -19,7 +19,8 @@ RadioButton {
     Accessible.onPressAction: choose()
     Accessible.onToggleAction: choose()
 
-    // Space is built in; the arrow keys move between the buttons of a group without choosing.
+    // Space is built in. As in native groups, Return chooses and the arrow keys move the focus; they
+    // do not choose, since choosing leaves the page at once.
     Keys.onReturnPressed: enterPressed(event)
     Keys.onEnterPressed: enterPressed(event)
     Keys.onUpPressed: event.accepted = focusNeighbour(false)

@@ -19,7 +19,8 @@ std::string Utf8(const QString &text)
     return ConvertText(text, QStringLiteral("Utf8"));
 }
 
-// The product's facts are in the system's narrow encoding, the library takes UTF-8.
+// The product's facts are in the ANSI code page, whose bytes are not valid UTF-8; the library takes
+// UTF-8.
 std::string Utf8(const std::string &narrow)
 {
     return Utf8(QString::fromLocal8Bit(narrow.c_str()));
@@ -84,7 +85,8 @@ CVantorConfigInstance::CVantorConfigInstance()
     if (!library.load()) {
         qDebug() << "load vantoronlineconfig.dll error!";
     } else {
-        // Called as it was resolved: a library without it is no such library.
+        // Deliberately called unchecked: a library without this function means a broken
+        // installation, and ending here shows it. The uninstaller has not been started yet.
         const auto create =
             reinterpret_cast<VantorCreateConfigFunction>(library.resolve(VANTOR_CREATE_CONFIG));
         m_pConfig = create();
