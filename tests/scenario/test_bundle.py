@@ -1,7 +1,20 @@
-"""The external bundle UninstallUI.rcc: what it cannot replace, and the ways in which it can.
+"""The external bundle UninstallUI.rcc: what it cannot replace, and how it can change the interface.
 
-Every bundle here is told by its colours: what shall be replaced is `MARK` all over, and one picture
-is `PLANTED` in each bundle of the first table, so that a bundle that is not read fails there, too.
+It is optional, is not built here (`rcc -binary -o UninstallUI.rcc NAME.qrc`), and is registered at
+the root of the resources after the application is created and before the interface loads. At the
+same path, what is compiled in wins. But Qt looks at some other paths first:
+
+- `/+windows/NAME` (`/+unix/` on Linux) and `/+en_US/NAME` for the user's locale replace `/NAME`;
+- types of `/qmldir` win over the files of the interface;
+- `/qt-project.org/imports/MODULE.VERSION/` with the full version wins over every installed module,
+  `/qt-project.org/imports/MODULE/` only over modules of the system, not over those beside the
+  program, where a release has them;
+- images for densities above 2, such as `/home_bg@3x.png`, are used above scale 2;
+- texts of `/i18n/qml_LOCALE.qm` for the user's locale win over the product's language.
+
+Everything else in a bundle is unused. What replaces a part can do all that the interface can.
+The tests find a bundle by its colours: what it replaces is `MARK` all over, and one picture is
+`PLANTED` in each bundle of the first table, so that a bundle that is not read fails there, too.
 """
 
 import io
