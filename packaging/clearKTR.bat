@@ -81,6 +81,10 @@ if /i not "%name:~0,9%"=="clearKTR-" (
     "%here%%own%" "%folder%"
 )
 
+rem Another start may have replaced the copy before it was renamed. If that is another version,
+rem the interpreter goes on in it near this offset, about 4 KB from its beginning. So no version may
+rem remove anything before this line.
+
 rem It is a folder and no link: the attributes of a link contain an l.
 if /i not "%attributes:~0,1%"=="d" goto end
 if not "%attributes:l=%"=="%attributes%" goto end

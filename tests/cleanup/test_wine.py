@@ -2,6 +2,10 @@
 
 Each test shows first that it is Wine's doing. Should one of them fail with a later Wine, then more
 can be asked of the script there.
+
+Seen, but not tested: "&&" and "||" do not follow the status, "cd" leaves an old status in place,
+"dir /b /a" finds something in an empty folder, so the script uses none of them and looks at the
+current folder instead; and a folder above a current folder can be renamed.
 """
 
 from __future__ import annotations
