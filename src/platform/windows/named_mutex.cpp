@@ -14,7 +14,7 @@ struct NamedMutex::State
 NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
 {
     ObjectHandle handle(::CreateMutexW(nullptr, TRUE, name.c_str()));
-    error = ::GetLastError();
+    error = ::GetLastError(); // before any other call can change it
     NamedMutex mutex;
     if (handle) {
         mutex.state_ = {new State{std::move(handle)}, DeleteState<State>};
