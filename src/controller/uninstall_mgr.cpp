@@ -107,13 +107,20 @@ bool CUninstallMgr::isProcessRunning(const QString &imageName)
 
 int CUninstallMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
 {
-    QEventLoop &loop = eventLoops[parent != nullptr ? parent : defaultParentWindow];
+    QWindow *const window = parent != nullptr ? parent : defaultParentWindow;
+    QEventLoop &loop = eventLoops[window];
     if (!b) {
         loop.exit(exitCode);
         return -1;
     }
-    // exec() on a running loop also returns -1, but Qt would warn.
-    return loop.isRunning() ? -1 : loop.exec(QEventLoop::AllEvents);
+    // exec() would also return -1, but Qt would warn. isRunning() does not tell: after exit() it is
+    // false, while events that are already queued can still get here before exec() returns.
+    if (!waiting_.insert(window).second) {
+        return -1;
+    }
+    const int code = loop.exec(QEventLoop::AllEvents);
+    waiting_.erase(window);
+    return code;
 }
 
 bool CUninstallMgr::showWindowShadow()

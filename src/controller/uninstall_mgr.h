@@ -11,6 +11,7 @@
 #include <QWindow>
 
 #include <map>
+#include <set>
 
 /// The one native object that the user interface knows, published to QML as `uninstallMgr`. No
 /// operation throws or reports an error; a failure ends in a neutral result. GUI thread only; some
@@ -83,5 +84,6 @@ private:
     bool configPrefixApplied = false;
     QTimer progressTimer;
 
+    std::set<QWindow *> waiting_; // whose loop has not returned yet
     UninstallEnvironment environment_;
 };

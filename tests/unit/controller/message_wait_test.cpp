@@ -69,12 +69,16 @@ TEST_F(MessageWait, CannotBeEnteredTwiceAndQtDoesNotWarn)
 {
     const LogWatch log;
     int second = 0;
+    int afterItsEnd = 0;
     Inside([&] {
         second = manager_.popMsgBox(true);
         manager_.popMsgBox(false, 4);
+        // It has been ended, and has not returned yet.
+        afterItsEnd = manager_.popMsgBox(true);
     });
     EXPECT_EQ(manager_.popMsgBox(true), 4);
     EXPECT_EQ(second, -1);
+    EXPECT_EQ(afterItsEnd, -1);
     EXPECT_EQ(LogWatch::NewLines(), QStringList());
 }
 
