@@ -4,6 +4,7 @@ when they have not looked."""
 import json
 import os
 import re
+import shlex
 import shutil
 import subprocess
 import sys
@@ -141,8 +142,8 @@ def test_missing_packages_end_in_the_closing_line(tmp_path: Path) -> None:
 
 
 def test_a_step_over_its_budget_is_listed_and_passes(tmp_path: Path) -> None:
-    script = (f'. {TOOLS}/steps.sh; budgets=([slow]=-1 [quick]=3600); step slow true && '
-              'step quick true && step other true && printf "%s\\n" "over:" "${overran[@]}"')
+    script = (f'. {shlex.quote(str(TOOLS))}/steps.sh; budgets=([slow]=-1 [quick]=3600); '
+              'step slow true && step quick true && step other true && printf "%s\\n" "over:" "${overran[@]}"')
     done = subprocess.run(["bash", "-c", script], cwd=tmp_path, capture_output=True, text=True,
                           check=False)
     over = done.stdout.partition("over:\n")[2].splitlines()

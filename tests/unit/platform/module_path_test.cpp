@@ -27,7 +27,7 @@ TEST(ModulePathContract, WorksBeforeMain)
 TEST(ModulePathContract, WideAndNarrowAgree)
 {
     EXPECT_EQ(platform::ExecutablePath(kLongPath), contract::OwnProgram().string());
-    EXPECT_EQ(platform::ExecutablePathWide(kLongPath), contract::OwnProgram().wstring());
+    EXPECT_EQ(platform::ExecutablePathWide(kLongPath), contract::WideText(contract::OwnProgram()));
 }
 
 TEST(ModulePathContract, NarrowIsCutToTheCapacity)

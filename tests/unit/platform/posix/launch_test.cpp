@@ -111,7 +111,8 @@ TEST_F(PosixLaunch, NoShellReadsTheLine)
 TEST_F(PosixLaunch, AScriptRunsByItsFirstLine)
 {
     DetachedChild child;
-    child.Launch(WriteScript("#!/bin/sh\nexec " + program_ + " \"$@\"\n") + " \"/some/where else\"",
+    child.Launch(WriteScript("#!/bin/sh\nexec '" + program_ + "' \"$@\"\n") +
+                     " \"/some/where else\"",
                  folder_.Path());
     EXPECT_EQ(child.Ask({"arguments"}), program_ + "\n/some/where else\n");
 }

@@ -15,6 +15,8 @@ namespace contract {
 platform::ProcessId OwnProcessId();
 /// Full path of the running program.
 std::filesystem::path OwnProgram();
+/// A path as wide text; `wstring()` fails on POSIX for letters that the C++ locale does not have.
+std::wstring WideText(const std::filesystem::path &path);
 /// The file-name extension of programs, with its dot; empty where programs have none.
 std::string ProgramExtension();
 

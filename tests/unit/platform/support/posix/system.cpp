@@ -83,6 +83,12 @@ std::filesystem::path OwnProgram()
     return std::filesystem::read_symlink("/proc/self/exe");
 }
 
+std::wstring WideText(const std::filesystem::path &path)
+{
+    const std::u32string text = path.u32string();
+    return {text.begin(), text.end()};
+}
+
 std::string ProgramExtension()
 {
     return {};

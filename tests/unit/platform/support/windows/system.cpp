@@ -46,6 +46,11 @@ std::filesystem::path OwnProgram()
     return path;
 }
 
+std::wstring WideText(const std::filesystem::path &path)
+{
+    return path.wstring();
+}
+
 std::string ProgramExtension()
 {
     return ".exe";
