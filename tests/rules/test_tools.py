@@ -58,7 +58,8 @@ def small_project(tmp_path: Path) -> Path:
     folder.mkdir()
     link.symlink_to(folder)
     tools = {name: (ROOT / name).read_text("utf-8") for name in (
-        ".clang-format", ".clang-tidy", "mypy.ini", "tools/lint", "tools/cppcheck-suppressions.txt")}
+        ".clang-format", ".clang-tidy", "mypy.ini", "tools/lint",
+        "tools/cppcheck-suppressions.txt")}
     for name, text in {**PROJECT, **tools}.items():
         (link / name).parent.mkdir(parents=True, exist_ok=True)
         (link / name).write_text(text)
@@ -143,7 +144,8 @@ def test_missing_packages_end_in_the_closing_line(tmp_path: Path) -> None:
 
 def test_a_step_over_its_budget_is_listed_and_passes(tmp_path: Path) -> None:
     script = (f'. {shlex.quote(str(TOOLS))}/steps.sh; budgets=([slow]=-1 [quick]=3600); '
-              'step slow true && step quick true && step other true && printf "%s\\n" "over:" "${overran[@]}"')
+              'step slow true && step quick true && step other true && '
+              'printf "%s\\n" "over:" "${overran[@]}"')
     done = subprocess.run(["bash", "-c", script], cwd=tmp_path, capture_output=True, text=True,
                           check=False)
     over = done.stdout.partition("over:\n")[2].splitlines()
