@@ -3,15 +3,20 @@ import QtQuick.Window 2.14
 import "qrc:/"
 import "qrc:/public.js" as Public
 
-// Stands in for the main window towards pop-ups: they look for it by its id `window`.
+// A main window for pop-ups, which find it by its id `window`, with the hooks that other programs
+// of the family have.
 Window {
     id: window
 
+    property real blur: 0
     property int clicks: 0
 
-    // The boxes' caller; returns when the box has gone.
     function showBox(info, parent) {
         return Public.showMessageBox(info, parent)
+    }
+
+    function notifyPopup(popup, shown) {
+        fake.note("notifyPopup " + popup.title + " " + shown)
     }
 
     function makePopup(properties) {

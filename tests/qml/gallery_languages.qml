@@ -1,8 +1,7 @@
 import QtQuick 2.14
 import QtTest 1.15
 
-// Takes the pictures of the panes in every language, below the
-// folder that KTR_GALLERY names. Run by `ktr gallery`, once for each scale.
+// Saves an image of each pane in every language below the folder that KTR_GALLERY names.
 LanguagePanes {
     id: test
 
@@ -18,7 +17,7 @@ LanguagePanes {
     }
 
     function initTestCase() {
-        verify(folder !== "", "KTR_GALLERY names the folder for the pictures")
+        verify(folder !== "", "KTR_GALLERY names the folder for the images")
         probe.holdStill()
     }
 

@@ -1,10 +1,17 @@
 #pragma once
 
+#include <QCoreApplication>
+#include <QFile>
 #include <QFont>
+#include <QGlyphRun>
+#include <QGuiApplication>
 #include <QObject>
-#include <QString>
+#include <QRawFont>
+#include <QTextLayout>
 #include <QTranslator>
 #include <QVariantList>
+
+#include <algorithm>
 
 /// Lets a test of the interface speak the product's languages one after the other, as `languages`:
 /// what it creates afterwards speaks the last one chosen.
@@ -19,14 +26,85 @@ public:
     /// Chooses the language of a row of the table: its compiled translation from the folder that
     /// KTR_TRANSLATIONS names (otherwise the build's), its layout direction, and its font behind
     /// the ordinary one. False when there is no such translation.
-    Q_INVOKABLE bool speak(const QVariantMap &row);
-    /// Back to the source texts.
-    Q_INVOKABLE void speakSource();
-    /// The characters of a text for which neither its font nor one behind that has a glyph.
-    Q_INVOKABLE QString withoutGlyph(const QString &text, const QFont &font) const;
+    Q_INVOKABLE bool speak(const QVariantMap &row)
+    {
+        speakSource();
+        QString folder = qEnvironmentVariable("KTR_TRANSLATIONS");
+        if (folder.isEmpty()) {
+            folder = QStringLiteral(KTR_TRANSLATIONS);
+        }
+        const QString name = row.value(QStringLiteral("name")).toString();
+        if (!translator_.load(folder + QStringLiteral("/ktr_") + name + QStringLiteral(".qm"))) {
+            return false;
+        }
+        QCoreApplication::installTranslator(&translator_);
+        const QString layout = row.value(QStringLiteral("layout")).toString();
+        QGuiApplication::setLayoutDirection(
+            layout == QLatin1String("right-to-left") ? Qt::RightToLeft : Qt::LeftToRight);
+        // Chinese, Japanese and Korean share characters that each draws in its own way.
+        QFont font = QGuiApplication::font();
+        font.setFamilies(
+            {QStringLiteral("Open Sans"), row.value(QStringLiteral("font")).toString()});
+        QGuiApplication::setFont(font);
+        return true;
+    }
 
-    QVariantList table() const;
+    /// Back to the source texts.
+    Q_INVOKABLE void speakSource()
+    {
+        QCoreApplication::removeTranslator(&translator_);
+        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    }
+
+    /// The characters of a text for which neither its font nor one behind that has a glyph.
+    Q_INVOKABLE QString withoutGlyph(const QString &text, const QFont &font) const
+    {
+        QString missing;
+        const QVector<uint> characters = text.toUcs4();
+        for (const uint character : characters) {
+            const QString alone = QString::fromUcs4(&character, 1);
+            if (!alone.at(0).isSpace() && !HasGlyphs(alone, font)) {
+                missing += alone;
+            }
+        }
+        return missing;
+    }
+
+    QVariantList table() const
+    {
+        QFile file(QStringLiteral(KTR_LANGUAGES));
+        if (!file.open(QIODevice::ReadOnly)) {
+            return {};
+        }
+        const QStringList lines =
+            QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QStringList columns = lines.value(0).split(QLatin1Char(','));
+        QVariantList rows;
+        for (const QString &line : lines.mid(1)) {
+            const QStringList fields = line.split(QLatin1Char(','));
+            QVariantMap row;
+            for (int column = 0; column < columns.size(); ++column) {
+                row.insert(columns.at(column), fields.value(column));
+            }
+            rows.append(row);
+        }
+        return rows;
+    }
 
 private:
-    QTranslator m_translator;
+    // Every run of the text as it would be drawn consists of glyphs; number 0 is the box for a
+    // missing one.
+    static bool HasGlyphs(const QString &character, const QFont &font)
+    {
+        QTextLayout layout(character, font);
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        const QList<QGlyphRun> runs = layout.glyphRuns();
+        return std::none_of(runs.begin(), runs.end(), [](const QGlyphRun &run) {
+            return run.glyphIndexes().contains(0);
+        });
+    }
+
+    QTranslator translator_;
 };

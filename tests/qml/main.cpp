@@ -3,7 +3,6 @@
 #include "fake_world.h"
 #include "language_switch.h"
 #include "ui_probe.h"
-#include "warning_watch.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
@@ -12,18 +11,51 @@
 #include <QtQuickTest>
 
 #include <cstdio>
-#include <memory>
+#include <utility>
 
-/// Prepares each run of a test file: the application's warnings are watched, and every engine gets
-/// the real controller in a fake environment, the probe and the languages.
+namespace {
+
+QStringList warnings;
+QtMessageHandler nextHandler = nullptr;
+
+void Record(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type == QtWarningMsg || type == QtCriticalMsg) {
+        warnings.append(message);
+    }
+    if (nextHandler != nullptr) {
+        nextHandler(type, context, message);
+    }
+}
+
+// Qt Test installs its own handler when the first test starts, so this is repeated at every event.
+void WatchWarnings()
+{
+    const QtMessageHandler current = qInstallMessageHandler(Record);
+    if (current != Record) {
+        nextHandler = current;
+    }
+}
+
+} // namespace
+
+/// Prepares the run of a test file: warnings are recorded, and every engine gets the real
+/// controller in a fake environment, the probe and the languages.
 class TestSetup : public QObject
 {
     Q_OBJECT
 
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        WatchWarnings();
+        return QObject::eventFilter(watched, event);
+    }
+
 public Q_SLOTS:
     void applicationAvailable()
     {
-        QCoreApplication::instance()->installEventFilter(&m_watch);
+        QCoreApplication::instance()->installEventFilter(this);
         QAccessible::setActive(true);
         // As in the program: both decide how texts and links look.
         ApplyApplicationFont();
@@ -32,28 +64,28 @@ public Q_SLOTS:
 
     void qmlEngineAvailable(QQmlEngine *engine)
     {
-        m_fake.publish(engine->rootContext());
-        engine->rootContext()->setContextProperty(QStringLiteral("probe"), &m_probe);
-        engine->rootContext()->setContextProperty(QStringLiteral("languages"), &m_languages);
+        fake_.publish(engine->rootContext());
+        engine->rootContext()->setContextProperty(QStringLiteral("probe"), &probe_);
+        engine->rootContext()->setContextProperty(QStringLiteral("languages"), &languages_);
     }
 
 private:
-    WarningWatch m_watch;
-    FakeWorld m_fake;
-    UiProbe m_probe;
-    LanguageSwitch m_languages;
+    FakeWorld fake_;
+    UiProbe probe_;
+    LanguageSwitch languages_;
 };
 
 /// Runs the test file given with -input; fails on a failed test and on any warning.
 int main(int argc, char **argv)
 {
-    // As in the program, for pictures at scales between the whole ones.
+    WatchWarnings();
+    // As in the program, for images at scales between the whole ones.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     TestSetup setup;
     const int result = quick_test_main_with_setup(argc, argv, "ktr_qml", KTR_QML_TEST_DIR, &setup);
-    const QStringList warnings = WarningWatch::warnings();
-    for (const QString &warning : warnings) {
+    qInstallMessageHandler(nullptr);
+    for (const QString &warning : std::as_const(warnings)) {
         std::fprintf(stderr, "unexpected warning: %s\n", qPrintable(warning));
     }
     return warnings.isEmpty() ? result : 1;

@@ -37,9 +37,8 @@ LanguagePanes {
         texts = 0
         panes = 0
         walk(row)
-        close()
         // The first one is above the picture, and it may be any but the last.
-        open([2, 1, 3, 4])
+        openMain([2, 1, 3, 4])
         visit(main, "reasons in another order")
         compare(panes, 9)
         verify(texts > 50, "texts were measured: " + texts)

@@ -1,0 +1,90 @@
+"""Every state of the interface looks as its reference image does."""
+
+import fcntl
+import os
+import shutil
+import subprocess
+from pathlib import Path
+
+import pytest
+from PIL import Image, ImageChops
+
+from ktr.references import SCALES, Comparison, by_reference, folder
+
+ROOT = Path(__file__).resolve().parents[3]
+BUILD = Path(os.environ.get("KTR_BUILD") or ROOT / "build" / "linux-debug").resolve()
+FAILURES = ROOT / "build" / "image-failures"
+REFERENCES = [(scale, path.name) for scale in SCALES for path in sorted(folder(scale).iterdir())]
+
+pytestmark = pytest.mark.timeout(300)
+
+
+@pytest.fixture(scope="session")
+def taken(tmp_path_factory) -> Path:
+    """The folder of the images, by scale; taken once, by the first of all workers to ask."""
+    base = tmp_path_factory.getbasetemp()
+    into = (base.parent if "PYTEST_XDIST_WORKER" in os.environ else base) / "images"
+    done = into.with_suffix(".taken")
+    with open(into.with_suffix(".lock"), "w", encoding="utf-8") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        if not done.exists():
+            shutil.rmtree(FAILURES, ignore_errors=True)
+            subprocess.run(
+                [ROOT / "tools" / "ktr", "gallery", "--runner", BUILD / "tests/qml/ktr_qml_tests",
+                 "--into", into, "--scales", *SCALES], timeout=240, check=True)
+            done.touch()
+    return into
+
+
+@pytest.mark.parametrize(("scale", "name"), REFERENCES)
+def test_image(taken, scale, name):
+    actual, reference = by_reference(taken / scale).get(name), folder(scale) / name
+    assert actual, f"no scene has this name any more: {reference}"
+    comparison = Comparison(actual, reference)
+    if comparison.complaint:
+        place = FAILURES / scale / reference.stem
+        place.mkdir(parents=True, exist_ok=True)
+        shutil.copyfile(actual, place / "actual.png")
+        shutil.copyfile(reference, place / "reference.png")
+        comparison.save_difference(place / "difference.png")
+        pytest.fail(f"{comparison.complaint}; see actual, reference and difference in {place}. "
+                    f"If the change is intended: tools/ktr gallery --references")
+
+
+@pytest.mark.parametrize("scale", SCALES)
+def test_every_image_has_a_reference(taken, scale):
+    new = set(by_reference(taken / scale)) - {path.name for path in folder(scale).iterdir()}
+    assert not new, f"no reference: {sorted(new)}. To add them: tools/ktr gallery --references"
+
+
+def recoloured(image: Image.Image) -> Image.Image:
+    """With its most frequent colour off by three units in one channel."""
+    _, (red, green, blue) = max(image.getcolors(1 << 24))
+    mask = ImageChops.difference(image, Image.new("RGB", image.size, (red, green, blue)))
+    same = mask.convert("L", (1, 1, 1, 0)).point(lambda value: 0 if value else 255)
+    return Image.composite(Image.new("RGB", image.size, (red, green, abs(blue - 3))), image, same)
+
+
+def dotted(image: Image.Image) -> Image.Image:
+    """With one grey pixel too many."""
+    image.putpixel((image.width // 3, image.height - 12), (200, 200, 200))
+    return image
+
+
+CHANGES = {
+    "a colour off by three": recoloured,
+    "one pixel too many": dotted,
+    "a row down": lambda image: ImageChops.offset(image, 0, 1),
+    "a row less": lambda image: image.crop((0, 0, image.width, image.height - 1)),
+    "rounded otherwise": lambda image: image.point(lambda value: max(0, value - 2)),
+}
+
+
+@pytest.mark.parametrize("change", CHANGES)
+@pytest.mark.parametrize("name", ["reasons", "link"])
+def test_a_change_is_seen_but_for_rounding(tmp_path, name, change):
+    reference = folder("1") / f"{name}.png"
+    with Image.open(reference) as image:
+        CHANGES[change](image.convert("RGB")).save(tmp_path / "changed.png")
+    seen = Comparison(tmp_path / "changed.png", reference).complaint
+    assert bool(seen) == (change != "rounded otherwise")

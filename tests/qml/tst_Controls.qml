@@ -1,0 +1,364 @@
+import QtQuick 2.14
+import QtQuick.Controls 2.14
+import QtTest 1.15
+import "qrc:/"
+import "qrc:/public.js" as Public
+
+// The controls on their own: what they take as properties, what activates them, and how they tell.
+// The reference images show what they look like.
+InterfaceTest {
+    id: test
+
+    // What a click activates, by type.
+    readonly property var activated: [
+        { tag: "ZoRoundButton", properties: { text: "Go" }, role: Accessible.Button },
+        { tag: "ZoRoundButtonLegacy", properties: { text: "Go" }, role: Accessible.Button },
+        { tag: "ZoDefaultRoundButton", properties: { text: "Go" }, role: Accessible.Button },
+        { tag: "ZoRadioButton", properties: { text: "Go" }, role: Accessible.RadioButton,
+          frame: "focusFrame" },
+        { tag: "ZoLinkLabel", properties: { originalText: "Go" }, role: Accessible.Link,
+          signal: "linkActivated", frame: "focusMark" },
+        { tag: "ZoImageButton", properties: { resName: "ico_popup_close" }, role: Accessible.Button,
+          noStop: true }
+    ]
+    readonly property var fills: ({
+        normal: "#100000", hovered: "#200000", pressed: "#300000", disabled: "#400000"
+    })
+
+    name: "Controls"
+
+    Component {
+        id: groupFixture
+        Column {
+            ButtonGroup {
+                id: group
+            }
+            spacing: 10
+            Repeater {
+                model: 3
+                ZoRadioButton {
+                    objectName: "entry" + index
+                    height: 19
+                    text: "Entry " + index
+                    ButtonGroup.group: group
+                    onToggled: fake.note("toggled " + index)
+                }
+            }
+        }
+    }
+
+    Component {
+        id: plainRadio
+        RadioButton {}
+    }
+
+    Component {
+        id: ofFixedWidth
+        ZoRoundButton {
+            width: 30
+            text: "x"
+        }
+    }
+
+    TextMetrics {
+        id: metrics
+        font.pixelSize: 14
+    }
+
+    function make(type, properties) {
+        var component = Qt.createComponent("qrc:/" + type + ".qml")
+        var control = createTemporaryObject(component, test,
+                                            Object.assign({ x: 20, y: 20 }, properties))
+        verify(control, component.errorString())
+        return control
+    }
+
+    function makeActivated(row) {
+        var control = make(row.tag, row.properties)
+        var signal = control[row.signal || "clicked"]
+        signal.connect((link) => fake.note(link ? "link " + link : "click"))
+        return control
+    }
+
+    // How often it was activated since the last time this was asked.
+    function activations(row) {
+        var found = notes()
+        fake.forget()
+        var expected = row.signal ? "link " + Public.homePageUrl : "click"
+        verify(found.every((note) => note === expected), found)
+        return found.length
+    }
+
+    function labelOf(button) { return findChild(button, "buttonLabel") }
+
+    function test_properties_data() {
+        return [
+            { tag: "ZoRoundButton", properties: {
+                fontPixcelSize: 14, bgOpacity: 1, semiBold: false, rp: 0, lp: 0,
+                staticButton: false,
+                bgGradient: null, bgBorderWidth: 0, bgRadius: 4, width: 100, height: 28,
+                properties: Public.nrpInfo } },
+            { tag: "ZoRoundButtonLegacy", properties: { properties: Public.rplInfo } },
+            { tag: "ZoDefaultRoundButton", properties: { properties: Public.drpInfo } },
+            { tag: "ZoImageButton", properties: {
+                resName: "", ltRadius: false, rtRadius: false, lbRadius: false, rbRadius: false,
+                btnRadius: 0, index: 0, pressAble: true, imghcenter: false, activeFocusOnTab: false,
+                bgColorNormal: "#00000000", bgColorOnHover: "#00000000",
+                bgColorOnPress: "#00000000",
+                bgColorOnChecked: "#00000000", width: 0, height: 0 } },
+            { tag: "ZoRadioButton", properties: { fontSize: 14, checked: false } },
+            { tag: "ZoLinkLabel", properties: { originalText: "", activeFocusOnTab: false,
+                                                textFormat: Text.RichText } },
+            { tag: "ZoGradientFill", properties: { radius: 0, startColor: "#00000000",
+                                                   endColor: "#00000000" } },
+            { tag: "ZoProgressBar", properties: { value: 0, precision: 0,
+                                                  valueAnimationInterval: 400 } }
+        ]
+    }
+
+    function test_properties(row) {
+        compareAll(make(row.tag, {}), row.properties)
+    }
+
+    // What activates -----------------------------------------------------------------------------
+
+    function test_mouseAndTouch_data() { return activated }
+
+    function test_mouseAndTouch(row) {
+        var control = makeActivated(row)
+        var x = control.width / 2
+        var y = control.height / 2
+        mouseClick(control, x, y)
+        compare(activations(row), 1)
+        mousePress(control, x, y)
+        mouseMove(control, x, y + 100)
+        mouseRelease(control, x, y + 100)
+        mouseClick(control, x, y, Qt.RightButton)
+        compare(activations(row), 0, "another button, or released elsewhere")
+        leavePointer()
+        probe.tap(control, 20 + x, 20 + y)
+        tryVerify(() => notes().length > 0)
+        compare(activations(row), 1)
+        if (row.role === Accessible.Button) {
+            compare([control.pressed, control.hovered], [false, false], "a finger leaves no hover")
+        }
+        control.enabled = false
+        mouseClick(control, x, y)
+        compare(activations(row), 0)
+    }
+
+    function test_keyboard_data() { return activated }
+
+    function test_keyboard(row) {
+        var control = makeActivated(row)
+        var frame = findChild(control, row.frame || "focusFrame")
+        mouseClick(control)
+        compare(frame !== null && frame.visible, false, "no frame for the mouse")
+        control.focus = false
+        fake.forget()
+        keyClick(Qt.Key_Tab)
+        compare(control.activeFocus, !row.noStop)
+        if (row.noStop) {
+            return
+        }
+        compare(frame.visible, true)
+        var area = frame.mapToItem(control, 0, 0, frame.width, frame.height)
+        verify(area.x >= 0 && area.x + area.width <= control.width, "inside: pages clip")
+        keys.forEach((one) => {
+            keyPress(one.key)
+            probe.repeatKey(control, one.key)
+            keyRelease(one.key)
+            compare(activations(row), 1, one.tag)
+        })
+        keyClick(Qt.Key_A)
+        control.enabled = false
+        keyClick(Qt.Key_Return)
+        compare(activations(row), 0)
+    }
+
+    function test_cursor_data() { return activated.filter((row) => !row.noStop) }
+
+    function test_cursor(row) {
+        var control = makeActivated(row)
+        mouseMove(control, control.width / 2, control.height / 2)
+        tryCursor(control, row.tag === "ZoRadioButton" ? Qt.ArrowCursor : Qt.PointingHandCursor)
+        leavePointer()
+        tryCursor(control, Qt.ArrowCursor)
+    }
+
+    function test_accessible_data() { return activated }
+
+    function test_accessible(row) {
+        var control = makeActivated(row)
+        var seen = probe.accessible(control)
+        compare([seen.role, seen.name], [row.role, row.noStop ? "" : "Go"])
+        verify(row.noStop || seen.focusable)
+        verify(probe.pressAccessible(control))
+        // Choosing a radio button this way toggles it, which is no click.
+        compare(activations(row), row.tag === "ZoRadioButton" ? 0 : 1)
+        if (row.role === Accessible.Button) {
+            control.enabled = false
+            probe.pressAccessible(control)
+            compare(activations(row), 0)
+        }
+    }
+
+    // Push buttons -------------------------------------------------------------------------------
+
+    function test_states_data() {
+        function images(properties, pressed) {
+            var names = { normal: "normal", hovered: "hover", pressed: pressed,
+                          disabled: "disable" }
+            for (var state in names) {
+                names[state] = "qrc:/ico_popup_close_" + names[state] + ".png"
+            }
+            properties.resName = "ico_popup_close"
+            return { tag: "image, " + pressed, type: "ZoImageButton", properties: properties,
+                     seen: (button) => button.getBgSource(), expected: names }
+        }
+        return ["ZoRoundButton", "ZoRoundButtonLegacy"].map((type) => ({
+            tag: type, type: type, properties: { properties: { bgColor: fills } },
+            seen: (button) => String(findChild(button, "buttonBackground").color), expected: fills
+        })).concat(images({}, "press"), images({ pressAble: false }, "hover"))
+    }
+
+    // A disabled button has one look, whatever the mouse or a held key does.
+    function test_states(row) {
+        var button = make(row.type, row.properties)
+        ;["normal", "hovered", "pressed", "disabled", "disabled while hovered",
+          "disabled while pressed"].forEach((state) => {
+            enter(button, state)
+            compare(row.seen(button), row.expected[state.split(" ")[0]], state)
+            leave(button)
+            button.enabled = true
+        })
+        button.forceActiveFocus()
+        keyPress(Qt.Key_Space)
+        compare(row.seen(button), row.expected.pressed, "pressed by a key, without the pointer")
+        keyRelease(Qt.Key_Space)
+    }
+
+    function test_label() {
+        var button = make("ZoRoundButton", { text: "<b>a</b> & b", semiBold: true,
+                                             fontPixcelSize: 17 })
+        var label = labelOf(button)
+        compareAll(label, { text: "<b>a</b> & b", textFormat: Text.PlainText })
+        compare([label.font.weight, label.font.pixelSize], [Font.Medium, 17])
+        button.semiBold = false
+        compare(label.font.weight, Font.Normal)
+    }
+
+    function test_legacyButtonHasALabelColourOfItsOwn() {
+        var button = make("ZoRoundButtonLegacy", { textColor: "#123456" })
+        button.enabled = false
+        compare(String(labelOf(button).color), "#123456")
+        button.textColor = "#654321"
+        compare(String(labelOf(button).color), "#654321")
+    }
+
+    function test_width() {
+        function needed(text) {
+            metrics.text = text
+            return metrics.boundingRect.width + 2 * 4
+        }
+        var button = make("ZoRoundButton", { text: "OK" })
+        var wide = "A text that needs more room than that"
+        ;[[{ width: 40 }, 100], [{ text: wide }, needed(wide)],
+          [{ rp: 9, lp: 5, text: wide + "." }, needed(wide + ".") + 14], [{ text: "OK" }, 100],
+          [{ implicitWidth: 140 }, 140], [{ implicitWidth: 100 }, 100],
+          [{ implicitWidth: 64, text: "" }, 64]].forEach((step) => {
+            Object.assign(button, step[0])
+            compare(button.width, step[1], JSON.stringify(step[0]))
+        })
+        compare(createTemporaryObject(ofFixedWidth, test).width, 100)
+    }
+
+    function test_tablesMayLackEntries() {
+        var button = make("ZoRoundButton", { properties: {} })
+        compareAll(button, { bgColor: "#00000000", bgBorderWidth: 0, bgOpacity: 1, bgRadius: 6,
+                             bgBorderColor: "#00000000" })
+        compare(button.enabledValue(undefined), undefined)
+    }
+
+    function test_theFilledLookIsNotDeclared() {
+        var button = make("ZoDefaultRoundButton", { properties: Public.nrpInfo_submit })
+        compare(button.properties, Public.drpInfo)
+        button.properties = Public.nrpInfo_submit
+        compare(button.bgBorderWidth, 1, "but it can be changed later")
+    }
+
+    function test_aStaticButtonHasNoHand() {
+        var button = make("ZoRoundButton", { text: "Go", staticButton: true })
+        mouseMove(button, 50, 14)
+        tryCompare(button, "hovered", true)
+        tryCursor(button, Qt.ArrowCursor)
+    }
+
+    function test_anImageButtonGrowsToItsImage() {
+        var button = make("ZoImageButton", { resName: "ico_popup_close", width: 10, height: 40 })
+        compare([button.width, button.height], [16, 40])
+    }
+
+    // Links --------------------------------------------------------------------------------------
+
+    function test_link() {
+        var label = make("ZoLinkLabel", { originalText: "One" })
+        compare(label.text, Public.makeLink("One"))
+        label.originalText = "Other"
+        compare(label.text, Public.makeLink("Other"))
+        label.linkActivated.connect((link) => fake.note(link))
+        label.width = label.implicitWidth + 100
+        mouseClick(label, label.width - 10, label.height / 2)
+        compare(notes(), [], "beside the link")
+        tryCursor(label, Qt.ArrowCursor)
+    }
+
+    // Radio buttons ------------------------------------------------------------------------------
+
+    function test_aRadioButtonHasThePaddingOfItsBase() {
+        var button = make("ZoRadioButton", { text: "Go" })
+        var base = createTemporaryObject(plainRadio, test)
+        ;["leftPadding", "topPadding", "rightPadding", "bottomPadding"].forEach((side) => {
+            compare(button[side], base[side], side)
+        })
+    }
+
+    function test_aRadioButtonTogglesOnce_data() {
+        return [{ tag: "mouse", act: (button) => mouseClick(button) },
+                { tag: "touch", act: (button) => probe.tap(button, 30, 30) },
+                { tag: "assistive tool", act: (button) => verify(probe.pressAccessible(button)) }
+        ].concat(keys.map((row) => ({ tag: row.tag, act: (button) => keyClick(row.key) })))
+    }
+
+    function test_aRadioButtonTogglesOnce(row) {
+        var button = make("ZoRadioButton", { text: "Go" })
+        button.toggled.connect(() => fake.note("toggled " + button.checked))
+        button.clicked.connect(() => fake.note("clicked"))
+        button.forceActiveFocus()
+        var clicked = row.tag === "assistive tool" ? [] : ["clicked"]
+        compare(probe.accessible(button).checked, false)
+        row.act(button)
+        tryCompare(button, "checked", true)
+        compare(notes(), ["toggled true"].concat(clicked))
+        row.act(button)
+        wait(0)
+        compare(button.checked, true)
+        compare(notes(), ["toggled true"].concat(clicked, clicked))
+    }
+
+    function test_aGroupOfRadioButtons() {
+        var entries = named(createTemporaryObject(groupFixture, test), /^entry/)
+        keyClick(Qt.Key_Tab)
+        ;[[Qt.Key_Down, 1], [Qt.Key_Down, 2], [Qt.Key_Down, 2], [Qt.Key_Up, 1], [Qt.Key_Up, 0],
+          [Qt.Key_Up, 0]].forEach((step) => {
+            keyClick(step[0])
+            compare(entries.map((entry) => entry.activeFocus).indexOf(true), step[1])
+        })
+        compare(findChild(entries[0], "focusFrame").visible, true)
+        compare(notes(), [], "moving on chooses nothing")
+        mouseClick(entries[0])
+        mouseClick(entries[2])
+        compare(entries.map((entry) => entry.checked), [false, false, true])
+        compare(notes(), ["toggled 0", "toggled 2"])
+    }
+}
