@@ -26,7 +26,7 @@ BUILD = ROOT / "build" / "linux-debug"
 SCALES = ("1", "1.25", "1.5", "2")
 LANGUAGE_SCALES = ("1", "2")
 SCENES = ROOT / "tests" / "qml" / "gallery.qml"
-LANGUAGE_SCENES = ROOT / "tests" / "qml" / "gallery_languages.qml"
+LANGUAGE_SCENES = ROOT / "tests" / "qml" / "tst_Languages.qml"
 LANGUAGE_FONTS = ROOT / "tests" / "qml" / "language-fonts.conf"
 SCREEN = "1600x1200"
 """Holds the window with its shadow at the largest scale."""

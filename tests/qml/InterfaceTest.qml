@@ -162,6 +162,10 @@ TestCase {
             mouseMove(control, control.width / 2, control.height / 2)
             tryCompare(control, "hovered", true)
         }
+        if (state === "pressed by a key") {
+            control.forceActiveFocus()
+            keyPress(Qt.Key_Space)
+        }
         if (pointer === "pressed") {
             if (disabled) {
                 control.forceActiveFocus()

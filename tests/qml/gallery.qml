@@ -11,34 +11,24 @@ InterfaceTest {
     readonly property string folder: probe.environment("KTR_GALLERY")
     readonly property string longText: "A text which is certainly a good deal longer than "
                                        + "the three hundred and thirty-six pixels of one line."
-    readonly property var states: ["normal", "hovered", "pressed", "disabled",
-                                   "disabled while hovered",
-                                   "disabled while pressed", "focused"]
+    readonly property var states: ["normal", "hovered", "pressed", "pressed by a key", "disabled",
+                                   "disabled while hovered", "disabled while pressed", "focused"]
 
     // A table whose values under `enabled` and `disabled` are split by state, and one that only has
     // some of them, no border width and no radius.
-    readonly property var splitTable: ({
-        bgColor: {
-            normal: "#C02020", hovered: "#20C020", pressed: "#2020C0", disabled: "#C0C020",
-            opacity: { enabled: { normal: 0.9, pressed: 0.5 }, disabled: 0.2 }
-        },
-        borderColor: { normal: "#400000", hovered: "#004000", pressed: "#000040",
-                       disabled: "#404000" },
-        borderWidth: 2,
+    readonly property var strong: ["#C02020", "#20C020", "#2020C0", "#C0C020"]
+    readonly property var dark: ["#400000", "#004000", "#000040", "#404000"]
+    readonly property var splitTable: table({ enabled: { normal: 0.9, pressed: 0.5 },
+                                              disabled: 0.2 }, {
         textColor: {
             enabled: { normal: "#FFFFFF", hovered: "#FFFF00", pressed: "#00FFFF" },
             disabled: { normal: "#FF00FF", hovered: "#FF0000", pressed: "#00FF00" }
         },
         bgRadius: 9
     })
-    readonly property var sparseTable: ({
-        bgColor: {
-            normal: "#C02020", hovered: "#20C020", pressed: "#2020C0", disabled: "#C0C020",
-            opacity: { enabled: { normal: 0.6 }, disabled: 0.2 }
-        },
-        borderColor: { normal: "#400000", hovered: "#004000", pressed: "#000040",
-                       disabled: "#404000" },
-        textColor: { enabled: { normal: "#FFFFFF", hovered: "#FFFF00" }, disabled: "#FF00FF" }
+    readonly property var sparseTable: table({ enabled: { normal: 0.6 }, disabled: 0.2 }, {
+        textColor: { enabled: { normal: "#FFFFFF", hovered: "#FFFF00" }, disabled: "#FF00FF" },
+        bgRadius: undefined, borderWidth: undefined
     })
     readonly property var gradient: [
         { normal: "#600000", hovered: "#006000", pressed: "#000060" }, { normal: "#FF8080" }
@@ -61,6 +51,7 @@ InterfaceTest {
         ["gradient button", "ZoDefaultRoundButton", { text: "Cancel" },
          { properties: withGradient({ stops: gradient }) }],
         ["close button", "ZoImageButton", { resName: "ico_popup_close" }],
+        ["unpressable button", "ZoImageButton", { resName: "ico_popup_close", pressAble: false }],
         ["tinted button", "ZoImageButton", tinted],
         ["checked tinted button", "ZoImageButton", merged(tinted, { checked: true })],
         ["radio", "ZoRadioButton", { text: "I have other reasons", height: 19 }],
@@ -94,14 +85,15 @@ InterfaceTest {
         ["radio of its own size", "ZoRadioButton", { text: "<b>Tall</b>" }]
     ]
     readonly property var popups: [
-        ["pop-up", { title: "Warning", content: body, buttons: ["Yes", "No", "Cancel"] }],
+        ["pop-up", { title: "Warning", buttonMask: 3, content: body,
+                     buttons: ["Yes", "No", "Cancel"] }],
         ["pop-up, without a border", { title: longText + longText, haveBorder: false, radius: 6,
                                        content: body, defaultIndex: 1, buttons: ["Yes", "No"] }],
         ["pop-up, with other measures", {
             width: 500, height: 300, leftMargin: 10, rightMargin: 20, topMargin: 40,
             titleHeight: 50,
             titleRightMargin: 30, btnWidth: 60, btnHeight: 40, bgColor: "#C0E0C0",
-            titleColor: "#E0C0C0", content: body, defaultIndex: 7,
+            titleColor: "#E0C0C0", contentColor: "#C0C0E0", content: body, defaultIndex: 7,
             buttons: ["a", "A text that is too long for sixty"]
         }],
         ["pop-up, busy", { title: longText + longText, busy: true, contentColor: "#C0C0E0",
@@ -124,6 +116,12 @@ InterfaceTest {
 
     function merged(one, other) {
         return Object.assign({}, one, other)
+    }
+
+    function table(opacity, changes) {
+        var made = merged(Public.buttonTable(strong, dark, 2, ""), changes)
+        made.bgColor.opacity = opacity
+        return made
     }
 
     function withGradient(gradient) {

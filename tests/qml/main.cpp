@@ -10,52 +10,15 @@
 #include <QQmlEngine>
 #include <QtQuickTest>
 
-#include <cstdio>
-#include <utility>
-
-namespace {
-
-QStringList warnings;
-QtMessageHandler nextHandler = nullptr;
-
-void Record(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (type == QtWarningMsg || type == QtCriticalMsg) {
-        warnings.append(message);
-    }
-    if (nextHandler != nullptr) {
-        nextHandler(type, context, message);
-    }
-}
-
-// Qt Test installs its own handler when the first test starts, so this is repeated at every event.
-void WatchWarnings()
-{
-    const QtMessageHandler current = qInstallMessageHandler(Record);
-    if (current != Record) {
-        nextHandler = current;
-    }
-}
-
-} // namespace
-
-/// Prepares the run of a test file: warnings are recorded, and every engine gets the real
-/// controller in a fake environment, the probe and the languages.
+/// Prepares the run of a test file: every engine gets the real controller in a fake environment,
+/// the probe and the languages.
 class TestSetup : public QObject
 {
     Q_OBJECT
 
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        WatchWarnings();
-        return QObject::eventFilter(watched, event);
-    }
-
 public Q_SLOTS:
     void applicationAvailable()
     {
-        QCoreApplication::instance()->installEventFilter(this);
         QAccessible::setActive(true);
         // As in the program: both decide how texts and links look.
         ApplyApplicationFont();
@@ -75,20 +38,16 @@ private:
     LanguageSwitch languages_;
 };
 
-/// Runs the test file given with -input; fails on a failed test and on any warning.
+/// Runs the test file given with -input. Every warning ends the run at once, as a failure.
 int main(int argc, char **argv)
 {
-    WatchWarnings();
+    qputenv("QT_FATAL_WARNINGS", "1");
+    qputenv("QT_FATAL_CRITICALS", "1");
     // As in the program, for images at scales between the whole ones.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     TestSetup setup;
-    const int result = quick_test_main_with_setup(argc, argv, "ktr_qml", KTR_QML_TEST_DIR, &setup);
-    qInstallMessageHandler(nullptr);
-    for (const QString &warning : std::as_const(warnings)) {
-        std::fprintf(stderr, "unexpected warning: %s\n", qPrintable(warning));
-    }
-    return warnings.isEmpty() ? result : 1;
+    return quick_test_main_with_setup(argc, argv, "ktr_qml", KTR_QML_TEST_DIR, &setup);
 }
 
 #include "main.moc"

@@ -297,16 +297,6 @@ InterfaceTest {
         compare(notes(), ["submit   \"{}\" & <b>\n\nb"], "the whole text")
     }
 
-    function test_cursors() {
-        box.text = "x"
-        ;[[submit, 50, Qt.PointingHandCursor], [part("titleLabel"), 10, Qt.ArrowCursor],
-          [link, 30, Qt.PointingHandCursor],
-          [link, link.width + 20, Qt.ArrowCursor]].forEach((step) => {
-            mouseMove(step[0], step[1], step[0].height / 2)
-            tryCursor(main, step[2])
-        })
-    }
-
     // The link -----------------------------------------------------------------------------------
 
     function followed(url) {

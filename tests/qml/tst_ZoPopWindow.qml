@@ -122,16 +122,6 @@ InterfaceTest {
         tryGone()
     }
 
-    function test_buttonMask_data() {
-        return [{ tag: "0", shown: false }, { tag: "1", shown: true }, { tag: "2", shown: false },
-                { tag: "3", shown: true }]
-    }
-
-    function test_buttonMask(row) {
-        show({ buttonMask: Number(row.tag) })
-        compare(inPopup("closeButton").visible, row.shown)
-    }
-
     function test_drag_data() {
         return [[50, 10], [0, 0], [597, 0], [0, 30], [597, 30], [565, 15], [583, 15]]
             .map((at) => ({ tag: at.join(","), x: at[0], y: at[1] }))
