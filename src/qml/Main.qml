@@ -50,7 +50,8 @@ ApplicationWindow {
         border.bottom: window.burOffset
         horizontalTileMode: BorderImage.Stretch
         verticalTileMode: BorderImage.Stretch
-        source: "qrc:/pic_shadow.png"
+        // Nothing is decoded where no shadow is drawn.
+        source: visible ? "qrc:/pic_shadow.png" : ""
         visible: window.burOffset > 0
     }
 

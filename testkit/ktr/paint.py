@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import select
 import time
-from typing import Callable, TypeVar
+from typing import Any, Callable, TypeVar
 
 from Xlib import X
 from Xlib import display as xdisplay
@@ -54,7 +54,7 @@ class PaintWatch:
             if _has_pixel(self._picture(area), pixel):
                 return now, seen
 
-    def _next(self, seconds: float):
+    def _next(self, seconds: float) -> Any:
         """The next painted area; None when there is none within so many seconds."""
         end = time.monotonic() + seconds
         while True:
@@ -66,9 +66,9 @@ class PaintWatch:
             if not select.select([self._connection.fileno()], [], [], left)[0]:
                 return None
 
-    def _picture(self, area) -> bytes:
-        return self._root.get_image(
-            area.x, area.y, area.width, area.height, X.ZPixmap, _ALL_PLANES).data
+    def _picture(self, area: Any) -> bytes:
+        return bytes(self._root.get_image(
+            area.x, area.y, area.width, area.height, X.ZPixmap, _ALL_PLANES).data)
 
 
 def _has_pixel(picture: bytes, pixel: bytes) -> bool:

@@ -1,0 +1,302 @@
+"""Measures the program beside floors of the same run: a window with each control of Qt's that it
+uses, the same with the program's images, icon and libraries, the program with Qt's default renderer,
+and the bare question of a tick. Status 0 only if each ratio is within its aim.
+
+The Windows executable under Wine has no other renderer, and neither valgrind nor the tick runs there:
+its ratios are those of processor time and memory, and the wake-ups when idle.
+"""
+
+from __future__ import annotations
+
+import argparse
+import os
+import re
+import signal
+import subprocess
+import sys
+import time
+from collections import defaultdict
+from contextlib import contextmanager
+from dataclasses import dataclass, field
+from pathlib import Path
+from statistics import median, quantiles
+from typing import Callable, Iterator, Sequence
+
+from ktr import layout, wait
+from ktr.display import Display
+from ktr.installation import REPOSITORY, build_directory
+from ktr.paint import PaintWatch
+from ktr.program import Started
+from ktr.resources import peak_memory
+from ktr.sandbox import Sandbox
+from ktr.screen import colour
+
+PROGRAM = "UninstallUI"
+CONTROLS = "window with each control"
+CONTENT = "the same with images, icon, libraries"
+DEFAULT = "UninstallUI, Qt's default renderer"
+
+_MARK = colour(layout.CANCEL_NORMAL)
+"""What every contender paints somewhere, the last of it all."""
+_QUIET = 0.3
+"""Seconds without painting after which a display has settled after the start before."""
+_STANDS = 2.0
+"""Seconds without painting after which a slow window is complete."""
+_SLOW = 300.0
+"""Seconds for a start under valgrind, which takes fifty times as long."""
+_COUNTS = 3
+"""How often instructions are counted: they hardly differ."""
+_IDLE = 5.0
+"""Seconds of watching the program while nobody does anything."""
+_TICKS = 50
+
+
+@dataclass
+class Contender:
+    """An executable in a sandbox."""
+
+    title: str
+    sandbox: Sandbox
+    executable: Path
+    arguments: list[str] = field(default_factory=list)
+    variables: dict[str, str] = field(default_factory=dict)
+
+    @contextmanager
+    def started(self, under: Sequence[str] = ()) -> Iterator[Started]:
+        """Runs it, `under` another command if given; it is ended after the block."""
+        system = self.sandbox.system
+        one = Started([*under, *system.command(self.executable, self.arguments)],
+                      {**self.sandbox.environment(), **self.variables}, self.sandbox.root,
+                      self.sandbox.root / "logs" / self.executable.name)
+        try:
+            yield one
+        finally:
+            one.kill()
+            kept = [other.pid for other in self.sandbox.stand_ins]
+            for process in system.offspring(self.sandbox.root):
+                if process.pid not in kept:
+                    system.end(process)
+
+
+@dataclass(frozen=True)
+class Start:
+    """Of one start: seconds to the first frame, seconds of processor time and megabytes until then."""
+
+    first_frame: float
+    cpu: float
+    peak: float
+
+
+@dataclass(frozen=True)
+class Ratio:
+    """Quotients of what shared a round, and how much their median may be."""
+
+    title: str
+    values: Sequence[float]
+    aim: float
+
+    @property
+    def kept(self) -> bool:
+        """Whether it is within its aim."""
+        return median(self.values) <= self.aim
+
+    def __str__(self) -> str:
+        return f"{self.title} {median(self.values):.2f} of {self.aim:g}"
+
+
+class Bench:
+    """All figures of one run."""
+
+    def __init__(self, display: Display, sandbox: Sandbox) -> None:
+        self._watch = PaintWatch(display.name)
+        self._sandbox = sandbox
+        self._wine = bool(sandbox.system.executable_suffix)
+        # Something runs already, or Wine would begin with its own services at every start.
+        sandbox.hold("KTRUI.exe")
+        sandbox.spawn("KTRUI.exe")
+        sandbox.wait_processes("KTRUI.exe", 1)
+        floor = sandbox.bin / ("floor_window" + sandbox.system.executable_suffix)
+        floor.write_bytes(_built(floor.name).read_bytes())
+        floor.chmod(0o755)
+        self.contenders = [
+            Contender(PROGRAM, sandbox, sandbox.program_file),
+            Contender(CONTROLS, sandbox, floor, ["controls"]),
+            Contender(CONTENT, sandbox, floor, ["content"]),
+        ]
+        if not self._wine:
+            # No scene graph has this name, so Qt takes its default.
+            self.contenders.append(Contender(DEFAULT, sandbox, sandbox.program_file,
+                                             variables={"QT_QUICK_BACKEND": "opengl"}))
+        self.starts: dict[str, list[Start]] = defaultdict(list)
+        self.instructions: dict[str, list[int]] = {}
+        self.ticks: dict[str, list[float]] = defaultdict(list)
+        self.wake_ups: list[int] = []
+
+    def run(self, rounds: int) -> None:
+        """Measures everything, each contender in each round; a first round does not count."""
+        for number in range(rounds + 1):
+            _say(f"starts: round {number} of {rounds}")
+            for contender in self.contenders:
+                with self._start(contender) as (_, start):
+                    if number:
+                        self.starts[contender.title].append(start)
+        _say("idle")
+        self.wake_ups = [self._idle() for _ in range(_COUNTS)]
+        if self._wine:
+            return
+        for contender in self.contenders[:3]:
+            _say(f"instructions: {contender.title}")
+            self.instructions[contender.title] = [self._count(contender) for _ in range(_COUNTS)]
+        self._run_ticks(rounds)
+
+    def ratios(self) -> list[Ratio]:
+        """What has aims."""
+        def starts(title: str, what: Callable[[Start], float], floor: str, aim: float) -> Ratio:
+            pairs = zip(self.starts[PROGRAM], self.starts[floor])
+            return Ratio(title, [what(own) / what(other) for own, other in pairs], aim)
+
+        found = [
+            starts("processor time to same content", lambda start: start.cpu, CONTENT, 1.15),
+            starts("memory to each control", lambda start: start.peak, CONTROLS, 1.15),
+            Ratio("wake-ups when idle", self.wake_ups, 0),
+        ]
+        if not self._wine:
+            def ratio(title: str, own: Sequence[float], other: Sequence[float], aim: float) -> Ratio:
+                return Ratio(title, [a / b for a, b in zip(own, other)], aim)
+
+            found += [
+                ratio("instructions to same content", self.instructions[PROGRAM],
+                      self.instructions[CONTENT], 1.10),
+                starts("first frame to default renderer", lambda start: start.first_frame,
+                       DEFAULT, 0.65),
+                starts("memory to default renderer", lambda start: start.peak, DEFAULT, 0.42),
+                ratio("tick to its question", self.ticks["tick"], self.ticks["query"], 1.05),
+            ]
+        return found
+
+    def table(self) -> str:
+        """All figures: medians, in brackets the quartiles."""
+        lines = [f"{'':40}{'first frame, ms':>20}{'processor, ms':>20}{'memory, MB':>22}"
+                 f"{'million instructions':>24}"]
+        for title, starts in self.starts.items():
+            counted = self.instructions.get(title)
+            lines.append(
+                f"{title:40}{_spread([1000 * start.first_frame for start in starts]):>20}"
+                f"{_spread([1000 * start.cpu for start in starts]):>20}"
+                f"{_spread([start.peak for start in starts], 1):>22}"
+                f"{_spread([count / 1e6 for count in counted]) if counted else '':>24}")
+        lines += [f"{title}: {_spread(values)} microseconds of processor time"
+                  for title, values in self.ticks.items()]
+        return "\n".join(lines)
+
+    @contextmanager
+    def _start(self, contender: Contender) -> Iterator[tuple[Started, Start]]:
+        """Starts a contender and waits for its first frame."""
+        self._watch.wait_quiet(_QUIET)
+        began = time.monotonic()
+        with contender.started() as started:
+            try:
+                painted, (cpu, peak) = self._watch.wait_colour(
+                    _MARK, lambda: (_cpu_time(started.pid), peak_memory(started.pid)),
+                    wait.DEADLINE)
+            except (TimeoutError, OSError, StopIteration):
+                raise RuntimeError(
+                    f"{contender.title} has shown nothing: {started!r}\n{started.stderr}") from None
+            yield started, Start(painted - began, cpu, peak)
+
+    def _count(self, contender: Contender) -> int:
+        """The instructions that a contender executes until its window is complete."""
+        self._watch.wait_quiet(_STANDS)
+        with contender.started(under=["valgrind", "--tool=callgrind", "--trace-children=no",
+                                      "--callgrind-out-file=/dev/null"]) as started:
+            self._watch.wait_colour(_MARK, lambda: None, _SLOW)
+            self._watch.wait_quiet(_STANDS)
+            os.kill(started.pid, signal.SIGTERM)
+            started.wait_exit()
+        # Each copy that it makes of itself to start another program tells its own count.
+        counts = re.findall(rf"^=={started.pid}== Collected : (\d+)$", started.stderr, re.M)
+        if len(counts) != 1:
+            raise RuntimeError(f"valgrind has counted nothing:\n{started.stderr}")
+        return int(counts[0])
+
+    def _idle(self) -> int:
+        """How often the program wakes up while nobody does anything."""
+        with self._start(self.contenders[0]) as (started, _):
+            self._watch.wait_quiet(1.0)
+            before = _switches(started.pid)
+            time.sleep(_IDLE)
+            return _switches(started.pid) - before
+
+    def _run_ticks(self, rounds: int) -> None:
+        hold = self._sandbox.hold("uninstall.exe")
+        uninstaller = self._sandbox.spawn("uninstall.exe")
+        self._sandbox.wait_processes("uninstall.exe", 1)
+        for number in range(rounds):
+            _say(f"ticks: round {number + 1} of {rounds}")
+            for mode in ("bare", "query", "tick"):
+                done = subprocess.run(
+                    [_built("measure_tick"), mode, str(_TICKS)], cwd=self._sandbox.bin, text=True,
+                    env=self._sandbox.environment(), capture_output=True, check=True)
+                # Its own processor time, and that of the question's process.
+                self.ticks[mode].append(sum(map(float, done.stdout.split()[:2])))
+        hold.unlink()
+        uninstaller.wait_exit()
+
+
+def arguments(parser: argparse.ArgumentParser) -> None:
+    """The command line."""
+    parser.add_argument("--wine", action="store_true", help="the Windows executable")
+    parser.add_argument("--runs", type=int, default=20, help="starts of each (20)")
+
+
+def run(options: argparse.Namespace) -> int:
+    """Measures, prints the table and one line of ratios."""
+    os.environ["KTR_BUILD"] = str(
+        REPOSITORY / "build" / ("windows" if options.wine else "linux-release"))
+    print(f"{os.cpu_count()} processors, load {os.getloadavg()[0]:.1f} before; {options.runs} starts "
+          "of each, in turn; medians, in brackets the quartiles", flush=True)
+    with Display() as display:
+        display.reset()
+        sandbox = Sandbox(display)
+        try:
+            bench = Bench(display, sandbox)
+            bench.run(options.runs)
+        finally:
+            sandbox.cleanup()
+    print(bench.table())
+    ratios = bench.ratios()
+    missed = [ratio.title for ratio in ratios if not ratio.kept]
+    verdict = f"NOT within the aims: {', '.join(missed)}" if missed else "all within the aims"
+    print(f"\n{'; '.join(map(str, ratios))}: {verdict}")
+    return 1 if missed else 0
+
+
+def _built(name: str) -> Path:
+    """A program that only measurements need."""
+    file = build_directory() / "testkit" / "bench" / name
+    if not file.exists():
+        raise RuntimeError(f"{file} is missing; ./bench builds it")
+    return file
+
+
+def _cpu_time(pid: int) -> float:
+    """Seconds of processor time of all its threads, exact to less than a microsecond."""
+    return time.clock_gettime((~pid << 3) | 2)  # what clock_getcpuclockid(3) gives
+
+
+def _switches(pid: int) -> int:
+    """How often its threads have waited or been interrupted."""
+    return sum(int(times) for task in Path(f"/proc/{pid}/task").iterdir()
+               for times in re.findall(r"ctxt_switches:\s*(\d+)", (task / "status").read_text()))
+
+
+def _spread(values: Sequence[float], digits: int = 0) -> str:
+    if len(values) < 2:
+        return f"{values[0]:.{digits}f}"
+    low, _, high = quantiles(values, n=4, method="inclusive")
+    return f"{median(values):.{digits}f} ({low:.{digits}f} to {high:.{digits}f})"
+
+
+def _say(text: str) -> None:
+    """Progress, beside the table."""
+    print(text, file=sys.stderr, flush=True)
