@@ -7,7 +7,7 @@
 
 #include "testkit/fakes/file_lock.h"
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include <filesystem>
 #include <memory>
@@ -18,13 +18,13 @@ using host::FileLock;
 int main(int argc, char **argv)
 {
     const auto arguments = host::Arguments(argc, argv);
-    const standin::StandIn self(host::ExecutablePath());
-    const auto pid = standin::Field("pid", host::OwnProcessId());
+    const fake::Fake self(host::ExecutablePath());
+    const auto pid = fake::Field("pid", host::OwnProcessId());
 
     const std::filesystem::path hold = self.Path("hold_file");
     std::error_code ignored;
     if (!hold.empty() && std::filesystem::exists(hold, ignored)) {
-        self.Note("start", {pid, standin::ListField("args", arguments)});
+        self.Note("start", {pid, fake::ListField("args", arguments)});
         self.Hold(0);
         self.Note("end", {pid});
         return 0;
@@ -33,7 +33,7 @@ int main(int argc, char **argv)
     if (!only->TryTake(FileLock::Mode::Alone)) {
         return 0;
     }
-    self.Note("start", {pid, standin::ListField("args", arguments)});
+    self.Note("start", {pid, fake::ListField("args", arguments)});
     FileLock loaders(self.StateFile("loaders.lock"));
     loaders.Take(FileLock::Mode::Alone);
     // A library that loads in this moment waits for the loaders' lock. It must find the place of

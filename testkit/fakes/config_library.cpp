@@ -13,7 +13,7 @@
 #include "testkit/fakes/export.h"
 #include "testkit/fakes/host.h"
 #include "testkit/fakes/library_load.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include <algorithm>
 #include <array>
@@ -27,7 +27,7 @@
 namespace {
 
 // Set once while the library loads and never destroyed: the library is not unloaded.
-const standin::StandIn *library = nullptr;
+const fake::Fake *library = nullptr;
 std::string *environment = nullptr;
 
 std::string_view Shown(const char *text)
@@ -59,18 +59,18 @@ struct Object
 
 template<int kPosition> void Unexpected()
 {
-    library->Note("unexpected", {standin::Field("position", kPosition)});
+    library->Note("unexpected", {fake::Field("position", kPosition)});
 }
 
 bool InitConfig(Object * /*self*/, int mode)
 {
-    library->Note("init_config", {standin::Field("mode", mode)});
+    library->Note("init_config", {fake::Field("mode", mode)});
     return library->Number("init", 1) != 0;
 }
 
 void SetFilterEnvironment(Object * /*self*/, const char *prefix)
 {
-    library->Note("set_filter_environment", {standin::Field("prefix", Shown(prefix))});
+    library->Note("set_filter_environment", {fake::Field("prefix", Shown(prefix))});
     *environment = prefix != nullptr ? prefix : "";
 }
 
@@ -81,7 +81,7 @@ bool GetBoolValue(Object * /*self*/, const char *key, bool *value, const char *s
         *value = *set == "1";
     }
     library->Note("get_bool_value",
-                  {standin::Field("key", Shown(key)), standin::Field("suffix", Shown(suffix))});
+                  {fake::Field("key", Shown(key)), fake::Field("suffix", Shown(suffix))});
     return set.has_value();
 }
 
@@ -111,11 +111,11 @@ std::int32_t GetStringValue(
 {
     const std::int32_t result = Answer(key, buffer, size, suffix);
     library->Note("get_string_value",
-                  {standin::Field("key", Shown(key)),
-                   standin::Field("suffix", Shown(suffix)),
-                   standin::Field("buffer", std::string_view(buffer != nullptr ? "given" : "null")),
-                   standin::Field("size", static_cast<long long>(size)),
-                   standin::Field("result", result)});
+                  {fake::Field("key", Shown(key)),
+                   fake::Field("suffix", Shown(suffix)),
+                   fake::Field("buffer", std::string_view(buffer != nullptr ? "given" : "null")),
+                   fake::Field("size", static_cast<long long>(size)),
+                   fake::Field("result", result)});
     return result;
 }
 
@@ -143,24 +143,24 @@ const void *const *Table()
 
 } // namespace
 
-void standin::OnLoad(const std::filesystem::path &self)
+void fake::OnLoad(const std::filesystem::path &self)
 {
-    library = new standin::StandIn(self);
+    library = new fake::Fake(self);
     environment = new std::string;
-    library->Note("load", {standin::Field("pid", host::OwnProcessId())});
+    library->Note("load", {fake::Field("pid", host::OwnProcessId())});
 }
 
 extern "C" {
 
-STANDIN_EXPORT void *create_config()
+FAKE_EXPORT void *create_config()
 {
     const bool fails = library->Text("create") == "null";
     library->Note("create_config",
-                  {standin::Field("result", std::string_view(fails ? "null" : "object"))});
+                  {fake::Field("result", std::string_view(fails ? "null" : "object"))});
     return fails ? nullptr : new Object{Table()};
 }
 
-STANDIN_EXPORT void release_config(void **config)
+FAKE_EXPORT void release_config(void **config)
 {
     library->Note("release_config", std::vector<std::string>());
     delete static_cast<Object *>(*config);

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-/// What the stand-ins ask of the operating system. They do not use the program's own platform layer
+/// What the fakes ask of the operating system. They do not use the program's own platform layer
 /// for it: a fault in there must not hide itself. All texts are UTF-8.
 namespace host {
 

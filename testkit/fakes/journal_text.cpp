@@ -1,8 +1,8 @@
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include <cstddef>
 
-namespace standin {
+namespace fake {
 
 namespace {
 
@@ -107,4 +107,4 @@ std::string ListField(std::string_view key, const std::vector<std::string> &item
     return field;
 }
 
-} // namespace standin
+} // namespace fake

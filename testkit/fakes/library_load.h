@@ -2,10 +2,10 @@
 
 #include <filesystem>
 
-namespace standin {
+namespace fake {
 
-/// Called once when a library of the pretend installation has been loaded; `self` is its own full
+/// Called once when a library of the sandbox has been loaded; `self` is its own full
 /// path. Runs under the loader's lock, so it does little.
 void OnLoad(const std::filesystem::path &self);
 
-} // namespace standin
+} // namespace fake

@@ -3,7 +3,7 @@
 // `IMAGE.txt` beside this program may tell it: run_ms, hold_file, exit.
 
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -16,18 +16,18 @@ int main(int argc, char **argv)
         return 2;
     }
     const auto program = host::ExecutablePath();
-    const standin::StandIn script(program.parent_path() / std::filesystem::u8path(words[0]));
+    const fake::Fake script(program.parent_path() / std::filesystem::u8path(words[0]));
 
     std::error_code ignored;
     std::vector<std::string> fields = {
-        standin::Field("pid", host::OwnProcessId()),
-        standin::Field("cwd", std::filesystem::current_path(ignored))};
+        fake::Field("pid", host::OwnProcessId()),
+        fake::Field("cwd", std::filesystem::current_path(ignored))};
     const auto separator = std::find(words.begin() + 2, words.end(), "--");
     for (auto word = words.begin() + 2; word != separator; ++word) {
-        fields.push_back(standin::Escape(*word));
+        fields.push_back(fake::Escape(*word));
     }
     if (separator != words.end()) {
-        fields.push_back(standin::ListField("args", {separator + 1, words.end()}));
+        fields.push_back(fake::ListField("args", {separator + 1, words.end()}));
     }
     script.Note(words[1], fields);
     script.Hold(0);

@@ -5,16 +5,16 @@
 // Journal: start (pid, args), end (pid, exit); no end line means that it was terminated.
 
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 int main(int argc, char **argv)
 {
     const auto arguments = host::Arguments(argc, argv);
-    const standin::StandIn self(host::ExecutablePath());
+    const fake::Fake self(host::ExecutablePath());
     const int code = static_cast<int>(self.Number("exit", 0));
-    const auto pid = standin::Field("pid", host::OwnProcessId());
-    self.Note("start", {pid, standin::ListField("args", arguments)});
+    const auto pid = fake::Field("pid", host::OwnProcessId());
+    self.Note("start", {pid, fake::ListField("args", arguments)});
     self.Hold(-1);
-    self.Note("end", {pid, standin::Field("exit", code)});
+    self.Note("end", {pid, fake::Field("exit", code)});
     return code;
 }

@@ -13,7 +13,7 @@
 // Journal, with note=1: query (args, found=pids).
 
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -77,7 +77,7 @@ bool Names(const std::vector<std::string> &list, std::string_view image)
     });
 }
 
-std::vector<host::RunningProcess> Listed(const standin::StandIn &self, const Query &query)
+std::vector<host::RunningProcess> Listed(const fake::Fake &self, const Query &query)
 {
     const std::string wanted = Lowered(query.image.value_or(""));
     const auto roots = self.All("root");
@@ -141,7 +141,7 @@ void PrintPadding(long bytes)
     }
 }
 
-void NoteQuery(const standin::StandIn &self,
+void NoteQuery(const fake::Fake &self,
                const std::vector<std::string> &arguments,
                const std::vector<host::RunningProcess> &listed)
 {
@@ -150,7 +150,7 @@ void NoteQuery(const standin::StandIn &self,
     for (const auto &process : listed) {
         pids.push_back(std::to_string(process.id));
     }
-    self.Note("query", {standin::ListField("args", arguments), standin::ListField("found", pids)});
+    self.Note("query", {fake::ListField("args", arguments), fake::ListField("found", pids)});
 }
 
 } // namespace
@@ -158,7 +158,7 @@ void NoteQuery(const standin::StandIn &self,
 int main(int argc, char **argv)
 {
     const auto arguments = host::Arguments(argc, argv);
-    const standin::StandIn self(host::ExecutablePath());
+    const fake::Fake self(host::ExecutablePath());
     const auto query = Parse(arguments);
     if (!query) {
         std::fputs("ERROR: Invalid argument/option.\r\n", stderr);
@@ -171,7 +171,7 @@ int main(int argc, char **argv)
     host::BinaryOutput();
     PrintPadding(self.Number("bytes", 0));
     for (const std::string &text : self.All("say")) {
-        Print(standin::Unescape(text) + "\r\n");
+        Print(fake::Unescape(text) + "\r\n");
     }
     if (self.Number("silent", 0) == 0) {
         Print(Answer(*query, listed));

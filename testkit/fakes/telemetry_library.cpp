@@ -7,12 +7,12 @@
 // text is written as (null). A list without its end marker makes the process crash: there is no way
 // to tell, and nobody shall overlook it.
 
-#include "testkit/fakes/library_load.h"
-
+#include "services/telemetry/telemetry_contract.h"
 #include "testkit/fakes/export.h"
 #include "testkit/fakes/file_lock.h"
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/library_load.h"
+#include "testkit/fakes/fake.h"
 
 #include <chrono>
 #include <cstdarg>
@@ -25,7 +25,7 @@ constexpr const char *kEndMarker = "SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60
 constexpr const char *kCompanion = "SkyrelWrapExe.exe";
 
 // Set once while the library loads. Never destroyed: the lock is to last as long as the process.
-const standin::StandIn *library = nullptr;
+const fake::Fake *library = nullptr;
 host::FileLock *loaders = nullptr;
 
 void AppendCodePoint(std::string &text, char32_t code)
@@ -99,22 +99,22 @@ std::vector<std::string> Pairs(const std::vector<std::string> &texts)
 
 std::string PidField()
 {
-    return standin::Field("pid", host::OwnProcessId());
+    return fake::Field("pid", host::OwnProcessId());
 }
 
 std::int32_t Unexpected(std::string_view name)
 {
     if (library != nullptr) {
-        library->Note("unexpected", {PidField(), standin::Field("name", name)});
+        library->Note("unexpected", {PidField(), fake::Field("name", name)});
     }
     return 0;
 }
 
 } // namespace
 
-void standin::OnLoad(const std::filesystem::path &self)
+void fake::OnLoad(const std::filesystem::path &self)
 {
-    library = new standin::StandIn(self);
+    library = new fake::Fake(self);
     library->Note("load", {PidField()});
     loaders = new host::FileLock(library->StateFile("loaders.lock"));
     loaders->Take(host::FileLock::Mode::Shared);
@@ -125,7 +125,7 @@ void standin::OnLoad(const std::filesystem::path &self)
 
 extern "C" {
 
-STANDIN_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, ...)
+FAKE_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, ...)
 {
     std::vector<std::string> texts = {TextOf(name, wide)};
     bool ended = false;
@@ -147,34 +147,20 @@ STANDIN_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *nam
     std::this_thread::sleep_for(std::chrono::milliseconds(library->Number("delay_ms", 0)));
     library->Note("SkyrelSendInfo",
                   {PidField(),
-                   standin::Field("count", static_cast<long long>(texts.size()) + 3),
-                   standin::Field("flag", flag ? 1 : 0),
-                   standin::Field("wide", wide ? 1 : 0),
-                   standin::ListField("pairs", Pairs(texts))});
+                   fake::Field("count", static_cast<long long>(texts.size()) + 3),
+                   fake::Field("flag", flag ? 1 : 0),
+                   fake::Field("wide", wide ? 1 : 0),
+                   fake::ListField("pairs", Pairs(texts))});
     return static_cast<std::int32_t>(library->Number("result", 0));
 }
 
 // The program resolves these, and calls none of them.
-#define STANDIN_UNEXPECTED(name)                                                                   \
-    STANDIN_EXPORT std::int32_t name()                                                             \
+#define SkyrelSendInfo SkyrelUnused
+#define FAKE_UNEXPECTED(name)                                                                      \
+    FAKE_EXPORT std::int32_t name()                                                                \
     {                                                                                              \
         return Unexpected(#name);                                                                  \
     }
-
-STANDIN_UNEXPECTED(SkyrelOpenSession)
-STANDIN_UNEXPECTED(SkyrelCloseSession)
-STANDIN_UNEXPECTED(SkyrelAddParamToSessionA)
-STANDIN_UNEXPECTED(SkyrelAddParamToSessionW)
-STANDIN_UNEXPECTED(SkyrelEnableUserInfoCollect)
-STANDIN_UNEXPECTED(SkyrelInstallConfigFilePath)
-STANDIN_UNEXPECTED(SkyrelInstallInitUid)
-STANDIN_UNEXPECTED(SkyrelUninstallStart)
-STANDIN_UNEXPECTED(SkyrelUninstallEnd)
-STANDIN_UNEXPECTED(SkyrelIsEnableUserInfoCollect)
-STANDIN_UNEXPECTED(SkyrelEndCache)
-STANDIN_UNEXPECTED(SkyrelGetUserUid)
-STANDIN_UNEXPECTED(SkyrelStopProcess)
-STANDIN_UNEXPECTED(SkyrelGetKeyValue)
-STANDIN_UNEXPECTED(SkyrelSetKeyValue)
+SKYREL_EXPORTS(FAKE_UNEXPECTED)
 
 } // extern "C"

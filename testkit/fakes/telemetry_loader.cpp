@@ -1,4 +1,4 @@
-// Loads a telemetry library as the program does, for the tests of the stand-in:
+// Loads a telemetry library as the program does, for the tests of the fake:
 //   telemetry_loader LIBRARY [send|call] [NAME VALUE]...
 // `send` sends an event of two to five pairs, `call` calls an export that nobody should call.
 // Prints `loaded N` with the number of exports found and `result N`, then stays until its standard

@@ -10,7 +10,7 @@
 // remove (file, result=gone|missing|refused|failed); end (pid, exit).
 
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,21 +21,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> StartFields(const standin::StandIn &self,
+std::vector<std::string> StartFields(const fake::Fake &self,
                                      const std::vector<std::string> &arguments,
                                      const std::vector<std::string> &descriptors)
 {
     std::error_code ignored;
-    std::vector<std::string> fields = {standin::Field("pid", host::OwnProcessId()),
-                                       standin::ListField("args", arguments),
-                                       standin::Field("cwd", fs::current_path(ignored)),
-                                       standin::ListField("fds", descriptors)};
+    std::vector<std::string> fields = {fake::Field("pid", host::OwnProcessId()),
+                                       fake::ListField("args", arguments),
+                                       fake::Field("cwd", fs::current_path(ignored)),
+                                       fake::ListField("fds", descriptors)};
     std::istringstream names(self.Text("env"));
     for (std::string name; std::getline(names, name, ',');) {
         const auto value = host::EnvironmentVariable(name);
         const std::string shown =
             !value ? "unset" : (value->empty() ? std::string("empty") : "set:" + *value);
-        fields.push_back(standin::Field("env." + name, std::string_view(shown)));
+        fields.push_back(fake::Field("env." + name, std::string_view(shown)));
     }
     return fields;
 }
@@ -73,7 +73,7 @@ bool Exists(const fs::path &file)
     return fs::exists(file, ignored);
 }
 
-void Linger(const standin::StandIn &self)
+void Linger(const fake::Fake &self)
 {
     const fs::path present = self.Path("linger_while");
     if (!present.empty()) {
@@ -91,12 +91,12 @@ int main(int argc, char **argv)
 {
     const auto descriptors = host::OpenDescriptors();
     const auto arguments = host::Arguments(argc, argv);
-    const standin::StandIn self(host::ExecutablePath());
+    const fake::Fake self(host::ExecutablePath());
     const int code = static_cast<int>(self.Number("exit", 0));
     if (self.Text("mode") == "never") {
         self.Note(
             "never",
-            {standin::Field("pid", host::OwnProcessId()), standin::ListField("args", arguments)});
+            {fake::Field("pid", host::OwnProcessId()), fake::ListField("args", arguments)});
         return code;
     }
     host::OutliveParent();
@@ -105,10 +105,10 @@ int main(int argc, char **argv)
     for (const std::string &file : self.All("remove")) {
         const std::string result = Remove(self.Folder(), fs::u8path(file));
         self.Note("remove",
-                  {standin::Field("file", std::string_view(file)),
-                   standin::Field("result", std::string_view(result))});
+                  {fake::Field("file", std::string_view(file)),
+                   fake::Field("result", std::string_view(result))});
     }
     Linger(self);
-    self.Note("end", {standin::Field("pid", host::OwnProcessId()), standin::Field("exit", code)});
+    self.Note("end", {fake::Field("pid", host::OwnProcessId()), fake::Field("exit", code)});
     return code;
 }

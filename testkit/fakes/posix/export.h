@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a library of the pretend installation shows to the outside.
-#define STANDIN_EXPORT __attribute__((visibility("default")))
+/// Marks what a library of the sandbox shows to the outside.
+#define FAKE_EXPORT __attribute__((visibility("default")))

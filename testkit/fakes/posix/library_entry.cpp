@@ -9,7 +9,7 @@ namespace {
     Dl_info info = {};
     if (::dladdr(reinterpret_cast<const void *>(&Loaded), &info) != 0) {
         std::error_code ignored;
-        standin::OnLoad(std::filesystem::absolute(info.dli_fname, ignored));
+        fake::OnLoad(std::filesystem::absolute(info.dli_fname, ignored));
     }
 }
 

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a library of the pretend installation shows to the outside.
-#define STANDIN_EXPORT __declspec(dllexport)
+/// Marks what a library of the sandbox shows to the outside.
+#define FAKE_EXPORT __declspec(dllexport)

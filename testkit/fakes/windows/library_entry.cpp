@@ -9,7 +9,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
         std::array<wchar_t, 4096> buffer = {};
         const DWORD length =
             ::GetModuleFileNameW(instance, buffer.data(), static_cast<DWORD>(buffer.size()));
-        standin::OnLoad(std::wstring(buffer.data(), length));
+        fake::OnLoad(std::wstring(buffer.data(), length));
     }
     return TRUE;
 }

@@ -2,7 +2,7 @@
 
 #include "tests/unit/config/log_watch.h"
 #include "tests/unit/controller/object_watch.h"
-#include "tests/unit/controller/task_list_stand_in.h"
+#include "tests/unit/controller/fake_task_list.h"
 #include "tests/unit/platform/support/child.h"
 #include "tests/unit/platform/support/waiting.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 using contract::ReadFile;
 
-// The stand-in for the system's query, told what to answer in each case. It stays silent about what
+// The fake for the system's query, told what to answer in each case. It stays silent about what
 // really runs on the machine, unless a test wants the form of its answers.
 class TaskList : public testing::Test
 {
@@ -30,9 +30,9 @@ protected:
 
     TaskListQuery Query(const std::string &settings, int timeAllowedMs = 60000)
     {
-        standIn_.Tell(settings);
+        fake_.Tell(settings);
         TaskListQuery query;
-        query.program = QString::fromStdString(standIn_.Program().u8string());
+        query.program = QString::fromStdString(fake_.Program().u8string());
         query.timeAllowedMs = timeAllowedMs;
         return query;
     }
@@ -44,11 +44,11 @@ protected:
 
     bool QueryRuns() const
     {
-        return contract::IsImageRunning(standIn_.Program().filename().wstring());
+        return contract::IsImageRunning(fake_.Program().filename().wstring());
     }
 
     contract::ScratchFolder folder_;
-    TaskListStandIn standIn_{folder_.Path(), contract::UniqueName("query")};
+    FakeTaskList fake_{folder_.Path(), contract::UniqueName("query")};
 };
 
 TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
@@ -62,7 +62,7 @@ TEST_F(TaskList, PassesItsArgumentsInOrder)
 {
     EXPECT_FALSE(IsInTaskList(QStringLiteral("a b%1.exe"), Query("silent=1\nnote=1\n")));
     EXPECT_EQ(ReadFile(folder_ / "journal.log"),
-              standIn_.Program().filename().string() +
+              fake_.Program().filename().string() +
                   "\tquery\targs=[/NH][/FO][CSV][/FI][IMAGENAME eq a b%251.exe]\tfound=\n");
 }
 

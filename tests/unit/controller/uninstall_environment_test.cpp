@@ -2,7 +2,7 @@
 
 #include "platform/window.h"
 #include "tests/unit/config/log_watch.h"
-#include "tests/unit/controller/task_list_stand_in.h"
+#include "tests/unit/controller/fake_task_list.h"
 #include "tests/unit/platform/support/child.h"
 
 #include <QCoreApplication>
@@ -26,8 +26,8 @@ protected:
 TEST_F(SystemEnvironment, AsksTheTaskListOfTheSearchPath)
 {
     // Windows looks beside the program before it looks anywhere else.
-    const TaskListStandIn standIn(contract::OwnProgram().parent_path(), "tasklist");
-    standIn.Tell("root=nowhere\nshow=uninstall.exe\n");
+    const FakeTaskList fake(contract::OwnProgram().parent_path(), "tasklist");
+    fake.Tell("root=nowhere\nshow=uninstall.exe\n");
     const QByteArray path = qgetenv("PATH");
     const QString first = QCoreApplication::applicationDirPath() + QDir::listSeparator();
     qputenv("PATH", first.toLocal8Bit() + path);

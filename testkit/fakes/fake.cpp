@@ -1,4 +1,4 @@
-#include "testkit/fakes/standin.h"
+#include "testkit/fakes/fake.h"
 
 #include "testkit/fakes/host.h"
 
@@ -10,7 +10,7 @@
 #include <system_error>
 #include <thread>
 
-namespace standin {
+namespace fake {
 
 namespace fs = std::filesystem;
 
@@ -47,7 +47,7 @@ bool Exists(const fs::path &file)
 
 } // namespace
 
-StandIn::StandIn(const fs::path &self)
+Fake::Fake(const fs::path &self)
     : name_(self.filename().u8string())
     , folder_(self.parent_path())
 {
@@ -64,7 +64,7 @@ StandIn::StandIn(const fs::path &self)
     ReadSettings(folder_ / fs::u8path(name_ + ".txt"));
 }
 
-void StandIn::ReadSettings(const fs::path &file)
+void Fake::ReadSettings(const fs::path &file)
 {
     std::istringstream lines(ReadAll(file));
     for (std::string line; std::getline(lines, line);) {
@@ -77,17 +77,17 @@ void StandIn::ReadSettings(const fs::path &file)
     }
 }
 
-const std::string &StandIn::Name() const
+const std::string &Fake::Name() const
 {
     return name_;
 }
 
-const fs::path &StandIn::Folder() const
+const fs::path &Fake::Folder() const
 {
     return folder_;
 }
 
-std::vector<std::string> StandIn::All(std::string_view key) const
+std::vector<std::string> Fake::All(std::string_view key) const
 {
     std::vector<std::string> values;
     for (const auto &[name, value] : settings_) {
@@ -98,13 +98,13 @@ std::vector<std::string> StandIn::All(std::string_view key) const
     return values;
 }
 
-std::string StandIn::Text(std::string_view key, std::string_view fallback) const
+std::string Fake::Text(std::string_view key, std::string_view fallback) const
 {
     const auto values = All(key);
     return values.empty() ? std::string(fallback) : values.back();
 }
 
-long StandIn::Number(std::string_view key, long fallback) const
+long Fake::Number(std::string_view key, long fallback) const
 {
     const std::string text = Text(key);
     long number = 0;
@@ -113,13 +113,13 @@ long StandIn::Number(std::string_view key, long fallback) const
     return error == std::errc() && rest == end ? number : fallback;
 }
 
-fs::path StandIn::Path(std::string_view key) const
+fs::path Fake::Path(std::string_view key) const
 {
     const std::string text = Text(key);
     return text.empty() ? fs::path() : folder_ / fs::u8path(text);
 }
 
-fs::path StandIn::StateFile(std::string_view name) const
+fs::path Fake::StateFile(std::string_view name) const
 {
     if (root_.empty()) {
         return folder_ / fs::u8path(name);
@@ -129,12 +129,12 @@ fs::path StandIn::StateFile(std::string_view name) const
     return root_ / kStateFolder / fs::u8path(place + "." + std::string(name));
 }
 
-void StandIn::Note(std::string_view event, std::initializer_list<std::string> fields) const
+void Fake::Note(std::string_view event, std::initializer_list<std::string> fields) const
 {
     Note(event, std::vector<std::string>(fields));
 }
 
-void StandIn::Note(std::string_view event, const std::vector<std::string> &fields) const
+void Fake::Note(std::string_view event, const std::vector<std::string> &fields) const
 {
     fs::path journal = Path("journal");
     if (journal.empty()) {
@@ -150,19 +150,19 @@ void StandIn::Note(std::string_view event, const std::vector<std::string> &field
     host::AppendInOnePiece(journal, line + '\n');
 }
 
-bool StandIn::InstallationStands() const
+bool Fake::InstallationStands() const
 {
     return ReadAll(root_ / kMarkFile) == mark_;
 }
 
-void StandIn::WaitWhile(const std::function<bool()> &condition) const
+void Fake::WaitWhile(const std::function<bool()> &condition) const
 {
     while (condition() && (root_.empty() || InstallationStands())) {
         std::this_thread::sleep_for(kPoll);
     }
 }
 
-void StandIn::Hold(long fallbackMs) const
+void Fake::Hold(long fallbackMs) const
 {
     const fs::path file = Path("hold_file");
     if (!file.empty() && Exists(file)) {
@@ -175,4 +175,4 @@ void StandIn::Hold(long fallbackMs) const
     WaitWhile([milliseconds, end] { return milliseconds < 0 || Clock::now() < end; });
 }
 
-} // namespace standin
+} // namespace fake

@@ -8,17 +8,17 @@
 #include <utility>
 #include <vector>
 
-/// What all stand-ins share: each is told what to do by `<own name>.txt` beside it, and all of them
+/// What all fakes share: each is told what to do by `<own name>.txt` beside it, and all of them
 /// write one journal, so that a test can read what happened in the order in which it happened.
 ///
 /// A line of the text file is `key=value`; `#` starts a comment line; a key may be repeated. It is
-/// read once, when the stand-in starts. Relative paths in it count from the stand-in's folder. The
+/// read once, when the fake starts. Relative paths in it count from the fake's folder. The
 /// key `journal` names another journal.
 ///
 /// A line of the journal is `image TAB event TAB key=value TAB key=value ... LF`, in UTF-8. `%`,
 /// control characters and bytes that are not UTF-8 are written as `%XX`, so one occurrence is
 /// always one line. A list is `key=[item][item]`, brackets inside an item being escaped too.
-namespace standin {
+namespace fake {
 
 /// `key=value` as the journal has it.
 std::string Field(std::string_view key, std::string_view value);
@@ -34,12 +34,12 @@ std::string Escape(std::string_view text, std::string_view more = {});
 /// The reverse of `Escape`; a `%` that no two hexadecimal digits follow stays.
 std::string Unescape(std::string_view text);
 
-/// One stand-in: its place, its settings, its pen.
-class StandIn
+/// One fake: its place, its settings, its pen.
+class Fake
 {
 public:
     /// `self` is the full path of the executable or library.
-    explicit StandIn(const std::filesystem::path &self);
+    explicit Fake(const std::filesystem::path &self);
 
     const std::string &Name() const;
     const std::filesystem::path &Folder() const;
@@ -53,16 +53,16 @@ public:
     /// The last value as a path, empty when there is none.
     std::filesystem::path Path(std::string_view key) const;
 
-    /// A file of the pretend installation that belongs to this stand-in's folder, for locks. Beside
-    /// the stand-in when that is not in a pretend installation.
+    /// A file of the sandbox that belongs to this fake's folder, for locks. Beside
+    /// the fake when that is not in a sandbox.
     std::filesystem::path StateFile(std::string_view name) const;
 
-    /// Appends one line. Without the key `journal`, no effect when there is no pretend installation
+    /// Appends one line. Without the key `journal`, no effect when there is no sandbox
     /// (any more): one that is just being removed or replaced gets no new file.
     void Note(std::string_view event, std::initializer_list<std::string> fields) const;
     void Note(std::string_view event, const std::vector<std::string> &fields) const;
 
-    /// Waits while `condition` holds, but no longer than the pretend installation exists, so that
+    /// Waits while `condition` holds, but no longer than the sandbox exists, so that
     /// no test leaves a process behind.
     void WaitWhile(const std::function<bool()> &condition) const;
 
@@ -71,7 +71,7 @@ public:
     void Hold(long fallbackMs) const;
 
 private:
-    /// Whether the pretend installation is still the one in which this stand-in was started.
+    /// Whether the sandbox is still the one in which this fake was started.
     bool InstallationStands() const;
     void ReadSettings(const std::filesystem::path &file);
 
@@ -82,4 +82,4 @@ private:
     std::vector<std::pair<std::string, std::string>> settings_;
 };
 
-} // namespace standin
+} // namespace fake

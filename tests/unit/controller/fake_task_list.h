@@ -6,28 +6,28 @@
 #include <filesystem>
 #include <string>
 
-/// The stand-in for the system's task list, as a copy that answers what a test wants.
-class TaskListStandIn
+/// The fake for the system's task list, as a copy that answers what a test wants.
+class FakeTaskList
 {
 public:
     /// Makes the copy: a program called `name` in `folder`.
-    TaskListStandIn(const std::filesystem::path &folder, const std::string &name)
+    FakeTaskList(const std::filesystem::path &folder, const std::string &name)
         : program_(folder / (name + contract::ProgramExtension()))
     {
         std::filesystem::copy_file(
-            TASK_LIST_STAND_IN, program_, std::filesystem::copy_options::overwrite_existing);
+            FAKE_TASKLIST, program_, std::filesystem::copy_options::overwrite_existing);
     }
     /// Removes it.
-    ~TaskListStandIn()
+    ~FakeTaskList()
     {
         std::error_code ignored; // its folder may have gone before
         std::filesystem::remove(program_, ignored);
         std::filesystem::remove(SettingsFile(), ignored);
     }
-    TaskListStandIn(const TaskListStandIn &) = delete;
-    TaskListStandIn &operator=(const TaskListStandIn &) = delete;
-    TaskListStandIn(TaskListStandIn &&) = delete;
-    TaskListStandIn &operator=(TaskListStandIn &&) = delete;
+    FakeTaskList(const FakeTaskList &) = delete;
+    FakeTaskList &operator=(const FakeTaskList &) = delete;
+    FakeTaskList(FakeTaskList &&) = delete;
+    FakeTaskList &operator=(FakeTaskList &&) = delete;
 
     /// Tells it what to do from now on; testkit/fakes/tasklist.cpp says what there is.
     void Tell(const std::string &settings) const
