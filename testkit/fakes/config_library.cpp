@@ -2,21 +2,23 @@
 //   create=null             "create_config" fails
 //   init=0                  "init_config" reports a failure
 //   environment=PREFIX      answers only under this filter environment
-//   string.KEY=TEXT         the text of a key; KEY with a suffix is KEY__SUFFIX
+//   string.KEY=TEXT         the text of a key; KEY with a suffix is KEY__SUFFIX, * any key
 //   bool.KEY=1              the switch of a key
 //   length.KEY=NUMBER       what the sizing call of this key answers, whatever its text is
-//   fill.KEY=none           the fetching call of this key leaves the buffer as it is
+//   fill.KEY=none           the fetching call of this key leaves the buffer as it is; bare: it
+//                           fills in the text without its zero; all: nothing but x, to the end
 // Journal: load (pid); create_config (result); init_config (mode); set_filter_environment (prefix);
-// get_bool_value, get_string_value (key, suffix, and for texts buffer, size, result);
-// release_config; unexpected (name, or position in the object's table). A null text is (null).
+// get_bool_value (key, suffix, before), get_string_value (key, suffix, buffer, size, result);
+// release_config (object=own|other); unexpected (position in the object's table). A null text is
+// (null).
 
+#include "services/config/config_contract.h"
 #include "testkit/fakes/export.h"
 #include "testkit/fakes/host.h"
 #include "testkit/fakes/library_load.h"
 #include "testkit/fakes/fake.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -27,7 +29,7 @@
 namespace {
 
 // Set once while the library loads and never destroyed: the library is not unloaded.
-const fake::Fake *library = nullptr;
+fake::Fake *library = nullptr;
 std::string *environment = nullptr;
 
 std::string_view Shown(const char *text)
@@ -42,47 +44,43 @@ std::optional<std::string> Setting(const char *kind, const char *key, const char
     if (key == nullptr || suffix == nullptr || expected != *environment) {
         return std::nullopt;
     }
-    std::string name = std::string(kind) + '.' + key;
-    if (*suffix != '\0') {
-        name += std::string("__") + suffix;
+    const std::string name = std::string(kind) + '.';
+    const std::string end = *suffix != '\0' ? std::string("__") + suffix : std::string();
+    std::vector<std::string> values = library->All(name + key + end);
+    if (values.empty()) {
+        values = library->All(name + '*');
     }
-    const std::vector<std::string> values = library->All(name);
     return values.empty() ? std::nullopt : std::optional(values.back());
 }
 
-// The object: its first word points to the table, as the program expects it. What the program does
-// not call notes that it was called.
-struct Object
-{
-    const void *const *table;
-};
-
+// What the program does not call.
 template<int kPosition> void Unexpected()
 {
     library->Note("unexpected", {fake::Field("position", kPosition)});
 }
 
-bool InitConfig(Object * /*self*/, int mode)
+bool InitConfig(VantorConfig * /*self*/, int mode)
 {
     library->Note("init_config", {fake::Field("mode", mode)});
     return library->Number("init", 1) != 0;
 }
 
-void SetFilterEnvironment(Object * /*self*/, const char *prefix)
+void SetFilterEnvironment(VantorConfig * /*self*/, const char *prefix)
 {
     library->Note("set_filter_environment", {fake::Field("prefix", Shown(prefix))});
     *environment = prefix != nullptr ? prefix : "";
 }
 
-bool GetBoolValue(Object * /*self*/, const char *key, bool *value, const char *suffix)
+bool GetBoolValue(VantorConfig * /*self*/, const char *key, bool *value, const char *suffix)
 {
-    const std::optional<std::string> set = Setting("bool", key, suffix);
-    if (set) {
+    library->Note("get_bool_value",
+                  {fake::Field("key", Shown(key)),
+                   fake::Field("suffix", Shown(suffix)),
+                   fake::Field("before", *value ? 1 : 0)});
+    if (const auto set = Setting("bool", key, suffix)) {
         *value = *set == "1";
     }
-    library->Note("get_bool_value",
-                  {fake::Field("key", Shown(key)), fake::Field("suffix", Shown(suffix))});
-    return set.has_value();
+    return false; // no client may rely on it
 }
 
 std::int32_t Answer(const char *key, char *buffer, std::uint32_t size, const char *suffix)
@@ -95,19 +93,22 @@ std::int32_t Answer(const char *key, char *buffer, std::uint32_t size, const cha
         }
         return text ? static_cast<std::int32_t>(text->size()) : kNoValue;
     }
-    if (!text || size == 0) {
-        return kNoValue;
-    }
-    if (Setting("fill", key, suffix) != "none") {
+    const std::string fill = Setting("fill", key, suffix).value_or("");
+    if (fill == "all") {
+        std::memset(buffer, 'x', size);
+    } else if (text && fill == "bare") {
+        std::memcpy(buffer, text->data(), std::min<std::size_t>(text->size(), size));
+    } else if (text && fill != "none" && size != 0) {
+        // Not a byte more than the text and its zero: what is offered may be two gigabytes.
         const std::size_t count = std::min<std::size_t>(text->size(), size - 1);
         std::memcpy(buffer, text->data(), count);
         buffer[count] = '\0';
     }
-    return static_cast<std::int32_t>(text->size());
+    return text ? static_cast<std::int32_t>(text->size()) : kNoValue;
 }
 
 std::int32_t GetStringValue(
-    Object * /*self*/, const char *key, char *buffer, std::uint32_t size, const char *suffix)
+    VantorConfig * /*self*/, const char *key, char *buffer, std::uint32_t size, const char *suffix)
 {
     const std::int32_t result = Answer(key, buffer, size, suffix);
     library->Note("get_string_value",
@@ -119,27 +120,17 @@ std::int32_t GetStringValue(
     return result;
 }
 
-template<typename Function> const void *Entry(Function *function)
-{
-    return reinterpret_cast<const void *>(function);
-}
-
-const void *const *Table()
-{
-    static const std::array<const void *, 12> table = {Entry(Unexpected<0>),
-                                                       Entry(InitConfig),
-                                                       Entry(Unexpected<2>),
-                                                       Entry(SetFilterEnvironment),
-                                                       Entry(Unexpected<4>),
-                                                       Entry(Unexpected<5>),
-                                                       Entry(GetBoolValue),
-                                                       Entry(Unexpected<7>),
-                                                       Entry(Unexpected<8>),
-                                                       Entry(GetStringValue),
-                                                       Entry(Unexpected<10>),
-                                                       Entry(Unexpected<11>)};
-    return table.data();
-}
+const VantorConfigTable table = {Unexpected<0>,
+                                 InitConfig,
+                                 Unexpected<2>,
+                                 SetFilterEnvironment,
+                                 Unexpected<4>,
+                                 Unexpected<5>,
+                                 GetBoolValue,
+                                 Unexpected<7>,
+                                 Unexpected<8>,
+                                 GetStringValue};
+VantorConfig object = {&table};
 
 } // namespace
 
@@ -152,18 +143,24 @@ void fake::OnLoad(const std::filesystem::path &self)
 
 extern "C" {
 
-FAKE_EXPORT void *create_config()
+FAKE_EXPORT fake::Fake *FakeOf()
+{
+    return library;
+}
+
+FAKE_EXPORT VantorConfig *create_config()
 {
     const bool fails = library->Text("create") == "null";
     library->Note("create_config",
                   {fake::Field("result", std::string_view(fails ? "null" : "object"))});
-    return fails ? nullptr : new Object{Table()};
+    return fails ? nullptr : &object;
 }
 
-FAKE_EXPORT void release_config(void **config)
+FAKE_EXPORT void release_config(VantorConfig **config)
 {
-    library->Note("release_config", std::vector<std::string>());
-    delete static_cast<Object *>(*config);
+    library->Note(
+        "release_config",
+        {fake::Field("object", std::string_view(*config == &object ? "own" : "other"))});
     *config = nullptr;
 }
 

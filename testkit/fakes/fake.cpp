@@ -129,13 +129,29 @@ fs::path Fake::StateFile(std::string_view name) const
     return root_ / kStateFolder / fs::u8path(place + "." + std::string(name));
 }
 
-void Fake::Note(std::string_view event, std::initializer_list<std::string> fields) const
+void Fake::Tell(Settings settings)
 {
-    Note(event, std::vector<std::string>(fields));
+    settings_ = std::move(settings);
+}
+
+std::vector<std::string> Fake::NewNotes()
+{
+    const std::lock_guard<std::mutex> guard(lock_);
+    return std::exchange(notes_, {});
 }
 
 void Fake::Note(std::string_view event, const std::vector<std::string> &fields) const
 {
+    std::string line(event);
+    std::string note(event);
+    for (const std::string &field : fields) {
+        line += '\t' + field;
+        note += field.rfind("pid=", 0) == 0 ? "" : ' ' + field;
+    }
+    {
+        const std::lock_guard<std::mutex> guard(lock_);
+        notes_.push_back(note);
+    }
     fs::path journal = Path("journal");
     if (journal.empty()) {
         if (root_.empty() || !InstallationStands()) {
@@ -143,11 +159,7 @@ void Fake::Note(std::string_view event, const std::vector<std::string> &fields) 
         }
         journal = root_ / kJournalFile;
     }
-    std::string line = Escape(name_) + '\t' + std::string(event);
-    for (const std::string &field : fields) {
-        line += '\t' + field;
-    }
-    host::AppendInOnePiece(journal, line + '\n');
+    host::AppendInOnePiece(journal, Escape(name_) + '\t' + line + '\n');
 }
 
 bool Fake::InstallationStands() const

@@ -2,14 +2,15 @@
 
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 /// What all fakes share: each is told what to do by `<own name>.txt` beside it, and all of them
-/// write one journal, so that a test can read what happened in the order in which it happened.
+/// write one journal, so that a test can read what happened in the order in which it happened. A
+/// test that has loaded a library does both through the object that the library exports.
 ///
 /// A line of the text file is `key=value`; `#` starts a comment line; a key may be repeated. It is
 /// read once, when the fake starts. Relative paths in it count from the fake's folder. The
@@ -34,7 +35,12 @@ std::string Escape(std::string_view text, std::string_view more = {});
 /// The reverse of `Escape`; a `%` that no two hexadecimal digits follow stays.
 std::string Unescape(std::string_view text);
 
-/// One fake: its place, its settings, its pen.
+/// The UTF-8 of a UTF-16 text. Half a surrogate pair becomes three bytes that are not UTF-8.
+std::string FromUtf16(const char16_t *wide);
+
+using Settings = std::vector<std::pair<std::string, std::string>>;
+
+/// One fake: its place, its settings and what it has noted.
 class Fake
 {
 public:
@@ -53,17 +59,22 @@ public:
     /// The last value as a path, empty when there is none.
     std::filesystem::path Path(std::string_view key) const;
 
-    /// A file of the sandbox that belongs to this fake's folder, for locks. Beside
-    /// the fake when that is not in a sandbox.
+    /// Replaces all settings.
+    void Tell(Settings settings);
+    /// What has been noted since the last call: the event and its fields but `pid`, with spaces.
+    /// Any thread.
+    std::vector<std::string> NewNotes();
+
+    /// A file of the sandbox that belongs to this fake's folder, for locks. Beside the fake when
+    /// that is not in a sandbox.
     std::filesystem::path StateFile(std::string_view name) const;
 
-    /// Appends one line. Without the key `journal`, no effect when there is no sandbox
-    /// (any more): one that is just being removed or replaced gets no new file.
-    void Note(std::string_view event, std::initializer_list<std::string> fields) const;
-    void Note(std::string_view event, const std::vector<std::string> &fields) const;
+    /// Appends one line to the journal, if there is one: no new file in a sandbox that is just
+    /// being removed or replaced. Any thread.
+    void Note(std::string_view event, const std::vector<std::string> &fields = {}) const;
 
-    /// Waits while `condition` holds, but no longer than the sandbox exists, so that
-    /// no test leaves a process behind.
+    /// Waits while `condition` holds, but no longer than the sandbox exists, so that no test leaves
+    /// a process behind.
     void WaitWhile(const std::function<bool()> &condition) const;
 
     /// Waits while `hold_file` exists, when it names an existing file; else for `run_ms`
@@ -79,7 +90,9 @@ private:
     std::filesystem::path folder_;
     std::filesystem::path root_; ///< folder of the mark file, empty when there is none
     std::string mark_;           ///< what the mark file said at the start
-    std::vector<std::pair<std::string, std::string>> settings_;
+    Settings settings_;
+    mutable std::mutex lock_;
+    mutable std::vector<std::string> notes_;
 };
 
 } // namespace fake

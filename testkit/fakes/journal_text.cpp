@@ -42,7 +42,42 @@ std::size_t CharacterLength(std::string_view text)
     return 0;
 }
 
+void AppendCodePoint(std::string &text, char32_t code)
+{
+    const auto byte = [](char32_t value) {
+        return static_cast<char>(value);
+    };
+    const auto tail = [&byte](char32_t value) {
+        return byte(0x80U | (value & 0x3FU));
+    };
+    if (code < 0x80U) {
+        text += byte(code);
+    } else if (code < 0x800U) {
+        text += {byte(0xC0U | (code >> 6U)), tail(code)};
+    } else if (code < 0x10000U) {
+        text += {byte(0xE0U | (code >> 12U)), tail(code >> 6U), tail(code)};
+    } else {
+        text += {byte(0xF0U | (code >> 18U)), tail(code >> 12U), tail(code >> 6U), tail(code)};
+    }
+}
+
 } // namespace
+
+std::string FromUtf16(const char16_t *wide)
+{
+    std::string text;
+    for (; *wide != 0; ++wide) {
+        const char32_t first = wide[0];
+        const char32_t second = wide[1];
+        if (first >= 0xD800U && first < 0xDC00U && second >= 0xDC00U && second < 0xE000U) {
+            AppendCodePoint(text, 0x10000U + ((first - 0xD800U) << 10U) + (second - 0xDC00U));
+            ++wide;
+        } else {
+            AppendCodePoint(text, first);
+        }
+    }
+    return text;
+}
 
 std::string Escape(std::string_view text, std::string_view more)
 {

@@ -2,10 +2,12 @@
 //   companion=none    do not start it
 //   result=0          what "SkyrelSendInfo" returns
 //   delay_ms=0        how long it takes
+//   hold_file=FILE    when that file exists: note hold, and take as long as it exists
 // Journal: load (pid); SkyrelSendInfo (pid, count, flag, wide, pairs=[name=value][name=value]) with
-// the number of arguments that the call had; unexpected (pid, name) for every other export. A null
-// text is written as (null). A list without its end marker makes the process crash: there is no way
-// to tell, and nobody shall overlook it.
+// the number of arguments that the call had; overlap when a call comes while another has not
+// returned; unexpected (pid, name) for every other export. A null text is written as (null). A list
+// without its end marker makes the process crash: there is no way to tell, and nobody shall
+// overlook it.
 
 #include "services/telemetry/telemetry_contract.h"
 #include "testkit/fakes/export.h"
@@ -14,10 +16,9 @@
 #include "testkit/fakes/library_load.h"
 #include "testkit/fakes/fake.h"
 
-#include <chrono>
+#include <atomic>
 #include <cstdarg>
 #include <cstdint>
-#include <thread>
 
 namespace {
 
@@ -25,45 +26,9 @@ constexpr const char *kEndMarker = "SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60
 constexpr const char *kCompanion = "SkyrelWrapExe.exe";
 
 // Set once while the library loads. Never destroyed: the lock is to last as long as the process.
-const fake::Fake *library = nullptr;
+fake::Fake *library = nullptr;
 host::FileLock *loaders = nullptr;
-
-void AppendCodePoint(std::string &text, char32_t code)
-{
-    const auto byte = [](char32_t value) {
-        return static_cast<char>(value);
-    };
-    const auto tail = [&byte](char32_t value) {
-        return byte(0x80U | (value & 0x3FU));
-    };
-    if (code < 0x80U) {
-        text += byte(code);
-    } else if (code < 0x800U) {
-        text += {byte(0xC0U | (code >> 6U)), tail(code)};
-    } else if (code < 0x10000U) {
-        text += {byte(0xE0U | (code >> 12U)), tail(code >> 6U), tail(code)};
-    } else {
-        text += {byte(0xF0U | (code >> 18U)), tail(code >> 12U), tail(code >> 6U), tail(code)};
-    }
-}
-
-// UTF-16 to UTF-8. Half a surrogate pair becomes three bytes that are no UTF-8, and so is seen in
-// the journal.
-std::string FromUtf16(const char16_t *wide)
-{
-    std::string text;
-    for (; *wide != 0; ++wide) {
-        const char32_t first = wide[0];
-        const char32_t second = wide[1];
-        if (first >= 0xD800U && first < 0xDC00U && second >= 0xDC00U && second < 0xE000U) {
-            AppendCodePoint(text, 0x10000U + ((first - 0xD800U) << 10U) + (second - 0xDC00U));
-            ++wide;
-        } else {
-            AppendCodePoint(text, first);
-        }
-    }
-    return text;
-}
+std::atomic<int> inside{0};
 
 // Whether the text is the end marker. Texts are 16 bits wide, the marker 8: comparing byte by byte
 // stops at the first difference, which no text has later than in its terminating zero.
@@ -84,7 +49,7 @@ std::string TextOf(const void *text, bool wide)
     if (text == nullptr) {
         return "(null)";
     }
-    return wide ? FromUtf16(static_cast<const char16_t *>(text)) : static_cast<const char *>(text);
+    return wide ? fake::FromUtf16(static_cast<const char16_t *>(text)) : static_cast<const char *>(text);
 }
 
 std::vector<std::string> Pairs(const std::vector<std::string> &texts)
@@ -125,6 +90,11 @@ void fake::OnLoad(const std::filesystem::path &self)
 
 extern "C" {
 
+FAKE_EXPORT fake::Fake *FakeOf()
+{
+    return library;
+}
+
 FAKE_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, ...)
 {
     std::vector<std::string> texts = {TextOf(name, wide)};
@@ -144,18 +114,26 @@ FAKE_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, 
     if (library == nullptr) {
         return 0;
     }
-    std::this_thread::sleep_for(std::chrono::milliseconds(library->Number("delay_ms", 0)));
+    if (inside++ != 0) {
+        library->Note("overlap");
+    }
+    std::error_code ignored;
+    if (std::filesystem::exists(library->Path("hold_file"), ignored)) {
+        library->Note("hold");
+    }
+    library->Hold(library->Number("delay_ms", 0));
     library->Note("SkyrelSendInfo",
                   {PidField(),
                    fake::Field("count", static_cast<long long>(texts.size()) + 3),
                    fake::Field("flag", flag ? 1 : 0),
                    fake::Field("wide", wide ? 1 : 0),
                    fake::ListField("pairs", Pairs(texts))});
+    --inside;
     return static_cast<std::int32_t>(library->Number("result", 0));
 }
 
 // The program resolves these, and calls none of them.
-#define SkyrelSendInfo SkyrelUnused
+#define SkyrelSendInfo SkyrelUnused /* defined above */
 #define FAKE_UNEXPECTED(name)                                                                      \
     FAKE_EXPORT std::int32_t name()                                                                \
     {                                                                                              \

@@ -1,57 +1,34 @@
 #pragma once
 
-#include "platform/library.h"
+#include "services/telemetry/telemetry_binding.h"
+#include "tests/unit/platform/support/fake_library.h"
 
-#include <string>
+#include <gtest/gtest.h>
 
-/// The recording library of the tests, as the test itself has loaded it. Calls are recorded for as
-/// long as the process runs; `NewCalls` gives those since it was asked last.
-class Fixture
+using Notes = std::vector<std::string>;
+
+/// What the fake answers to a send.
+constexpr int kResult = 77;
+
+/// A telemetry fake that answers `kResult`.
+struct TelemetryFake : contract::FakeLibrary
 {
-public:
-    static std::string Path(const std::string &name = "telemetry_complete")
+    explicit TelemetryFake(const std::string &lacking = {}, const std::string &name = "complete")
+        : FakeLibrary(TELEMETRY_FAKE, lacking, name)
     {
-        return std::string(FIXTURE_DIR) + "/" + name + ".DLL";
+        Tell({{"result", std::to_string(kResult)}});
+    }
+};
+
+/// A binding to a fake.
+class TelemetryTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(binding.LoadTelemetryLibrary(library.Path().c_str()));
     }
 
-    explicit Fixture(const std::string &name = "telemetry_complete")
-        : library_(platform::LoadLibraryFile(Path(name).c_str()))
-    {
-        NewCalls();
-    }
-
-    bool Loaded() const
-    {
-        return library_ != nullptr;
-    }
-
-    std::string NewCalls()
-    {
-        const std::string all = Call<const char *()>("FixtureCalls")();
-        const std::string added = all.substr(known_);
-        known_ = all.size();
-        return added;
-    }
-
-    int Overlaps()
-    {
-        return Call<int()>("FixtureOverlaps")();
-    }
-    void Hold(bool hold)
-    {
-        Call<void(bool)>("FixtureHold")(hold);
-    }
-    bool IsInside()
-    {
-        return Call<bool()>("FixtureIsInside")();
-    }
-
-private:
-    template<typename Function> Function *Call(const char *name)
-    {
-        return reinterpret_cast<Function *>(platform::FindFunction(library_, name));
-    }
-
-    platform::LibraryHandle library_;
-    std::size_t known_ = 0;
+    TelemetryFake library;
+    TelemetryBinding binding;
 };

@@ -1,24 +1,11 @@
-#include "platform/library.h"
 #include "platform/module_path.h"
 #include "platform/text.h"
-#include "services/telemetry/telemetry_binding.h"
-#include "tests/unit/platform/support/system.h"
-
-#include <gtest/gtest.h>
+#include "tests/unit/telemetry/fixture.h"
 
 #include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <new>
-#include <string>
 
 namespace {
-
-std::string Fixture(const char *name)
-{
-    return std::string(FIXTURE_DIR) + "/" + name + ".DLL";
-}
 
 // No library lies beside the test program unless a test puts one there.
 std::filesystem::path BesideTheExecutable()
@@ -73,79 +60,75 @@ TEST(TelemetryLibraryPath, NeedsADirectory)
     EXPECT_EQ(TelemetryBinding::LibraryPathOf(separator + "x"), separator + "SkyrelWrap.DLL");
 }
 
-TEST(TelemetryBinding, AMissingLibraryIsNoFault)
+TEST(TelemetryBinding, WithoutALibraryNothingIsLoadedAndNothingSent)
 {
     ASSERT_FALSE(std::filesystem::exists(BesideTheExecutable()));
+    const contract::ScratchFolder folder;
+    contract::WriteFile(folder / "garbage", "no library");
     TelemetryBinding binding;
     EXPECT_FALSE(binding.LoadTelemetryFromModuleDir());
-    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_missing").c_str()));
-}
-
-TEST(TelemetryBinding, ANullPathLoadsNothing)
-{
-    TelemetryBinding binding;
+    EXPECT_FALSE(binding.LoadTelemetryLibrary((folder / "missing").string().c_str()));
+    EXPECT_FALSE(binding.LoadTelemetryLibrary((folder / "garbage").string().c_str()));
     EXPECT_FALSE(binding.LoadTelemetryLibrary(nullptr));
-    EXPECT_TRUE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
+    EXPECT_EQ(binding.SendTelemetryPairs(false, u"t", u"0", u"a", u"1", u"b", u"2"), 0);
+    // None of these was a load.
+    EXPECT_TRUE(binding.LoadTelemetryLibrary(TelemetryFake().Path().c_str()));
 }
 
-TEST(TelemetryBinding, ACompleteLibraryLoadsOnce)
+TEST(TelemetryBinding, ACompleteLibraryLoadsOnceAndStaysWhenTheBindingHasGone)
 {
-    TelemetryBinding binding;
-    EXPECT_TRUE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
-    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
-}
-
-TEST(TelemetryBinding, APartialLibraryStaysLoadedButIsNotComplete)
-{
-    TelemetryBinding binding;
-    EXPECT_FALSE(
-        binding.LoadTelemetryLibrary(Fixture("telemetry_lacks_SkyrelGetKeyValue").c_str()));
-    // It stays: another load on the same binding is refused.
-    EXPECT_FALSE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
-}
-
-TEST(TelemetryBinding, ItsLibraryStaysWhenItHasGone)
-{
-    // One that nothing else in this program loads
-    const std::string library = Fixture("telemetry_to_stay");
-    ASSERT_FALSE(contract::IsLibraryLoaded(library));
+    // The fixture's own load is given back, so the binding's is the only one.
+    TelemetryFake library("", "to_stay");
     {
         TelemetryBinding binding;
-        ASSERT_TRUE(binding.LoadTelemetryLibrary(library.c_str()));
+        EXPECT_TRUE(binding.LoadTelemetryLibrary(library.Path().c_str()));
+        EXPECT_FALSE(binding.LoadTelemetryLibrary(library.Path().c_str()));
+        contract::UnloadLibrary(library.Handle());
     }
-    EXPECT_TRUE(contract::IsLibraryLoaded(library));
+    EXPECT_TRUE(contract::IsLibraryLoaded(library.Path()));
 }
 
-TEST(TelemetryBinding, AFileThatIsNoLibraryLoadsNothing)
+TEST(TelemetryBinding, ALibraryThatLacksAnExportStaysAndSendsIfItCan)
 {
-    const std::string garbage = Fixture("telemetry_garbage");
-    std::ofstream(garbage) << "no library";
-    TelemetryBinding binding;
-    EXPECT_FALSE(binding.LoadTelemetryLibrary(garbage.c_str()));
-    EXPECT_TRUE(binding.LoadTelemetryLibrary(Fixture("telemetry_complete").c_str()));
-    std::remove(garbage.c_str());
+    TelemetryFake complete;
+    for (const char *name : kSkyrelExports) {
+        TelemetryFake library(name);
+        ASSERT_EQ(library.Function<void()>(name), nullptr) << name;
+        TelemetryBinding binding;
+        EXPECT_FALSE(binding.LoadTelemetryLibrary(library.Path().c_str())) << name;
+        EXPECT_FALSE(binding.LoadTelemetryLibrary(complete.Path().c_str())) << name;
+        const bool sends = std::string(name) != "SkyrelSendInfo";
+        EXPECT_EQ(binding.SendTelemetryPairs(false, u"t", u"0", u"a", u"1", u"b", u"2"),
+                  sends ? kResult : 0)
+            << name;
+        EXPECT_EQ(library.NewNotes().size(), sends ? 1U : 0U) << name;
+    }
 }
 
 TEST(TelemetryBinding, ConstructionLoadsFromTheProgramDirectoryAndMayRunTwice)
 {
     TelemetryBinding tooEarly;
-    std::filesystem::copy_file(Fixture("telemetry_complete"), BesideTheExecutable());
+    std::filesystem::copy_file(TELEMETRY_FAKE, BesideTheExecutable());
     {
         EXPECT_TRUE(tooEarly.LoadTelemetryFromModuleDir());
         alignas(TelemetryBinding) std::array<unsigned char, sizeof(TelemetryBinding)> storage = {};
         auto *const binding = new (storage.data()) TelemetryBinding;
         // Loaded by the construction already.
         EXPECT_FALSE(binding->LoadTelemetryFromModuleDir());
-        EXPECT_EQ(binding->SendTelemetryPairs(false, u"t", u"0", u"a", u"1", u"b", u"2"), 77);
+        const auto library = platform::LoadLibraryFile(BesideTheExecutable().string().c_str());
+        const auto fake =
+            reinterpret_cast<fake::Fake *(*)()>(platform::FindFunction(library, "FakeOf"))();
+        fake->Tell({{"result", "77"}});
+        fake->NewNotes();
+        EXPECT_EQ(binding->SendTelemetryPairs(false, u"t", u"0", u"a", u"1", u"b", u"2"), kResult);
         auto *const again = new (storage.data()) TelemetryBinding;
         EXPECT_FALSE(again->LoadTelemetryFromModuleDir());
-        EXPECT_EQ(again->SendTelemetryPairs(false, u"t", u"0", u"c", u"3", u"d", u"4"), 77);
+        EXPECT_EQ(again->SendTelemetryPairs(false, u"t", u"0", u"c", u"3", u"d", u"4"), kResult);
         again->~TelemetryBinding();
         // Loading again has only counted: it is one library that has got both calls.
-        const auto calls = reinterpret_cast<const char *(*)()>(platform::FindFunction(
-            platform::LoadLibraryFile(BesideTheExecutable().string().c_str()), "FixtureCalls"));
-        ASSERT_NE(calls, nullptr);
-        EXPECT_STREQ(calls(), "9 wide t=0 a=1 b=2\n9 wide t=0 c=3 d=4\n");
+        EXPECT_EQ(fake->NewNotes(),
+                  (Notes{"SkyrelSendInfo count=9 flag=0 wide=1 pairs=[t=0][a=1][b=2]",
+                         "SkyrelSendInfo count=9 flag=0 wide=1 pairs=[t=0][c=3][d=4]"}));
     }
     std::error_code error;
     std::filesystem::remove(BesideTheExecutable(), error);

@@ -1,10 +1,5 @@
-#include "services/telemetry/telemetry_binding.h"
 #include "services/telemetry/usage_events.h"
 #include "tests/unit/telemetry/fixture.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace {
 
@@ -108,52 +103,34 @@ TEST(UsageEvent, ALoneSurrogateArrives)
               QStringLiteral(R"({"attribute":"before\ud83dafter"})"));
 }
 
-TEST(UsageEvent, IsSentThroughTheFormOfItsLength)
-{
-    Fixture fixture;
-    TelemetryBinding binding;
-    ASSERT_TRUE(binding.LoadTelemetryLibrary(Fixture::Path().c_str()));
-    SendPairs(binding, ComposeUsageEvent(Text("W"), Text("A"), QString(), QString()));
-    EXPECT_EQ(fixture.NewCalls(), "9 wide torvanSendType=0 Window=W Activity=A\n");
-    SendPairs(binding, ComposeUsageEvent(Text("W"), Text("A"), Text("{}"), QString()));
-    EXPECT_EQ(fixture.NewCalls(), "11 wide torvanSendType=0 Window=W Activity=A Attribute={}\n");
-    SendPairs(binding, ComposeUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S")));
-    EXPECT_EQ(fixture.NewCalls(),
-              "13 wide torvanSendType=0 Window=W Source=S Activity=A Attribute={}\n");
-}
+using UsageEventSend = TelemetryTest;
 
-TEST(UsageEvent, OnlyTwoToFivePairsAreSent)
+TEST_F(UsageEventSend, OnlyTwoToFivePairsAreSent)
 {
-    Fixture fixture;
-    TelemetryBinding binding;
-    ASSERT_TRUE(binding.LoadTelemetryLibrary(Fixture::Path().c_str()));
     UsageEventPairs pairs;
+    std::string shown = "[torvanSendType=0]";
     for (int count = 0; count <= 6; ++count) {
         SendPairs(binding, pairs);
-        std::string expected;
+        Notes expected;
         if (count >= 2 && count <= 5) {
-            expected = std::to_string(5 + 2 * count) + " wide torvanSendType=0";
-            for (int pair = 0; pair < count; ++pair) {
-                expected += " n" + std::to_string(pair) + "=v" + std::to_string(pair);
-            }
-            expected += "\n";
+            expected = {"SkyrelSendInfo count=" + std::to_string(5 + 2 * count) +
+                        " flag=0 wide=1 pairs=" + shown};
         }
-        EXPECT_EQ(fixture.NewCalls(), expected);
+        EXPECT_EQ(library.NewNotes(), expected);
         const QString digit = QString::number(count);
         pairs.emplace_back((QStringLiteral("n") + digit).toStdU16String(),
                            (QStringLiteral("v") + digit).toStdU16String());
+        shown += "[n" + digit.toStdString() + "=v" + digit.toStdString() + "]";
     }
 }
 
 // No library lies beside this program.
-TEST(UsageEvent, WithoutALibraryNothingHappens)
+TEST_F(UsageEventSend, WithoutALibraryNothingHappens)
 {
-    Fixture another;
     SendUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S"));
-    EXPECT_EQ(another.NewCalls(), "");
     TelemetryBinding unbound;
     SendPairs(unbound, ComposeUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S")));
-    EXPECT_EQ(another.NewCalls(), "");
+    EXPECT_EQ(library.NewNotes(), Notes{});
 }
 
 } // namespace
