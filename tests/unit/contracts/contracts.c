@@ -5,6 +5,17 @@
 
 #include <stddef.h>
 
+/* As a maker of such a library would declare them, who knows nothing of the program's compiler. */
+int32_t
+SkyrelSendInfo(uint8_t flag, uint8_t wide, const SkyrelChar *name, const SkyrelChar *value, ...);
+VantorConfig *create_config(void);
+void release_config(VantorConfig **config);
+#define IS_DESCRIBED(function, type)                                                               \
+    _Static_assert(_Generic(&function, type : 1, default : 0), "as described")
+IS_DESCRIBED(SkyrelSendInfo, SkyrelSendInfoFunction);
+IS_DESCRIBED(create_config, VantorCreateConfigFunction);
+IS_DESCRIBED(release_config, VantorReleaseConfigFunction);
+
 #define COUNT(name) +1
 _Static_assert(0 SKYREL_EXPORTS(COUNT) == 16, "sixteen exports");
 _Static_assert(sizeof(SkyrelChar) == 2, "UTF-16");

@@ -1,40 +1,46 @@
-#include "platform/library.h"
+#include "controller/offers.h"
+#include "controller/ui_utility.h"
 #include "services/config/vantor_config_instance.h"
-#include "tests/unit/config/fixture_state.h"
 #include "tests/unit/config/log_watch.h"
+#include "tests/unit/platform/support/fake_library.h"
 #include "tests/unit/platform/support/registry_values.h"
 
 #include <QTextCodec>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
-#include <string>
-#include <vector>
-
-// Its library lies where the loader finds it by its bare name.
+#include <new>
+#include <set>
+#include <thread>
 
 namespace {
 
-using Calls = std::vector<std::string>;
+bool outOfMemory = false;
 
+} // namespace
+
+// Replaces the form of `new` that reports a lack of memory by a null pointer.
+void *operator new(std::size_t size, const std::nothrow_t & /*tag*/) noexcept
+{
+    return outOfMemory ? nullptr : ::operator new(size);
+}
+
+namespace {
+
+using Notes = std::vector<std::string>;
+
+// A library that has been loaded once is the one for the whole process, whatever its path: the
+// client asks for it by its bare name.
 class ConfigInstance : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        auto *const library = platform::LoadLibraryFile("vantoronlineconfig.dll");
-        ASSERT_NE(library, nullptr);
-        state = reinterpret_cast<FixtureState *(*)()>(
-            platform::FindFunction(library, "FixtureStateOf"))();
-        *state = FixtureState();
-    }
-
     CVantorConfigInstance &Config()
     {
         if (!config) {
             config = std::make_unique<CVantorConfigInstance>();
-            state->calls.clear();
+            library.NewNotes();
             LogWatch::NewLines();
         }
         return *config;
@@ -45,7 +51,7 @@ protected:
         return Config().GetString(QString::fromUtf8(key), QString::fromUtf8(fallback));
     }
 
-    FixtureState *state = nullptr;
+    contract::FakeLibrary library{CONFIG_FAKE};
     LogWatch log;
     contract::RegistryValues values;
     std::unique_ptr<CVantorConfigInstance> config;
@@ -54,7 +60,7 @@ protected:
 TEST_F(ConfigInstance, CreatesItsObjectAtOnce)
 {
     const CVantorConfigInstance created;
-    EXPECT_EQ(state->calls, (Calls{"create", "init 0"}));
+    EXPECT_EQ(library.NewNotes(), (Notes{"create_config result=object", "init_config mode=0"}));
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::CVantorConfigInstance() enter",
                            "CVantorConfigInstance::CVantorConfigInstance() m_bInitRet= true",
@@ -63,8 +69,7 @@ TEST_F(ConfigInstance, CreatesItsObjectAtOnce)
 
 TEST_F(ConfigInstance, UsesAnObjectWhoseInitialisationFailed)
 {
-    state->initResult = false;
-    state->texts["a"] = "b";
+    library.Tell({{"init", "0"}, {"string.a", "b"}});
     CVantorConfigInstance created;
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::CVantorConfigInstance() enter",
@@ -76,7 +81,7 @@ TEST_F(ConfigInstance, UsesAnObjectWhoseInitialisationFailed)
 
 TEST_F(ConfigInstance, LivesOnWithoutAnObject)
 {
-    state->createFails = true;
+    library.Tell({{"create", "null"}});
     {
         CVantorConfigInstance created;
         EXPECT_EQ(LogWatch::NewLines(),
@@ -103,7 +108,7 @@ TEST_F(ConfigInstance, LivesOnWithoutAnObject)
                                "CVantorConfigInstance::SetPreFix enter(pszPrefix= prefix )",
                                "CVantorConfigInstance::SetPreFix(char*) leave"}));
     }
-    EXPECT_EQ(state->calls, (Calls{"create"}));
+    EXPECT_EQ(library.NewNotes(), Notes{"create_config result=null"});
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::~CVantorConfigInstance enter",
                            "CVantorConfigInstance::~CVantorConfigInstance leave"}));
@@ -113,7 +118,7 @@ TEST_F(ConfigInstance, ReleasesItsObject)
 {
     Config();
     config.reset();
-    EXPECT_EQ(state->calls, (Calls{"release the object"}));
+    EXPECT_EQ(library.NewNotes(), Notes{"release_config object=own"});
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::~CVantorConfigInstance enter",
                            "CVantorConfigInstance::~CVantorConfigInstance leave"}));
@@ -121,10 +126,14 @@ TEST_F(ConfigInstance, ReleasesItsObject)
 
 TEST_F(ConfigInstance, SizesAndFetchesAText)
 {
-    state->texts["coupon_text"] = "50% OFF";
+    library.Tell({{"string.coupon_text", "50% OFF"}});
+    Config();
     EXPECT_EQ(Get("coupon_text", "none"), QString("50% OFF"));
-    EXPECT_EQ(state->calls,
-              (Calls{"text coupon_text| size 4294967295", "text coupon_text| fetch 8"}));
+    EXPECT_EQ(
+        library.NewNotes(),
+        (Notes{
+            "get_string_value key=coupon_text suffix= buffer=null size=4294967295 result=7",
+            "get_string_value key=coupon_text suffix= buffer=given size=8 result=7"}));
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::GetString enter(qstrKey= \"coupon_text\" "
                            " strDefault= \"none\" )",
@@ -133,20 +142,15 @@ TEST_F(ConfigInstance, SizesAndFetchesAText)
 
 TEST_F(ConfigInstance, SplitsItsKeyAndLogsAllOfIt)
 {
-    state->texts["coupon_text|de"] = "Rabatt";
-    state->texts["a|b__c"] = "x";
+    library.Tell({{"string.coupon_text__de", "Rabatt"}, {"string.a__b__c", "x"}});
+    Config();
     EXPECT_EQ(Get("coupon_text__de"), QString("Rabatt"));
-    EXPECT_EQ(state->calls.front(), "text coupon_text|de size 4294967295");
+    EXPECT_EQ(library.NewNotes().front(),
+              "get_string_value key=coupon_text suffix=de buffer=null size=4294967295 result=6");
     EXPECT_TRUE(LogWatch::NewLines().first().contains("\"coupon_text__de\""));
     EXPECT_EQ(Get("a__b__a__c"), QString("x"));
-}
-
-TEST_F(ConfigInstance, AKeyThatIsEmptyIsNotAskedFor)
-{
-    EXPECT_EQ(Get("__x"), QString("fallback"));
-    EXPECT_EQ(Get(""), QString("fallback"));
-    EXPECT_TRUE(Config().GetBoolean("__x", true));
-    EXPECT_EQ(state->calls, Calls{});
+    EXPECT_EQ(library.NewNotes().back(),
+              "get_string_value key=a suffix=b__c buffer=given size=2 result=1");
 }
 
 struct Miss
@@ -157,10 +161,10 @@ struct Miss
 
 TEST_F(ConfigInstance, EveryLookUpWithoutAValueLogsWhyAndThatItLeaves)
 {
-    state->lengths["broken|x"] = 0;
-    state->lengths["long"] = -5;
-    state->lengths["empty"] = 3;
-    state->unfilled.insert("empty");
+    library.Tell({{"length.broken__x", "0"},
+                  {"length.long", "-5"},
+                  {"length.empty", "3"},
+                  {"fill.empty", "none"}});
     Config();
     for (const Miss &miss : {Miss{"__x", {}},
                              Miss{"", {}},
@@ -169,6 +173,9 @@ TEST_F(ConfigInstance, EveryLookUpWithoutAValueLogsWhyAndThatItLeaves)
                              Miss{"long", {"\"long is too long! length:-4\""}},
                              Miss{"empty", {}}}) {
         EXPECT_EQ(Get(miss.key), QString("fallback"));
+        // An empty key is not asked for, a length that is none not fetched.
+        const std::size_t calls = QString(miss.key) == "empty" ? 2 : miss.reason.size();
+        EXPECT_EQ(library.NewNotes().size(), calls) << miss.key;
         const QString enter = "CVantorConfigInstance::GetString enter(qstrKey= \"%1\" "
                               " strDefault= \"fallback\" )";
         EXPECT_EQ(LogWatch::NewLines(),
@@ -176,6 +183,7 @@ TEST_F(ConfigInstance, EveryLookUpWithoutAValueLogsWhyAndThatItLeaves)
                       QStringList{"CVantorConfigInstance::GetString leave. strRet= \"fallback\""});
     }
     EXPECT_TRUE(Config().GetBoolean("__x", true));
+    EXPECT_EQ(library.NewNotes(), Notes{});
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::GetBoolean enter(qstrKey= \"\" "
                            " bIsDefault= true )",
@@ -188,35 +196,29 @@ TEST_F(ConfigInstance, AKeyWithAPlaceholderIsLoggedAsItStands)
     EXPECT_EQ(LogWatch::NewLines().at(1), QString("\"100%1 has No value!\""));
 }
 
+struct Lie
+{
+    const char *length;
+    const char *fill;
+    const char *value;
+};
+
 TEST_F(ConfigInstance, LengthsThatLieAreSurvived)
 {
-    state->lengths["a"] = -5;
-    EXPECT_EQ(Get("a"), QString("fallback"));
-    EXPECT_EQ(LogWatch::NewLines().at(1), QString("\"a is too long! length:-4\""));
-    EXPECT_EQ(state->calls, (Calls{"text a| size 4294967295"}));
-
-    state->texts["b"] = "text";
-    state->lengths["b"] = 5; // one too many
-    EXPECT_EQ(Get("b"), QString("text"));
-    state->lengths["b"] = 3; // one too few
-    EXPECT_EQ(Get("b"), QString("tex"));
-
-    state->lengths["c"] = 10;
-    state->unfilled.insert("c");
-    EXPECT_EQ(Get("c"), QString("fallback"));
-
-    state->lengths["d"] = 4;
-    state->overfilled.insert("d");
-    EXPECT_EQ(Get("d"), QString("xxxx"));
+    for (const Lie &lie : {Lie{"5", "", "text"}, // one too many
+                           Lie{"3", "bare", "tex"},
+                           Lie{"10", "none", "fallback"},
+                           Lie{"4", "all", "xxxx"}}) {
+        library.Tell({{"string.a", "text"}, {"length.a", lie.length}, {"fill.a", lie.fill}});
+        EXPECT_EQ(Get("a"), QString(lie.value)) << lie.length;
+    }
 }
 
 // What lay in that memory before must not become part of the text.
 TEST_F(ConfigInstance, ATextThatIsShorterThanSaidAndHasNoZeroIsAllThereIs)
 {
-    constexpr std::int32_t kLength = 999;
-    state->texts["a"] = "text";
-    state->lengths["a"] = kLength;
-    state->unterminated.insert("a");
+    constexpr std::size_t kLength = 999;
+    library.Tell({{"string.a", "text"}, {"length.a", "999"}, {"fill.a", "bare"}});
     Config();
     {
         const auto before = std::make_unique<std::string>(kLength, 'x');
@@ -227,46 +229,43 @@ TEST_F(ConfigInstance, ATextThatIsShorterThanSaidAndHasNoZeroIsAllThereIs)
 
 TEST_F(ConfigInstance, LongTextsAreNoProblem)
 {
-    state->texts["long"] = std::string(1U << 20U, 'x');
+    library.Tell({{"string.long", std::string(1U << 20U, 'x')}});
     EXPECT_EQ(Get("long").size(), 1 << 20);
 }
 
 TEST_F(ConfigInstance, TwoGigabytesAreSurvived)
 {
-    state->lengths["huge"] = 0x7FFFFFFF;
-    state->texts["huge"] = "short";
+    library.Tell({{"length.huge", "2147483647"}, {"string.huge", "short"}});
+    Config();
     const QString value = Get("huge");
     // There may be room for it or not; there is no limit but that.
     if (value == QString("fallback")) {
         EXPECT_EQ(LogWatch::NewLines().at(1), QString("\"huge is too long! length:2147483648\""));
     } else {
         EXPECT_EQ(value, QString("short"));
-        EXPECT_EQ(state->calls.back(), "text huge| fetch 2147483648");
+        EXPECT_EQ(library.NewNotes().back(),
+                  "get_string_value key=huge suffix= buffer=given size=2147483648 result=5");
     }
 }
 
-TEST_F(ConfigInstance, OneSlashAtTheEndGoes)
+TEST_F(ConfigInstance, OneSlashAtTheEndGoesAndTextsAreUtf8)
 {
-    state->texts["one"] = "https://a.example/";
-    state->texts["two"] = "https://a.example//";
-    state->texts["only"] = "/";
-    state->texts["inside"] = "a/b";
+    const std::string offer = "\xE5\x84\xAA\xE6\x83\xA0";
+    library.Tell({{"string.one", "https://a.example/"},
+                  {"string.two", "https://a.example//"},
+                  {"string.only", "/"},
+                  {"string.inside", "a/b"},
+                  {"string.\xC3\xA9__\xE6\x97\xA5", offer}});
     EXPECT_EQ(Get("one"), QString("https://a.example"));
     EXPECT_EQ(Get("two"), QString("https://a.example/"));
     EXPECT_EQ(Get("only"), QString());
     EXPECT_EQ(Get("inside"), QString("a/b"));
-}
-
-TEST_F(ConfigInstance, TextsAreUtf8BothWays)
-{
-    state->texts["\xC3\xA9|\xE6\x97\xA5"] = "\xE5\x84\xAA\xE6\x83\xA0";
-    EXPECT_EQ(Get("\xC3\xA9__\xE6\x97\xA5"), QString::fromUtf8("\xE5\x84\xAA\xE6\x83\xA0"));
+    EXPECT_EQ(Get("\xC3\xA9__\xE6\x97\xA5"), QString::fromUtf8(offer.c_str()));
 }
 
 TEST_F(ConfigInstance, SwitchesKeepTheirDefaultUntilTheLibrarySaysOtherwise)
 {
-    state->switches["on"] = true;
-    state->switches["off|de"] = false;
+    library.Tell({{"bool.on", "1"}, {"bool.off__de", "0"}});
     EXPECT_TRUE(Config().GetBoolean("on", false));
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::GetBoolean enter(qstrKey= \"on\" "
@@ -276,9 +275,11 @@ TEST_F(ConfigInstance, SwitchesKeepTheirDefaultUntilTheLibrarySaysOtherwise)
     EXPECT_TRUE(LogWatch::NewLines().first().contains("\"off\""));
     EXPECT_TRUE(Config().GetBoolean("unknown", true));
     EXPECT_FALSE(Config().GetBoolean("unknown", false));
-    EXPECT_EQ(
-        state->calls,
-        (Calls{"bool on| false", "bool off|de true", "bool unknown| true", "bool unknown| false"}));
+    EXPECT_EQ(library.NewNotes(),
+              (Notes{"get_bool_value key=on suffix= before=0",
+                     "get_bool_value key=off suffix=de before=1",
+                     "get_bool_value key=unknown suffix= before=1",
+                     "get_bool_value key=unknown suffix= before=0"}));
 }
 
 struct Prefix
@@ -300,10 +301,11 @@ TEST_F(ConfigInstance, ThePrefixHasNoEmptyParts)
         values.SetText("Software\\TORVAN\\KTR\\Version", "OEM", prefix.oem);
         values.SetText("Software\\TORVAN\\KTR", "Language", prefix.language);
         Config();
-        state->calls.clear();
+        library.NewNotes();
         LogWatch::NewLines();
         Config().SetPreFix(std::string(prefix.tag));
-        EXPECT_EQ(state->calls, (Calls{std::string("environment ") + prefix.sent}));
+        EXPECT_EQ(library.NewNotes(),
+                  Notes{std::string("set_filter_environment prefix=") + prefix.sent});
         EXPECT_EQ(
             LogWatch::NewLines(),
             (QStringList{
@@ -323,37 +325,147 @@ TEST_F(ConfigInstance, ThePrefixIsUtf8)
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
     values.Set("Software\\TORVAN\\KTR\\Version", "OEM", std::string("\xA4") + "x" + '\0');
     values.Set("Software\\TORVAN\\KTR", "Language", std::string("\xE9") + '\0');
+    Config();
     Config().SetPreFix(std::string("tag"));
     QTextCodec::setCodecForLocale(before);
-    EXPECT_EQ(state->calls, (Calls{"environment \xE2\x82\xACx__tag__\xC3\xA9"}));
+    EXPECT_EQ(library.NewNotes(),
+              Notes{"set_filter_environment prefix=\xE2\x82\xACx__tag__\xC3\xA9"});
 }
 
 TEST_F(ConfigInstance, ANullPrefixIsNotSent)
 {
     Config().SetPreFix(static_cast<const char *>(nullptr));
-    EXPECT_EQ(state->calls, Calls{});
+    EXPECT_EQ(library.NewNotes(), Notes{});
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::SetPreFix enter(pszPrefix=  )",
                            "CVantorConfigInstance::SetPreFix(char*) leave"}));
 }
 
-TEST_F(ConfigInstance, ThereIsOneInstanceAndItStays)
+// Each of these runs in a process of its own: what it needs can be had only once in one.
+class ConfigProcessDeathTest : public testing::Test
 {
-    CVantorConfigInstance *const first = CVantorConfigInstance::Instance();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(CVantorConfigInstance::Instance(), first);
-    EXPECT_EQ(state->calls, (Calls{"create", "init 0"}));
+protected:
+    template<typename Check> static void InItsOwnProcess(Check check)
+    {
+        testing::FLAGS_gtest_death_test_style = "threadsafe";
+        EXPECT_EXIT(
+            {
+                check();
+                std::exit(HasFailure() ? 1 : 0);
+            },
+            testing::ExitedWithCode(0),
+            "");
+    }
+
+    /// The result for eight threads that ask at the same moment.
+    template<typename Ask> static auto Seen(Ask ask)
+    {
+        constexpr std::size_t kThreads = 8;
+        std::atomic<std::size_t> waiting{0};
+        std::vector<decltype(ask())> seen(kThreads);
+        std::vector<std::thread> threads;
+        for (std::size_t i = 0; i < kThreads; ++i) {
+            threads.emplace_back([&waiting, &seen, &ask, i] {
+                ++waiting;
+                while (waiting != kThreads) {
+                    std::this_thread::yield();
+                }
+                seen[i] = ask();
+            });
+        }
+        for (std::thread &thread : threads) {
+            thread.join();
+        }
+        EXPECT_NE(seen.front(), nullptr);
+        return std::set<decltype(ask())>(seen.begin(), seen.end()).size();
+    }
+};
+
+TEST_F(ConfigProcessDeathTest, AllThreadsGetTheOneInstanceWhichStays)
+{
+    InItsOwnProcess([] {
+        contract::FakeLibrary library(CONFIG_FAKE);
+        EXPECT_EQ(Seen([] { return UIUtility::instance(); }), 1U);
+        EXPECT_EQ(Seen([] { return CVantorConfigInstance::Instance(); }), 1U);
+        EXPECT_EQ(library.NewNotes(), (Notes{"create_config result=object", "init_config mode=0"}));
+    });
 }
 
-TEST_F(ConfigInstance, NothingButTheFourIsEverCalled)
+TEST_F(ConfigProcessDeathTest, WithoutALibraryItAnswersDefaults)
 {
-    Get("a");
-    Config().GetBoolean("a", true);
-    Config().SetPreFix("x");
-    config.reset();
-    for (const std::string &call : state->calls) {
-        EXPECT_EQ(call.find("unexpected"), std::string::npos) << call;
-    }
+    InItsOwnProcess([] {
+        const LogWatch log;
+        auto config = std::make_unique<CVantorConfigInstance>();
+        EXPECT_EQ(LogWatch::NewLines(),
+                  (QStringList{"CVantorConfigInstance::CVantorConfigInstance() enter",
+                               "load vantoronlineconfig.dll error!",
+                               "CVantorConfigInstance::CVantorConfigInstance() leave"}));
+        EXPECT_EQ(config->GetString("key", "fallback"), QString("fallback"));
+        EXPECT_EQ(LogWatch::NewLines().at(1), QString("vantoronlineconfig need Create!"));
+        EXPECT_TRUE(config->GetBoolean("key", true));
+        EXPECT_FALSE(config->GetBoolean("key", false));
+        config->SetPreFix(std::string("tag"));
+        config->SetPreFix("prefix");
+        LogWatch::NewLines();
+        config.reset();
+        EXPECT_EQ(LogWatch::NewLines(),
+                  (QStringList{"CVantorConfigInstance::~CVantorConfigInstance enter",
+                               "CVantorConfigInstance::~CVantorConfigInstance leave"}));
+    });
+}
+
+TEST_F(ConfigProcessDeathTest, WithoutMemoryThereIsNoInstanceAndNoOffersAreConfigured)
+{
+    InItsOwnProcess([] {
+        outOfMemory = true;
+        EXPECT_FALSE(OfferSources::System().configured());
+        outOfMemory = false;
+        EXPECT_EQ(UIUtility::instance()->configInstance(), nullptr);
+        EXPECT_EQ(CVantorConfigInstance::Instance(), nullptr);
+    });
+}
+
+TEST_F(ConfigProcessDeathTest, AnObjectThatCannotBeReleasedIsUsedAndThenLeftAlone)
+{
+    InItsOwnProcess([] {
+        contract::FakeLibrary library(CONFIG_FAKE, VANTOR_RELEASE_CONFIG);
+        const LogWatch log;
+        auto config = std::make_unique<CVantorConfigInstance>();
+        EXPECT_TRUE(LogWatch::NewLines().contains(
+            "CVantorConfigInstance::CVantorConfigInstance() m_bInitRet= true"));
+        EXPECT_EQ(config->GetString("a", "b"), QString("b"));
+        LogWatch::NewLines();
+        library.NewNotes();
+        config.reset();
+        EXPECT_EQ(library.NewNotes(), Notes{});
+        EXPECT_EQ(LogWatch::NewLines(),
+                  (QStringList{"CVantorConfigInstance::~CVantorConfigInstance enter",
+                               "CVantorConfigInstance::~CVantorConfigInstance leave"}));
+    });
+}
+
+TEST_F(ConfigProcessDeathTest, TheLibraryStaysWhenItsClientHasGone)
+{
+    InItsOwnProcess([] {
+        const contract::FakeLibrary library(CONFIG_FAKE);
+        {
+            const CVantorConfigInstance config;
+            contract::UnloadLibrary(library.Handle());
+        }
+        EXPECT_TRUE(contract::IsLibraryLoaded(library.Path()));
+    });
+}
+
+// "create_config" is called as it was resolved.
+TEST_F(ConfigProcessDeathTest, WithoutItsEntryTheProcessEnds)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH(
+        {
+            const contract::FakeLibrary library(CONFIG_FAKE, VANTOR_CREATE_CONFIG);
+            const CVantorConfigInstance config;
+        },
+        "CVantorConfigInstance\\(\\) enter");
 }
 
 } // namespace
