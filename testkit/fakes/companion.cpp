@@ -5,9 +5,9 @@
 // Journal: start (pid, args), end (pid); no end line means that it was terminated. One that finds
 // another at work in its folder ends without a word.
 
+#include "testkit/fakes/fake.h"
 #include "testkit/fakes/file_lock.h"
 #include "testkit/fakes/host.h"
-#include "testkit/fakes/fake.h"
 
 #include <filesystem>
 #include <memory>

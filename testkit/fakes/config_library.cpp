@@ -14,9 +14,9 @@
 
 #include "services/config/config_contract.h"
 #include "testkit/fakes/export.h"
+#include "testkit/fakes/fake.h"
 #include "testkit/fakes/host.h"
 #include "testkit/fakes/library_load.h"
-#include "testkit/fakes/fake.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -114,7 +114,7 @@ std::int32_t GetStringValue(
     library->Note("get_string_value",
                   {fake::Field("key", Shown(key)),
                    fake::Field("suffix", Shown(suffix)),
-                   fake::Field("buffer", std::string_view(buffer != nullptr ? "given" : "null")),
+                   fake::Field("buffer", buffer != nullptr ? "given" : "null"),
                    fake::Field("size", static_cast<long long>(size)),
                    fake::Field("result", result)});
     return result;
@@ -151,16 +151,13 @@ FAKE_EXPORT fake::Fake *FakeOf()
 FAKE_EXPORT VantorConfig *create_config()
 {
     const bool fails = library->Text("create") == "null";
-    library->Note("create_config",
-                  {fake::Field("result", std::string_view(fails ? "null" : "object"))});
+    library->Note("create_config", {fake::Field("result", fails ? "null" : "object")});
     return fails ? nullptr : &object;
 }
 
 FAKE_EXPORT void release_config(VantorConfig **config)
 {
-    library->Note(
-        "release_config",
-        {fake::Field("object", std::string_view(*config == &object ? "own" : "other"))});
+    library->Note("release_config", {fake::Field("object", *config == &object ? "own" : "other")});
     *config = nullptr;
 }
 

@@ -24,7 +24,7 @@ namespace fake {
 /// `key=value` as the journal has it.
 std::string Field(std::string_view key, std::string_view value);
 std::string Field(std::string_view key, long long value);
-std::string Field(std::string_view key, const std::filesystem::path &value);
+std::string PathField(std::string_view key, const std::filesystem::path &value);
 
 /// `key=[item][item]`; an empty list gives `key=`.
 std::string ListField(std::string_view key, const std::vector<std::string> &items);

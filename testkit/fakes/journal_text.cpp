@@ -128,9 +128,9 @@ std::string Field(std::string_view key, long long value)
     return std::string(key) + '=' + std::to_string(value);
 }
 
-std::string Field(std::string_view key, const std::filesystem::path &value)
+std::string PathField(std::string_view key, const std::filesystem::path &value)
 {
-    return Field(key, std::string_view(value.u8string()));
+    return Field(key, value.u8string());
 }
 
 std::string ListField(std::string_view key, const std::vector<std::string> &items)

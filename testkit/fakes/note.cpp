@@ -2,8 +2,8 @@
 // The line has pid and cwd of this process, the given keys, and args=[argument][argument]. The file
 // `IMAGE.txt` beside this program may tell it: run_ms, hold_file, exit.
 
-#include "testkit/fakes/host.h"
 #include "testkit/fakes/fake.h"
+#include "testkit/fakes/host.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -21,7 +21,7 @@ int main(int argc, char **argv)
     std::error_code ignored;
     std::vector<std::string> fields = {
         fake::Field("pid", host::OwnProcessId()),
-        fake::Field("cwd", std::filesystem::current_path(ignored))};
+        fake::PathField("cwd", std::filesystem::current_path(ignored))};
     const auto separator = std::find(words.begin() + 2, words.end(), "--");
     for (auto word = words.begin() + 2; word != separator; ++word) {
         fields.push_back(fake::Escape(*word));

@@ -4,8 +4,8 @@
 //   exit=0            exit code
 // Journal: start (pid, args), end (pid, exit); no end line means that it was terminated.
 
-#include "testkit/fakes/host.h"
 #include "testkit/fakes/fake.h"
+#include "testkit/fakes/host.h"
 
 int main(int argc, char **argv)
 {

@@ -12,8 +12,8 @@
 //   note=1            write a line for each query
 // Journal, with note=1: query (args, found=pids).
 
-#include "testkit/fakes/host.h"
 #include "testkit/fakes/fake.h"
+#include "testkit/fakes/host.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -11,10 +11,10 @@
 
 #include "services/telemetry/telemetry_contract.h"
 #include "testkit/fakes/export.h"
+#include "testkit/fakes/fake.h"
 #include "testkit/fakes/file_lock.h"
 #include "testkit/fakes/host.h"
 #include "testkit/fakes/library_load.h"
-#include "testkit/fakes/fake.h"
 
 #include <atomic>
 #include <cstdarg>
@@ -49,7 +49,8 @@ std::string TextOf(const void *text, bool wide)
     if (text == nullptr) {
         return "(null)";
     }
-    return wide ? fake::FromUtf16(static_cast<const char16_t *>(text)) : static_cast<const char *>(text);
+    return wide ? fake::FromUtf16(static_cast<const char16_t *>(text))
+                : static_cast<const char *>(text);
 }
 
 std::vector<std::string> Pairs(const std::vector<std::string> &texts)

@@ -9,8 +9,8 @@
 // Journal: start (pid, args, cwd, fds, env.NAME=unset|empty|set:VALUE), or never (pid, args);
 // remove (file, result=gone|missing|refused|failed); end (pid, exit).
 
-#include "testkit/fakes/host.h"
 #include "testkit/fakes/fake.h"
+#include "testkit/fakes/host.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -28,14 +28,14 @@ std::vector<std::string> StartFields(const fake::Fake &self,
     std::error_code ignored;
     std::vector<std::string> fields = {fake::Field("pid", host::OwnProcessId()),
                                        fake::ListField("args", arguments),
-                                       fake::Field("cwd", fs::current_path(ignored)),
+                                       fake::PathField("cwd", fs::current_path(ignored)),
                                        fake::ListField("fds", descriptors)};
     std::istringstream names(self.Text("env"));
     for (std::string name; std::getline(names, name, ',');) {
         const auto value = host::EnvironmentVariable(name);
         const std::string shown =
             !value ? "unset" : (value->empty() ? std::string("empty") : "set:" + *value);
-        fields.push_back(fake::Field("env." + name, std::string_view(shown)));
+        fields.push_back(fake::Field("env." + name, shown));
     }
     return fields;
 }
@@ -94,9 +94,8 @@ int main(int argc, char **argv)
     const fake::Fake self(host::ExecutablePath());
     const int code = static_cast<int>(self.Number("exit", 0));
     if (self.Text("mode") == "never") {
-        self.Note(
-            "never",
-            {fake::Field("pid", host::OwnProcessId()), fake::ListField("args", arguments)});
+        self.Note("never",
+                  {fake::Field("pid", host::OwnProcessId()), fake::ListField("args", arguments)});
         return code;
     }
     host::OutliveParent();
@@ -104,9 +103,7 @@ int main(int argc, char **argv)
     self.Hold(3000);
     for (const std::string &file : self.All("remove")) {
         const std::string result = Remove(self.Folder(), fs::u8path(file));
-        self.Note("remove",
-                  {fake::Field("file", std::string_view(file)),
-                   fake::Field("result", std::string_view(result))});
+        self.Note("remove", {fake::Field("file", file), fake::Field("result", result)});
     }
     Linger(self);
     self.Note("end", {fake::Field("pid", host::OwnProcessId()), fake::Field("exit", code)});

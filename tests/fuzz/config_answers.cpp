@@ -3,74 +3,30 @@
 
 #include "services/config/config_key.h"
 #include "services/config/vantor_config_instance.h"
-#include "tests/fuzz/config_library.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/fuzz/text.h"
+#include "tests/unit/platform/support/fake_library.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-constexpr std::uint32_t kSizingCall = 0xFFFFFFFF;
 // The most that there is memory for, as the option max_allocation_size_mb says.
 constexpr std::int64_t kMemory = std::int64_t{32} << 20U;
 
-std::string askedKey;
-std::string askedSuffix;
 std::int32_t claimedLength = 0;
 std::string filledIn;
-bool switchedOn = false;
-std::string environment;
 
-std::int32_t GetStringValue(VantorConfig * /*config*/,
-                            const char *key,
-                            char *buffer,
-                            std::uint32_t size,
-                            const char *suffix)
+contract::FakeLibrary &Library()
 {
-    askedKey = key;
-    askedSuffix = suffix;
-    if (buffer == nullptr) {
-        Check(size == kSizingCall, "without a buffer it asks for the length");
-        return claimedLength;
-    }
-    Check(size == static_cast<std::uint32_t>(claimedLength) + 1, "room for the text and its zero");
-    // Never more than there is room for, that much is agreed; but there may be no zero.
-    std::memcpy(buffer, filledIn.data(), std::min<std::size_t>(filledIn.size(), size));
-    return 0;
+    static contract::FakeLibrary library(CONFIG_FAKE);
+    return library;
 }
-
-bool GetBoolValue(VantorConfig * /*config*/, const char *key, bool *value, const char *suffix)
-{
-    askedKey = key;
-    askedSuffix = suffix;
-    *value = switchedOn;
-    return false;
-}
-
-void Unexpected()
-{
-    Check(false, "only four entries of the table are called");
-}
-
-const VantorConfigTable kTable = {
-    Unexpected,
-    [](VantorConfig * /*config*/, int mode) { return mode != 0; },
-    Unexpected,
-    [](VantorConfig * /*config*/, const char *prefix) { environment = prefix; },
-    Unexpected,
-    Unexpected,
-    GetBoolValue,
-    Unexpected,
-    Unexpected,
-    GetStringValue};
-VantorConfig object = {&kTable};
 
 CVantorConfigInstance &Config()
 {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    ObjectToCreate() = &object;
     static CVantorConfigInstance config;
     return config;
 }
@@ -119,32 +75,44 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     if (claimedLength < kMemory) {
         claimedLength %= 0x10000;
     }
-    switchedOn = claimedLength % 2 != 0;
+    const bool switchedOn = claimedLength % 2 != 0;
+    Library().Tell({{"string.*", filledIn},
+                    {"fill.*", "bare"},
+                    {"length.*", std::to_string(claimedLength)},
+                    {"bool.*", switchedOn ? "1" : "0"}});
+    Config();
+    Library().NewNotes();
 
     const ConfigKey split = SplitConfigKey(key);
     const ConfigKey expected = Split(key);
     Check(split.name == expected.name && split.suffix == expected.suffix, "the key is split");
     const bool isAsked = !BeforeZero(split.name).isEmpty();
-    const auto forgetAndCheckAfter = [&](auto look) {
-        askedKey.clear();
-        askedSuffix.clear();
-        look();
-        Check(askedKey == BeforeZero(split.name).toStdString(),
-              "the key is asked for, unless empty");
-        Check(askedSuffix == (isAsked ? BeforeZero(split.suffix).toStdString() : std::string()),
-              "with its suffix");
-    };
-    forgetAndCheckAfter([&] {
-        Check(Config().GetString(key, fallback) == (isAsked ? Expected(fallback) : fallback),
-              "what was filled in up to its zero and the length, or the default");
-    });
+    const std::string asked = ' ' + fake::Field("key", BeforeZero(split.name).toStdString()) + ' ' +
+                              fake::Field("suffix", BeforeZero(split.suffix).toStdString()) + ' ';
+
+    Check(Config().GetString(key, fallback) == (isAsked ? Expected(fallback) : fallback),
+          "what was filled in up to its zero and the length, or the default");
+    std::vector<std::string> calls;
+    if (isAsked) {
+        const std::string call = "get_string_value" + asked;
+        calls.push_back(call +
+                        "buffer=null size=4294967295 result=" + std::to_string(claimedLength));
+        if (claimedLength > 0 && claimedLength < kMemory) {
+            calls.push_back(call + "buffer=given size=" + std::to_string(claimedLength + 1) +
+                            " result=" + std::to_string(filledIn.size()));
+        }
+    }
+    Check(Library().NewNotes() == calls, "the key is asked for with its suffix, unless empty");
     for (const bool before : {false, true}) {
-        forgetAndCheckAfter([&] {
-            Check(Config().GetBoolean(key, before) == (isAsked ? switchedOn : before),
-                  "the switch, or the default");
-        });
+        Check(Config().GetBoolean(key, before) == (isAsked ? switchedOn : before),
+              "the switch, or the default");
+        calls = {"get_bool_value" + asked + "before=" + std::to_string(static_cast<int>(before))};
+        Check(Library().NewNotes() == (isAsked ? calls : std::vector<std::string>()),
+              "the switch is asked for, unless the key is empty");
     }
     Config().SetPreFix(fields[0]);
-    Check(environment == fields[0].c_str(), "an unknown product's prefix is the tag");
+    Check(Library().NewNotes() ==
+              std::vector{"set_filter_environment " + fake::Field("prefix", fields[0].c_str())},
+          "an unknown product's prefix is the tag");
     return 0;
 }

@@ -4,20 +4,25 @@
 #include "services/telemetry/usage_events.h"
 #include "services/telemetry/telemetry_binding.h"
 #include "tests/fuzz/fuzz.h"
-#include "tests/fuzz/telemetry_library.h"
 #include "tests/fuzz/text.h"
+#include "tests/unit/platform/support/fake_library.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace {
 
+contract::FakeLibrary &Library()
+{
+    static contract::FakeLibrary library(TELEMETRY_FAKE);
+    return library;
+}
+
 TelemetryBinding &Binding()
 {
     static TelemetryBinding binding;
-    // Only one export is there, which is enough.
-    static const bool complete = binding.LoadTelemetryLibrary(TELEMETRY_LIBRARY);
-    Check(!complete, "a library with one export is not complete");
+    static const bool complete = binding.LoadTelemetryLibrary(Library().Path().c_str());
+    Check(complete, "the library is complete");
     return binding;
 }
 
@@ -44,7 +49,7 @@ void CheckAttribute(const QString &given, const QString &sent)
     }
     const QJsonObject object = QJsonDocument::fromJson(sent.toUtf8()).object();
     Check(object.keys() == QStringList{QStringLiteral("attribute")}, "the wrapper has one member");
-    // The toolkit's reader, not its writer, may drop a byte order mark at the beginning of a text.
+    // Qt's reader, not its writer, may drop a byte order mark at the beginning of a text.
     const QChar mark(QChar::ByteOrderMark);
     const QString read = object.value(QStringLiteral("attribute")).toString();
     Check((read == given || mark + read == given) && sent.count(mark) == given.count(mark),
@@ -52,13 +57,15 @@ void CheckAttribute(const QString &given, const QString &sent)
     Check(!sent.contains(QLatin1Char('\n')), "it is compact");
 }
 
-// What the library sees of texts that end at their first zero.
-UsageEventPairs CutAtZeros(UsageEventPairs pairs)
+// What the library notes of the pairs. Texts end at their first zero.
+std::vector<std::string> Received(const UsageEventPairs &pairs)
 {
-    for (auto &[name, value] : pairs) {
-        value.resize(std::min(value.find(u'\0'), value.size()));
+    std::vector<std::string> texts = {"torvanSendType=0"};
+    for (const auto &[name, value] : pairs) {
+        texts.push_back(fake::FromUtf16(name.c_str()) + '=' + fake::FromUtf16(value.c_str()));
     }
-    return pairs;
+    return {"SkyrelSendInfo count=" + std::to_string(5 + 2 * pairs.size()) + " flag=0 wide=1 " +
+            fake::ListField("pairs", texts)};
 }
 
 } // namespace
@@ -87,8 +94,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     Check(pairs == expected, "each text under its name, in their order");
 
     TelemetryBinding &binding = Binding();
-    ReceivedPairs().clear();
+    Library().NewNotes();
     SendPairs(binding, pairs);
-    Check(ReceivedPairs() == CutAtZeros(pairs), "the library gets them so");
+    Check(Library().NewNotes() == Received(pairs), "the library gets them so");
     return 0;
 }

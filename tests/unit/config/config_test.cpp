@@ -131,9 +131,8 @@ TEST_F(ConfigInstance, SizesAndFetchesAText)
     EXPECT_EQ(Get("coupon_text", "none"), QString("50% OFF"));
     EXPECT_EQ(
         library.NewNotes(),
-        (Notes{
-            "get_string_value key=coupon_text suffix= buffer=null size=4294967295 result=7",
-            "get_string_value key=coupon_text suffix= buffer=given size=8 result=7"}));
+        (Notes{"get_string_value key=coupon_text suffix= buffer=null size=4294967295 result=7",
+               "get_string_value key=coupon_text suffix= buffer=given size=8 result=7"}));
     EXPECT_EQ(LogWatch::NewLines(),
               (QStringList{"CVantorConfigInstance::GetString enter(qstrKey= \"coupon_text\" "
                            " strDefault= \"none\" )",
