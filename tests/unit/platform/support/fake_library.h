@@ -20,13 +20,14 @@ public:
         : path_(std::filesystem::path(OwnProgram().string() + ".fakes") / (name + lacking) /
                 built.filename())
     {
-        std::string bytes = ReadFile(built);
-        const std::string text = '\0' + lacking + '\0';
-        for (auto at = bytes.find(text); text.size() > 2 && at != std::string::npos;
-             at = bytes.find(text, at)) {
-            ++bytes[at + lacking.size()]; // keeps the order of the names, which Windows relies on
-        }
-        if (ReadFile(path_) != bytes) {
+        std::error_code missing;
+        if (last_write_time(path_, missing) < last_write_time(built) || missing) {
+            std::string bytes = ReadFile(built);
+            const std::string text = '\0' + lacking + '\0';
+            for (auto at = bytes.find(text); text.size() > 2 && at != std::string::npos;
+                 at = bytes.find(text, at)) {
+                ++bytes[at + lacking.size()]; // keeps the order of the names, as Windows needs it
+            }
             std::filesystem::create_directories(path_.parent_path());
             std::filesystem::remove(path_);
             WriteFile(path_.string() + ".txt", "companion=none\n");
