@@ -44,11 +44,6 @@ InterfaceTest {
     }
 
     Component {
-        id: plainRadio
-        RadioButton {}
-    }
-
-    Component {
         id: ofFixedWidth
         ZoRoundButton {
             width: 30
@@ -269,14 +264,6 @@ InterfaceTest {
 
     // Radio buttons ------------------------------------------------------------------------------
 
-    function test_aRadioButtonHasThePaddingOfItsBase() {
-        var button = make("ZoRadioButton", { text: "Go" })
-        var base = createTemporaryObject(plainRadio, test)
-        ;["leftPadding", "topPadding", "rightPadding", "bottomPadding"].forEach((side) => {
-            compare(button[side], base[side], side)
-        })
-    }
-
     function test_aRadioButtonTogglesOnce_data() {
         return [{ tag: "mouse", act: (button) => mouseClick(button) },
                 { tag: "touch", act: (button) => probe.tap(button, 30, 30) },
@@ -314,5 +301,45 @@ InterfaceTest {
         mouseClick(entries[2])
         compare(entries.map((entry) => entry.checked), [false, false, true])
         compare(notes(), ["toggled 0", "toggled 2"])
+    }
+
+    // The progress bar ---------------------------------------------------------------------------
+
+    function test_aBarPassesThroughNumbersBetween() {
+        var bar = make("ZoProgressBar", { width: 300 })
+        var seen = []
+        var fill = findChild(bar, "progressFill")
+        bar.valueChanged.connect(() => {
+            seen.push(bar.value)
+            fuzzyCompare(fill.width, bar.value * 3, 0.0001)
+        })
+        bar.value = 100
+        // Do not wait for the value: tryCompare accepts 100 - 0.00001, where the width is still
+        // 0.00003 below 300.
+        tryCompare(fill, "width", 300)
+        verify(seen.length > 3, seen)
+        verify(seen[0] > 0 && seen[0] < 100, seen)
+        compare(seen, seen.slice().sort((one, other) => one - other))
+        bar.width = 200
+        compare([fill.width, findChild(bar, "progressTrack").width], [200, 200])
+    }
+
+    function test_theAnimationOfABar() {
+        var bar = make("ZoProgressBar", { width: 300 })
+        var behaviors = probe.below(bar, "QQuickBehavior")
+        compare(behaviors.length, 1, "the fill's width is not animated once more")
+        bar.value = 1 // the animation exists from the first change on
+        compareAll(behaviors[0].animation, { duration: 400 })
+        compare(behaviors[0].animation.easing.type, Easing.OutQuart)
+        bar.valueAnimationInterval = 70
+        compare(behaviors[0].animation.duration, 70)
+    }
+
+    function test_accessibleBar() {
+        var bar = make("ZoProgressBar", { width: 300 })
+        bar.value = 40
+        tryCompare(bar, "value", 40)
+        var seen = probe.accessible(bar)
+        compare([seen.role, seen.name], [Accessible.ProgressBar, "40 %"])
     }
 }

@@ -99,13 +99,6 @@ InterfaceTest {
         verify(told.indexOf("notifyPopup Warning false") >= 0, told)
     }
 
-    function test_theMainWindowIsTold() {
-        popup = stage.makePopup({ title: "Warning" })
-        popup.open()
-        popup.visible = false
-        compare(notes(), ["notifyPopup Warning true", "notifyPopup Warning false"])
-    }
-
     function test_busyDisablesClosing() {
         show({ busy: true })
         var button = inPopup("closeButton")
@@ -202,6 +195,7 @@ InterfaceTest {
         popup.visible = false
         popup.open()
         compare(popup.x, 380, "but is centred each time")
+        compare(notes(), ["notifyPopup  false", "notifyPopup  true"], "the main window is told")
         popup = stage.makePopup({ centerInParent: true, x: 7, y: 9 })
         popup.open()
         compare([popup.x, popup.y], [7, 9])
