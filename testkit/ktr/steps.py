@@ -147,28 +147,33 @@ _known_looks: dict[bytes, int] = {}
 """The reasons by how their rows look, as `learn_reasons` has found out."""
 
 
-def learn_reasons(display: Display) -> None:
+def learn_reasons(display: Display, start: Callable[[Sandbox], RunningProgram] = Sandbox.start) -> None:
     """Finds out how the first three reasons look, which stand in another order at each start.
 
-    Two of them are chosen, and their usage events say which they are.
+    Two of them are chosen, and their usage events say which they are. `start` starts the program in
+    surroundings with other fonts.
     """
-    if _known_looks:
-        return
     sandbox = Sandbox(display)
+    numbers: dict[bytes, int] = {}
     try:
         for _ in range(2):
-            program = sandbox.start()
+            program = start(sandbox)
             window = program.ready()
             looks = _looks(window)
-            row = next(row for row, look in enumerate(looks) if look not in _known_looks)
-            _known_looks[looks[row]] = choose_row(sandbox, window, row)
+            row = next(row for row, look in enumerate(looks) if look not in numbers)
+            numbers[looks[row]] = choose_row(sandbox, window, row)
             program.kill()
             sandbox.forget_journal()
-        last, = set(looks) - _known_looks.keys()
-        number, = {1, 2, 3} - set(_known_looks.values())
-        _known_looks[last] = number
+        last, = set(looks) - numbers.keys()
+        numbers[last], = {1, 2, 3} - set(numbers.values())
     finally:
         sandbox.cleanup()
+    _known_looks.update(numbers)
+
+
+def knows_reasons(window: Window) -> bool:
+    """Whether `row_of` can tell the reasons of this window apart."""
+    return _known_looks.keys() >= set(_looks(window))
 
 
 def row_of(window: Window, reason: int) -> int:

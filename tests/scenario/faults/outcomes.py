@@ -38,6 +38,9 @@ class Whole:
         before = sandbox.snapshot()
         program = fault.start(sandbox)
         window = program.ready()
+        if not steps.knows_reasons(window):
+            # A locale may change the font.
+            steps.learn_reasons(sandbox.display, fault.start)
         assert published(sandbox, window) == self.handle
         if untranslated is not None:
             assert steps.title(window) == untranslated
