@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import json
 from pathlib import Path
+from typing import Callable
 
 from ktr import layout, wait
 from ktr.display import Display
@@ -147,13 +148,17 @@ _known_looks: dict[bytes, int] = {}
 """The reasons by how their rows look, as `learn_reasons` has found out."""
 
 
-def learn_reasons(display: Display, start: Callable[[Sandbox], RunningProgram] = Sandbox.start) -> None:
+def learn_reasons(
+    display: Display, prepare: Callable[[Sandbox], object] = lambda sandbox: None,
+    start: Callable[[Sandbox], RunningProgram] = Sandbox.start,
+) -> None:
     """Finds out how the first three reasons look, which stand in another order at each start.
 
-    Two of them are chosen, and their usage events say which they are. `start` starts the program in
-    surroundings with other fonts.
+    Two of them are chosen, and their usage events say which they are. `prepare` and `start` give the
+    program surroundings in which it may have another font.
     """
     sandbox = Sandbox(display)
+    prepare(sandbox)
     numbers: dict[bytes, int] = {}
     try:
         for _ in range(2):

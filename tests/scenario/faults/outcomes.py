@@ -40,7 +40,7 @@ class Whole:
         window = program.ready()
         if not steps.knows_reasons(window):
             # A locale may change the font.
-            steps.learn_reasons(sandbox.display, fault.start)
+            steps.learn_reasons(sandbox.display, fault.prepare, fault.start)
         assert published(sandbox, window) == self.handle
         if untranslated is not None:
             assert steps.title(window) == untranslated
