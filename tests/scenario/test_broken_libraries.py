@@ -55,13 +55,9 @@ def test_a_partial_telemetry_library_gets_the_events(sandbox):
     walk_through(sandbox)
 
 
-@pytest.mark.parametrize("content", (None, b"", b"no library"))
 @pytest.mark.parametrize("library", (TELEMETRY, CONFIG))
-def test_a_library_missing_or_damaged(sandbox, library, content):
-    file = sandbox.locate(library)
-    file.unlink()
-    if content is not None:
-        file.write_bytes(content)
+def test_a_missing_library(sandbox, library):
+    sandbox.locate(library).unlink()
     program = walk_through(sandbox, with_events=library == CONFIG)
     if library == CONFIG:
         assert "load vantoronlineconfig.dll error!" in program.stderr

@@ -91,28 +91,6 @@ def test_the_staged_script_is_a_fresh_copy(sandbox):
     expect_end(sandbox, program, cleanup=False)
 
 
-def test_a_missing_script_makes_the_clean_up_fail_silently(sandbox):
-    (sandbox.bin / "clearKTR.bat").unlink()
-    sandbox.configure("uninstall.exe", run_ms=500)
-    program = sandbox.start()
-    window = program.ready()
-    assert not (sandbox.temp / "clearKTR.bat").exists()
-    uninstall(window)
-    wait_complete(window)
-    window.click(layout.CANCEL)
-    assert program.wait_exit() == 0
-    sandbox.wait_processes("SkyrelWrapExe.exe", 0)
-    assert not sandbox.journal("clearKTR.bat")
-
-
-def test_a_missing_telemetry_library_changes_nothing(sandbox):
-    (sandbox.bin / "SkyrelWrap.DLL").unlink()
-    program = sandbox.start()
-    program.ready().click(layout.CANCEL)
-    assert program.wait_exit() == 0
-    assert not sandbox.journal("SkyrelWrapExe.exe")
-
-
 @pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
 def test_a_window_that_cannot_be_created_ends_the_program(sandbox):
     sandbox.system.hide_modules(sandbox.bin)

@@ -1,6 +1,5 @@
 """The window as the desktop sees it, and what the start shrugs off."""
 
-import shutil
 
 import pytest
 from PIL import Image
@@ -95,13 +94,6 @@ def test_its_icon_is_the_product_s(sandbox):
     leave(sandbox, program)
 
 
-def test_without_its_icon_it_starts_all_the_same(sandbox):
-    shutil.rmtree(sandbox.root / "Dravik" / "res")
-    program = sandbox.start()
-    program.ready()
-    leave(sandbox, program)
-
-
 def test_a_link_is_of_the_link_colour(sandbox, program):
     window = program.window()
     steps.choose(sandbox, window, 3)
@@ -110,27 +102,6 @@ def test_a_link_is_of_the_link_colour(sandbox, program):
     wait.until(lambda: window.screen.share(area, "#037DFF", 2), "a link of the link colour",
                accept=lambda share: share > 0.01)
     leave(sandbox, program)
-
-
-def occupy(path):
-    """Puts a folder with something in it where a file would be."""
-    shutil.rmtree(path, ignore_errors=True)
-    path.unlink(missing_ok=True)
-    path.mkdir(parents=True)
-    (path / "occupied").touch()
-
-
-@pytest.mark.parametrize("where", ["Dravik/bin/hwndFile.ini", "tmp/clearKTR.bat",
-                                   "Dravik/bin/UninstallUI.rcc", "Dravik/res/install_box.ico",
-                                   "Dravik/bin/translations/ktr_German.qm"])
-def test_a_folder_in_the_place_of_a_file(sandbox, where):
-    sandbox.set_registry("German")
-    occupy(sandbox.root / where)
-    program = sandbox.start()
-    program.ready().click(layout.CANCEL)
-    assert program.wait_exit() == 0
-    assert (sandbox.root / where / "occupied").exists(), "it is nobody's to delete"
-    assert not sandbox.instance_lock_held()
 
 
 def test_a_lock_that_cannot_be_had_does_not_count(sandbox):

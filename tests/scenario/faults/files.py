@@ -27,7 +27,8 @@ def _gone(file: Path) -> None:
         file.unlink()
 
 
-def _folder(file: Path) -> None:
+def occupy(file: Path) -> None:
+    """Puts a folder with something in it, which nobody may delete, in the place of a file."""
     _gone(file)
     file.mkdir()
     (file / "something").write_text("within")
@@ -41,7 +42,7 @@ def _unreadable(file: Path) -> None:
 DAMAGES: dict[str, Damage] = {
     "missing": _gone,
     "empty": lambda file: file.write_bytes(b""),
-    "a folder": _folder,
+    "a folder": occupy,
     "unreadable": _unreadable,
     "garbage": lambda file: file.write_bytes(GARBAGE),
 }
@@ -96,8 +97,7 @@ FAULTS = [
               linux_only=dict.fromkeys(DAMAGES, TEXT_FILE)),
     *(_handle_file(f"{size} bytes" if size < 1 << 20 else "1 MiB", GARBAGE[:1] * size)
       for size in (0, 1, 7, 8, 9, 1 << 20)),
-    Fault("window-handle file: a folder", NO_HANDLE,
-          lambda sandbox: sandbox.handle_file.mkdir()),
+    Fault("window-handle file: a folder", NO_HANDLE, lambda sandbox: occupy(sandbox.handle_file)),
     Fault("window-handle file: not writable", NO_HANDLE, _read_only_handle, unprivileged=True,
           linux_only=ROOT_READS_ALL),
 ]

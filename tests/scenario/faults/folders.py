@@ -4,7 +4,7 @@ from __future__ import annotations
 
 from ktr.sandbox import Sandbox
 from faults.fault import Fault
-from faults.files import ROOT_READS_ALL
+from faults.files import ROOT_READS_ALL, occupy
 from faults.outcomes import AS_EVER, NO_CLEAN_UP, NO_HANDLE, Whole
 
 _MOUNT = ("/usr/bin/unshare", "--mount", "/bin/sh", "-c",
@@ -33,7 +33,7 @@ def _older_in_read_only_temp(sandbox: Sandbox) -> None:
 
 
 def _copy_is_a_folder(sandbox: Sandbox) -> None:
-    (sandbox.temp / "clearKTR.bat").mkdir()
+    occupy(sandbox.temp / "clearKTR.bat")
 
 
 def _copy_is_a_link(sandbox: Sandbox) -> None:

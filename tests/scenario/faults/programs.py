@@ -95,16 +95,6 @@ def _hang_in_a_tick(sandbox: Sandbox, fault: Fault) -> None:
     hold.unlink()
 
 
-def _lingers(sandbox: Sandbox, fault: Fault) -> None:
-    program = fault.start(sandbox)
-    window = program.ready()
-    hold = steps.uninstall_held(sandbox, window, 0.985)
-    steps.wait_buttons_disabled(window)
-    assert window.bar_fraction() < 1.0
-    hold.unlink()
-    _finish(sandbox, program, window)
-
-
 def _another_takes_over(sandbox: Sandbox, fault: Fault) -> None:
     program = fault.start(sandbox)
     window = program.ready()
@@ -179,7 +169,6 @@ FAULTS = [
           _ends_unseen),
     Fault("uninstaller: fails", AS_EVER,
           lambda sandbox: sandbox.configure("uninstall.exe", exit=1)),
-    Fault("uninstaller: lingers", Run("The bar holds at 99 until it has gone.", _lingers)),
     Fault("uninstaller: another of its name takes over", Run(COMPLETES, _another_takes_over)),
     Fault("uninstaller: is killed", Run("The bar completes, and all else works as ever.", _killed)),
 ]
