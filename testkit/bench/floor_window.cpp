@@ -24,8 +24,8 @@ void PrepareEnvironment()
 
 } // namespace
 
-// Shows one window of the program's size until it is ended from outside: "controls" has each control
-// of Qt's that the interface uses; "content" has the program's images, icon and libraries, too.
+// Shows one window of the program's size until it is ended from outside: "controls" has each Qt
+// control that the interface uses; "content" has the program's images, icon and libraries, too.
 // Status 1 without a window or a library.
 int main(int argc, char **argv)
 {
@@ -42,7 +42,7 @@ int main(int argc, char **argv)
         QGuiApplication::setWindowIcon(QIcon(folder + QStringLiteral("/../res/install_box.ico")));
     }
     QQmlApplicationEngine engine;
-    engine.load(QUrl(content ? QStringLiteral("qrc:/Content.qml")
-                             : QStringLiteral("qrc:/Controls.qml")));
+    engine.load(
+        QUrl(content ? QStringLiteral("qrc:/Content.qml") : QStringLiteral("qrc:/Controls.qml")));
     return engine.rootObjects().isEmpty() ? 1 : QGuiApplication::exec();
 }

@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::size_t kChunk = 4096;
 
-double Seconds(const timeval &time)
+double Seconds(timeval time)
 {
     constexpr double kMicroseconds = 1e6;
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / kMicroseconds;

@@ -1,9 +1,9 @@
 """Measures the program beside floors of the same run: a window with each control of Qt's that it
-uses, the same with the program's images, icon and libraries, the program with Qt's default renderer,
-and the bare question of a tick. Status 0 only if each ratio is within its aim.
+uses, the same with the program's images, icon and libraries, the program with Qt's default
+renderer, and the bare question of a tick. Status 0 only if each ratio is within its aim.
 
-The Windows executable under Wine has no other renderer, and neither valgrind nor the tick runs there:
-its ratios are those of processor time and memory, and the wake-ups when idle.
+The Windows executable under Wine has no other renderer, and neither valgrind nor the tick runs
+there: its ratios are those of processor time and memory, and the wake-ups when idle.
 """
 
 from __future__ import annotations
@@ -80,7 +80,7 @@ class Contender:
 
 @dataclass(frozen=True)
 class Start:
-    """Of one start: seconds to the first frame, seconds of processor time and megabytes until then."""
+    """Of one start: seconds to the first frame, and processor time and megabytes until then."""
 
     first_frame: float
     cpu: float
@@ -161,7 +161,9 @@ class Bench:
             Ratio("wake-ups when idle", self.wake_ups, 0),
         ]
         if not self._wine:
-            def ratio(title: str, own: Sequence[float], other: Sequence[float], aim: float) -> Ratio:
+            def ratio(
+                title: str, own: Sequence[float], other: Sequence[float], aim: float
+            ) -> Ratio:
                 return Ratio(title, [a / b for a, b in zip(own, other)], aim)
 
             found += [
@@ -253,8 +255,8 @@ def run(options: argparse.Namespace) -> int:
     """Measures, prints the table and one line of ratios."""
     os.environ["KTR_BUILD"] = str(
         REPOSITORY / "build" / ("windows" if options.wine else "linux-release"))
-    print(f"{os.cpu_count()} processors, load {os.getloadavg()[0]:.1f} before; {options.runs} starts "
-          "of each, in turn; medians, in brackets the quartiles", flush=True)
+    print(f"{os.cpu_count()} processors, load {os.getloadavg()[0]:.1f} before; {options.runs} "
+          "starts of each, in turn; medians, in brackets the quartiles", flush=True)
     with Display() as display:
         display.reset()
         sandbox = Sandbox(display)

@@ -60,8 +60,8 @@ def take(runner: Path, scale: str, into: Path, scenes: Path = SCENES, **more: st
         })
         run = subprocess.run(
             [ROOT / "tools" / "ktr", "display", "--size", SCREEN, "--", runner, "-input", scenes],
-            env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=600,
-            check=False,
+            env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+            timeout=600, check=False,
         )
     if run.returncode != 0:
         sys.exit(f"{run.stdout}\nktr gallery: the pictures at scale {scale} could not be taken "

@@ -1,8 +1,8 @@
 """Runs a Windows program under Wine.
 
-Its prefix is the folder that KTR_WINEPREFIX names, or else one in the user's cache folder. A missing
-prefix becomes a copy of a template, which is made once and never runs. With KTR_QT_KIT, the program
-finds that Qt kit.
+Its prefix is the folder that KTR_WINEPREFIX names, or else one in the user's cache folder. A
+missing prefix becomes a copy of a template, which is made once and never runs. With KTR_QT_KIT, the
+program finds that Qt kit.
 """
 
 from __future__ import annotations
@@ -101,7 +101,8 @@ def make(prefix: str) -> None:
 
 
 def _cache() -> str:
-    return (os.environ.get("XDG_CACHE_HOME") or f"{os.environ['HOME']}/.cache") + "/dravik-uninstall"
+    cache = os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache")
+    return f"{cache}/dravik-uninstall"
 
 
 def _make_template(template: Path) -> None:

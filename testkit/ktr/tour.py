@@ -1,5 +1,5 @@
-"""Takes the program through its main job on a virtual display, with real input events, and says step
-by step what happened. Status 0 only when every step was seen."""
+"""Takes the program through its main job on a virtual display, with real input events, and says
+step by step what happened. Status 0 only when every step was seen."""
 
 from __future__ import annotations
 

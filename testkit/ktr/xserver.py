@@ -1,7 +1,7 @@
 """Runs a command on a virtual X display of its own, with a window manager, and ends both after it.
 
-A Wine desktop stays on the display on which it was first shown, so the command gets a Wine prefix of
-its own as well.
+A Wine desktop stays on the display on which it was first shown, so the command gets a Wine prefix
+of its own as well.
 """
 
 from __future__ import annotations

@@ -1,4 +1,4 @@
-"""The checks of the test kit can fail: each meets what it must find. A shell is the program here."""
+"""The checks of the test kit can fail: each meets its fault. The program is a shell here."""
 
 from __future__ import annotations
 
