@@ -73,12 +73,21 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         Check(offer.size() == 1 && asked.isEmpty(), "other types have nothing else");
         return 0;
     }
-    const QString price = type == 1 ? QStringLiteral("uninstall_coupon_4_ktr")
-                                    : QStringLiteral("uninstall_coupon_4_others");
-    QString url = type == 1 ? QStringLiteral("url_cart_with_ktr_uninstall_coupon")
-                            : QStringLiteral("url_landing_with_others_uninstall_coupon");
-    url += oem.isEmpty() ? QString() : QStringLiteral("__") + oem.toLower();
-    Check(asked == QStringList({price, url}), "price, then link, of the type and the OEM");
+    // The unit tests know the keys. Here they are those without an OEM, with its name behind the
+    // link's; the types from 2 on share theirs.
+    QStringList expected;
+    sources.text = [&](const QString &key) {
+        expected << key;
+        return QString();
+    };
+    sources.oemName = [] {
+        return QString();
+    };
+    ComposeOffer(type == 1 ? 1 : 2, sources);
+    if (!oem.isEmpty()) {
+        expected.last() += QStringLiteral("__") + oem.toLower();
+    }
+    Check(asked == expected && asked.size() == 2, "price, then link, of the type and the OEM");
     Check(offer.size() == 3, "an expiry, a price and a link");
     Check(offer.value(QStringLiteral("price")) == configured, "the price is as configured");
     QString link = configured;

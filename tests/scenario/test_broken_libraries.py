@@ -7,12 +7,12 @@ import pytest
 
 from ktr import layout, steps
 from ktr.installation import REPOSITORY, build_directory
+from offer_keys import PRICE
 
 pytestmark = pytest.mark.usefixtures("reasons")
 
 CONFIG = "vantoronlineconfig.dll"
 TELEMETRY = "SkyrelWrap.DLL"
-PRICE = "uninstall_coupon_4_ktr"
 EXPORTS = re.findall(
     r"ENTRY\((Skyrel\w+)\)",
     (REPOSITORY / "src/services/telemetry/telemetry_contract.h").read_text("utf-8"))

@@ -5,12 +5,11 @@ import json
 import pytest
 
 from ktr import layout, steps, wait
+from offer_keys import CART, LANDING, OTHERS_PRICE, PRICE
 
 pytestmark = pytest.mark.usefixtures("reasons")
 
 CONFIG = "vantoronlineconfig.dll"
-CART = "url_cart_with_ktr_uninstall_coupon"
-LANDING = "url_landing_with_others_uninstall_coupon"
 
 
 def look_ups(sandbox):
@@ -53,8 +52,7 @@ def test_what_is_asked_for_while_the_window_loads(sandbox, oem, language, prefix
     assert entries[3].text("prefix") == sandbox.system.narrow(prefix)
     assert len(sandbox.journal(CONFIG, "set_filter_environment")) == 1
     assert sorted(look_ups(sandbox)) == sorted([
-        ("uninstall_coupon_4_ktr", ""), (CART, suffix),
-        ("uninstall_coupon_4_others", ""), (LANDING, suffix)])
+        (PRICE, ""), (CART, suffix), (OTHERS_PRICE, ""), (LANDING, suffix)])
     sizes = [entry.text("size") for entry in sandbox.journal(CONFIG, "get_string_value")
              if entry.text("buffer") == "null"]
     assert sizes == ["4294967295"] * 4
@@ -119,7 +117,7 @@ def test_the_link_and_the_thank_you_coupon(sandbox, reason):
     assert look_ups(sandbox) == before, "a feedback page asks only when its link is used"
     window.click(layout.FEEDBACK_LINK)
     sandbox.wait_noted("xdg-open", "open")
-    asked = [("uninstall_coupon_4_others", ""), (LANDING, "acme")]
+    asked = [(OTHERS_PRICE, ""), (LANDING, "acme")]
     assert look_ups(sandbox) == before + asked
     steps.write(window, "x")
     steps.submit(window)
@@ -174,6 +172,5 @@ def test_the_log_of_a_look_up(sandbox, program):
         "CVantorConfigInstance::SetPreFix set_filter_environment start",
         "CVantorConfigInstance::SetPreFix set_filter_environment end",
         "CVantorConfigInstance::SetPreFix(char*) leave"]
-    assert ('CVantorConfigInstance::GetString enter(qstrKey= "uninstall_coupon_4_ktr"  strDefault= "" )'
-            in lines)
+    assert f'CVantorConfigInstance::GetString enter(qstrKey= "{PRICE}"  strDefault= "" )' in lines
     assert 'CVantorConfigInstance::GetString leave. strRet= "$19.95"' in lines

@@ -11,8 +11,8 @@ from ktr.sandbox import Sandbox
 from ktr.system import Raw
 from faults.fault import Fault
 from faults.outcomes import CONFIG
+from offer_keys import CART
 
-CART = "url_cart_with_ktr_uninstall_coupon"
 PLAIN = "https://shop.torvan.example/cart?product=dravik"
 ROOM = 260
 """Bytes that a value may have, with the zero at its end."""
