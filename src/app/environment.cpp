@@ -56,7 +56,7 @@ void ConfigureScaling()
 }
 
 // The program leaves nothing in the user's cache folder. QML_FORCE_DISK_CACHE would win over
-// QML_DISABLE_DISK_CACHE.
+// QML_DISABLE_DISK_CACHE. Programs that ours starts inherit this; none of them uses QML.
 void DisableQmlDiskCache()
 {
     qputenv("QML_DISABLE_DISK_CACHE", "1");
