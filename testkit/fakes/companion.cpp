@@ -6,20 +6,20 @@
 // another at work in its folder ends without a word.
 
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/file_lock.h"
-#include "testkit/fakes/host.h"
+#include "testkit/os/file_lock.h"
+#include "testkit/os/os.h"
 
 #include <filesystem>
 #include <memory>
 #include <system_error>
 
-using host::FileLock;
+using os::FileLock;
 
 int main(int argc, char **argv)
 {
-    const auto arguments = host::Arguments(argc, argv);
-    const fake::Fake self(host::ExecutablePath());
-    const auto pid = fake::Field("pid", host::OwnProcessId());
+    const auto arguments = os::Arguments(argc, argv);
+    const fake::Fake self(os::ExecutablePath());
+    const auto pid = fake::Field("pid", os::OwnProcessId());
 
     const std::filesystem::path hold = self.Path("hold_file");
     std::error_code ignored;

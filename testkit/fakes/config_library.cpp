@@ -15,8 +15,8 @@
 #include "services/config/config_contract.h"
 #include "testkit/fakes/export.h"
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/host.h"
 #include "testkit/fakes/library_load.h"
+#include "testkit/os/os.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -138,7 +138,7 @@ void fake::OnLoad(const std::filesystem::path &self)
 {
     library = new fake::Fake(self);
     environment = new std::string;
-    library->Note("load", {fake::Field("pid", host::OwnProcessId())});
+    library->Note("load", {fake::Field("pid", os::OwnProcessId())});
 }
 
 extern "C" {

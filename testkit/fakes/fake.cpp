@@ -1,6 +1,6 @@
 #include "testkit/fakes/fake.h"
 
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 #include <algorithm>
 #include <charconv>
@@ -159,7 +159,7 @@ void Fake::Note(std::string_view event, const std::vector<std::string> &fields) 
         }
         journal = root_ / kJournalFile;
     }
-    host::AppendInOnePiece(journal, Escape(name_) + '\t' + line + '\n');
+    os::AppendInOnePiece(journal, Escape(name_) + '\t' + line + '\n');
 }
 
 bool Fake::InstallationStands() const

@@ -3,24 +3,24 @@
 // `IMAGE.txt` beside this program may tell it: run_ms, hold_file, exit.
 
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 #include <algorithm>
 #include <cstdio>
 
 int main(int argc, char **argv)
 {
-    const auto words = host::Arguments(argc, argv);
+    const auto words = os::Arguments(argc, argv);
     if (words.size() < 2) {
         std::fputs("usage: note IMAGE EVENT [key=value]... [-- argument...]\n", stderr);
         return 2;
     }
-    const auto program = host::ExecutablePath();
+    const auto program = os::ExecutablePath();
     const fake::Fake script(program.parent_path() / std::filesystem::u8path(words[0]));
 
     std::error_code ignored;
     std::vector<std::string> fields = {
-        fake::Field("pid", host::OwnProcessId()),
+        fake::Field("pid", os::OwnProcessId()),
         fake::PathField("cwd", std::filesystem::current_path(ignored))};
     const auto separator = std::find(words.begin() + 2, words.end(), "--");
     for (auto word = words.begin() + 2; word != separator; ++word) {

@@ -5,14 +5,14 @@
 // Journal: start (pid, args), end (pid, exit); no end line means that it was terminated.
 
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 int main(int argc, char **argv)
 {
-    const auto arguments = host::Arguments(argc, argv);
-    const fake::Fake self(host::ExecutablePath());
+    const auto arguments = os::Arguments(argc, argv);
+    const fake::Fake self(os::ExecutablePath());
     const int code = static_cast<int>(self.Number("exit", 0));
-    const auto pid = fake::Field("pid", host::OwnProcessId());
+    const auto pid = fake::Field("pid", os::OwnProcessId());
     self.Note("start", {pid, fake::ListField("args", arguments)});
     self.Hold(-1);
     self.Note("end", {pid, fake::Field("exit", code)});

@@ -13,7 +13,7 @@
 // Journal, with note=1: query (args, found=pids).
 
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -77,16 +77,16 @@ bool Names(const std::vector<std::string> &list, std::string_view image)
     });
 }
 
-std::vector<host::RunningProcess> Listed(const fake::Fake &self, const Query &query)
+std::vector<os::RunningProcess> Listed(const fake::Fake &self, const Query &query)
 {
     const std::string wanted = Lowered(query.image.value_or(""));
     const auto roots = self.All("root");
     const auto hidden = self.All("hide");
-    std::vector<host::RunningProcess> listed;
-    for (const auto &process : host::RunningProcesses(wanted)) {
+    std::vector<os::RunningProcess> listed;
+    for (const auto &process : os::RunningProcesses(wanted)) {
         const std::string image = ImageName(process.path);
         const auto above = [&process](const std::string &root) {
-            return host::IsBelow(process.path, root);
+            return os::IsBelow(process.path, root);
         };
         if ((wanted.empty() || Lowered(image) == wanted) && !Names(hidden, image) &&
             (roots.empty() || std::any_of(roots.begin(), roots.end(), above))) {
@@ -101,7 +101,7 @@ std::vector<host::RunningProcess> Listed(const fake::Fake &self, const Query &qu
     return listed;
 }
 
-std::string Line(const host::RunningProcess &process)
+std::string Line(const os::RunningProcess &process)
 {
     std::string memory = std::to_string(process.memoryKb);
     for (std::size_t digits = 3; digits < memory.size(); digits += 4) {
@@ -111,7 +111,7 @@ std::string Line(const host::RunningProcess &process)
            R"(","Console","1",")" + memory + " K\"\r\n";
 }
 
-std::string Answer(const Query &query, const std::vector<host::RunningProcess> &listed)
+std::string Answer(const Query &query, const std::vector<os::RunningProcess> &listed)
 {
     if (listed.empty()) {
         return "INFO: No tasks are running which match the specified criteria.\r\n";
@@ -143,7 +143,7 @@ void PrintPadding(long bytes)
 
 void NoteQuery(const fake::Fake &self,
                const std::vector<std::string> &arguments,
-               const std::vector<host::RunningProcess> &listed)
+               const std::vector<os::RunningProcess> &listed)
 {
     std::vector<std::string> pids;
     pids.reserve(listed.size());
@@ -157,8 +157,8 @@ void NoteQuery(const fake::Fake &self,
 
 int main(int argc, char **argv)
 {
-    const auto arguments = host::Arguments(argc, argv);
-    const fake::Fake self(host::ExecutablePath());
+    const auto arguments = os::Arguments(argc, argv);
+    const fake::Fake self(os::ExecutablePath());
     const auto query = Parse(arguments);
     if (!query) {
         std::fputs("ERROR: Invalid argument/option.\r\n", stderr);
@@ -168,7 +168,7 @@ int main(int argc, char **argv)
     if (self.Number("note", 0) != 0) {
         NoteQuery(self, arguments, listed);
     }
-    host::BinaryOutput();
+    os::BinaryOutput();
     PrintPadding(self.Number("bytes", 0));
     for (const std::string &text : self.All("say")) {
         Print(fake::Unescape(text) + "\r\n");
@@ -182,7 +182,7 @@ int main(int argc, char **argv)
     }
     std::fflush(stderr);
     if (self.Number("killed", 0) != 0) {
-        host::EndByForce();
+        os::EndByForce();
     }
     if (self.Number("hang", 0) != 0) {
         self.WaitWhile([] { return true; });

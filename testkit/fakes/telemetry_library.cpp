@@ -12,9 +12,9 @@
 #include "services/telemetry/telemetry_contract.h"
 #include "testkit/fakes/export.h"
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/file_lock.h"
-#include "testkit/fakes/host.h"
 #include "testkit/fakes/library_load.h"
+#include "testkit/os/file_lock.h"
+#include "testkit/os/os.h"
 
 #include <atomic>
 #include <cstdarg>
@@ -27,7 +27,7 @@ constexpr const char *kCompanion = "SkyrelWrapExe.exe";
 
 // Set once while the library loads. Never destroyed: the lock is to last as long as the process.
 fake::Fake *library = nullptr;
-host::FileLock *loaders = nullptr;
+os::FileLock *loaders = nullptr;
 std::atomic<int> inside{0};
 
 // Whether the text is the end marker. Texts are 16 bits wide, the marker 8: comparing byte by byte
@@ -65,7 +65,7 @@ std::vector<std::string> Pairs(const std::vector<std::string> &texts)
 
 std::string PidField()
 {
-    return fake::Field("pid", host::OwnProcessId());
+    return fake::Field("pid", os::OwnProcessId());
 }
 
 std::int32_t Unexpected(std::string_view name)
@@ -82,10 +82,10 @@ void fake::OnLoad(const std::filesystem::path &self)
 {
     library = new fake::Fake(self);
     library->Note("load", {PidField()});
-    loaders = new host::FileLock(library->StateFile("loaders.lock"));
-    loaders->Take(host::FileLock::Mode::Shared);
+    loaders = new os::FileLock(library->StateFile("loaders.lock"));
+    loaders->Take(os::FileLock::Mode::Shared);
     if (library->Text("companion") != "none") {
-        host::StartUnrelated(library->Folder() / kCompanion);
+        os::StartUnrelated(library->Folder() / kCompanion);
     }
 }
 

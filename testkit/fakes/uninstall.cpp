@@ -10,7 +10,7 @@
 // remove (file, result=gone|missing|refused|failed); end (pid, exit).
 
 #include "testkit/fakes/fake.h"
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -26,13 +26,13 @@ std::vector<std::string> StartFields(const fake::Fake &self,
                                      const std::vector<std::string> &descriptors)
 {
     std::error_code ignored;
-    std::vector<std::string> fields = {fake::Field("pid", host::OwnProcessId()),
+    std::vector<std::string> fields = {fake::Field("pid", os::OwnProcessId()),
                                        fake::ListField("args", arguments),
                                        fake::PathField("cwd", fs::current_path(ignored)),
                                        fake::ListField("fds", descriptors)};
     std::istringstream names(self.Text("env"));
     for (std::string name; std::getline(names, name, ',');) {
-        const auto value = host::EnvironmentVariable(name);
+        const auto value = os::EnvironmentVariable(name);
         const std::string shown =
             !value ? "unset" : (value->empty() ? std::string("empty") : "set:" + *value);
         fields.push_back(fake::Field("env." + name, shown));
@@ -89,16 +89,16 @@ void Linger(const fake::Fake &self)
 
 int main(int argc, char **argv)
 {
-    const auto descriptors = host::OpenDescriptors();
-    const auto arguments = host::Arguments(argc, argv);
-    const fake::Fake self(host::ExecutablePath());
+    const auto descriptors = os::OpenDescriptors();
+    const auto arguments = os::Arguments(argc, argv);
+    const fake::Fake self(os::ExecutablePath());
     const int code = static_cast<int>(self.Number("exit", 0));
     if (self.Text("mode") == "never") {
         self.Note("never",
-                  {fake::Field("pid", host::OwnProcessId()), fake::ListField("args", arguments)});
+                  {fake::Field("pid", os::OwnProcessId()), fake::ListField("args", arguments)});
         return code;
     }
-    host::OutliveParent();
+    os::OutliveParent();
     self.Note("start", StartFields(self, arguments, descriptors));
     self.Hold(3000);
     for (const std::string &file : self.All("remove")) {
@@ -106,6 +106,6 @@ int main(int argc, char **argv)
         self.Note("remove", {fake::Field("file", file), fake::Field("result", result)});
     }
     Linger(self);
-    self.Note("end", {fake::Field("pid", host::OwnProcessId()), fake::Field("exit", code)});
+    self.Note("end", {fake::Field("pid", os::OwnProcessId()), fake::Field("exit", code)});
     return code;
 }

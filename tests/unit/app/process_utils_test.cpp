@@ -2,7 +2,6 @@
 #include "platform/module_path.h"
 #include "platform/text.h"
 #include "tests/unit/platform/support/child.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,10 +1,9 @@
 #include "controller/task_list.h"
 
 #include "tests/unit/config/log_watch.h"
-#include "tests/unit/controller/object_watch.h"
 #include "tests/unit/controller/fake_task_list.h"
+#include "tests/unit/controller/object_watch.h"
 #include "tests/unit/platform/support/child.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

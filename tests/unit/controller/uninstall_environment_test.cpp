@@ -26,7 +26,7 @@ protected:
 TEST_F(SystemEnvironment, AsksTheTaskListOfTheSearchPath)
 {
     // Windows looks beside the program before it looks anywhere else.
-    const FakeTaskList fake(contract::OwnProgram().parent_path(), "tasklist");
+    const FakeTaskList fake(contract::ExecutablePath().parent_path(), "tasklist");
     fake.Tell("root=nowhere\nshow=uninstall.exe\n");
     const QByteArray path = qgetenv("PATH");
     const QString first = QCoreApplication::applicationDirPath() + QDir::listSeparator();

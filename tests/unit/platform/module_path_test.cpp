@@ -26,8 +26,9 @@ TEST(ModulePathContract, WorksBeforeMain)
 
 TEST(ModulePathContract, WideAndNarrowAgree)
 {
-    EXPECT_EQ(platform::ExecutablePath(kLongPath), contract::OwnProgram().string());
-    EXPECT_EQ(platform::ExecutablePathWide(kLongPath), contract::WideText(contract::OwnProgram()));
+    EXPECT_EQ(platform::ExecutablePath(kLongPath), contract::ExecutablePath().string());
+    EXPECT_EQ(platform::ExecutablePathWide(kLongPath),
+              contract::WideText(contract::ExecutablePath()));
 }
 
 TEST(ModulePathContract, NarrowIsCutToTheCapacity)

@@ -1,6 +1,5 @@
 #include "platform/processes.h"
 #include "tests/unit/platform/support/child.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -20,7 +19,7 @@ std::filesystem::path LongNamed(const contract::ScratchFolder &folder)
 TEST(ProcessesContract, SnapshotNamesThisProcess)
 {
     EXPECT_EQ(contract::ImageNameOf(contract::OwnProcessId()),
-              contract::OwnProgram().filename().wstring());
+              contract::ExecutablePath().filename().wstring());
 }
 
 TEST(ProcessesContract, SnapshotHasEveryProcessOnce)

@@ -1,7 +1,6 @@
 #include "platform/window.h"
 #include "tests/unit/platform/support/child.h"
 #include "tests/unit/platform/support/desktop.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <gtest/gtest.h>
 

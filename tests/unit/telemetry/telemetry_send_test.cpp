@@ -1,4 +1,4 @@
-#include "tests/unit/platform/support/waiting.h"
+#include "tests/unit/platform/support/system.h"
 #include "tests/unit/telemetry/fixture.h"
 
 #include <algorithm>

@@ -8,7 +8,6 @@
 #include "tests/unit/platform/support/desktop.h"
 #include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <cstdlib>
 #include <fstream>

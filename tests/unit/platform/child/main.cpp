@@ -1,5 +1,5 @@
 #include "tests/unit/platform/child/commands.h"
-#include "tests/unit/platform/support/waiting.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <cstdlib>
 

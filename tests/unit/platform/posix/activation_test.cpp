@@ -1,7 +1,7 @@
 #include "platform/posix/x_connection.h"
 #include "platform/window.h"
 #include "tests/unit/platform/support/desktop.h"
-#include "tests/unit/platform/support/waiting.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 #include <optional>

@@ -1,6 +1,5 @@
 #include "platform/processes.h"
 #include "tests/unit/platform/support/child.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <gtest/gtest.h>
 #include <set>

@@ -1,7 +1,5 @@
 #include "tests/unit/platform/support/child.h"
 
-#include "tests/unit/platform/support/waiting.h"
-
 #include <algorithm>
 #include <iostream>
 #include <stdexcept>
@@ -10,7 +8,7 @@ namespace contract {
 
 std::filesystem::path ChildProgram()
 {
-    return OwnProgram().parent_path() / ("contract_child" + ProgramExtension());
+    return ExecutablePath().parent_path() / ("contract_child" + ProgramExtension());
 }
 
 void CopyChildProgram(const std::filesystem::path &to)
@@ -21,7 +19,7 @@ void CopyChildProgram(const std::filesystem::path &to)
 
 std::filesystem::path FixtureLibrary()
 {
-    return OwnProgram().parent_path() / "contract_library.dll";
+    return ExecutablePath().parent_path() / "contract_library.dll";
 }
 
 Child::Child()

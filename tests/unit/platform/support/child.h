@@ -5,6 +5,7 @@
 #include "tests/unit/platform/support/system.h"
 
 #include "platform/launch.h"
+#include "platform/processes.h"
 
 #include <filesystem>
 #include <optional>

@@ -17,7 +17,7 @@ public:
     explicit FakeLibrary(const std::filesystem::path &built,
                          const std::string &lacking = {},
                          const std::string &name = "complete")
-        : path_(std::filesystem::path(OwnProgram().string() + ".fakes") / (name + lacking) /
+        : path_(std::filesystem::path(ExecutablePath().string() + ".fakes") / (name + lacking) /
                 built.filename())
     {
         std::error_code missing;

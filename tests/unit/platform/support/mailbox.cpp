@@ -1,7 +1,7 @@
 #include "tests/unit/platform/support/mailbox.h"
 
 #include "tests/unit/platform/support/scratch_folder.h"
-#include "tests/unit/platform/support/waiting.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <sstream>
 #include <utility>

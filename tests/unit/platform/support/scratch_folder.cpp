@@ -1,7 +1,6 @@
 #include "tests/unit/platform/support/scratch_folder.h"
 
 #include "tests/unit/platform/support/system.h"
-#include "tests/unit/platform/support/waiting.h"
 
 #include <atomic>
 #include <fstream>

@@ -1,74 +1,16 @@
 #pragma once
 
-#include "platform/library.h"
-#include "platform/processes.h"
+#include "testkit/os/os.h"
+#include "testkit/os/waiting.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
 /// What the contract tests need of the operating system beside the code under test.
 namespace contract {
 
-platform::ProcessId OwnProcessId();
-/// Full path of the running program.
-std::filesystem::path OwnProgram();
-/// A path as wide text; `wstring()` fails on POSIX for letters that the C++ locale does not have.
-std::wstring WideText(const std::filesystem::path &path);
-/// The file-name extension of programs, with its dot; empty where programs have none.
-std::string ProgramExtension();
-
-/// The calling thread's last error.
-std::uint32_t LastError();
-void SetLastError(std::uint32_t error);
-
-/// A process of ours, whose end can be waited for. Destroying the object ends it.
-class StartedProcess
-{
-public:
-    StartedProcess(const std::filesystem::path &program, const std::vector<std::string> &arguments);
-    StartedProcess(StartedProcess &&other) noexcept;
-    StartedProcess &operator=(StartedProcess &&other) = delete;
-    StartedProcess(const StartedProcess &) = delete;
-    StartedProcess &operator=(const StartedProcess &) = delete;
-    ~StartedProcess();
-
-    platform::ProcessId Id() const;
-    /// The exit code, or what `StatusOfTerminated` says. -1 when it does not end in time.
-    int WaitForEnd();
-    void EndAtOnce();
-
-private:
-    struct State;
-    std::unique_ptr<State> state_;
-};
-
-/// What `WaitForEnd` gives for a process that was terminated with `exitCode`.
-int StatusOfTerminated(std::uint32_t exitCode);
-
-/// An environment variable that has `value` as long as the object lives.
-class ScopedVariable
-{
-public:
-    ScopedVariable(std::string name, const std::string &value);
-    ~ScopedVariable();
-    ScopedVariable(const ScopedVariable &) = delete;
-    ScopedVariable &operator=(const ScopedVariable &) = delete;
-    ScopedVariable(ScopedVariable &&) = delete;
-    ScopedVariable &operator=(ScopedVariable &&) = delete;
-
-private:
-    std::string name_;
-    bool wasSet_ = false;
-    std::string previous_;
-};
-
-/// Gives one of the loads of a library back. The program never does.
-void UnloadLibrary(platform::LibraryHandle library);
-/// Whether this process has a library of that full path.
-bool IsLibraryLoaded(const std::filesystem::path &path);
+using namespace os; // NOLINT(google-build-using-namespace): one vocabulary for the tests
 
 /// Something that the system holds as long as the object lives.
 class Held

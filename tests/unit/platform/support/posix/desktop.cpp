@@ -1,7 +1,7 @@
 #include "tests/unit/platform/support/desktop.h"
 
 #include "platform/posix/x_connection.h"
-#include "tests/unit/platform/support/waiting.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <algorithm>
 #include <vector>

@@ -3,9 +3,6 @@
 #include "platform/posix/file_descriptor.h"
 #include "tests/unit/platform/support/scratch_folder.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <fstream>
 #include <sched.h>
@@ -72,70 +69,6 @@ std::string DescriptorFacts()
 }
 
 } // namespace
-
-platform::ProcessId OwnProcessId()
-{
-    return static_cast<platform::ProcessId>(::getpid());
-}
-
-std::filesystem::path OwnProgram()
-{
-    return std::filesystem::read_symlink("/proc/self/exe");
-}
-
-std::wstring WideText(const std::filesystem::path &path)
-{
-    const std::u32string text = path.u32string();
-    return {text.begin(), text.end()};
-}
-
-std::string ProgramExtension()
-{
-    return {};
-}
-
-std::uint32_t LastError()
-{
-    return static_cast<std::uint32_t>(errno);
-}
-
-void SetLastError(std::uint32_t error)
-{
-    errno = static_cast<int>(error);
-}
-
-ScopedVariable::ScopedVariable(std::string name, const std::string &value)
-    : name_(std::move(name))
-{
-    if (const char *const previous = std::getenv(name_.c_str())) {
-        wasSet_ = true;
-        previous_ = previous;
-    }
-    ::setenv(name_.c_str(), value.c_str(), 1);
-}
-
-ScopedVariable::~ScopedVariable()
-{
-    if (wasSet_) {
-        ::setenv(name_.c_str(), previous_.c_str(), 1);
-    } else {
-        ::unsetenv(name_.c_str());
-    }
-}
-
-void UnloadLibrary(platform::LibraryHandle library)
-{
-    ::dlclose(library);
-}
-
-bool IsLibraryLoaded(const std::filesystem::path &path)
-{
-    void *const library = ::dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
-    if (library != nullptr) {
-        ::dlclose(library); // the question has counted as a load
-    }
-    return library != nullptr;
-}
 
 std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder)
 {

@@ -33,66 +33,6 @@ private:
 
 } // namespace
 
-platform::ProcessId OwnProcessId()
-{
-    return ::GetCurrentProcessId();
-}
-
-std::filesystem::path OwnProgram()
-{
-    constexpr std::size_t kLongest = 32768;
-    std::wstring path(kLongest, L'\0');
-    path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path;
-}
-
-std::wstring WideText(const std::filesystem::path &path)
-{
-    return path.wstring();
-}
-
-std::string ProgramExtension()
-{
-    return ".exe";
-}
-
-std::uint32_t LastError()
-{
-    return ::GetLastError();
-}
-
-void SetLastError(std::uint32_t error)
-{
-    ::SetLastError(error);
-}
-
-ScopedVariable::ScopedVariable(std::string name, const std::string &value)
-    : name_(std::move(name))
-{
-    constexpr std::size_t kLongest = 32768;
-    std::string previous(kLongest, '\0');
-    ::SetLastError(ERROR_SUCCESS);
-    previous.resize(::GetEnvironmentVariableA(name_.c_str(), previous.data(), kLongest));
-    wasSet_ = ::GetLastError() != ERROR_ENVVAR_NOT_FOUND;
-    previous_ = previous;
-    ::SetEnvironmentVariableA(name_.c_str(), value.c_str());
-}
-
-ScopedVariable::~ScopedVariable()
-{
-    ::SetEnvironmentVariableA(name_.c_str(), wasSet_ ? previous_.c_str() : nullptr);
-}
-
-void UnloadLibrary(platform::LibraryHandle library)
-{
-    ::FreeLibrary(static_cast<HMODULE>(library));
-}
-
-bool IsLibraryLoaded(const std::filesystem::path &path)
-{
-    return ::GetModuleHandleW(path.c_str()) != nullptr;
-}
-
 // An access list without an entry lets nobody in.
 std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &)
 {

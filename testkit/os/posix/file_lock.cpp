@@ -1,11 +1,11 @@
-#include "testkit/fakes/file_lock.h"
+#include "testkit/os/file_lock.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 
-namespace host {
+namespace os {
 
 struct FileLock::File
 {
@@ -41,4 +41,4 @@ bool FileLock::TryTake(Mode mode)
     return ::flock(file_->descriptor, operation) == 0;
 }
 
-} // namespace host
+} // namespace os

@@ -1,8 +1,8 @@
-#include "tests/unit/platform/support/waiting.h"
+#include "testkit/os/waiting.h"
 
 #include <thread>
 
-namespace contract {
+namespace os {
 
 bool WaitUntil(const std::function<bool()> &condition, std::chrono::milliseconds deadline)
 {
@@ -17,4 +17,4 @@ bool WaitUntil(const std::function<bool()> &condition, std::chrono::milliseconds
     return true;
 }
 
-} // namespace contract
+} // namespace os

@@ -1,4 +1,4 @@
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <memory>
 #include <unistd.h>
 
-namespace host {
+namespace os {
 
 namespace {
 
@@ -79,4 +79,4 @@ std::vector<RunningProcess> RunningProcesses(std::string_view wanted)
     return running;
 }
 
-} // namespace host
+} // namespace os

@@ -1,5 +1,5 @@
-#include "tests/unit/platform/support/system.h"
-#include "tests/unit/platform/support/waiting.h"
+#include "testkit/os/os.h"
+#include "testkit/os/waiting.h"
 
 #include <csignal>
 #include <optional>
@@ -7,7 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace contract {
+namespace os {
 namespace {
 
 // As a shell tells it: never the exit code of a child of ours.
@@ -48,9 +48,9 @@ StartedProcess::~StartedProcess()
     }
 }
 
-platform::ProcessId StartedProcess::Id() const
+std::uint32_t StartedProcess::Id() const
 {
-    return static_cast<platform::ProcessId>(state_->id);
+    return static_cast<std::uint32_t>(state_->id);
 }
 
 int StartedProcess::WaitForEnd()
@@ -79,4 +79,4 @@ int StatusOfTerminated(std::uint32_t)
     return kSignalled + SIGKILL;
 }
 
-} // namespace contract
+} // namespace os

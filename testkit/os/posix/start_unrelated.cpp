@@ -1,4 +1,4 @@
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
 #include <array>
 #include <cerrno>
@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace host {
+namespace os {
 
 namespace {
 
@@ -53,4 +53,4 @@ void StartUnrelated(const std::filesystem::path &program)
     ::close(pipe[0]);
 }
 
-} // namespace host
+} // namespace os

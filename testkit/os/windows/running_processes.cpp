@@ -1,6 +1,6 @@
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
-#include "testkit/fakes/windows/text.h"
+#include "testkit/os/windows/text.h"
 
 #include <array>
 #include <memory>
@@ -9,7 +9,7 @@
 #include <psapi.h>
 #include <tlhelp32.h>
 
-namespace host {
+namespace os {
 
 namespace {
 
@@ -56,4 +56,4 @@ std::vector<RunningProcess> RunningProcesses(std::string_view wanted)
     return running;
 }
 
-} // namespace host
+} // namespace os

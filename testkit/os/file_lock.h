@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <memory>
 
-namespace host {
+namespace os {
 
 /// A lock on a file, which many may share or one may have alone. It is tied to this process: it
 /// ends with it, and no process started from here inherits it.
@@ -36,4 +36,4 @@ private:
     std::unique_ptr<File> file_;
 };
 
-} // namespace host
+} // namespace os

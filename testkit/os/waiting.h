@@ -3,7 +3,7 @@
 #include <chrono>
 #include <functional>
 
-namespace contract {
+namespace os {
 
 /// Far longer than anything takes on a busy machine; only a failing test waits for it.
 inline constexpr std::chrono::seconds kDeadline{60};
@@ -12,4 +12,4 @@ inline constexpr std::chrono::seconds kDeadline{60};
 bool WaitUntil(const std::function<bool()> &condition,
                std::chrono::milliseconds deadline = kDeadline);
 
-} // namespace contract
+} // namespace os

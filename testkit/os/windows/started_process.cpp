@@ -1,13 +1,13 @@
-#include "tests/unit/platform/support/system.h"
+#include "testkit/os/os.h"
+#include "testkit/os/waiting.h"
 
-#include "platform/windows/handle.h"
-#include "tests/unit/platform/support/waiting.h"
+#include <windows.h>
 
-namespace contract {
+namespace os {
 
 struct StartedProcess::State
 {
-    platform::ObjectHandle process;
+    HANDLE process = nullptr;
     DWORD id = 0;
 };
 
@@ -32,8 +32,8 @@ StartedProcess::StartedProcess(const std::filesystem::path &program,
                      nullptr,
                      &startup,
                      &process);
-    const platform::ObjectHandle thread(process.hThread);
-    state_->process = platform::ObjectHandle(process.hProcess);
+    ::CloseHandle(process.hThread);
+    state_->process = process.hProcess;
     state_->id = process.dwProcessId;
 }
 
@@ -43,10 +43,11 @@ StartedProcess::~StartedProcess()
 {
     if (state_) {
         EndAtOnce();
+        ::CloseHandle(state_->process);
     }
 }
 
-platform::ProcessId StartedProcess::Id() const
+std::uint32_t StartedProcess::Id() const
 {
     return state_->id;
 }
@@ -55,9 +56,8 @@ int StartedProcess::WaitForEnd()
 {
     const auto deadline = std::chrono::milliseconds(kDeadline).count();
     DWORD status = 0;
-    if (::WaitForSingleObject(state_->process.Get(), static_cast<DWORD>(deadline)) !=
-            WAIT_OBJECT_0 ||
-        ::GetExitCodeProcess(state_->process.Get(), &status) == FALSE) {
+    if (::WaitForSingleObject(state_->process, static_cast<DWORD>(deadline)) != WAIT_OBJECT_0 ||
+        ::GetExitCodeProcess(state_->process, &status) == FALSE) {
         return -1;
     }
     return static_cast<int>(status);
@@ -65,8 +65,8 @@ int StartedProcess::WaitForEnd()
 
 void StartedProcess::EndAtOnce()
 {
-    if (state_->process) {
-        ::TerminateProcess(state_->process.Get(), 1);
+    if (state_->process != nullptr) {
+        ::TerminateProcess(state_->process, 1);
         WaitForEnd();
     }
 }
@@ -76,4 +76,4 @@ int StatusOfTerminated(std::uint32_t exitCode)
     return static_cast<int>(exitCode);
 }
 
-} // namespace contract
+} // namespace os

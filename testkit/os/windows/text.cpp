@@ -1,8 +1,8 @@
-#include "testkit/fakes/windows/text.h"
+#include "testkit/os/windows/text.h"
 
 #include <windows.h>
 
-namespace host {
+namespace os {
 
 std::string ToUtf8(std::wstring_view text)
 {
@@ -23,4 +23,4 @@ std::wstring ToWide(std::string_view text)
     return wide;
 }
 
-} // namespace host
+} // namespace os

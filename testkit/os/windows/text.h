@@ -3,11 +3,11 @@
 #include <string>
 #include <string_view>
 
-namespace host {
+namespace os {
 
 /// Between the UTF-8 of the fakes and the UTF-16 of the system. Half a surrogate pair becomes
 /// the replacement character.
 std::string ToUtf8(std::wstring_view text);
 std::wstring ToWide(std::string_view text);
 
-} // namespace host
+} // namespace os

@@ -1,12 +1,13 @@
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <system_error>
 #include <unistd.h>
 
-namespace host {
+namespace os {
 
 namespace fs = std::filesystem;
 
@@ -77,4 +78,44 @@ bool IsBelow(const std::string &path, const std::string &root)
            (folder == "/" || path[folder.size()] == '/');
 }
 
-} // namespace host
+std::wstring WideText(const fs::path &path)
+{
+    const std::u32string text = path.u32string();
+    return {text.begin(), text.end()};
+}
+
+std::string ProgramExtension()
+{
+    return {};
+}
+
+std::uint32_t LastError()
+{
+    return static_cast<std::uint32_t>(errno);
+}
+
+void SetLastError(std::uint32_t error)
+{
+    errno = static_cast<int>(error);
+}
+
+ScopedVariable::ScopedVariable(std::string name, const std::string &value)
+    : name_(std::move(name))
+{
+    if (const char *const previous = std::getenv(name_.c_str())) {
+        wasSet_ = true;
+        previous_ = previous;
+    }
+    ::setenv(name_.c_str(), value.c_str(), 1);
+}
+
+ScopedVariable::~ScopedVariable()
+{
+    if (wasSet_) {
+        ::setenv(name_.c_str(), previous_.c_str(), 1);
+    } else {
+        ::unsetenv(name_.c_str());
+    }
+}
+
+} // namespace os

@@ -1,8 +1,8 @@
-#include "testkit/fakes/file_lock.h"
+#include "testkit/os/file_lock.h"
 
 #include <windows.h>
 
-namespace host {
+namespace os {
 
 namespace {
 
@@ -50,4 +50,4 @@ bool FileLock::TryTake(Mode mode)
     return Lock(file_->handle, mode, LOCKFILE_FAIL_IMMEDIATELY);
 }
 
-} // namespace host
+} // namespace os

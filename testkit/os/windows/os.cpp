@@ -1,6 +1,6 @@
-#include "testkit/fakes/host.h"
+#include "testkit/os/os.h"
 
-#include "testkit/fakes/windows/text.h"
+#include "testkit/os/windows/text.h"
 
 #include <array>
 #include <cstddef>
@@ -13,7 +13,7 @@
 #include <shellapi.h>
 #include <winternl.h>
 
-namespace host {
+namespace os {
 
 namespace fs = std::filesystem;
 
@@ -165,4 +165,41 @@ bool IsBelow(const std::string &path, const std::string &root)
            ::_wcsnicmp(file.c_str(), folder.c_str(), folder.size()) == 0;
 }
 
-} // namespace host
+std::wstring WideText(const fs::path &path)
+{
+    return path.wstring();
+}
+
+std::string ProgramExtension()
+{
+    return ".exe";
+}
+
+std::uint32_t LastError()
+{
+    return ::GetLastError();
+}
+
+void SetLastError(std::uint32_t error)
+{
+    ::SetLastError(error);
+}
+
+ScopedVariable::ScopedVariable(std::string name, const std::string &value)
+    : name_(std::move(name))
+{
+    constexpr std::size_t kLongest = 32768;
+    std::string previous(kLongest, '\0');
+    ::SetLastError(ERROR_SUCCESS);
+    previous.resize(::GetEnvironmentVariableA(name_.c_str(), previous.data(), kLongest));
+    wasSet_ = ::GetLastError() != ERROR_ENVVAR_NOT_FOUND;
+    previous_ = previous;
+    ::SetEnvironmentVariableA(name_.c_str(), value.c_str());
+}
+
+ScopedVariable::~ScopedVariable()
+{
+    ::SetEnvironmentVariableA(name_.c_str(), wasSet_ ? previous_.c_str() : nullptr);
+}
+
+} // namespace os
