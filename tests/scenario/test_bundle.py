@@ -123,6 +123,7 @@ OF_NO_EFFECT = {
     "the script": {"public.js": marked_script()},
     "a picture": {"home_bg.png": picture(MARK), "home_bg@2x.png": picture(MARK, 1280, 612)},
     "the toolkit's settings": style("qtquickcontrols2.conf"),
+    # Modules that are installed have files of their own.
     "a folder of the toolkit's own resources": {
         "qt-project.org/imports/QtQuick/Controls.2/Label.qml": marked_label(),
         "QtQuick/Controls/Button.qml": marked_label(),
@@ -132,6 +133,7 @@ OF_NO_EFFECT = {
         "qt/etc/qt.conf": "[Paths]\nPrefix=/nowhere\nPlugins=/nowhere\nQml2Imports=/nowhere\n"},
     # Whatever compiled form lies beside a source belongs to a cache, which is turned off.
     "a compiled form": {"Main.qmlc": b"qv4cdata", "public.jsc": b"qv4cdata"},
+    # No icon of the interface comes from a theme.
     "an icon theme": {"icons/marked/index.theme": "[Icon Theme]\nName=marked\n",
                       "icons/install_box.ico": picture(MARK, 16, 16)},
 }
