@@ -184,7 +184,7 @@ InterfaceTest {
     // Windows ----------------------------------------------------------------------------------
 
     function test_01_reasons() {
-        openMain([1, 2, 3, 4])
+        openMain(uninstallMgr.getReasonList().sort())
         shot(main, "reasons")
         var reasons = named(main.contentItem, /^reason\d$/)
         mouseMove(reasons[1], 40, 9)

@@ -56,7 +56,7 @@ InterfaceTest {
         panes = 0
         language = row.language.name
         verify(languages.speak(row.language), "there is a translation")
-        openMain([1, 2, 3, 4])
+        openMain(uninstallMgr.getReasonList().sort())
         var page = part("homePage")
         visit(main, "reasons")
         page.switchPage(1)

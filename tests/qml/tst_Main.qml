@@ -55,9 +55,11 @@ InterfaceTest {
         main.exitCode = row.exitCode
         var codeAtHiding = null
         main.visibleChanged.connect(() => { codeAtHiding = fake.exitCode })
+        fake.forget()
         ;(row.press || mouseClick)(part(row.button))
         tryCompare(main, "visible", false)
         compare(codeAtHiding, row.expected)
+        compare(fake.asked, [], "no usage event, no question")
         compare(fake.calls("setExitCode"), [String(row.expected)])
     }
 
