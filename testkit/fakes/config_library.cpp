@@ -120,7 +120,7 @@ std::int32_t GetStringValue(
     return result;
 }
 
-const VantorConfigTable table = {Unexpected<0>,
+const VantorConfigTable kTable = {Unexpected<0>,
                                  InitConfig,
                                  Unexpected<2>,
                                  SetFilterEnvironment,
@@ -130,7 +130,7 @@ const VantorConfigTable table = {Unexpected<0>,
                                  Unexpected<7>,
                                  Unexpected<8>,
                                  GetStringValue};
-VantorConfig object = {&table};
+VantorConfig object = {&kTable};
 
 } // namespace
 
