@@ -121,15 +121,15 @@ std::int32_t GetStringValue(
 }
 
 const VantorConfigTable kTable = {Unexpected<0>,
-                                 InitConfig,
-                                 Unexpected<2>,
-                                 SetFilterEnvironment,
-                                 Unexpected<4>,
-                                 Unexpected<5>,
-                                 GetBoolValue,
-                                 Unexpected<7>,
-                                 Unexpected<8>,
-                                 GetStringValue};
+                                  InitConfig,
+                                  Unexpected<2>,
+                                  SetFilterEnvironment,
+                                  Unexpected<4>,
+                                  Unexpected<5>,
+                                  GetBoolValue,
+                                  Unexpected<7>,
+                                  Unexpected<8>,
+                                  GetStringValue};
 VantorConfig object = {&kTable};
 
 } // namespace

@@ -461,6 +461,7 @@ TEST_F(ConfigProcessDeathTest, WithoutItsEntryTheProcessEnds)
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH(
         {
+            // cppcheck-suppress unreadVariable
             const contract::FakeLibrary library(CONFIG_FAKE, VANTOR_CREATE_CONFIG);
             const CVantorConfigInstance config;
         },
