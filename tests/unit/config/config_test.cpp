@@ -173,7 +173,8 @@ TEST_F(ConfigInstance, EveryLookUpWithoutAValueLogsWhyAndThatItLeaves)
                              Miss{"empty", {}}}) {
         EXPECT_EQ(Get(miss.key), QString("fallback"));
         // An empty key is not asked for, a length that is none not fetched.
-        const std::size_t calls = QString(miss.key) == "empty" ? 2 : miss.reason.size();
+        const std::size_t calls =
+            QString(miss.key) == "empty" ? 2 : static_cast<std::size_t>(miss.reason.size());
         EXPECT_EQ(library.NewNotes().size(), calls) << miss.key;
         const QString enter = "CVantorConfigInstance::GetString enter(qstrKey= \"%1\" "
                               " strDefault= \"fallback\" )";
