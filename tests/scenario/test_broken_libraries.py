@@ -32,10 +32,6 @@ def walk_through(sandbox, with_events=True):
     return program
 
 
-# A library with sanitizers does not load afterwards.
-without_sanitizers = pytest.mark.uninstrumented
-
-
 def remove_export(library, export):
     """Gives an export another name of the same length, after which the table is still in order."""
     whole, name = library.read_bytes(), export.encode()
@@ -49,14 +45,13 @@ def test_the_contract_lists_all_exports():
     assert len(EXPORTS) == 16
 
 
-@without_sanitizers
 @pytest.mark.parametrize("export", EXPORTS)
 def test_a_telemetry_library_without_one_export(sandbox, export):
     remove_export(sandbox.bin / TELEMETRY, export)
     walk_through(sandbox, with_events=False)
 
 
-@without_sanitizers
+@pytest.mark.uninstrumented  # The sanitizers' own data repeat the names of exports.
 def test_a_partial_telemetry_library_gets_the_events(sandbox):
     remove_export(sandbox.bin / TELEMETRY, "SkyrelGetKeyValue")
     walk_through(sandbox)
@@ -94,7 +89,7 @@ def test_a_configuration_that_fails_or_lies(sandbox, settings, line):
     assert any(sandbox.system.narrow(allowed) in log for allowed in ((line,) if isinstance(line, str) else line))
 
 
-@without_sanitizers
+# A sanitizer has its own to say about it.
 @pytest.mark.stderr_unchecked
 def test_a_configuration_library_without_its_entry_ends_the_program(sandbox):
     # Its address is called as it was resolved. Known, and asked for.
