@@ -34,7 +34,7 @@ int RunProgram(int argc, char **argv)
 
     ApplyApplicationFont();
     ApplyLinkColour();
-    // Optional and trusted: whoever can put it there can replace the program (docs/security.md).
+    // Optional and trusted: who can write it there can also replace the program (docs/security.md).
     QResource::registerResource(programDir + QStringLiteral("/UninstallUI.rcc"));
 
     CUninstallMgr uninstallMgr;

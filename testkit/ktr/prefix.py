@@ -55,7 +55,7 @@ def become(program: list[str]) -> NoReturn:
 def start_server(environment: Mapping[str, str]) -> None:
     """Starts Wine's own processes for a prefix, unless they run.
 
-    The first program would start them, and they would keep its output open for whoever reads it.
+    The first program would start them, and they would keep its output open for its reader.
     """
     def quiet(*command: str) -> int:
         null = [(os.POSIX_SPAWN_OPEN, number, os.devnull, os.O_RDWR, 0) for number in range(3)]
