@@ -24,7 +24,7 @@ def walk_through(sandbox, with_events=True):
     if with_events:
         steps.choose(sandbox, window, 1)
     else:
-        window.click(layout.reason(0))
+        window.click(layout.reason(steps.row_of(window, 1)))
     window.click(layout.COUPON)
     window.drag(layout.TITLE_GRIP, 20, 10)
     window.click(layout.CANCEL)
