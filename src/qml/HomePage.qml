@@ -123,7 +123,7 @@ Item {
             anchors.fill: parent
         }
 
-        DiscountComponent {
+        DiscountPage {
             id: expensiveOldPage
             objectName: "expensivePage"
 
@@ -133,7 +133,7 @@ Item {
             perferentialInfo: uninstallMgr.getPreferentialLink(1)
         }
 
-        DiscountComponent {
+        DiscountPage {
             id: solvedPage
             objectName: "solvedPage"
 
@@ -143,7 +143,7 @@ Item {
             perferentialInfo: uninstallMgr.getPreferentialLink(2)
         }
 
-        SubmitAdviceComponent {
+        SubmitAdvicePage {
             id: noSolvedPage
             objectName: "noSolvedPage"
 
@@ -158,7 +158,7 @@ Item {
             }
         }
 
-        SubmitAdviceComponent {
+        SubmitAdvicePage {
             id: otherPage
             objectName: "otherPage"
 

@@ -57,7 +57,7 @@ InterfaceTest {
     function prepare() {
         openMain()
         part("homePage").switchPage(3)
-        look(part("noSolvedPage"))
+        look(part("noSolvedPage").item)
         page.sigSubmit.connect((text) => fake.note("submit " + text))
         fake.forget()
     }

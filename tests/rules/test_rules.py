@@ -26,6 +26,7 @@ HEX_COLOUR = re.compile(r"[\"']#[0-9a-fA-F]{3,8}[\"']")
 # and the later of two modules with a type of the same name wins.
 QML_IMPORTS = {
     "DiscountComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14", '"public.js" as Public'],
+    "DiscountPage.qml": ["QtQuick 2.14"],
     "HomePage.qml": ["QtQuick 2.14", "QtQuick.Window 2.14", "QtQuick.Controls 2.5",
                      "QtGraphicalEffects 1.0", "QtQuick.Shapes 1.15", '"public.js" as Public',
                      '"."'],
@@ -34,6 +35,7 @@ QML_IMPORTS = {
     "ReasonComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14", '"public.js" as Public'],
     "SubmitAdviceComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14",
                                   '"public.js" as Public'],
+    "SubmitAdvicePage.qml": ["QtQuick 2.14"],
     "WinTitle.qml": ["QtQuick 2.12", "QtQuick.Layouts 1.14", "QtQuick.Controls.Styles 1.4",
                      "QtQuick.Controls 1.4 as T", "QtQuick.Controls 2.14", "QtQuick.Window 2.14",
                      "QtGraphicalEffects 1.0"],
