@@ -72,7 +72,7 @@ class Contender:
             yield one
         finally:
             one.kill()
-            kept = [other.pid for other in self.sandbox.stand_ins]
+            kept = [other.pid for other in self.sandbox.fakes]
             for process in system.offspring(self.sandbox.root):
                 if process.pid not in kept:
                     system.end(process)

@@ -24,7 +24,7 @@ def keep(sandbox: Sandbox, folder: Path) -> Path:
     lines = ["processes:", *map(str, sandbox.system.offspring(sandbox.root)),
              "windows, the topmost last:", *map(repr, windows),
              f"active: {sandbox.display.windows.active()!r}",
-             "started:", *map(repr, (*sandbox.programs, *sandbox.stand_ins))]
+             "started:", *map(repr, (*sandbox.programs, *sandbox.fakes))]
     (folder / "state.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
     shutil.copytree(
         sandbox.root, folder / "sandbox", symlinks=True, dirs_exist_ok=True,

@@ -31,7 +31,7 @@ class Recorder:
     def __init__(self, sandbox: Sandbox) -> None:
         self._sandbox = sandbox
         self._before: tree.Tree = {}
-        self._picture = None
+        self._screenshot = None
         sandbox.before_start = self._begin
         sandbox.display.before_act = self._look
 
@@ -39,8 +39,8 @@ class Recorder:
         """Writes the record, and the picture of the window before it was used for the last time."""
         self._sandbox.display.before_act = None
         folder.mkdir(parents=True, exist_ok=True)
-        if self._picture is not None:
-            self._picture.save(folder / f"{name}.png")
+        if self._screenshot is not None:
+            self._screenshot.save(folder / f"{name}.png")
         entries = self._sandbox.journal()
         # A scenario that does not start the program has nothing to compare.
         after = self._sandbox.snapshot(FOLDERS) if self._sandbox.programs else {}
@@ -69,7 +69,7 @@ class Recorder:
                         if one.running and window in one.windows()), None)
         if program is not None:
             try:
-                self._picture = program.windows()[0].picture()
+                self._screenshot = program.windows()[0].screenshot()
             except ValueError:
                 pass  # It has been moved partly off the screen: the one before shows more.
 

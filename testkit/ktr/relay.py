@@ -17,7 +17,7 @@ from ktr.wine import Wine
 
 ROOT = "ROOT"
 """How the sandbox's folder is shown, with and without Windows' own separators."""
-TOOLKIT = "Qt: "
+QT = "Qt: "
 """Begins what is called on the program's behalf."""
 CONSOLE = "conhost.exe"
 """The image of Windows' console, whose calls are traced, too."""
@@ -66,7 +66,7 @@ msvcrt.fopen(text, text) -> file stream
 msvcrt.fclose(-file)
 msvcrt.exit(number)
 """
-_TOOLKIT = """
+_QT = """
 kernel32.SetCurrentDirectoryW(text)
 kernel32.DeleteFileW(text)
 kernel32.CopyFileW(text, text, number)
@@ -86,7 +86,7 @@ _SIGNATURE = re.compile(r"(\w+)\.(\w+)\((.*)\)( = number)?(?: (->|=>) (\w+) ([\w
 
 def start(sandbox: Sandbox) -> RunningProgram:
     """Starts the program so that its calls are written on its standard error."""
-    watched = {f"{match[1]}.{match[2]}" for match in _SIGNATURE.finditer(_PROGRAM + _TOOLKIT)}
+    watched = {f"{match[1]}.{match[2]}" for match in _SIGNATURE.finditer(_PROGRAM + _QT)}
     assert isinstance(sandbox.system, Wine)
     sandbox.system.set_user_values(sandbox.root, "Software\\Wine\\Debug", {
         "RelayFromInclude": f"{Wine.program_name};{CONSOLE};Qt5Core",
@@ -117,7 +117,7 @@ class _Call:
 
     name: str
     thread: int
-    by_toolkit: bool
+    by_qt: bool
     after: str
     arguments: list[tuple[int, str | None]]
     result: int = 0
@@ -156,7 +156,7 @@ def _calls(trace: str, image: str) -> Iterator[_Call]:
                 caller = thread.caller(int(called[5], 16))
                 call = _Call(
                     called[3], int(called[1], 16), caller != image,
-                    next((one.name for one in reversed(thread.calls) if not one.by_toolkit), ""),
+                    next((one.name for one in reversed(thread.calls) if not one.by_qt), ""),
                     [(int(number, 16), text) for number, text in _arguments(called[4])])
                 thread.calls.append(call)
                 thread.open.append(call)
@@ -189,14 +189,14 @@ class _Namer:
         folder = sandbox.shown(sandbox.root)
         self._folders = (folder, folder.replace("\\", "/"))
         self._program = {match[2]: match for match in _SIGNATURE.finditer(_PROGRAM)}
-        self._toolkit = {match[2]: match for match in _SIGNATURE.finditer(_TOOLKIT)}
+        self._qt = {match[2]: match for match in _SIGNATURE.finditer(_QT)}
 
     def line(self, call: _Call) -> str:
         """The call as a line; empty for one that tells nothing."""
         # The program itself has no business with what is the toolkit's: that is shown, too.
         self._named["thread", call.thread] = "own-thread"
-        signature = (None if call.by_toolkit else self._program.get(call.name)) \
-            or self._toolkit.get(call.name)
+        signature = (None if call.by_qt else self._program.get(call.name)) \
+            or self._qt.get(call.name)
         if signature is None or _ONLY_AFTER.get(call.name, call.after) != call.after:
             return ""
         kinds = [kind for kind in signature[3].split(", ") if kind]
@@ -214,7 +214,7 @@ class _Namer:
         elif signature[5] == "=>":
             self._expected[signature[6]] = signature[7]
         result = f" = {call.result & 0xFFFFFFFF}" if signature[4] else ""
-        beginning = TOOLKIT if call.by_toolkit else ""
+        beginning = QT if call.by_qt else ""
         return f"{beginning}{call.name}({', '.join(one for one in shown if one)}){result}"
 
     def _shown(self, kind: str, number: int, text: str | None) -> str:

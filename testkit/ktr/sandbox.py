@@ -56,7 +56,7 @@ class Sandbox:
         self.before_start: Callable[[], None] = lambda: None
         """Called before the program is started."""
         self.programs: list[RunningProgram] = []
-        self.stand_ins: list[Started] = []
+        self.fakes: list[Started] = []
 
     # Stand-ins ---------------------------------------------------------------------------------
 
@@ -111,7 +111,7 @@ class Sandbox:
             self.system.command(executable, []), self.environment(), self.root,
             self._log(executable.name),
         )
-        self.stand_ins.append(started)
+        self.fakes.append(started)
         return started
 
     # The program -------------------------------------------------------------------------------
@@ -235,7 +235,7 @@ class Sandbox:
 
     def end_started(self) -> None:
         """Ends what the test itself has started here and is still running."""
-        for started in (*self.programs, *self.stand_ins):
+        for started in (*self.programs, *self.fakes):
             started.kill()
 
     def leftovers(self, deadline: float = 20.0) -> list[Process]:
@@ -264,7 +264,7 @@ class Sandbox:
             shutil.rmtree(self.root, ignore_errors=True)
 
     def _log(self, name: str) -> Path:
-        number = len(self.programs) + len(self.stand_ins) + 1
+        number = len(self.programs) + len(self.fakes) + 1
         return self.root / "logs" / f"{number}-{name}"
 
 

@@ -43,7 +43,7 @@ class Screen:
         size = display.root.get_geometry()
         self.area = Rect(0, 0, size.width, size.height)
 
-    def picture(self, area: Rect | None = None) -> Image.Image:
+    def screenshot(self, area: Rect | None = None) -> Image.Image:
         """What is to be seen in an area, or on the whole screen."""
         part = area or self.area
         if not (self.area.contains(part.origin) and part.right <= self.area.right
@@ -57,24 +57,24 @@ class Screen:
     def save(self, path: Path, area: Rect | None = None) -> Path:
         """Writes the picture of an area, or of the whole screen, as a PNG file."""
         path.parent.mkdir(parents=True, exist_ok=True)
-        self.picture(area).save(path)
+        self.screenshot(area).save(path)
         return path
 
     def colour_at(self, place: Place) -> Colour:
         """The colour of one pixel: of a point, or of the centre of an area."""
         point = point_of(place)
-        seen: Colour = self.picture(Rect(point.x, point.y, 1, 1)).getpixel((0, 0))
+        seen: Colour = self.screenshot(Rect(point.x, point.y, 1, 1)).getpixel((0, 0))
         return seen
 
     def main_colour(self, area: Rect) -> Colour:
         """The colour that most pixels of an area have."""
-        pixels: Counter[Colour] = Counter(self.picture(area).getdata())
+        pixels: Counter[Colour] = Counter(self.screenshot(area).getdata())
         return pixels.most_common(1)[0][0]
 
     def share(self, area: Rect, wanted: str, tolerance: int = TOLERANCE) -> float:
         """The share, 0 to 1, of an area's pixels that have a colour."""
         target = colour(wanted)
-        pixels = list(self.picture(area).getdata())
+        pixels = list(self.screenshot(area).getdata())
         return sum(is_close(pixel, target, tolerance) for pixel in pixels) / len(pixels)
 
     def wait_colour(
@@ -107,12 +107,12 @@ class Screen:
         self, area: Rect, quiet: float = 0.5, deadline: float = wait.DEADLINE
     ) -> Image.Image:
         """Waits until an area has not changed for `quiet` seconds; returns its picture."""
-        last = self.picture(area)
+        last = self.screenshot(area)
         since = time.monotonic()
 
         def look() -> float:
             nonlocal last, since
-            now = self.picture(area)
+            now = self.screenshot(area)
             if now.tobytes() != last.tobytes():
                 last, since = now, time.monotonic()
             return time.monotonic() - since
@@ -129,7 +129,7 @@ class Screen:
         The middle row is read. Up to two pixels at each end (the round ends) and two between fill
         and track (its round end) may have a mixed colour; anything else is not a bar.
         """
-        row = self.picture(Rect(bar.x, bar.y + bar.height // 2, bar.width, 1))
+        row = self.screenshot(Rect(bar.x, bar.y + bar.height // 2, bar.width, 1))
         filled, empty = colour(fill), colour(track)
         kinds = "".join(
             "f" if is_close(pixel, filled) else "t" if is_close(pixel, empty) else "?"

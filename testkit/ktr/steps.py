@@ -216,7 +216,7 @@ def _ink(window: Window, row: int, height: int = 19) -> bytes:
     """Where a row has dark pixels."""
     area = layout.reason(row)
     text = layout.Rect(area.left + 20, area.top, 280, height)
-    picture = window.screen.picture(window.area(text)).convert("L")
+    picture = window.screen.screenshot(window.area(text)).convert("L")
     return bytes(picture.point(lambda value: 255 if value < 100 else 0).tobytes())
 
 
@@ -260,7 +260,7 @@ def title(window: Window) -> bytes:
     return bytes(window.screen.wait_steady(window.area(layout.TITLE_LABEL), 0.3).tobytes())
 
 
-def page_picture(window: Window) -> bytes:
+def page_screenshot(window: Window) -> bytes:
     """The page as it is drawn, once it stands still, without what the pointer would change."""
     window.hover(layout.TITLE_GRIP)
     return bytes(window.screen.wait_steady(window.area(layout.PAGE), 0.3).tobytes())

@@ -102,7 +102,7 @@ class Native:
         """What a program sees of a variable that is set to nothing for it."""
         return "empty"
 
-    def narrow(self, text: str) -> str:
+    def multibyte(self, text: str) -> str:
         """A text after its way through the system's 8-bit encoding."""
         return text
 

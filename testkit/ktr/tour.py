@@ -24,19 +24,19 @@ def say(step: str, *details: str) -> None:
 class Tour:
     """One walk through the program."""
 
-    def __init__(self, sandbox: Sandbox, pictures: Path, under: list[str]) -> None:
+    def __init__(self, sandbox: Sandbox, folder: Path, under: list[str]) -> None:
         self.sandbox = sandbox
-        self.pictures = pictures
+        self.folder = folder
         self.under = under
         self.taken = 0
         self.known_events: list[tuple[str, str, str]] = []
         self.known_look_ups = 0
 
-    def picture(self, window: Window, name: str) -> str:
+    def screenshot(self, window: Window, name: str) -> str:
         """Saves what is to be seen of a window; returns where."""
         self.taken += 1
-        file = self.pictures / f"{self.taken:02}-{name}.png"
-        window.picture().save(file)
+        file = self.folder / f"{self.taken:02}-{name}.png"
+        window.screenshot().save(file)
         return f"picture: {file}"
 
     def events(self) -> list[str]:
@@ -72,11 +72,11 @@ class Tour:
             *self.events(), link)
         steps.write(window, "The picture is cut off on the left.")
         window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)
-        say("Feedback is typed", self.picture(window, "feedback"))
+        say("Feedback is typed", self.screenshot(window, "feedback"))
         steps.submit(window)
         steps.wait_coupon(window)
         say("It is submitted: thanks, and a coupon", *self.look_ups(), *self.events(),
-            self.picture(window, "thanks"))
+            self.screenshot(window, "thanks"))
         window.click(layout.COUPON)
         link = self.opened(2)
         say("The coupon is clicked", *self.events(), link)
@@ -94,13 +94,13 @@ class Tour:
         sandbox.wait_noted("SkyrelWrapExe.exe", "start")
         say("The window is open", f"window {window.geometry}, handle file {sandbox.read_handle():#x}",
             "telemetry library loaded, its companion runs", *self.look_ups(),
-            self.picture(window, "home"))
+            self.screenshot(window, "home"))
 
         self.feedback(window)
 
         steps.uninstall(window)
         box = program.box()
-        say("Uninstall, while the product runs: the warning", *self.events(), self.picture(window, "warning"))
+        say("Uninstall, while the product runs: the warning", *self.events(), self.screenshot(window, "warning"))
         product.kill()
         box.click(layout.BOX_OK)
         box.wait_gone()
@@ -112,11 +112,11 @@ class Tour:
         steps.wait_buttons_disabled(window)
         first = steps.wait_climbing(window)
         reached = steps.wait_climbing(window, first)
-        say("The bar climbs", f"{first:.1%}, then {reached:.1%}", self.picture(window, "progress"))
+        say("The bar climbs", f"{first:.1%}, then {reached:.1%}", self.screenshot(window, "progress"))
         hold.unlink()
         sandbox.wait_noted("uninstall.exe", "end")
         steps.wait_complete(window)
-        say("The uninstaller has gone: complete", self.picture(window, "complete"))
+        say("The uninstaller has gone: complete", self.screenshot(window, "complete"))
 
         window.click(layout.CANCEL)
         steps.expect_end(sandbox, program, cleanup=True)
@@ -140,21 +140,21 @@ def valgrind(log: Path | None) -> list[str]:
 def arguments(parser: argparse.ArgumentParser) -> None:
     """The command line."""
     parser.add_argument("--sandbox", type=Path, required=True, help="the assembled sandbox")
-    parser.add_argument("--pictures", type=Path, required=True, help="where screenshots go")
+    parser.add_argument("--screenshots", type=Path, required=True, help="where screenshots go")
     parser.add_argument("--valgrind", type=Path, metavar="LOG", help="let valgrind check the program "
                         "and write what it finds there; KTR_PATIENCE should be 10 or so")
 
 
 def run(options: argparse.Namespace) -> int:
     """Takes the tour."""
-    shutil.rmtree(options.pictures, ignore_errors=True)
-    options.pictures.mkdir(parents=True)
+    shutil.rmtree(options.screenshots, ignore_errors=True)
+    options.screenshots.mkdir(parents=True)
     with Display() as display:
         sandbox = Sandbox(display, lambda root: None, root=options.sandbox)
         try:
-            Tour(sandbox, options.pictures, valgrind(options.valgrind)).walk()
+            Tour(sandbox, options.screenshots, valgrind(options.valgrind)).walk()
         except (AssertionError, wait.TimedOut) as missing:
-            picture = display.screen.save(options.pictures / "failed.png")
+            picture = display.screen.save(options.screenshots / "failed.png")
             print(f"ktr tour: this step was not seen: {missing}\nscreen: {picture}", file=sys.stderr)
             return 1
         finally:

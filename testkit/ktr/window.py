@@ -199,9 +199,9 @@ class Window:
             self.area(bar), layout.BAR_FILL, layout.BAR_TRACK
         )
 
-    def picture(self) -> Image.Image:
+    def screenshot(self) -> Image.Image:
         """What is to be seen where the window is."""
-        return self._display.screen.picture(self._geometry())
+        return self._display.screen.screenshot(self._geometry())
 
     def opacity(self, point: Point) -> int:
         """How opaque it is at a point of its own: from 0, nothing, to 255."""

@@ -128,7 +128,7 @@ class Wine(Native):
         """What a program sees of a variable that is set to nothing for it."""
         return "unset" if name.startswith("QT_") else "empty"
 
-    def narrow(self, text: str) -> str:
+    def multibyte(self, text: str) -> str:
         """A text after its way through the ANSI code page."""
         return text.encode("cp1252", "replace").decode("cp1252")
 

@@ -86,7 +86,7 @@ def test_a_missing_library(sandbox, library):
 def test_a_configuration_that_fails_or_lies(sandbox, settings, line):
     sandbox.configure(CONFIG, **settings)
     log = walk_through(sandbox).stderr
-    assert any(sandbox.system.narrow(allowed) in log for allowed in ((line,) if isinstance(line, str) else line))
+    assert any(sandbox.system.multibyte(allowed) in log for allowed in ((line,) if isinstance(line, str) else line))
 
 
 # A sanitizer has its own to say about it.

@@ -49,7 +49,7 @@ def test_what_is_asked_for_while_the_window_loads(sandbox, oem, language, prefix
     assert [entry.event for entry in entries[:4]] == [
         "load", "create_config", "init_config", "set_filter_environment"]
     assert entries[2].text("mode") == "0"
-    assert entries[3].text("prefix") == sandbox.system.narrow(prefix)
+    assert entries[3].text("prefix") == sandbox.system.multibyte(prefix)
     assert len(sandbox.journal(CONFIG, "set_filter_environment")) == 1
     assert sorted(look_ups(sandbox)) == sorted([
         (PRICE, ""), (CART, suffix), (OTHERS_PRICE, ""), (LANDING, suffix)])

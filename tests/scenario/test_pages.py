@@ -135,13 +135,13 @@ def test_an_offer_leaves_its_page_as_it_is(sandbox, reason, place, activity, con
     program = sandbox.start()
     window = program.ready()
     steps.choose(sandbox, window, reason)
-    before = steps.page_picture(window)
+    before = steps.page_screenshot(window)
     window.click(place)
     event = steps.wait_event(sandbox, activity)
     if configured:
         opened = sandbox.wait_noted("xdg-open", "open")
         assert json.loads(event[2]) == {"url": opened.items("args")[0]}
-    assert steps.page_picture(window) == before
+    assert steps.page_screenshot(window) == before
     window.click(layout.CANCEL)
     steps.expect_end(sandbox, program, cleanup=False)
     if not configured:

@@ -133,7 +133,7 @@ def ink_of_title(window):
     """How wide the title is drawn."""
     area = layout.Rect(
         layout.TITLE_LABEL.left, layout.TITLE_LABEL.top, layout.TITLE_LABEL.width, 24)
-    picture = window.screen.picture(window.area(area)).convert("L")
+    picture = window.screen.screenshot(window.area(area)).convert("L")
     return picture.point(lambda value: 255 if value < 100 else 0).getbbox()
 
 

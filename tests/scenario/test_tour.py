@@ -53,7 +53,7 @@ def folder(tmp_path):
 def test_every_step_of_the_tour_is_seen(folder, language):
     assemble(folder / "sandbox", language=language)
     output = run(REPOSITORY / "tools" / "ktr", "tour", "--sandbox", folder / "sandbox",
-                 "--pictures", folder / "tour")
+                 "--screenshots", folder / "tour")
     assert output.endswith("Every step was seen.\n")
     assert (folder / "tour" / "06-complete.png").exists()
     shutil.rmtree(folder)

@@ -69,7 +69,7 @@ def test_the_rings_of_the_reasons_are_closed_and_round_at_a_fractional_scale(san
     for row in range(4):
         centre = scaled(layout.ring(row))
         area = layout.Rect(centre.x - reach, centre.y - reach, 2 * reach + 1, 2 * reach + 1)
-        picture = window.screen.picture(window.area(area)).convert("L")
+        picture = window.screen.screenshot(window.area(area)).convert("L")
         radii = []
         # From the white centre to the light background there is a grey line in between.
         for x, y in ((-1, 0), (1, 0), (0, -1), (0, 1)):

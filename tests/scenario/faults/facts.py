@@ -37,13 +37,13 @@ class Hostile:
         window = program.ready()
         parts = [part for part in (self.text, "uninstall__180", self.text) if part]
         prefix = sandbox.journal(CONFIG, "set_filter_environment")[0].text("prefix")
-        assert prefix == sandbox.system.narrow("__".join(parts))
+        assert prefix == sandbox.system.multibyte("__".join(parts))
         # The language may have a translation of no such name: the reasons are the source texts.
         steps.choose(sandbox, window, 1)
         window.click(layout.COUPON)
         link = json.loads(steps.wait_event(sandbox, "Click_Gift_Url")[2])["url"]
         # Without an OEM there is an address; with this one there is none, and only the tail.
-        assert link == (f"?x-url=1-{sandbox.system.narrow(self.text)}" if self.text else PLAIN)
+        assert link == (f"?x-url=1-{sandbox.system.multibyte(self.text)}" if self.text else PLAIN)
         window.drag(layout.TITLE_GRIP, 20, 10)
         window.click(layout.CANCEL)
         steps.expect_end(sandbox, program, cleanup=False)
