@@ -21,7 +21,7 @@ endfunction()
 
 # The same for a resource file with an interface, which is compiled in advance as well; that spares
 # the program the work at each start: ktr_add_interface(TARGET QRC-FILE). The sources stay among the
-# resources: a toolkit that does not take what another version of it has compiled falls back to them.
+# resources: a Qt version that rejects QML compiled by another version falls back to them.
 find_program(KTR_QMLCACHEGEN NAMES qmlcachegen
     PATHS "${Qt5_DIR}/../../../bin" /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
 

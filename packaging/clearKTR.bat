@@ -23,7 +23,7 @@ rem Three rules keep the script safe:
 rem - "cd" can fail: it is followed by a look at the current folder.
 rem - No variable from outside stands in the body of a "for": there the interpreter takes a percent
 rem   sign in a name, with the letter behind it, for a loop variable.
-rem - Windows lets nobody rename or replace the current folder or a folder above it. So the script
+rem - Windows lets no program rename or replace the current folder or a folder above it. So the script
 rem   stays in the product folder from the checks to the removal.
 setlocal EnableExtensions DisableDelayedExpansion
 set "self=%~f0"
@@ -58,7 +58,7 @@ if /i not "%CD%"=="%system%" goto end
 if not exist "%system%\fc.exe" goto end
 if not exist "%system%\ping.exe" goto end
 
-rem The interpreter opens this file anew for each line and goes on where it stopped. Another start
+rem The interpreter opens this file again for each line and goes on where it stopped. Another start
 rem of the program may meanwhile replace the copy in the temp directory, even by another version. So
 rem this copy first takes a name of its own: nothing replaces it, and at the end it deletes itself
 rem and no other copy. The interpreter reads the whole block before it runs it. Under a name that
@@ -105,9 +105,9 @@ set "part="
 for /f "tokens=3 delims=\" %%i in ("%folder%") do set "part=%%i"
 if not defined part goto end
 
-rem It is none of the folders that must stay, and neither they nor this file lie in it. Nobody
-rem vouches for these variables; without quotation marks they end no text. A missing one stands for
-rem a root, which does no harm.
+rem It is none of the folders that must stay, and neither they nor this file lie in it. These
+rem variables are not trusted: without quotation marks they cannot end a text. A missing one becomes
+rem a root, which is harmless.
 for %%i in (TEMP TMP PUBLIC OneDrive APPDATA LOCALAPPDATA) do if not defined %%i set "%%i=\."
 for %%i in (ProgramData ALLUSERSPROFILE ProgramW6432) do if not defined %%i set "%%i=\."
 for %%i in (CommonProgramFiles CommonProgramW6432) do if not defined %%i set "%%i=\."
@@ -211,7 +211,7 @@ if /i not "%CD%"=="%folder%" goto end
 rem Links go first, as links, so that nothing can follow them. "rd /s" follows none on Windows, also
 rem in hidden folders, which "for" does not show. As long as a link stays, or the script cannot look
 rem into a folder, it removes nothing else. A program that is there again is a new installation.
-rem Nobody can exchange the current folder, but an empty one can become a link where it stands.
+rem No program can replace the current folder, but an empty one can become a link where it stands.
 :remove
 call :look
 if exist "%program%\UninstallUI.exe" goto end
@@ -289,7 +289,7 @@ exit /b
 
 rem Removes the entry of the current folder if it is a link, else all links to folders below it. An
 rem entry without readable attributes stays, and everything with it. The second look at the
-rem attributes comes from within the entry, which nobody can exchange any more.
+rem attributes comes from within the entry, which no program can replace any more.
 :unlink
 if defined kept exit /b
 if /i not "%attributes:~0,1%"=="d" goto keep

@@ -8,7 +8,7 @@ import pefile
 
 
 def imports_of(file: Path) -> set[str]:
-    """The names, in small letters, of the DLLs that it imports, also of those loaded on demand."""
+    """The names, in lower case, of the DLLs that it imports, also of those loaded on demand."""
     image = pefile.PE(str(file), fast_load=True)
     image.parse_data_directories([
         pefile.DIRECTORY_ENTRY["IMAGE_DIRECTORY_ENTRY_IMPORT"],

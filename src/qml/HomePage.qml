@@ -22,7 +22,7 @@ Item {
         //: letters at most.
         qsTr("Glad to solve your problem! We have an extra coupon for you. Hope you like it!"),
         //: Heading over the box for feedback, after "The product doesn't solve my problem" and "I
-        //: have other reasons". Two lines of about 60 letters at most. The blank at the end stays.
+        //: have other reasons". Two lines of about 60 letters at most. Keep the space at the end.
         qsTr("We'd like to know what problem you've been experiencing. And we have an extra coupon for you. "),
         qsTr("We'd like to know what problem you've been experiencing. And we have an extra coupon for you. "),
         //: Heading over a coupon, after a feedback was submitted. Two lines of about 60 letters.
@@ -249,7 +249,7 @@ Item {
                         //: both sentences have room for five lines together.
                         "mainTitle": qsTr("Uninstall has detected that Torvan Dravik is currently running."),
                         //: Second sentence of that message box, on lines of its own: the user
-                        //: shall close every window of the product. Wraps at about 45 letters;
+                        //: must close every window of the product. Wraps at about 45 letters;
                         //: both sentences have room for five lines together.
                         "subTitle": qsTr("Please close all instances and try again."),
                         "buttons": [qsTr("OK")]

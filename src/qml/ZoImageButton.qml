@@ -2,7 +2,7 @@ import QtQuick 2.6
 import QtQuick.Controls 1.4
 import QtQuick.Controls.Styles 1.4
 
-// A button that is a picture: one image per state, found by name, on an optional background.
+// An image button: one image per state, found by name, on an optional background.
 // Give it an Accessible.name, since it shows no text. It is no tab stop: both uses are in title bars,
 // where Tab and Space would close the window. Alt+F4 and assistive tools can close it, as in native
 // windows.

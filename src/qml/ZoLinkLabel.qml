@@ -1,7 +1,7 @@
 import QtQuick 2.14
 import "public.js" as Public
 
-// A text that is one link as a whole; what the link does is up to whoever handles linkActivated.
+// A text that is one link as a whole; the user of this control handles linkActivated.
 Text {
     id: root
 

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import QtQuick.Window 2.12
 import "."
 
-// A pop-up that blocks whoever opens it: open() returns when the box has gone. It deliberately
+// A modal pop-up: open() returns when the box is closed. It deliberately
 // does not tell which button was used.
 ZoPopWindow {
     id: box

@@ -1,8 +1,8 @@
 import QtQuick.Shapes 1.14
 import QtQuick 2.14
 
-// A thin bar from 0 to 100. `value` itself moves smoothly to what it is set to, so whoever watches
-// it sees the numbers between.
+// A thin bar from 0 to 100. `value` itself moves smoothly to what it is set to, so a handler
+// of its changes sees the values between.
 Item {
     id: root
 

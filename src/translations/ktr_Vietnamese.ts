@@ -28,7 +28,7 @@
     </message>
     <message>
         <source>We&apos;d like to know what problem you&apos;ve been experiencing. And we have an extra coupon for you. </source>
-        <extracomment>Heading over the box for feedback, after &quot;The product doesn&apos;t solve my problem&quot; and &quot;I have other reasons&quot;. Two lines of about 60 letters at most. The blank at the end stays.</extracomment>
+        <extracomment>Heading over the box for feedback, after &quot;The product doesn&apos;t solve my problem&quot; and &quot;I have other reasons&quot;. Two lines of about 60 letters at most. Keep the space at the end.</extracomment>
         <translation>Chúng tôi muốn biết bạn đã gặp vấn đề gì. Và chúng tôi có thêm một phiếu giảm giá cho bạn. </translation>
     </message>
     <message>
@@ -78,7 +78,7 @@
     </message>
     <message>
         <source>Please close all instances and try again.</source>
-        <extracomment>Second sentence of that message box, on lines of its own: the user shall close every window of the product. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
+        <extracomment>Second sentence of that message box, on lines of its own: the user must close every window of the product. Wraps at about 45 letters; both sentences have room for five lines together.</extracomment>
         <translation>Vui lòng đóng mọi cửa sổ của chương trình rồi thử lại.</translation>
     </message>
     <message>

@@ -7,7 +7,7 @@ import QtQuick.Layouts 1.15
 import QtQuick.Shapes 1.15
 import QtGraphicalEffects 1.0 as Effects
 
-// Each of the toolkit's types that the interface uses, once, and none of ours.
+// One of each Qt type that the interface uses, and none of ours.
 ApplicationWindow {
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint
     color: "#00000000"

@@ -85,7 +85,7 @@ bool AskTaskList()
 
 // Asks the task list so often, and prints what that took: microseconds of processor time of this
 // process and of all that it started, and KB of memory of this process at its peak. "bare" asks in
-// the cheapest way, "query" with the toolkit as the program does, "tick" within a tick of the
+// the cheapest way, "query" with Qt as the program does, "tick" within a tick of the
 // progress. Status 1 when the uninstaller is not seen to run.
 int main(int argc, char **argv)
 {

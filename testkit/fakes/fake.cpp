@@ -31,12 +31,12 @@ std::string ReadAll(const fs::path &file)
 
 std::string Trimmed(const std::string &text)
 {
-    const char *blanks = " \t\r\n";
-    const auto first = text.find_first_not_of(blanks);
+    const char *spaces = " \t\r\n";
+    const auto first = text.find_first_not_of(spaces);
     if (first == std::string::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(spaces) - first + 1);
 }
 
 bool Exists(const fs::path &file)

@@ -18,9 +18,9 @@ COMMANDS = {
 
 
 def main() -> int:
-    """Parses the command line and runs one command; 125 when it cannot even begin."""
+    """Parses the command line and runs one command; returns 125 if it cannot start."""
     if sys.argv[1:3] == ["wine", "--"]:
-        # CTest starts each unit test under Wine like this: without the time of the imports below.
+        # CTest starts each unit test under Wine like this, so skip the slow imports below.
         from ktr import prefix
         prefix.become(sys.argv[3:])
     import argparse

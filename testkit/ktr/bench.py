@@ -37,17 +37,17 @@ CONTENT = "the same with images, icon, libraries"
 DEFAULT = "UninstallUI, Qt's default renderer"
 
 _MARK = colour(layout.CANCEL_NORMAL)
-"""What every contender paints somewhere, the last of it all."""
+"""A colour that every contender paints last."""
 _QUIET = 0.3
-"""Seconds without painting after which a display has settled after the start before."""
+"""Seconds without painting before the next start may begin."""
 _STANDS = 2.0
 """Seconds without painting after which a slow window is complete."""
 _SLOW = 300.0
 """Seconds for a start under valgrind, which takes fifty times as long."""
 _COUNTS = 3
-"""How often instructions are counted: they hardly differ."""
+"""How often instructions are counted; the counts hardly differ."""
 _IDLE = 5.0
-"""Seconds of watching the program while nobody does anything."""
+"""Seconds for which the idle program is watched."""
 _TICKS = 50
 
 
@@ -63,7 +63,7 @@ class Contender:
 
     @contextmanager
     def started(self, under: Sequence[str] = ()) -> Iterator[Started]:
-        """Runs it, `under` another command if given; it is ended after the block."""
+        """Runs it, under the command `under` if given, and ends it after the block."""
         system = self.sandbox.system
         one = Started([*under, *system.command(self.executable, self.arguments)],
                       {**self.sandbox.environment(), **self.variables}, self.sandbox.root,
@@ -80,7 +80,7 @@ class Contender:
 
 @dataclass(frozen=True)
 class Start:
-    """Of one start: seconds to the first frame, and processor time and megabytes until then."""
+    """One start: seconds to the first frame, processor time and megabytes until then."""
 
     first_frame: float
     cpu: float
@@ -89,7 +89,7 @@ class Start:
 
 @dataclass(frozen=True)
 class Ratio:
-    """Quotients of what shared a round, and how much their median may be."""
+    """Ratios of values from the same rounds, and the greatest median allowed."""
 
     title: str
     values: Sequence[float]
@@ -111,7 +111,7 @@ class Bench:
         self._watch = PaintWatch(display.name)
         self._sandbox = sandbox
         self._wine = bool(sandbox.system.executable_suffix)
-        # Something runs already, or Wine would begin with its own services at every start.
+        # Keep one program running: otherwise Wine starts its services at every start.
         sandbox.hold("KTRUI.exe")
         sandbox.spawn("KTRUI.exe")
         sandbox.wait_processes("KTRUI.exe", 1)
@@ -133,7 +133,7 @@ class Bench:
         self.wake_ups: list[int] = []
 
     def run(self, rounds: int) -> None:
-        """Measures everything, each contender in each round; a first round does not count."""
+        """Measures each contender in each round; the first round is a warm-up."""
         for number in range(rounds + 1):
             _say(f"starts: round {number} of {rounds}")
             for contender in self.contenders:
@@ -150,7 +150,7 @@ class Bench:
         self._run_ticks(rounds)
 
     def ratios(self) -> list[Ratio]:
-        """What has aims."""
+        """The ratios that have aims."""
         def starts(title: str, what: Callable[[Start], float], floor: str, aim: float) -> Ratio:
             pairs = zip(self.starts[PROGRAM], self.starts[floor])
             return Ratio(title, [what(own) / what(other) for own, other in pairs], aim)
@@ -177,7 +177,7 @@ class Bench:
         return found
 
     def table(self) -> str:
-        """All figures: medians, in brackets the quartiles."""
+        """All figures: medians, with quartiles in brackets."""
         lines = [f"{'':40}{'first frame, ms':>20}{'processor, ms':>20}{'memory, MB':>22}"
                  f"{'million instructions':>24}"]
         for title, starts in self.starts.items():
@@ -215,14 +215,14 @@ class Bench:
             self._watch.wait_quiet(_STANDS)
             os.kill(started.pid, signal.SIGTERM)
             started.wait_exit()
-        # Each copy that it makes of itself to start another program tells its own count.
+        # Each forked child reports a count of its own.
         counts = re.findall(rf"^=={started.pid}== Collected : (\d+)$", started.stderr, re.M)
         if len(counts) != 1:
             raise RuntimeError(f"valgrind has counted nothing:\n{started.stderr}")
         return int(counts[0])
 
     def _idle(self) -> int:
-        """How often the program wakes up while nobody does anything."""
+        """How often the idle program wakes up."""
         with self._start(self.contenders[0]) as (started, _):
             self._watch.wait_quiet(1.0)
             before = _switches(started.pid)
@@ -239,7 +239,7 @@ class Bench:
                 done = subprocess.run(
                     [_built("measure_tick"), mode, str(_TICKS)], cwd=self._sandbox.bin, text=True,
                     env=self._sandbox.environment(), capture_output=True, check=True)
-                # Its own processor time, and that of the question's process.
+                # Its own processor time and that of the tasklist process.
                 self.ticks[mode].append(sum(map(float, done.stdout.split()[:2])))
         hold.unlink()
         uninstaller.wait_exit()
@@ -274,7 +274,7 @@ def run(options: argparse.Namespace) -> int:
 
 
 def _built(name: str) -> Path:
-    """A program that only measurements need."""
+    """A program that only the benchmark needs."""
     file = build_directory() / "testkit" / "bench" / name
     if not file.exists():
         raise RuntimeError(f"{file} is missing; ./bench builds it")
@@ -300,5 +300,5 @@ def _spread(values: Sequence[float], digits: int = 0) -> str:
 
 
 def _say(text: str) -> None:
-    """Progress, beside the table."""
+    """Reports progress on standard error."""
     print(text, file=sys.stderr, flush=True)

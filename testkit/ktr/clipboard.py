@@ -16,7 +16,7 @@ class Clipboard:
         self._xclip = ["xclip", "-display", display_name, "-selection"]
 
     def read(self, selection: str = "CLIPBOARD") -> str | None:
-        """The text that a selection holds; None when nobody owns it or it is no text."""
+        """The text that a selection holds; None if it has no owner or holds no text."""
         done = subprocess.run(
             [*self._xclip, selection.lower(), "-out", "-target", "UTF8_STRING"],
             capture_output=True, timeout=wait.DEADLINE, check=False)

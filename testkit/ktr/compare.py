@@ -1,7 +1,7 @@
 """Compares what the scenarios recorded on the two executables.
 
-Writes index.html into the folder of the records: a row for each scenario, with the last pictures of
-the window. Fails when the two executables have not done the same.
+Writes index.html into the folder of the records: a row for each scenario, with the last screenshots
+of the window. Fails if the two executables behaved differently.
 """
 
 from __future__ import annotations
@@ -32,7 +32,7 @@ def records_in(folder: Path) -> dict[str, dict[str, list[str]]]:
 
 
 def cell(left: list[str], right: list[str], reason: str | None) -> str:
-    """One aspect of one scenario: how much there is, and what each says where they differ, and why."""
+    """The table cell for one aspect of a scenario: the line count, or both sides and the reason."""
     def listed(name: str, lines: list[str]) -> str:
         return f"{name}<pre>{html.escape(chr(10).join(lines)) or '(nothing)'}</pre>"
 
@@ -44,8 +44,8 @@ def cell(left: list[str], right: list[str], reason: str | None) -> str:
             f'{listed("Linux", left)}{listed("Windows", right)}</td>')
 
 
-def picture(folder: Path, side: str, name: str) -> str:
-    """A picture with a link to its real size; an empty cell when the window was not used."""
+def screenshot(folder: Path, side: str, name: str) -> str:
+    """A screenshot that links to its full size; an empty cell if the window was not used."""
     if not (folder / side / f"{name}.png").exists():
         return "<td>no window was used</td>"
     source = html.escape(f"{side}/{name}.png")
@@ -53,7 +53,7 @@ def picture(folder: Path, side: str, name: str) -> str:
 
 
 def only(folder: Path, name: str, side: str) -> str:
-    """A list's entry for a scenario of one system, with its picture if there is one."""
+    """A list's entry for a scenario of one system, with its screenshot if there is one."""
     image = f"{side.lower()}/{name}.png"
     shown = f'<img src="{html.escape(image)}" alt="">' if (folder / image).exists() else ""
     return f"<li>{html.escape(name)}: {side} only{shown}</li>"
@@ -65,7 +65,7 @@ def arguments(parser: argparse.ArgumentParser) -> None:
 
 
 def run(options: argparse.Namespace) -> int:
-    """Compares, and writes the page; the status says whether all is equal."""
+    """Compares and writes the page; status 0 only without unexplained differences."""
     folder: Path = options.folder
     linux, windows = records_in(folder / "linux"), records_in(folder / "windows")
     if not linux or not windows:
@@ -81,7 +81,8 @@ def run(options: argparse.Namespace) -> int:
             if linux[name][aspect] != windows[name][aspect] and not reason:
                 faults.append(f"{name}: {aspect}")
         rows.append(f"<tr><td>{html.escape(name)}</td>{''.join(cells)}"
-                    f"{picture(folder, 'linux', name)}{picture(folder, 'windows', name)}</tr>")
+                    f"{screenshot(folder, 'linux', name)}"
+                    f"{screenshot(folder, 'windows', name)}</tr>")
     heads = "".join(f"<th>{head}</th>" for head in ("scenario", *ASPECTS, "Linux", "Windows"))
     alone = [only(folder, name, "Linux" if name in linux else "Windows")
              for name in sorted(linux.keys() ^ windows.keys())]

@@ -1,12 +1,11 @@
-"""Where the Windows executable under Wine is not asked for the same as the Linux one, and why.
+"""Scenarios that do not run on the Windows executable under Wine, and why.
 
-One table for the whole suite: `file::scenario` to the reason. What is listed here does not run on the
-Windows executable; everything else does, with the same expectations.
+One table for the whole suite: `file::scenario` to the reason. Every other scenario runs on both
+executables with the same expectations.
 """
 
-# The driver itself with a toy that is no Windows program; the calls of the Linux kernel; the tour,
-# which `./run` takes on Linux; and other installations: each has a Windows of its own here, so that
-# nothing of another one runs in it.
+# Tests of the test kit with a Linux program; Linux system calls; the tour of `./run`; other
+# installations, which under Wine have prefixes of their own and cannot see each other's processes.
 FILES_FOR_LINUX = ["test_driver.py", "test_machine_wide.py", "test_order.py", "test_tour.py"]
 # The drop shadow, real uninstallers, the calls of Windows.
 FILES_FOR_WINDOWS = ["test_windows.py", "test_calls.py"]
@@ -30,7 +29,7 @@ ONLY_ON_LINUX = {
     "test_feedback.py::test_the_middle_button_pastes_to_the_limit":
         "Windows has no selection that the middle button pastes",
     "test_surroundings.py::test_no_graphics_driver_is_loaded":
-        "the toolkit asks Direct3D for the adapter, for which Wine loads a driver; the Qt kit has no "
+        "Qt asks Direct3D for the adapter, for which Wine loads a driver; the Qt kit has no "
         "OpenGL, so nothing is drawn with it",
     "test_surroundings.py::test_no_plug_in_of_another_toolkit_is_loaded":
         "what a process has loaded is read from /proc",

@@ -27,7 +27,7 @@ class Display:
         self._server = Server()
         self.name = self._server.name
         self.before_act: Callable[["Window"], None] | None = None
-        """Told of a window that is about to be clicked or closed."""
+        """Called with a window that is about to be clicked or closed."""
         self.connection: Any = xdisplay.Display(self.name)
         self.connection.set_error_handler(_ignore)
         self.root = self.connection.screen().root
@@ -54,5 +54,5 @@ class Display:
 
 
 def _ignore(error: Any, request: Any) -> int:
-    """Errors of requests without an answer: the window in question has gone, which is fine."""
+    """Ignores errors of requests without a reply: their window has gone, which is fine."""
     return int(X.NONE)

@@ -1,4 +1,4 @@
-"""What is kept of a failed run."""
+"""What a failed test leaves behind."""
 
 from __future__ import annotations
 
@@ -9,7 +9,7 @@ from ktr.sandbox import Sandbox
 from ktr.wine import WINE_PREFIX
 
 _LARGE = 5_000_000
-"""No file of that size is anything but a library that lies there in every run."""
+"""Larger files are libraries that are the same in every run."""
 
 
 def keep(sandbox: Sandbox, folder: Path) -> Path:

@@ -43,12 +43,12 @@ img { border: 1px solid #dadce0; background: repeating-conic-gradient(#fff 0 25%
 
 
 def take(runner: Path, scale: str, into: Path, scenes: Path = SCENES, **more: str) -> None:
-    """Runs scenes that take pictures on a virtual display at one scale.
+    """Runs scenes that take screenshots on a virtual display at one scale.
 
     The names are variables of the environment, for other ones than usual.
     """
     with tempfile.TemporaryDirectory(prefix="ktr-gallery-") as private:
-        # Nothing of the person's own: fonts, themes, desktop and scale would all show.
+        # Fonts, themes, desktop and scale of the user would all be visible.
         environment = {name: os.environ[name] for name in ("PATH", "TMPDIR") if name in os.environ}
         environment.update({
             "FONTCONFIG_FILE": str(references.FONTS), "HOME": private,
@@ -64,12 +64,12 @@ def take(runner: Path, scale: str, into: Path, scenes: Path = SCENES, **more: st
             timeout=600, check=False,
         )
     if run.returncode != 0:
-        sys.exit(f"{run.stdout}\nktr gallery: the pictures at scale {scale} could not be taken "
+        sys.exit(f"{run.stdout}\nktr gallery: the screenshots at scale {scale} could not be taken "
                  f"(above is why)")
 
 
 def take_all(runner: Path, scales: Sequence[str], into: Path) -> None:
-    """Takes the pictures at all scales; the scales have displays of their own, so side by side."""
+    """Takes the screenshots at all scales in parallel, each on a display of its own."""
     with ThreadPoolExecutor(os.cpu_count()) as threads:
         list(threads.map(lambda scale: take(runner, scale, into), scales))
 
@@ -82,21 +82,21 @@ def take_languages(runner: Path, translations: Path, into: Path) -> None:
             KTR_TRANSLATIONS=str(translations)), LANGUAGE_SCALES))
 
 
-def title(picture: Path) -> str:
-    """A picture's title: its file name without the number that orders it."""
-    return picture.stem.split("-", 1)[1]
+def title(screenshot: Path) -> str:
+    """A screenshot's title: its file name without the number that orders it."""
+    return screenshot.stem.split("-", 1)[1]
 
 
 def figures_of(folder: Path, page: Path) -> list[str]:
-    """The pictures of a folder, for a page in another one above it."""
-    # At their real pixels, whatever the density of the display they are looked at.
-    return [f"<figure><figcaption>{html.escape(title(picture))}</figcaption>"
-            f'<img src="{html.escape(picture.relative_to(page).as_posix())}" alt="" loading="lazy">'
-            "</figure>" for picture in sorted(folder.glob("*.png"))]
+    """The screenshots of a folder, for a page in another one above it."""
+    # Pixel for pixel, whatever the scale of the reader's display.
+    return [f"<figure><figcaption>{html.escape(title(image))}</figcaption>"
+            f'<img src="{html.escape(image.relative_to(page).as_posix())}" alt="" loading="lazy">'
+            "</figure>" for image in sorted(folder.glob("*.png"))]
 
 
 def write_languages(into: Path) -> int:
-    """Writes languages.html: every language with its panes; returns how many pictures there are."""
+    """Writes languages.html: each language with its panes; returns the number of screenshots."""
     with open(ROOT / "src" / "translations" / "languages.csv", encoding="utf-8", newline="") as table:
         languages = list(csv.DictReader(table))
     sections, links, count = [], [], 0
@@ -119,7 +119,7 @@ def write_languages(into: Path) -> int:
 
 
 def write_index(into: Path, scales: Sequence[str], languages: bool) -> int:
-    """Writes index.html: every picture by scale; returns how many there are."""
+    """Writes index.html: every screenshot by scale; returns how many there are."""
     sections, count = [], 0
     for scale in scales:
         figures = figures_of(into / scale, into)
@@ -137,25 +137,25 @@ def write_index(into: Path, scales: Sequence[str], languages: bool) -> int:
 
 
 def update_references(runner: Path) -> None:
-    """Makes the references what the interface shows now; says which ones were something else."""
+    """Replaces reference images by what the interface shows now; prints which changed."""
     if shutil.which("optipng") is None:
         sys.exit("ktr gallery: optipng is missing: tools/bootstrap test")
     with tempfile.TemporaryDirectory(prefix="ktr-references-") as taken:
         take_all(runner, references.SCALES, Path(taken))
         for scale in references.SCALES:
-            pictures = references.by_reference(Path(taken) / scale)
+            images = references.by_reference(Path(taken) / scale)
             folder = references.folder(scale)
             folder.mkdir(parents=True, exist_ok=True)
-            for gone in sorted({path.name for path in folder.iterdir()} - set(pictures)):
+            for gone in sorted({path.name for path in folder.iterdir()} - set(images)):
                 (folder / gone).unlink()
                 print(f"removed {scale}/{gone}")
-            for name, picture in pictures.items():
+            for name, image in images.items():
                 known = (folder / name).exists()
-                if known and not references.Comparison(picture, folder / name).complaint:
+                if known and not references.Comparison(image, folder / name).complaint:
                     continue
                 print(f"{'changed' if known else 'new'} {scale}/{name}")
-                subprocess.run(["optipng", "-quiet", "-o2", "-strip", "all", picture], check=True)
-                shutil.copyfile(picture, folder / name)
+                subprocess.run(["optipng", "-quiet", "-o2", "-strip", "all", image], check=True)
+                shutil.copyfile(image, folder / name)
 
 
 def built_runner() -> Path:
@@ -179,7 +179,7 @@ def arguments(parser: argparse.ArgumentParser) -> None:
 
 
 def run(options: argparse.Namespace) -> int:
-    """Takes the pictures, writes the index."""
+    """Takes the screenshots and writes the index."""
     runner = (options.runner or built_runner()).resolve()
     if options.references:
         update_references(runner)
@@ -188,7 +188,7 @@ def run(options: argparse.Namespace) -> int:
     shutil.rmtree(into, ignore_errors=True)
     take_all(runner, options.scales, into)
     count = write_index(into, options.scales, options.translations is not None)
-    print(f"{count} pictures: {into}/index.html")
+    print(f"{count} screenshots: {into}/index.html")
     if options.translations is not None:
         take_languages(runner, options.translations.resolve(), into / "languages")
         count = min(count, write_languages(into))

@@ -51,7 +51,7 @@ class Input:
         self.release(button)
 
     def double_click(self, x: int, y: int) -> None:
-        """Two left clicks without a pause."""
+        """Double-clicks with the left button."""
         self.click(x, y)
         self.click(x, y)
 
@@ -130,7 +130,7 @@ class Input:
         self._fake(X.KeyRelease, code)
 
     def release_all(self) -> None:
-        """Releases whatever was pressed and never released."""
+        """Releases every button and key that is still pressed."""
         for button in tuple(self._buttons):
             self.release(button)
         for code in tuple(self._keys):

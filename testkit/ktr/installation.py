@@ -1,4 +1,4 @@
-"""Makes a sandbox from a build: the program among fakes of all that is delivered beside it.
+"""Makes a sandbox from a build: the program with fakes of everything delivered beside it.
 
 Several may be made at the same time, each in a folder of its own. An older one in the same place is
 replaced; a folder that is none is refused.
@@ -48,8 +48,8 @@ def assemble(
     old = place.with_name(f"{place.name}.old-{token}")
     tree.mkdir(parents=True)
     try:
-        # First, so that whatever is left of a broken run can be recognised. By the token, fakes of
-        # a replaced sandbox see that theirs is gone.
+        # First, so that the remains of a broken run can be recognised. The token tells fakes of a
+        # replaced sandbox that theirs is gone.
         (tree / _MARK).write_text(f"A sandbox, which may be replaced.\n{token}\n", encoding="utf-8")
         _fill(tree, place, (build or build_directory()).resolve(), program, language)
         if place.exists():

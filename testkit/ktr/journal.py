@@ -1,4 +1,4 @@
-"""What the stand-ins have written down."""
+"""The journal: what the fakes have done."""
 
 from __future__ import annotations
 
@@ -11,33 +11,33 @@ _ITEM = re.compile(r"\[([^\[\]]*)\]")
 
 @dataclass(frozen=True)
 class Entry:
-    """One occurrence: who, what, and its particulars (still escaped; use `text` and `items`)."""
+    """One entry: image, event and details (still escaped; use `text` and `items`)."""
 
     image: str
     event: str
     fields: dict[str, str]
 
     def text(self, key: str) -> str:
-        """A particular as text; `KeyError` when it is not there."""
+        """A detail as text; `KeyError` if it is missing."""
         return unquote(self.fields[key])
 
     def number(self, key: str) -> int:
-        """A particular as a number."""
+        """A detail as a number."""
         return int(self.text(key))
 
     def items(self, key: str) -> list[str]:
-        """A particular that is a list."""
+        """A detail that is a list."""
         raw = self.fields[key]
         if _ITEM.sub("", raw):
             raise ValueError(f"{key}={raw} is not a list")
         return [unquote(item) for item in _ITEM.findall(raw)]
 
     def pairs(self, key: str = "pairs") -> dict[str, str]:
-        """A particular that is a list of `name=value`."""
+        """A detail that is a list of `name=value`."""
         return dict(item.partition("=")[::2] for item in self.items(key))
 
     def matches(self, image: str | None = None, event: str | None = None, **texts: object) -> bool:
-        """Whether it is by that image, of that kind, and has those particulars."""
+        """Whether image, event and details match; None matches any."""
         return (
             image in (None, self.image)
             and event in (None, self.event)

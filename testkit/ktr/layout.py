@@ -1,4 +1,4 @@
-"""Where everything stands in the program's windows, in pixels from the window's top left corner.
+"""Where everything is in the program's windows, in pixels from the window's top left corner.
 
 The numbers hold for a main window without a drop-shadow margin. With one, everything moves by
 `shadow_margin(width)`; `Window.place` adds it. Nothing else in the tests knows a position.
@@ -57,15 +57,15 @@ def ring(row: int) -> Point:
 
 
 GIFT = Rect(FRAME.right - 48 - 210, FRAME.top + (FRAME.height - 140) // 2, 210, 140)
-"""The picture of the coupon pages."""
+"""The image of the coupon pages."""
 COUPON = FRAME
 """The whole coupon area can be clicked."""
 
 FEEDBACK = Rect(FRAME.left, FRAME.top, FRAME.width, 156)
 FEEDBACK_SUBMIT = Rect(FEEDBACK.right - 16 - 100, FEEDBACK.bottom - 16 - 28, 100, 28)
 SUBMIT_EDGE = Point(FEEDBACK_SUBMIT.right - 1, FEEDBACK_SUBMIT.top + 14)
-"""A point of its border, whose colour tells whether it is enabled. On the right: a long text widens
-the button to the left."""
+"""A point of its border, whose colour tells whether it is enabled. On the right, since a long text
+widens the button to the left."""
 FEEDBACK_TEXT = Rect(
     FEEDBACK.left, FEEDBACK.top, FEEDBACK.width, FEEDBACK_SUBMIT.top - FEEDBACK.top
 )
@@ -119,5 +119,5 @@ BOX_TITLE_COLOUR = "#F0F2F5"
 
 
 def face(button: Rect) -> Point:
-    """A point of a button that shows its background: above its text, whatever that is."""
+    """A point of a button that shows its background: above its text."""
     return Point(button.left + button.width // 2, button.top + 4)

@@ -1,12 +1,12 @@
-"""What a program may print on standard error: nearly nothing."""
+"""What a program may print on standard error."""
 
 from __future__ import annotations
 
 import re
 from typing import Iterable
 
-# What the client of the remote configuration logs, and nothing else, belongs on standard error.
-# A text that is logged as such stands between quotation marks.
+# Only the remote-configuration client logs to standard error. Qt puts logged texts in quotation
+# marks.
 _ALLOWED = (
     r"CVantorConfigInstance::.*",
     r"load vantoronlineconfig\.dll error!",
@@ -16,17 +16,17 @@ _ALLOWED = (
     r'"?.* query error!"?',
     r'"?.* has No value!"?',
     r'"?.* is too long! length:-?\d+"?',
-    # Wine does not have this function, and the toolkit does without.
+    # Wine lacks this function; Qt works without it.
     r"EnableNonClientDpiScaling\(\) failed .*\(Call not implemented\.\)",
-    # A link that nothing can open: on Windows the toolkit says so.
+    # On Windows, Qt reports a link that no program can open.
     r"ShellExecute '.*' failed \(error \d+\)\.",
-    # The toolkit asks for the frame of a closing pop-up while the window manager destroys it: a
-    # race between those two that exists on X11 only and that no program can avoid.
+    # Qt asks for the frame of a closing pop-up while the window manager destroys it: a race on
+    # X11 only, which no program can avoid.
     r"qt\.qpa\.xcb: QXcbConnection: XCB error: 3 \(BadWindow\).*TranslateCoords.*",
 )
 
 
 def unexpected_lines(text: str, further: Iterable[str] = ()) -> list[str]:
-    """The lines of a program's standard error that nothing allows; `further` allows more."""
+    """The lines of standard error that are not allowed; `further` allows more."""
     allowed = re.compile("|".join(f"(?:{pattern})" for pattern in (*_ALLOWED, *further)))
     return [line for line in text.splitlines() if not allowed.fullmatch(line)]

@@ -1,4 +1,4 @@
-"""When something is painted on a display, told by the display instead of asked for in a loop."""
+"""Waits for painting on a display, by damage events instead of polling."""
 
 from __future__ import annotations
 
@@ -18,7 +18,7 @@ _ALL_PLANES = 0xFFFFFFFF
 class PaintWatch:
     """Follows every painting on a display.
 
-    The display reports the area after it was painted, so what is seen was really shown, and nobody
+    The display reports the area after it was painted, so what is seen was really shown, and no one
     has to be asked while nothing happens.
     """
 
@@ -51,7 +51,7 @@ class PaintWatch:
             if area is None:
                 raise TimeoutError
             now, seen = time.monotonic(), look()
-            if _has_pixel(self._picture(area), pixel):
+            if _has_pixel(self._image(area), pixel):
                 return now, seen
 
     def _next(self, seconds: float) -> Any:
@@ -66,14 +66,14 @@ class PaintWatch:
             if not select.select([self._connection.fileno()], [], [], left)[0]:
                 return None
 
-    def _picture(self, area: Any) -> bytes:
+    def _image(self, area: Any) -> bytes:
         return bytes(self._root.get_image(
             area.x, area.y, area.width, area.height, X.ZPixmap, _ALL_PLANES).data)
 
 
-def _has_pixel(picture: bytes, pixel: bytes) -> bool:
-    """Whether one of a picture's pixels, of four bytes each, begins with these."""
-    found = picture.find(pixel)
+def _has_pixel(image: bytes, pixel: bytes) -> bool:
+    """Whether a pixel of an image, four bytes each, begins with these bytes."""
+    found = image.find(pixel)
     while found % 4 and found >= 0:
-        found = picture.find(pixel, found + 1)
+        found = image.find(pixel, found + 1)
     return found >= 0

@@ -10,7 +10,7 @@ from __future__ import annotations
 import os
 import sys
 
-# Each unit test under Wine starts here, so what only a new prefix needs is imported later.
+# Each unit test under Wine starts here: import later what only a new prefix needs.
 TYPE_CHECKING = False
 if TYPE_CHECKING:
     import argparse
@@ -63,14 +63,14 @@ def start_server(environment: Mapping[str, str]) -> None:
         return os.waitpid(child, 0)[1]
 
     if quiet("wineserver", "-k0") != 0:
-        # It stays for a while after its last program: one that ends in the moment in which the next
-        # program comes would take that one with it.
+        # The server stays for a while after its last program: if it ended just as the next program
+        # starts, it would end that one, too.
         quiet("wineserver", "-p30")
         quiet("wine", "cmd", "/c", "exit")
 
 
 def _find_kit(kit: str) -> None:
-    """Has programs find Qt's DLLs, and those that the compiler brings along for them."""
+    """Lets programs find Qt's DLLs and those of the compiler's run-time."""
     import subprocess
 
     library = subprocess.check_output(
@@ -118,7 +118,7 @@ def _make_template(template: Path) -> None:
             ["wine", "wineboot", "--init"],
             # The default reports an old Windows, and Qt's kernel version follows it.
             ["wine", "reg", "add", r"HKCU\Software\Wine", "/v", "Version", "/d", "win10", "/f"],
-            # The registry is on disk only when the server has ended.
+            # Wine writes the registry to disk when its server ends.
             ["wineserver", "-w"],
         ):
             if subprocess.call(command, env=environment, stdin=subprocess.DEVNULL,
@@ -128,7 +128,7 @@ def _make_template(template: Path) -> None:
 
 
 def _copy(template: Path, new: Path) -> None:
-    """Shares the system files with the template, since nobody writes to them."""
+    """Shares the system files with the template: no program writes to them."""
     import shutil
     import subprocess
 

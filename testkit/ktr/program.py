@@ -1,4 +1,4 @@
-"""A program that was started in a sandbox: the program under test, or a stand-in."""
+"""A program that was started in a sandbox: the program under test, or a fake."""
 
 from __future__ import annotations
 
@@ -57,7 +57,7 @@ class Started:
 
     @property
     def stdout(self) -> str:
-        """What it and whoever inherited its standard output have written there so far."""
+        """What it, and processes that inherited its standard output, have written so far."""
         return self.stdout_file.read_text(encoding="utf-8", errors="replace")
 
     @property
@@ -97,7 +97,7 @@ class RunningProgram(Started):
         return self.display.windows.of(self._system.owners(self.pid))
 
     def window(self, deadline: float = wait.DEADLINE) -> Window:
-        """Waits for the first window to be shown; gives up when the program ends before."""
+        """Waits until the first window is shown; gives up if the program ends before."""
         return self._wait_window(lambda found: found[:1], "the program's window", deadline)
 
     def ready(self, deadline: float = wait.DEADLINE) -> Window:

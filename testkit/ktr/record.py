@@ -20,7 +20,7 @@ FOLDERS = ("Dravik", "home", "tmp")
 _ONLY_HERE = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..*")
 """Particulars of an entry that tell about the system or the moment, not about the program."""
 _SETTINGS = re.compile(r"\w+ Dravik/bin/(registry\.reg|tasklist\.txt|[^/]+\.(exe|dll)\.txt)", re.I)
-"""What a test itself writes for the stand-ins."""
+"""Files that a test writes for the fakes."""
 _OFTEN = ("tasklist", "SkyrelWrapExe.exe")
 """Asked, or started by each load of the library, as often as time allows: that it was is what counts."""
 
@@ -36,7 +36,7 @@ class Recorder:
         sandbox.display.before_act = self._look
 
     def save(self, folder: Path, name: str) -> None:
-        """Writes the record, and the picture of the window before it was used for the last time."""
+        """Writes the record, and the last screenshot of the window."""
         self._sandbox.display.before_act = None
         folder.mkdir(parents=True, exist_ok=True)
         if self._screenshot is not None:
@@ -59,19 +59,19 @@ class Recorder:
         (folder / f"{name}.json").write_text(json.dumps(record, indent=1), encoding="utf-8")
 
     def _begin(self) -> None:
-        """What the scenario itself has prepared until here is none of the program's doing."""
+        """Takes the first snapshot: what the test itself prepared does not count."""
         if not self._sandbox.programs:
             self._before = self._sandbox.snapshot(FOLDERS)
 
     def _look(self, window: Window) -> None:
-        """Remembers the main window as it is shown with whatever lies above it."""
+        """Keeps a screenshot of the main window, with windows that cover it."""
         program = next((one for one in self._sandbox.programs
                         if one.running and window in one.windows()), None)
         if program is not None:
             try:
                 self._screenshot = program.windows()[0].screenshot()
             except ValueError:
-                pass  # It has been moved partly off the screen: the one before shows more.
+                pass  # Partly off the screen: the previous screenshot shows more.
 
     def _processes(self, entries: list[Entry]) -> list[str]:
         told = [self._line(entry) for entry in entries

@@ -1,4 +1,4 @@
-"""The reference images: which there are, what they are called, when a picture matches one."""
+"""Reference images: their names, and when a screenshot matches one."""
 
 from __future__ import annotations
 
@@ -14,40 +14,40 @@ HERE = REPOSITORY / "tests" / "qml" / "images"
 FONTS = HERE / "fonts.conf"
 SCALES = ("1", "2")
 
-# How far any channel of any pixel may be off; no pixel may be off by more, be it only one. On machines
-# of one kind nothing is: not under load, not for another user, not without the wider instructions of
-# the processor. Room for how other processors and libraries round when they blend.
+# Every pixel must match within this per channel, of 255. On machines of one kind the images are
+# identical: under load, for another user, without the processor's vector instructions. The tolerance
+# covers rounding by other processors and libraries when they blend.
 TOLERANCE = 2
 
 
 def folder(scale: str) -> Path:
-    """Where the references of a scale are."""
+    """The folder with the reference images of a scale."""
     return HERE / "reference" / scale
 
 
 def by_reference(taken: Path) -> dict[str, Path]:
-    """The pictures that `ktr gallery` took into a folder, by the names of their references.
+    """The screenshots of `ktr gallery` in a folder, by the names of their reference images.
 
-    Without the number in front, which changes with the order of the pictures.
+    Without the number in front, which changes with their order.
     """
     named: dict[str, Path] = {}
-    for picture in sorted(taken.glob("*.png")):
-        title = picture.stem.split("-", 1)[1].lower()
+    for screenshot in sorted(taken.glob("*.png")):
+        title = screenshot.stem.split("-", 1)[1].lower()
         name = re.sub(r"[^a-z0-9]+", "-", title) + ".png"
         if name in named:
-            raise ValueError(f"{picture} and {named[name]} would have the same reference")
-        named[name] = picture
+            raise ValueError(f"{screenshot} and {named[name]} would have the same reference image")
+        named[name] = screenshot
     return named
 
 
-def _drawn(picture: Path) -> Image.Image:
-    """A picture as it is drawn: the colour of a transparent pixel does not count."""
-    with Image.open(picture) as image:
+def _drawn(file: Path) -> Image.Image:
+    """An image without the colours of transparent pixels."""
+    with Image.open(file) as image:
         return image.convert("RGBA").convert("RGBa")
 
 
 class Comparison:
-    """Of a picture with its reference."""
+    """A screenshot compared with its reference image."""
 
     def __init__(self, actual: Path, reference: Path) -> None:
         self._actual, self._reference = _drawn(actual), _drawn(reference)

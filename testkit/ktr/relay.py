@@ -1,7 +1,7 @@
-"""What the Windows executable asks of the system: Wine's own trace of the calls, made readable.
+"""The system calls of the Windows executable: Wine's relay trace, made readable.
 
 Wine writes a line for each call with the values of its arguments, and one for what it returned. A
-value is printed as the 64 bits that lie there, a narrower parameter being only the lower part.
+value is printed as the 64 bits that lie there, a smaller parameter being only the lower part.
 Handles and the like differ from run to run, so they are shown by names.
 """
 
@@ -18,7 +18,7 @@ from ktr.wine import Wine
 ROOT = "ROOT"
 """How the sandbox's folder is shown, with and without Windows' own separators."""
 QT = "Qt: "
-"""Begins what is called on the program's behalf."""
+"""Prefix of calls that Qt makes."""
 CONSOLE = "conhost.exe"
 """The image of Windows' console, whose calls are traced, too."""
 
@@ -91,7 +91,7 @@ def start(sandbox: Sandbox) -> RunningProgram:
     sandbox.system.set_user_values(sandbox.root, "Software\\Wine\\Debug", {
         "RelayFromInclude": f"{Wine.program_name};{CONSOLE};Qt5Core",
         "RelayInclude": ";".join(sorted(watched)),
-        # What is left out by default counts before what is to be seen.
+        # Wine's default exclusions would win over the inclusions.
         "RelayFromExclude": None,
         "RelayExclude": None,
     })
@@ -137,7 +137,7 @@ class _Thread:
 
 
 def _calls(trace: str, image: str) -> Iterator[_Call]:
-    """All calls of the image's first thread by itself or the toolkit, in their order."""
+    """All calls of the image's first thread by the program or by Qt, in order."""
     threads: dict[str, _Thread] = {}
     for line in trace.splitlines():
         if loaded := _LOADED.match(line):
@@ -181,7 +181,7 @@ def _arguments(text: str) -> Iterator[tuple[str, str | None]]:
 
 
 class _Namer:
-    """Shows calls, with names for what they are about."""
+    """Formats calls, with names for handles."""
 
     def __init__(self, named: dict[tuple[str, int], str], sandbox: Sandbox) -> None:
         self._named = named
@@ -192,8 +192,8 @@ class _Namer:
         self._qt = {match[2]: match for match in _SIGNATURE.finditer(_QT)}
 
     def line(self, call: _Call) -> str:
-        """The call as a line; empty for one that tells nothing."""
-        # The program itself has no business with what is the toolkit's: that is shown, too.
+        """The call as a line; empty if it is not shown."""
+        # Calls of the program itself to functions that only Qt should call are shown, too.
         self._named["thread", call.thread] = "own-thread"
         signature = (None if call.by_qt else self._program.get(call.name)) \
             or self._qt.get(call.name)

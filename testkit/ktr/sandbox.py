@@ -1,4 +1,4 @@
-"""A pretend installation of the product for one test, with everything that runs in it."""
+"""A sandbox for one test: a fake installation of the product, and everything that runs in it."""
 
 from __future__ import annotations
 
@@ -18,11 +18,11 @@ from ktr.system import Native, Process, RegistryValue
 from ktr.target import system_under_test
 
 FOLDERS = ("Dravik", "home", "tmp", "run")
-"""What the program could leave something in."""
+"""Folders in which the program could leave files."""
 
 
 class Sandbox:
-    """One pretend installation: in a new temporary folder, or at `root`.
+    """One sandbox: in a new temporary folder, or at `root`.
 
     `cleanup` ends what runs in it and removes a temporary one.
     """
@@ -58,17 +58,17 @@ class Sandbox:
         self.programs: list[RunningProgram] = []
         self.fakes: list[Started] = []
 
-    # Stand-ins ---------------------------------------------------------------------------------
+    # Fakes -------------------------------------------------------------------------------------
 
     def configure(self, name: str, **settings: object) -> None:
-        """Tells a stand-in what to do from its next start on.
+        """Tells a fake what to do from its next start on.
 
         Given keys replace those in its text file; a list repeats the key, None removes it.
         """
         configure(self.locate(name), **settings)
 
     def locate(self, name: str) -> Path:
-        """The stand-in or delivered file of that name; `FileNotFoundError` when there is none."""
+        """The fake or delivered file of that name; `FileNotFoundError` if there is none."""
         for folder in (self.bin, self.root / "tools", self.root / "config"):
             for file in (folder / name, folder / (name + self.system.executable_suffix)):
                 if file.exists():
@@ -88,7 +88,7 @@ class Sandbox:
         })
 
     def hold(self, name: str) -> Path:
-        """Lets a stand-in run, from its next start on, until the returned file is deleted."""
+        """Lets a fake run, from its next start on, until the returned file is deleted."""
         file = self.root / "hold" / name
         file.touch()
         self.configure(name, hold_file=file)
@@ -97,10 +97,10 @@ class Sandbox:
     def spawn(
         self, name: str, inside: bool = True, called: str | None = None, **settings: object
     ) -> Started:
-        """Starts a stand-in as something else than the program would.
+        """Starts a fake from the test rather than from the program.
 
-        `inside` the program directory, or in a folder elsewhere; `called` another name (letters
-        of another case, say), for which a copy is made. Settings are as for `configure`.
+        `inside` the program directory, or in a folder elsewhere; `called` another name (in another
+        case, for example), for which a copy is made. Settings are as for `configure`.
         """
         source = self.locate(name)
         executable = (self.bin if inside else self.root / "elsewhere") / (called or name)
@@ -131,7 +131,7 @@ class Sandbox:
     ) -> RunningProgram:
         """Starts the program; `environment` adds variables, or removes those given as None.
 
-        `under` is the command line of a program that then becomes the program, as `nice` does.
+        `under` is the command line of a program that executes the program, as `nice` does.
         """
         self.before_start()
         self.system.give_variables(self.root, environment or {})
@@ -149,7 +149,7 @@ class Sandbox:
     def journal(
         self, image: str | None = None, event: str | None = None, **texts: object
     ) -> list[Entry]:
-        """What the stand-ins have noted so far, or those entries that match."""
+        """What the fakes have noted so far, or those entries that match."""
         try:
             content = (self.root / "journal.log").read_bytes()
         except FileNotFoundError:
@@ -157,14 +157,14 @@ class Sandbox:
         return [entry for entry in parse(content) if entry.matches(image, event, **texts)]
 
     def forget_journal(self) -> None:
-        """Removes what has been noted so far; nobody may be writing."""
+        """Empties the journal; no fake may be writing."""
         (self.root / "journal.log").unlink(missing_ok=True)
 
     def wait_for_journal(
         self, wanted: Callable[[Entry], object], what: str,
         deadline: float = wait.DEADLINE,
     ) -> Entry:
-        """Waits for the first entry that `wanted` likes."""
+        """Waits for the first entry that `wanted` accepts."""
         entries: list[Entry] = wait.until(
             self.journal, f"{what} in the journal", deadline,
             accept=lambda seen: any(wanted(entry) for entry in seen),
@@ -174,14 +174,14 @@ class Sandbox:
     def wait_noted(
         self, image: str, event: str, deadline: float = wait.DEADLINE, **texts: object
     ) -> Entry:
-        """Waits for an entry by its image, its event and its particulars."""
+        """Waits for an entry by its image, event and details."""
         return self.wait_for_journal(
             lambda entry: entry.matches(image, event, **texts),
             f"{image} {event} {texts or ''}".strip(), deadline,
         )
 
     def processes(self, name: str | None = None) -> list[Process]:
-        """The running processes of this installation, or those of one exact image name."""
+        """The running processes of this sandbox, or those of one exact image name."""
         found = self.system.processes(self.root)
         return [process for process in found if name in (None, process.name)]
 
@@ -224,11 +224,11 @@ class Sandbox:
         self.handle_file.write_bytes(data)
 
     def instance_lock_held(self) -> bool:
-        """Whether an instance is running, as the next one would find out."""
+        """Whether an instance holds the lock, as the next one would find out."""
         return self.system.instance_lock_held(self.root)
 
     def holding_instance_lock(self) -> AbstractContextManager[None]:
-        """Behaves like an instance without a window, for a `with` statement."""
+        """Holds the instance lock without a window, for a `with` statement."""
         return self.system.holding_instance_lock(self.root)
 
     # The end -----------------------------------------------------------------------------------
@@ -239,7 +239,7 @@ class Sandbox:
             started.kill()
 
     def leftovers(self, deadline: float = 20.0) -> list[Process]:
-        """Who still runs here, after giving them a while to end by themselves."""
+        """Processes that still run here after a while to end by themselves."""
         try:
             wait.until(
                 lambda: self.system.offspring(self.root), "no process to be left", deadline,
@@ -250,7 +250,7 @@ class Sandbox:
         return []
 
     def cleanup(self) -> None:
-        """Ends every process of this installation and removes it."""
+        """Ends every process of this sandbox and removes it."""
         def end_all() -> list[Process]:
             processes = self.system.offspring(self.root)
             for process in processes:

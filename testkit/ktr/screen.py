@@ -1,4 +1,4 @@
-"""What is to be seen on the display: pictures, colours, and waiting for them."""
+"""Screenshots and colours of a display, and waiting for them."""
 
 from __future__ import annotations
 
@@ -36,7 +36,7 @@ def is_close(one: Colour, other: Colour, tolerance: int = TOLERANCE) -> bool:
 
 
 class Screen:
-    """The picture of one display; positions are root coordinates."""
+    """What one display shows; positions are root coordinates."""
 
     def __init__(self, display: "Display") -> None:
         self._display = display
@@ -44,7 +44,7 @@ class Screen:
         self.area = Rect(0, 0, size.width, size.height)
 
     def screenshot(self, area: Rect | None = None) -> Image.Image:
-        """What is to be seen in an area, or on the whole screen."""
+        """A screenshot of an area, or of the whole screen."""
         part = area or self.area
         if not (self.area.contains(part.origin) and part.right <= self.area.right
                 and part.bottom <= self.area.bottom):
@@ -55,7 +55,7 @@ class Screen:
         return Image.frombytes("RGB", part.size, image.data, "raw", "BGRX")
 
     def save(self, path: Path, area: Rect | None = None) -> Path:
-        """Writes the picture of an area, or of the whole screen, as a PNG file."""
+        """Writes a screenshot of an area, or of the whole screen, as a PNG file."""
         path.parent.mkdir(parents=True, exist_ok=True)
         self.screenshot(area).save(path)
         return path
@@ -106,7 +106,7 @@ class Screen:
     def wait_steady(
         self, area: Rect, quiet: float = 0.5, deadline: float = wait.DEADLINE
     ) -> Image.Image:
-        """Waits until an area has not changed for `quiet` seconds; returns its picture."""
+        """Waits until an area has not changed for `quiet` seconds; returns a screenshot of it."""
         last = self.screenshot(area)
         since = time.monotonic()
 

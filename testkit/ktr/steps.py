@@ -71,14 +71,14 @@ def complete_text_seen(window: Window) -> bool:
 def wait_given_up(sandbox: Sandbox) -> None:
     """Waits until the program has asked for the uninstaller for the last time.
 
-    The task list must note its queries.
+    `tasklist` must note its queries.
     """
     wait.until(lambda: questions(sandbox), f"{POLLS} queries for the uninstaller",
                accept=lambda count: count >= POLLS)
 
 
 def questions(sandbox: Sandbox) -> int:
-    """How often the task list has been asked for the uninstaller; it must note its queries."""
+    """How often `tasklist` was asked for the uninstaller; it must note its queries."""
     entries = sandbox.journal("tasklist", "query")
     return sum("uninstall.exe" in entry.text("args") for entry in entries)
 
@@ -145,7 +145,7 @@ def reasons_given(sandbox: Sandbox) -> list[tuple[str, str, str]]:
 
 
 _known_looks: dict[bytes, int] = {}
-"""The reasons by how their rows look, as `learn_reasons` has found out."""
+"""The reasons by how their rows look; `learn_reasons` fills it."""
 
 
 def learn_reasons(
@@ -199,9 +199,9 @@ def row_of(window: Window, reason: int) -> int:
 
 
 def reasons_seen(window: Window) -> bool:
-    """Whether the first reason is to be seen, or would be behind a coupon.
+    """Whether the first reason is visible, or would be behind a coupon.
 
-    Only its upper part is looked at: there nothing of a coupon stands, the price begins below.
+    Checks its upper part only: a coupon's price begins below.
     """
     return any(_ink(window, 0, 13))
 
@@ -216,8 +216,8 @@ def _ink(window: Window, row: int, height: int = 19) -> bytes:
     """Where a row has dark pixels."""
     area = layout.reason(row)
     text = layout.Rect(area.left + 20, area.top, 280, height)
-    picture = window.screen.screenshot(window.area(text)).convert("L")
-    return bytes(picture.point(lambda value: 255 if value < 100 else 0).tobytes())
+    image = window.screen.screenshot(window.area(text)).convert("L")
+    return bytes(image.point(lambda value: 255 if value < 100 else 0).tobytes())
 
 
 def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
@@ -256,20 +256,20 @@ def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> 
 
 
 def title(window: Window) -> bytes:
-    """The title as it is drawn, once it stands still; for comparing with another."""
+    """The title as drawn, once it no longer changes, for comparison."""
     return bytes(window.screen.wait_steady(window.area(layout.TITLE_LABEL), 0.3).tobytes())
 
 
 def page_screenshot(window: Window) -> bytes:
-    """The page as it is drawn, once it stands still, without what the pointer would change."""
+    """The page as drawn, once it no longer changes, with the pointer elsewhere."""
     window.hover(layout.TITLE_GRIP)
     return bytes(window.screen.wait_steady(window.area(layout.PAGE), 0.3).tobytes())
 
 
 def wait_coupon(window: Window) -> None:
-    """Waits until the coupon's picture is to be seen."""
+    """Waits until the coupon's image is visible."""
     wait.until(lambda: window.screen.share(window.area(layout.GIFT), layout.GIFT_COLOUR, 24),
-               "the picture of the gift", accept=lambda share: share > 0.05)
+               "the image of the gift", accept=lambda share: share > 0.05)
 
 
 def write(window: Window, text: str) -> None:

@@ -22,7 +22,7 @@ if TYPE_CHECKING:
     from ktr.window import Window
 
 MUTEX = "ktr_uninstall_version_2023_Ostrel_Torvan"
-"""The name by which running instances find each other."""
+"""The name of the single-instance mutex."""
 
 PASSED_THROUGH = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
 """The only variables that a program under test gets from outside: settings of sanitizers."""
@@ -62,48 +62,48 @@ class Native:
     program_name = "UninstallUI"
     executable_suffix = ""
     commands = "tools"
-    """The folder of a sandbox in which the commands of the system are found first."""
+    """The sandbox folder that leads the search path for system commands."""
     empty_variable = "empty"
-    """What becomes of a variable that the program sets to nothing."""
+    """What happens to a variable that the program sets to an empty value."""
     has_lock_file = True
     """Whether the single-instance lock is a file, which stays."""
     has_execute_bit = True
-    """Whether a file says that it may be run."""
+    """Whether files have an execute bit."""
     gives_focus = True
     """Whether a window that another program brings to the front gets the focus, too."""
     modules_beside_program = False
-    """Whether the toolkit's QML modules lie beside the program rather than in the system."""
+    """Whether Qt's QML modules lie beside the program rather than in the system."""
     handle_bits = 64
-    """How much of a window handle counts."""
+    """How many bits of a window handle are significant."""
     without_privileges = (
         ("/usr/bin/setpriv", "--bounding-set=-dac_override,-dac_read_search")
         if os.geteuid() == 0 else ())
-    """A command that becomes another one for which permissions count, whoever runs it."""
+    """A command that drops the rights of root, so that file permissions count."""
     terminated = -signal.SIGKILL
     """The status of a process that another one has terminated."""
 
     def prepare(self, root: Path) -> None:
-        """What a sandbox that has just been laid out needs besides its files: nothing."""
+        """Prepares a new sandbox beyond its files: nothing to do."""
 
     def finish(self, root: Path) -> None:
-        """Ends what the system itself still runs for a sandbox: nothing."""
+        """Ends system processes of a sandbox: there are none."""
 
     def shown(self, path: Path) -> str:
         """A path as the programs of the system write it."""
         return str(path)
 
     def hide_modules(self, program: Path) -> None:
-        """Keeps the toolkit from finding its QML modules, but not its plug-ins."""
+        """Keeps Qt from finding its QML modules, but not its plug-ins."""
         plugins = next(Path("/usr/lib").glob("*/qt5/plugins"))
         (program / "qt.conf").write_text(
             f"[Paths]\nPlugins={plugins}\nQml2Imports=/nowhere\nImports=/nowhere\n")
 
     def empty_from_outside(self, name: str) -> str:
-        """What a program sees of a variable that is set to nothing for it."""
+        """What a program sees of a variable that is set to an empty value."""
         return "empty"
 
     def multibyte(self, text: str) -> str:
-        """A text after its way through the system's 8-bit encoding."""
+        """A text after conversion to the system's multibyte encoding and back."""
         return text
 
     def publishes(self, handle: int | None, window: "Window") -> bool:
@@ -111,7 +111,7 @@ class Native:
         return handle == window.identifier
 
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
-        """Sets variables that would not reach a program through its environment: there are none."""
+        """Sets variables that do not reach a program through its environment: there are none."""
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
         """Replaces the registry with these values under the local machine; None is left out."""
@@ -126,7 +126,7 @@ class Native:
         return [str(executable), *arguments]
 
     def environment(self, root: Path, display: str, tools: Path | None = None) -> dict[str, str]:
-        """The whole environment of a program in the sandbox at `root`; nothing else leaks in.
+        """The whole environment of a program in the sandbox at `root`; nothing else is inherited.
 
         `tools` replaces the sandbox's own folder at the front of PATH.
         """
@@ -175,7 +175,7 @@ class Native:
         return root / "run" / f"{MUTEX}.lock"
 
     def instance_lock_held(self, root: Path) -> bool:
-        """Whether somebody holds the single-instance lock.
+        """Whether a process holds the single-instance lock.
 
         The lock is tried and given back at once: do not ask while another program starts.
         """

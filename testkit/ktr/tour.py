@@ -1,4 +1,4 @@
-"""Takes the program through its main job on a virtual display, with real input events, and says
+"""Takes the program through its main job on a virtual display, with real input events, and prints
 step by step what happened. Status 0 only when every step was seen."""
 
 from __future__ import annotations
@@ -33,19 +33,19 @@ class Tour:
         self.known_look_ups = 0
 
     def screenshot(self, window: Window, name: str) -> str:
-        """Saves what is to be seen of a window; returns where."""
+        """Saves a screenshot of a window; returns its path."""
         self.taken += 1
         file = self.folder / f"{self.taken:02}-{name}.png"
         window.screenshot().save(file)
-        return f"picture: {file}"
+        return f"screenshot: {file}"
 
     def events(self) -> list[str]:
-        """The usage events that have come in since this was asked last."""
+        """The usage events since the last call."""
         known, self.known_events = self.known_events, steps.events(self.sandbox)
         return [f"usage event: {' / '.join(event)}" for event in self.known_events[len(known):]]
 
     def look_ups(self) -> list[str]:
-        """What the remote configuration has been asked for since this was asked last."""
+        """The look-ups in the remote configuration since the last call."""
         entries = self.sandbox.journal("vantoronlineconfig.dll")
         new, self.known_look_ups = entries[self.known_look_ups:], len(entries)
         prefixes = [f"configuration prefix: {entry.text('prefix')}" for entry in new
@@ -87,7 +87,7 @@ class Tour:
         hold = sandbox.hold("uninstall.exe")
         product = sandbox.spawn("KTRUI.exe")
         sandbox.wait_noted("KTRUI.exe", "start")
-        # What the engine compiles while it runs, valgrind would have to follow.
+        # valgrind would have to follow code that the JIT compiles.
         interpreted: dict[str, str | None] = {"QV4_FORCE_INTERPRETER": "1"} if self.under else {}
         program = sandbox.start(under=self.under, environment=interpreted)
         window = program.ready()
@@ -131,7 +131,7 @@ class Tour:
 
 
 def valgrind(log: Path | None) -> list[str]:
-    """The command line under which the program is checked, if it is; an error ends it with 99."""
+    """valgrind's command line, if the program is to be checked; an error gives status 99."""
     return [] if log is None else [
         "valgrind", "--error-exitcode=99", f"--log-file={log.resolve()}", "--trace-children=no",
         f"--suppressions={REPOSITORY}/tests/valgrind.supp"]
@@ -154,8 +154,8 @@ def run(options: argparse.Namespace) -> int:
         try:
             Tour(sandbox, options.screenshots, valgrind(options.valgrind)).walk()
         except (AssertionError, wait.TimedOut) as missing:
-            picture = display.screen.save(options.screenshots / "failed.png")
-            print(f"ktr tour: this step was not seen: {missing}\nscreen: {picture}", file=sys.stderr)
+            image = display.screen.save(options.screenshots / "failed.png")
+            print(f"ktr tour: this step was not seen: {missing}\nscreen: {image}", file=sys.stderr)
             return 1
         finally:
             sandbox.cleanup()

@@ -1,4 +1,4 @@
-"""What lies in a folder, and what has become different there."""
+"""Snapshots of folders, and their differences."""
 
 from __future__ import annotations
 
@@ -9,7 +9,7 @@ from dataclasses import dataclass, field
 from pathlib import Path
 
 Tree = dict[str, str]
-"""Paths relative to the root, in plain text order, each with what there is to know about it."""
+"""Paths relative to the root, in plain text order, each with kind, permissions and content."""
 
 
 @dataclass(frozen=True)
@@ -39,7 +39,7 @@ def snapshot(root: Path, folders: tuple[str, ...]) -> Tree:
 
 
 def compare(before: Tree, after: Tree) -> Difference:
-    """What has come, gone and changed between two snapshots."""
+    """What was added, removed and changed between two snapshots."""
     return Difference(
         added=[path for path in after if path not in before],
         removed=[path for path in before if path not in after],

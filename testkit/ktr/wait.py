@@ -1,4 +1,4 @@
-"""The one way of waiting: for a condition, with a deadline, and with a telling failure."""
+"""Waits for a condition, with a deadline and a failure that says what was awaited."""
 
 from __future__ import annotations
 
@@ -9,10 +9,10 @@ from typing import Callable, TypeVar
 DEADLINE = 60.0 * float(os.environ.get("KTR_PATIENCE", "1"))
 """Seconds that anything may take by default: generous, since test machines are slow and noisy.
 
-`KTR_PATIENCE` multiplies it for a program that is slowed down on purpose."""
+`KTR_PATIENCE` multiplies it for a program that runs slowly on purpose."""
 
 PAUSE = 0.02
-"""Seconds between two looks at a condition."""
+"""Seconds between two checks of a condition."""
 
 Value = TypeVar("Value")
 
@@ -31,7 +31,7 @@ def until(
     deadline: float = DEADLINE,
     accept: Callable[[Value], object] = bool,
 ) -> Value:
-    """Calls `look` until `accept` likes what it returns, and returns that.
+    """Calls `look` until `accept` accepts what it returns, and returns that.
 
     `what` completes the sentence "waited for ...". After `deadline` seconds `TimedOut` is raised,
     naming what was awaited and what was seen last. At least one look is taken.

@@ -37,7 +37,7 @@ class Window:
 
     @property
     def screen(self) -> "Screen":
-        """The picture of the display that it is on."""
+        """The screen that it is on."""
         return self._display.screen
 
     @property
@@ -71,7 +71,7 @@ class Window:
 
     @property
     def active(self) -> bool:
-        """Whether it has the input focus, as the window manager tells."""
+        """Whether it has the input focus, according to the window manager."""
         return self._display.windows.active() == self
 
     @property
@@ -211,7 +211,7 @@ class Window:
 
     @property
     def icons(self) -> dict[tuple[int, int], tuple[int, int, int]]:
-        """The pictures that it gives the desktop for itself: by size, the colour of the middle."""
+        """The icons that it publishes: by size, the colour of the centre."""
         data = list(self._property("_NET_WM_ICON", Xatom.CARDINAL) or [])
         icons = {}
         while data:

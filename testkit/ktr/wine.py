@@ -61,7 +61,7 @@ class Wine(Native):
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
         """Sets variables that Wine keeps from its programs for those that start from now on.
 
-        Wine drops the names of the toolkit, which it takes for another system's, and has folders
+        Wine drops Qt's variables, which it takes for another system's, and has folders
         for temporary files of its own.
         """
         kept = {name: value or None for name, value in variables.items()
@@ -121,7 +121,7 @@ class Wine(Native):
         return "Z:" + str(path).replace("/", "\\")
 
     def hide_modules(self, program: Path) -> None:
-        """Keeps the toolkit from finding its QML modules: those beside the program go."""
+        """Keeps Qt from finding its QML modules: removes those beside the program."""
         shutil.rmtree(program / "QtQuick" / "Controls.2")
 
     def empty_from_outside(self, name: str) -> str:

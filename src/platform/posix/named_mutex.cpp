@@ -110,8 +110,8 @@ NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
 void NamedMutex::Release()
 {
     // The lock stands for the mutex's existence, not for its ownership: another process finds a
-    // mutex that nobody owns until its handle is closed. Ownership as such is seen by nobody, since
-    // nobody waits for it.
+    // mutex without an owner until its handle is closed. No process can tell the difference, since
+    // none waits for the mutex.
 }
 
 void NamedMutex::Close()

@@ -31,7 +31,7 @@ public:
     ScopedEnvironmentLocale &operator=(ScopedEnvironmentLocale &&) = delete;
 
 private:
-    // Nobody has chosen an encoding then. File names are UTF-8 all the same, for Qt as well.
+    // The locale then names no encoding. File names are UTF-8 all the same, also for Qt.
     static bool KnowsAsciiOnly(locale_t locale)
     {
         return std::string_view(::nl_langinfo_l(CODESET, locale)) == "ANSI_X3.4-1968";

@@ -32,7 +32,7 @@ struct ConnectionTraits
 };
 
 /// A connection of its own to the X display that `DISPLAY` names: a second start has no Qt
-/// application to borrow one from, and an error on it hurts nobody else.
+/// application to borrow one from, and an error on it affects no other connection.
 class XConnection
 {
 public:

@@ -29,7 +29,7 @@ class TelemetryBinding
 public:
     /// Loads the library from the program directory and resolves its entry points. Needs nothing
     /// that static initialisation could still owe, since the process's binding is built before
-    /// `main`; building it again on the same object clears the table and loads anew.
+    /// `main`; building it again on the same object clears the table and loads again.
     TelemetryBinding();
     ~TelemetryBinding() = default;
     TelemetryBinding(const TelemetryBinding &) = delete;

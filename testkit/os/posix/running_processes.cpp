@@ -39,11 +39,11 @@ std::uint64_t MemoryKb(const std::string &process)
     const ssize_t length = ::read(descriptor, buffer.data(), buffer.size() - 1);
     ::close(descriptor);
     const std::string text(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
-    const auto blank = text.find(' ');
-    if (blank == std::string::npos) {
+    const auto space = text.find(' ');
+    if (space == std::string::npos) {
         return 0;
     }
-    const auto pages = std::strtoull(text.c_str() + blank, nullptr, 10);
+    const auto pages = std::strtoull(text.c_str() + space, nullptr, 10);
     return pages * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE)) / 1024U;
 }
 
