@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import subprocess
 from contextlib import contextmanager
-from typing import Iterator
+from typing import IO, Iterator, cast
 
 from ktr import wait
 
@@ -31,9 +31,8 @@ class Clipboard:
         # -quiet keeps it in the foreground.
         with subprocess.Popen([*self._xclip, selection.lower(), "-in", "-quiet"],
                               stdin=subprocess.PIPE, stderr=subprocess.DEVNULL) as owner:
-            assert owner.stdin
-            owner.stdin.write(text.encode("utf-8"))
-            owner.stdin.close()
+            with cast(IO[bytes], owner.stdin) as pipe:
+                pipe.write(text.encode("utf-8"))
             try:
                 wait.until(lambda: self.read(selection) == text, f"{selection} to be owned")
                 yield

@@ -87,7 +87,8 @@ _SIGNATURE = re.compile(r"(\w+)\.(\w+)\((.*)\)( = number)?(?: (->|=>) (\w+) ([\w
 def start(sandbox: Sandbox) -> RunningProgram:
     """Starts the program so that its calls are written on its standard error."""
     watched = {f"{match[1]}.{match[2]}" for match in _SIGNATURE.finditer(_PROGRAM + _QT)}
-    assert isinstance(sandbox.system, Wine)
+    if not isinstance(sandbox.system, Wine):
+        raise TypeError("only Wine traces calls")
     sandbox.system.set_user_values(sandbox.root, "Software\\Wine\\Debug", {
         "RelayFromInclude": f"{Wine.program_name};{CONSOLE};Qt5Core",
         "RelayInclude": ";".join(sorted(watched)),

@@ -26,12 +26,9 @@ def wait_climbing(window: Window, beyond: float = 0.0, patience: float = 0.0) ->
 
     `patience` is how many seconds that may take longer than usual.
     """
-    fraction = wait.until(
-        window.bar_fraction, f"the bar to be filled beyond {beyond:g}", wait.DEADLINE + patience,
-        accept=lambda seen: seen is not None and seen > beyond,
-    )
-    assert fraction is not None
-    return fraction
+    return wait.until(
+        lambda: window.bar_fraction() or 0.0, f"the bar to be filled beyond {beyond:g}",
+        wait.DEADLINE + patience, accept=lambda seen: seen > beyond)
 
 
 def uninstall_held(sandbox: Sandbox, window: Window, beyond: float = 0.0) -> Path:
@@ -56,7 +53,7 @@ def wait_complete(window: Window) -> None:
     wait.until(lambda: complete_text_seen(window), "the green text")
     window.hover(layout.TITLE_GRIP)
     window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
-    assert window.bar_fraction() is None
+    wait.expect("progress bar", window.bar_fraction(), None)
 
 
 def complete_text_seen(window: Window) -> bool:
@@ -85,18 +82,19 @@ def questions(sandbox: Sandbox) -> int:
 
 def expect_end(sandbox: Sandbox, program: RunningProgram, cleanup: bool) -> None:
     """The program ends with status 0 and, or not, with the clean-up and the companion ended."""
-    assert program.wait_exit() == 0
+    wait.expect("exit status", program.wait_exit(), 0)
     events(sandbox)
-    assert sandbox.read_handle() is None
-    assert not sandbox.instance_lock_held()
+    wait.expect("handle file", sandbox.read_handle(), None)
+    wait.expect("instance lock held", sandbox.instance_lock_held(), False)
     if cleanup:
         entry = sandbox.wait_noted("clearKTR.bat", "start")
-        assert entry.items("args") == [sandbox.shown(sandbox.root / "Dravik")]
+        wait.expect("clean-up arguments", entry.items("args"),
+                    [sandbox.shown(sandbox.root / "Dravik")])
         sandbox.wait_processes("SkyrelWrapExe.exe", 0)
-        assert not sandbox.journal("SkyrelWrapExe.exe", "end"), "the companion ended by itself"
+        wait.expect("companion ended by itself", sandbox.journal("SkyrelWrapExe.exe", "end"), [])
     else:
         sandbox.wait_noted("SkyrelWrapExe.exe", "end")
-        assert not sandbox.journal("clearKTR.bat")
+        wait.expect("clean-up", sandbox.journal("clearKTR.bat"), [])
 
 
 # The pages ------------------------------------------------------------------------------------
@@ -118,15 +116,15 @@ def events(sandbox: Sandbox) -> list[tuple[str, str, str]]:
     found = []
     for entry in sandbox.journal("SkyrelWrap.DLL", "SkyrelSendInfo"):
         names, values = zip(*(item.split("=", 1) for item in entry.items("pairs")))
-        assert names in (("torvanSendType", "Window", "Activity"),
-                         ("torvanSendType", "Window", "Activity", "Attribute")), entry
-        assert values[0] == "0"
-        # The two flags, the texts, the end marker.
-        assert entry.number("count") == 2 + 2 * len(names) + 1
-        assert (entry.text("flag"), entry.text("wide")) == ("0", "1")
+        wait.expect(f"names in {entry}", names,
+                    ("torvanSendType", "Window", "Activity", "Attribute")[:max(3, len(names))])
+        # The argument count: the two flags, the texts, the end marker.
+        wait.expect(f"form of {entry}",
+                    (values[0], entry.number("count"), entry.text("flag"), entry.text("wide")),
+                    ("0", 2 + 2 * len(names) + 1, "0", "1"))
         shown, activity, attribute = (*values[1:], "")[:3]
         found.append((shown, activity, attribute))
-    assert not sandbox.journal("SkyrelWrap.DLL", "unexpected")
+    wait.expect("misuse of the library", sandbox.journal("SkyrelWrap.DLL", "unexpected"), [])
     return found
 
 
@@ -194,7 +192,7 @@ def row_of(window: Window, reason: int) -> int:
         return 3
     numbers = [_known_looks.get(look) for look in _looks(window)]
     if reason not in numbers:
-        raise AssertionError(f"reason {reason} is in none of the rows: {numbers}")
+        raise wait.Unexpected(f"reason {reason} is in none of the rows: {numbers}")
     return numbers.index(reason)
 
 
@@ -222,7 +220,7 @@ def _ink(window: Window, row: int, height: int = 19) -> bytes:
 
 def choose(sandbox: Sandbox, window: Window, reason: int) -> None:
     """Chooses a reason of the English window with the mouse; waits for its page."""
-    assert choose_row(sandbox, window, row_of(window, reason)) == reason
+    wait.expect("chosen reason", choose_row(sandbox, window, row_of(window, reason)), reason)
 
 
 def choose_row(sandbox: Sandbox, window: Window, row: int) -> int:
@@ -234,7 +232,8 @@ def choose_row(sandbox: Sandbox, window: Window, row: int) -> int:
     window.click(layout.reason(row))
     event = wait_event(sandbox, "Result_Question_Why_Unistall", given + 1)
     numbers = {reported(reason): reason for reason in REASONS}
-    assert event in numbers, f"no reason is reported like this: {event}"
+    if event not in numbers:
+        raise wait.Unexpected(f"no reason is reported like this: {event}")
     wait_page(sandbox, window, numbers[event], given + 1)
     return numbers[event]
 
@@ -247,7 +246,8 @@ def reported(reason: int) -> tuple[str, str, str]:
 
 def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> None:
     """Waits until a reason, the `count`-th one here, has been reported and its page is seen."""
-    assert wait_event(sandbox, "Result_Question_Why_Unistall", count) == reported(reason)
+    wait.expect("reported reason", wait_event(sandbox, "Result_Question_Why_Unistall", count),
+                reported(reason))
     if reason in (1, 2):
         wait_coupon(window)
     else:

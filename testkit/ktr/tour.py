@@ -64,7 +64,7 @@ class Tour:
     def feedback(self, window: Window) -> None:
         """Chooses a reason, opens the link, gives a feedback, and is thanked with a coupon."""
         # The only reason whose row is fixed.
-        assert steps.choose_row(self.sandbox, window, 3) == 4
+        wait.expect("reason in the last row", steps.choose_row(self.sandbox, window, 3), 4)
         say("A reason is chosen: the feedback box", *self.events())
         window.click(layout.FEEDBACK_LINK)
         link = self.opened(1)
@@ -127,7 +127,7 @@ class Tour:
             f"in {entry.text('cwd')}, nice {entry.text('nice')}")
         unexpected = unexpected_lines(program.stderr)
         if unexpected:
-            raise AssertionError(f"on standard error: {unexpected}")
+            raise wait.Unexpected(f"on standard error: {unexpected}")
 
 
 def valgrind(log: Path | None) -> list[str]:

@@ -25,6 +25,16 @@ class Doomed(AssertionError):
     """An awaited condition cannot come true any more; raised by predicates to give up early."""
 
 
+class Unexpected(AssertionError):
+    """The program did something else than it must."""
+
+
+def expect(what: str, seen: object, wanted: object) -> None:
+    """Raises `Unexpected`, with both values, unless they are equal."""
+    if seen != wanted:
+        raise Unexpected(f"{what}: {_short(seen)} instead of {_short(wanted)}")
+
+
 def until(
     look: Callable[[], Value],
     what: str,

@@ -206,7 +206,8 @@ class Window:
     def opacity(self, point: Point) -> int:
         """How opaque it is at a point of its own: from 0, nothing, to 255."""
         image = self._window.get_image(point.x, point.y, 1, 1, X.ZPixmap, 0xFFFFFFFF)
-        assert image.depth == 32, "the window can be transparent"
+        if image.depth != 32:
+            raise ValueError(f"{self!r} cannot be transparent")
         return int(image.data[3])
 
     @property
@@ -262,7 +263,7 @@ class Window:
     def _geometry(self) -> Rect:
         geometry = self.geometry
         if geometry is None:
-            raise AssertionError(f"window {self.identifier:#x} does not exist any more")
+            raise wait.Unexpected(f"window {self.identifier:#x} does not exist any more")
         return geometry
 
     def _property(self, name: str, kind: int | str) -> Any:

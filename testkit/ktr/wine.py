@@ -156,15 +156,16 @@ class Wine(Native):
                        accept=lambda left: not left)
 
     def instance_lock_held(self, root: Path) -> bool:
-        """Whether somebody has the single-instance mutex."""
+        """Whether a process has the single-instance mutex."""
         return self._mutex(root, "probe").wait(wait.DEADLINE) == 1
 
     @contextmanager
     def holding_instance_lock(self, root: Path) -> Iterator[None]:
         """Holds the single-instance mutex as an instance without a window would."""
         with self._mutex(root, "hold") as holder:
-            assert holder.stdin and holder.stdout
-            assert holder.stdout.readline().strip() == b"held"
+            if not holder.stdin or not holder.stdout \
+                    or holder.stdout.readline().strip() != b"held":
+                raise RuntimeError("the mutex could not be held")
             try:
                 yield
             finally:
