@@ -24,35 +24,23 @@ TEST(LinkColour, IsTheLinkRoleOfThePaletteAndNothingElse)
     QGuiApplication::setPalette(before);
 }
 
-class WindowIcon : public testing::Test
+TEST(WindowIcon, LiesBesideTheProgramDirectoryOrIsMissing)
 {
-protected:
-    void TearDown() override
-    {
-        QGuiApplication::setWindowIcon(QIcon());
-    }
+    const QTemporaryDir product;
+    // The program directory itself need not be there for its parent to be.
+    ApplyWindowIcon(product.filePath("bin"));
+    EXPECT_TRUE(QGuiApplication::windowIcon().pixmap(16).isNull());
 
-    QTemporaryDir product_;
-};
-
-TEST_F(WindowIcon, LiesBesideTheProgramDirectory)
-{
-    ASSERT_TRUE(QDir(product_.path()).mkdir(QStringLiteral("res")));
+    ASSERT_TRUE(QDir(product.path()).mkdir("res"));
     QImage picture(16, 16, QImage::Format_RGB32);
     picture.fill(Qt::green);
     // What is inside counts, not what the name says.
-    ASSERT_TRUE(picture.save(product_.filePath(QStringLiteral("res/install_box.ico")), "PNG"));
-    // The program directory itself need not be there for its parent to be.
-    ApplyWindowIcon(product_.filePath(QStringLiteral("bin")));
+    ASSERT_TRUE(picture.save(product.filePath("res/install_box.ico"), "PNG"));
+    ApplyWindowIcon(product.filePath("bin"));
     const QImage shown = QGuiApplication::windowIcon().pixmap(16).toImage();
     ASSERT_EQ(shown.size(), picture.size());
     EXPECT_EQ(shown.pixelColor(8, 8), QColor(Qt::green));
-}
-
-TEST_F(WindowIcon, AMissingOneIsNone)
-{
-    ApplyWindowIcon(product_.filePath(QStringLiteral("bin")));
-    EXPECT_TRUE(QGuiApplication::windowIcon().pixmap(16).isNull());
+    QGuiApplication::setWindowIcon(QIcon());
 }
 
 } // namespace

@@ -1,32 +1,21 @@
 #include "app/instance_guard.h"
 #include "platform/named_mutex.h"
-#include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdint>
-#include <string>
 
 namespace {
 
 const std::string kName = "ktr_uninstall_version_2023_Ostrel_Torvan";
 
-// Somebody else's lock of that name.
-platform::NamedMutex CreateOther(std::uint32_t &error)
-{
-    return platform::NamedMutex::Create({kName.begin(), kName.end()}, error);
-}
-
 class InstanceGuard : public testing::Test
 {
 protected:
-    // Somebody else's attempt on the same lock.
+    // The error of another program's attempt on the same mutex.
     static std::uint32_t Try()
     {
         std::uint32_t error = platform::kErrorNone;
-        platform::NamedMutex other = CreateOther(error);
-        other.Release();
+        platform::NamedMutex::Create({kName.begin(), kName.end()}, error).Release();
         return error;
     }
 
@@ -39,35 +28,29 @@ protected:
     contract::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", lockFolder_.Path().string()};
 };
 
-TEST_F(InstanceGuard, TheFirstHoldsTheLockUntilItReleasesIt)
+TEST_F(InstanceGuard, TheFirstHoldsTheMutexUntilItReleasesIt)
 {
     EXPECT_FALSE(CheckAlreadyRunning());
     EXPECT_EQ(Try(), platform::kErrorAlreadyExists);
-    ReleaseInstanceMutex();
-    EXPECT_EQ(Try(), platform::kErrorNone);
+    for (int release = 0; release < 3; ++release) { // without the mutex it does nothing
+        ReleaseInstanceMutex();
+        EXPECT_EQ(Try(), platform::kErrorNone);
+    }
 }
 
-TEST_F(InstanceGuard, ReleasingWithoutTheLockDoesNothing)
-{
-    ReleaseInstanceMutex();
-    ReleaseInstanceMutex();
-    EXPECT_EQ(Try(), platform::kErrorNone);
-}
-
-TEST_F(InstanceGuard, AnotherHolderMeansAlreadyRunningAndLeavesItsLockAlone)
+TEST_F(InstanceGuard, AnotherHolderMeansAlreadyRunningAndLeavesItsMutexAlone)
 {
     std::uint32_t error = platform::kErrorNone;
-    platform::NamedMutex other = CreateOther(error);
+    auto other = platform::NamedMutex::Create({kName.begin(), kName.end()}, error);
     ASSERT_EQ(error, platform::kErrorNone);
     EXPECT_TRUE(CheckAlreadyRunning());
     ReleaseInstanceMutex();
     EXPECT_EQ(Try(), platform::kErrorAlreadyExists);
-    other.Release();
     other.Close();
     EXPECT_FALSE(CheckAlreadyRunning());
 }
 
-TEST_F(InstanceGuard, ALockThatMayNotBeOpenedMeansAlreadyRunning)
+TEST_F(InstanceGuard, AMutexThatMayNotBeOpenedMeansAlreadyRunning)
 {
     const auto forbidden = contract::ForbidMutex(kName, lockFolder_.Path());
     const auto dropped = contract::DropPrivileges();
@@ -75,13 +58,9 @@ TEST_F(InstanceGuard, ALockThatMayNotBeOpenedMeansAlreadyRunning)
     EXPECT_TRUE(CheckAlreadyRunning());
 }
 
-TEST_F(InstanceGuard, ALockThatCannotBeTakenOtherwiseMeansNoOtherInstance)
+TEST_F(InstanceGuard, AnyOtherFailureMeansNoOtherInstance)
 {
     const auto obstructed = contract::ObstructMutex(kName, lockFolder_.Path());
-    const std::uint32_t error = Try();
-    ASSERT_NE(error, platform::kErrorNone);
-    ASSERT_NE(error, platform::kErrorAccessDenied);
-    ASSERT_NE(error, platform::kErrorAlreadyExists);
     EXPECT_FALSE(CheckAlreadyRunning());
 }
 

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -19,11 +20,11 @@ namespace {
 
 constexpr const char *kProduct = "Software\\TORVAN\\KTR";
 
+/// The program's translations, and the font and the text direction of the application.
 class Language : public testing::Test
 {
 protected:
     Language()
-        : font(QGuiApplication::font())
     {
         QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     }
@@ -35,29 +36,28 @@ protected:
     }
     Language(const Language &) = delete;
     Language &operator=(const Language &) = delete;
-    Language(Language &&) = delete;
-    Language &operator=(Language &&) = delete;
 
-    void Set(const char *language)
+    static void Set(const std::string &language)
     {
-        values.SetText(kProduct, "Language", language);
+        contract::RegistryValues::SetText(kProduct, "Language", language);
     }
 
     static QString Translations()
     {
-        return QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
+        return QCoreApplication::applicationDirPath() + "/translations";
     }
 
-    static void Provide(const QString &name)
+    static void Provide(const QString &name, const QString &file = KTR_TEST_TRANSLATION)
     {
-        QDir().mkpath(Translations());
-        ASSERT_TRUE(QFile::copy(QStringLiteral(KTR_TEST_TRANSLATION),
-                                Translations() + QLatin1Char('/') + name));
+        const QString path = Translations() + '/' + name;
+        QDir().mkpath(QFileInfo(path).path());
+        ASSERT_TRUE(QFile::copy(file, path));
     }
 
-    // What the interface shows for a text after the translation was loaded.
+    // Loads the translation. What the interface then shows for a text.
     QString Shown()
     {
+        LoadTranslation(&translator, &engine);
         return QCoreApplication::translate("HomePage", "Uninstall");
     }
 
@@ -75,7 +75,7 @@ protected:
         return object;
     }
 
-    QFont font;
+    const QFont font = QGuiApplication::font();
     contract::RegistryValues values;
     QTranslator translator;
     QQmlApplicationEngine engine;
@@ -83,33 +83,31 @@ protected:
 
 struct Font
 {
-    const char *language;
+    std::string language;
     const char *family;
 };
 
 TEST_F(Language, DecidesTheFamilyOfTheFont)
 {
-    for (const Font &expected : {Font{"ChineseSimp", "Microsoft YaHei"},
-                                 Font{"chinesesimp", "Segoe UI"},
-                                 Font{"ChineseSimp ", "Segoe UI"},
-                                 Font{"ChineseTrad", "Segoe UI"},
-                                 Font{"Arabic", "Segoe UI"},
-                                 Font{"English", "Segoe UI"},
-                                 Font{"", "Segoe UI"}}) {
-        Set(expected.language);
+    const auto expect = [this](const Font &expected) {
         ApplyApplicationFont();
-        EXPECT_EQ(QGuiApplication::font().family(), QString::fromLatin1(expected.family))
-            << expected.language;
+        EXPECT_EQ(QGuiApplication::font().family(), expected.family) << expected.language;
         EXPECT_EQ(QGuiApplication::font().pixelSize(), 14);
+        EXPECT_EQ(QGuiApplication::font().weight(), font.weight());
+    };
+    expect({"no value", "Segoe UI"});
+    for (const Font &expected : {Font{"ChineseSimp", "Microsoft YaHei"},
+                                 {"chinesesimp", "Segoe UI"},
+                                 {"ChineseSimp ", "Segoe UI"},
+                                 {"ChineseTrad", "Segoe UI"},
+                                 {"Arabic", "Segoe UI"},
+                                 {"English", "Segoe UI"},
+                                 {"", "Segoe UI"},
+                                 // More than this way of reading holds
+                                 {std::string(300, 'x'), "Segoe UI"}}) {
+        Set(expected.language);
+        expect(expected);
     }
-}
-
-TEST_F(Language, WithoutAValueTheFontIsTheCommonOne)
-{
-    ApplyApplicationFont();
-    EXPECT_EQ(QGuiApplication::font().family(), QStringLiteral("Segoe UI"));
-    EXPECT_EQ(QGuiApplication::font().pixelSize(), 14);
-    EXPECT_EQ(QGuiApplication::font().weight(), font.weight());
 }
 
 TEST_F(Language, OnlyArabicRunsFromRightToLeft)
@@ -129,116 +127,78 @@ TEST_F(Language, OnlyArabicRunsFromRightToLeft)
 TEST_F(Language, ArabicRunsFromRightToLeftAlsoWithItsTranslation)
 {
     Set("Arabic");
-    Provide(QStringLiteral("ktr_Arabic.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+    Provide("ktr_Arabic.qm");
+    EXPECT_EQ(Shown(), "translated");
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
 }
 
 TEST_F(Language, WithoutATranslatorNothingHappens)
 {
     Set("Arabic");
-    Provide(QStringLiteral("ktr_Arabic.qm"));
+    Provide("ktr_Arabic.qm");
     LoadTranslation(nullptr, &engine);
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
-    EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
+    EXPECT_EQ(QCoreApplication::translate("HomePage", "Uninstall"), "Uninstall");
 }
 
-TEST_F(Language, LoadsTheTranslationOfItsName)
+TEST_F(Language, WithoutAFileTheSourceTextsStayAndAreNotLookedUpAgain)
 {
-    Set("Klingon");
-    Provide(QStringLiteral("ktr_Klingon.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+    const auto text = MakeText();
+    Provide("ktr_English.qm");
+    for (const std::string &language : {std::string("Klingon"), std::string(5000, 'x')}) {
+        Set(language);
+        EXPECT_EQ(Shown(), "Uninstall");
+        EXPECT_TRUE(translator.isEmpty());
+    }
+    EXPECT_EQ(text->property("asked").toInt(), 1);
 }
 
-TEST_F(Language, WithoutAFileTheSourceTextsStay)
+TEST_F(Language, AnAbsentKeyOrValueMeansEnglishTexts)
 {
-    Set("Klingon");
-    Provide(QStringLiteral("ktr_English.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
-    EXPECT_TRUE(translator.isEmpty());
-}
-
-TEST_F(Language, AnAbsentValueMeansEnglishTexts)
-{
-    Provide(QStringLiteral("ktr_English.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+    Provide("ktr_English.qm");
+    EXPECT_EQ(Shown(), "translated");
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
-}
-
-TEST_F(Language, AKeyWithoutTheValueMeansEnglishTextsToo)
-{
-    values.Create(kProduct);
-    Provide(QStringLiteral("ktr_English.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+    QCoreApplication::removeTranslator(&translator);
+    contract::RegistryValues::Create(kProduct);
+    EXPECT_EQ(Shown(), "translated");
 }
 
 TEST_F(Language, AnEmptyValueIsAnEmptyName)
 {
     Set("");
-    Provide(QStringLiteral("ktr_English.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
-    Provide(QStringLiteral("ktr_.qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("translated"));
+    Provide("ktr_English.qm");
+    EXPECT_EQ(Shown(), "Uninstall");
+    Provide("ktr_.qm");
+    EXPECT_EQ(Shown(), "translated");
 }
 
 TEST_F(Language, ALongNameIsReadInFull)
 {
-    // More than the font's way of reading holds, and than one file name would.
+    // More than a buffer for a path holds, and than one file name would.
     const std::string name = std::string(200, 'x') + "/" + std::string(100, 'y');
-    Set(name.c_str());
-    ApplyApplicationFont();
-    EXPECT_EQ(QGuiApplication::font().family(), QStringLiteral("Segoe UI"));
-    QDir().mkpath(Translations() + QStringLiteral("/ktr_") + QString(200, QLatin1Char('x')));
-    Provide(QStringLiteral("ktr_") + QString::fromStdString(name) + QStringLiteral(".qm"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("translated"));
-}
-
-TEST_F(Language, ALongNameWithoutAFileIsNoFault)
-{
-    Set(std::string(5000, 'x').c_str());
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
+    Set(name);
+    Provide("ktr_" + QString::fromStdString(name) + ".qm");
+    EXPECT_EQ(Shown(), "translated");
 }
 
 TEST_F(Language, ADamagedFileIsInstalledAllTheSame)
 {
     Set("Klingon");
-    QDir().mkpath(Translations());
-    QFile damaged(Translations() + QStringLiteral("/ktr_Klingon.qm"));
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    damaged.write("no translation");
-    damaged.close();
+    Provide("ktr_Klingon.qm", QCoreApplication::applicationFilePath());
     const auto text = MakeText();
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(Shown(), QStringLiteral("Uninstall"));
+    EXPECT_EQ(Shown(), "Uninstall");
     EXPECT_TRUE(QCoreApplication::removeTranslator(&translator)) << "it was installed";
-    EXPECT_EQ(text->property("asked").toInt(), 2) << "what is shown was looked up anew";
+    EXPECT_EQ(text->property("asked").toInt(), 2) << "what is shown was looked up again";
 }
 
-TEST_F(Language, WithoutAFileNothingIsLookedUpAnew)
+TEST_F(Language, WhatIsShownAlreadyIsTranslatedAgain)
 {
     Set("Klingon");
+    Provide("ktr_Klingon.qm");
     const auto text = MakeText();
+    EXPECT_EQ(text->property("t").toString(), "Uninstall");
     LoadTranslation(&translator, &engine);
-    EXPECT_EQ(text->property("asked").toInt(), 1);
-}
-
-TEST_F(Language, WhatIsShownAlreadyIsTranslatedAnew)
-{
-    Set("Klingon");
-    Provide(QStringLiteral("ktr_Klingon.qm"));
-    const auto text = MakeText();
-    EXPECT_EQ(text->property("t").toString(), QStringLiteral("Uninstall"));
-    LoadTranslation(&translator, &engine);
-    EXPECT_EQ(text->property("t").toString(), QStringLiteral("translated"));
+    EXPECT_EQ(text->property("t").toString(), "translated");
 }
 
 } // namespace

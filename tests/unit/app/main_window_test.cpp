@@ -11,51 +11,29 @@ namespace {
 
 constexpr int kNothingEndedIt = 7;
 
+/// The event loop's result when it runs until what is queued now has been handled.
+int RunLoop()
+{
+    auto *const application = QCoreApplication::instance();
+    const auto soon = [application](auto action) {
+        QMetaObject::invokeMethod(application, action, Qt::QueuedConnection);
+    };
+    // In the round after the next one: our exit would replace one of the same round.
+    soon([soon] { soon([] { QCoreApplication::exit(kNothingEndedIt); }); });
+    const int result = QCoreApplication::exec();
+    QCoreApplication::removePostedEvents(application); // our exit, when another one came first
+    return result;
+}
+
 // In this program there is no "qrc:/Main.qml".
-class MainWindow : public testing::Test
+TEST(MainWindow, OnlyAFailedLoadOfItsFileEndsTheEventLoopThatStartsLater)
 {
-protected:
-    /// The event loop's result when it runs until what is queued now has been handled.
-    static int RunLoop()
-    {
-        auto *const application = QCoreApplication::instance();
-        // In the round after the next one: our exit would replace one of the same round.
-        QMetaObject::invokeMethod(
-            application,
-            [application] {
-                QMetaObject::invokeMethod(
-                    application,
-                    [] { QCoreApplication::exit(kNothingEndedIt); },
-                    Qt::QueuedConnection);
-            },
-            Qt::QueuedConnection);
-        const int result = QCoreApplication::exec();
-        QCoreApplication::removePostedEvents(application); // our exit, when another one came first
-        return result;
-    }
-
-    QQmlApplicationEngine engine_;
-};
-
-TEST_F(MainWindow, AFailedLoadEndsTheEventLoopThatStartsLater)
-{
-    LoadMainWindow(&engine_);
+    QQmlApplicationEngine engine;
+    LoadMainWindow(&engine);
     EXPECT_EQ(RunLoop(), -1);
-}
-
-TEST_F(MainWindow, AFailedLoadOfAnotherFileEndsNothing)
-{
-    LoadMainWindow(&engine_);
-    ASSERT_EQ(RunLoop(), -1);
-    engine_.load(QUrl(QStringLiteral("qrc:/Other.qml")));
+    engine.load(QUrl("qrc:/Other.qml"));
     EXPECT_EQ(RunLoop(), kNothingEndedIt);
-}
-
-TEST_F(MainWindow, ALoadThatSucceedsEndsNothing)
-{
-    LoadMainWindow(&engine_);
-    ASSERT_EQ(RunLoop(), -1);
-    Q_EMIT engine_.objectCreated(&engine_, QUrl(QStringLiteral("qrc:/Main.qml")));
+    Q_EMIT engine.objectCreated(&engine, QUrl("qrc:/Main.qml"));
     EXPECT_EQ(RunLoop(), kNothingEndedIt);
 }
 

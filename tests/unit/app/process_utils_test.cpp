@@ -5,70 +5,49 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace {
 
-// The child ends when its standard input does.
-struct EndChild
-{
-    void operator()(QProcess *process) const
-    {
-        process->closeWriteChannel();
-        process->waitForFinished(60000);
-        delete process;
-    }
-};
-using Child = std::unique_ptr<QProcess, EndChild>;
+using contract::StartedChild;
 
 // Real processes of chosen names in chosen folders.
 class ProcessUtils : public testing::Test
 {
 protected:
-    QString Folder(const QString &name)
+    /// A path below the folder of the test.
+    std::filesystem::path Path(const char *relative) const
     {
-        const QString path = QFileInfo(root_.path()).canonicalFilePath() + QLatin1Char('/') + name;
-        EXPECT_TRUE(QDir().mkpath(path));
-        return path;
+        return (folder_ / relative).make_preferred();
     }
 
-    static Child Run(const QString &folder, const QString &name)
+    static StartedChild Run(const std::filesystem::path &program)
     {
-        const QString program = folder + QLatin1Char('/') + name;
-        QFile::remove(program);
-        EXPECT_TRUE(QFile::copy(QStringLiteral(APP_CHILD), program));
-        return Start(program);
+        std::filesystem::create_directories(program.parent_path());
+        std::filesystem::copy_file(CONTRACT_CHILD, program);
+        return StartedChild(program);
     }
 
-    static Child Start(const QString &program)
+    static bool Runs(StartedChild &child)
     {
-        Child process(new QProcess);
-        process->start(program, QStringList());
-        EXPECT_TRUE(process->waitForReadyRead(60000)) << program.toStdString();
-        return process;
+        return contract::IsRunning(child.Process().Id());
+    }
+    static bool Terminated(StartedChild &child)
+    {
+        return child.Process().WaitForEnd() == contract::StatusOfTerminated(0);
     }
 
-    static bool Runs(QProcess &process)
+    /// A program that a command line can name, and that runs only when the command line does.
+    QString CommandProgram(const std::string &name) const
     {
-        return !process.waitForFinished(0);
-    }
-    static bool Ended(QProcess &process)
-    {
-        return process.state() == QProcess::NotRunning || process.waitForFinished(60000);
-    }
-    static std::wstring Native(const QString &path)
-    {
-        return QDir::toNativeSeparators(path).toStdWString();
+        const auto program = Path((name + contract::ProgramExtension()).c_str());
+        std::filesystem::copy_file(CONTRACT_CHILD, program);
+        return QString::fromLocal8Bit(program.string().c_str());
     }
 
-    QTemporaryDir root_;
+    contract::ScratchFolder folder_;
 };
 
 TEST(DirectoryOfPath, EndsBeforeTheLastSeparator)
@@ -89,70 +68,59 @@ TEST(ModuleDirectory, IsTheExecutablesFolderWithoutATrailingSeparator)
               QCoreApplication::applicationDirPath());
 }
 
-TEST_F(ProcessUtils, EndsOnlyTheNamedImageInTheNamedDirectory)
+TEST_F(ProcessUtils, EveryProcessOfTheNamedImageInTheNamedDirectoryIsEndedAndNoOther)
 {
-    const QString inside = Folder(QStringLiteral("inside"));
-    const QString outside = Folder(QStringLiteral("outside"));
-    const QString below = Folder(QStringLiteral("inside/below"));
-    const auto target = Run(inside, QStringLiteral("helper.exe"));
-    const auto second = Run(inside, QStringLiteral("helper.exe.x"));
-    const auto elsewhere = Run(outside, QStringLiteral("helper.exe"));
-    const auto deeper = Run(below, QStringLiteral("helper.exe"));
+    StartedChild first = Run(Path("inside/helper.exe"));
+    StartedChild second(Path("inside/helper.exe"));
+    StartedChild otherName = Run(Path("inside/helper.exe.x"));
+    StartedChild elsewhere = Run(Path("outside/helper.exe"));
+    StartedChild deeper = Run(Path("inside/below/helper.exe"));
 
-    EXPECT_TRUE(KillProcessInDir(L"helper.exe", Native(inside)));
-    EXPECT_TRUE(Ended(*target));
-    EXPECT_TRUE(Runs(*second));
-    EXPECT_TRUE(Runs(*elsewhere));
-    EXPECT_TRUE(Runs(*deeper));
-    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside)));
+    EXPECT_TRUE(KillProcessInDir(L"helper.exe", Path("inside").wstring()));
+    EXPECT_TRUE(Terminated(first));
+    EXPECT_TRUE(Terminated(second));
+    for (StartedChild *other : {&otherName, &elsewhere, &deeper}) {
+        EXPECT_TRUE(Runs(*other));
+    }
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Path("inside").wstring()));
 }
 
-TEST_F(ProcessUtils, EndsEveryMatchingProcess)
+TEST_F(ProcessUtils, NameAndDirectoryAreComparedAsPlainTextWithoutCase)
 {
-    const QString inside = Folder(QStringLiteral("inside"));
-    const auto first = Run(inside, QStringLiteral("helper.exe"));
-    const auto second = Start(inside + QStringLiteral("/helper.exe"));
-    EXPECT_TRUE(KillProcessInDir(L"helper.exe", Native(inside)));
-    EXPECT_TRUE(Ended(*first));
-    EXPECT_TRUE(Ended(*second));
-}
-
-TEST_F(ProcessUtils, ComparesNameAndDirectoryWithoutCase)
-{
-    const QString inside = Folder(QStringLiteral("InSide"));
-    const auto target = Run(inside, QStringLiteral("HELPER.exe"));
-    EXPECT_TRUE(KillProcessInDir(L"helper.EXE", Native(inside.toUpper())));
-    EXPECT_TRUE(Ended(*target));
-}
-
-TEST_F(ProcessUtils, ComparesTheDirectoryAsPlainText)
-{
-    const QString inside = Folder(QStringLiteral("inside"));
-    const auto target = Run(inside, QStringLiteral("helper.exe"));
-    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside + QLatin1Char('/'))));
-    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside + QStringLiteral("/../inside"))));
-    EXPECT_FALSE(KillProcessInDir(L"helper.exe", std::wstring()));
-    EXPECT_TRUE(Runs(*target));
+    StartedChild target = Run(Path("InSide/HELPER.exe"));
+    const std::wstring inside = Path("InSide").wstring();
+    const std::wstring separator(1, platform::kNativeSeparatorWide);
+    for (const std::wstring &other :
+         {inside + separator, inside + separator + L".." + separator + L"InSide", std::wstring()}) {
+        EXPECT_FALSE(KillProcessInDir(L"helper.exe", other));
+    }
+    EXPECT_TRUE(Runs(target));
+    const std::wstring upper = QString::fromStdWString(inside).toUpper().toStdWString();
+    EXPECT_TRUE(KillProcessInDir(L"helper.EXE", upper));
+    EXPECT_TRUE(Terminated(target));
 }
 
 TEST_F(ProcessUtils, APathBeyondTheLimitIsPassedOver)
 {
-    const QString inside =
-        Folder(QString(100, QLatin1Char('a')) + QLatin1Char('/') + QString(200, QLatin1Char('b')));
-    const auto target = Run(inside, QStringLiteral("helper.exe"));
-    EXPECT_FALSE(KillProcessInDir(L"helper.exe", Native(inside)));
-    EXPECT_TRUE(Runs(*target));
+    const auto inside = folder_ / std::string(100, 'a') / std::string(200, 'b');
+    StartedChild target = Run(inside / "helper.exe");
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", inside.wstring()));
+    EXPECT_TRUE(Runs(target));
 }
 
 TEST_F(ProcessUtils, TelemetryHelpersOfTheProgramDirectoryAreEndedAndOthersAreNot)
 {
-    const QString programDir = QCoreApplication::applicationDirPath();
-    const auto inside = Run(programDir, QStringLiteral("SKYRELwrapexe.exe"));
-    const auto outside = Run(Folder(QStringLiteral("other")), QStringLiteral("SkyrelWrapExe.exe"));
+    const auto program = contract::ExecutablePath().parent_path() / "SKYRELwrapexe.exe";
+    std::filesystem::remove(program);
+    StartedChild inside = Run(program);
+    StartedChild outside = Run(Path("other/SkyrelWrapExe.exe"));
     KillTelemetryHelper();
-    EXPECT_TRUE(Ended(*inside));
-    EXPECT_TRUE(Runs(*outside));
-    QFile::remove(programDir + QStringLiteral("/SKYRELwrapexe.exe"));
+    EXPECT_TRUE(Terminated(inside));
+    EXPECT_TRUE(Runs(outside));
+    contract::WaitUntil([&program] {
+        std::error_code error;
+        return std::filesystem::remove(program, error);
+    });
 }
 
 TEST(CleanupLaunch, IsHiddenAtIdlePriorityAndWithoutABoost)
@@ -164,16 +132,10 @@ TEST(CleanupLaunch, IsHiddenAtIdlePriorityAndWithoutABoost)
 
 TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
 {
-    const contract::ScratchFolder folder;
-    const std::string program = (folder / ("clear" + contract::ProgramExtension())).string();
-    std::filesystem::copy_file(CONTRACT_CHILD, program);
-    contract::DetachedChild child;
-    {
-        const contract::ScopedVariable mailbox(contract::kMailboxVariable, child.Folder().string());
-        LaunchCleanupCommand(QString::fromLocal8Bit((program + " \"a b\"").c_str()));
-    }
-    child.AwaitStart();
-    EXPECT_EQ(child.Ask({"arguments"}), program + "\na b\n");
+    const QString program = CommandProgram("clear");
+    contract::DetachedChild child(
+        [&](const std::string &) { LaunchCleanupCommand(program + " \"a b\""); });
+    EXPECT_EQ(child.Ask({"arguments"}), (program + "\na b\n").toLocal8Bit().toStdString());
     EXPECT_EQ(
         QFileInfo(QString::fromLocal8Bit(child.Ask({"directory"}).c_str())).canonicalFilePath(),
         QFileInfo(QDir::tempPath()).canonicalFilePath());
@@ -185,22 +147,12 @@ TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
 // Half a letter stands for all that a code page lacks.
 TEST_F(ProcessUtils, ACleanupCommandThatTheCodePageCannotSayIsNotRun)
 {
-    const contract::ScratchFolder folder;
-    const auto copy = [&folder](const std::string &name) {
-        const std::string program =
-            (folder / (contract::UniqueName(name) + contract::ProgramExtension())).string();
-        std::filesystem::copy_file(CONTRACT_CHILD, program);
-        return QString::fromLocal8Bit(program.c_str());
-    };
-    const QString unsaid = copy("unsaid");
-    const QString said = copy("said");
-    contract::DetachedChild child;
-    {
-        const contract::ScopedVariable mailbox(contract::kMailboxVariable, child.Folder().string());
-        LaunchCleanupCommand(unsaid + QStringLiteral(" \"") + QChar(0xD800) + QLatin1Char('"'));
+    const QString unsaid = CommandProgram(contract::UniqueName("unsaid"));
+    const QString said = CommandProgram("said");
+    const contract::DetachedChild child([&](const std::string &) {
+        LaunchCleanupCommand(unsaid + " \"" + QChar(0xD800) + '"');
         LaunchCleanupCommand(said);
-    }
-    child.AwaitStart();
+    });
     EXPECT_EQ(contract::ImageNameOf(child.Id()), QFileInfo(said).fileName().toStdWString());
     EXPECT_FALSE(contract::IsImageRunning(QFileInfo(unsaid).fileName().toStdWString()));
 }
@@ -208,7 +160,7 @@ TEST_F(ProcessUtils, ACleanupCommandThatTheCodePageCannotSayIsNotRun)
 TEST_F(ProcessUtils, ACommandThatCannotBeLaunchedHasNoEffect)
 {
     testing::internal::CaptureStderr();
-    LaunchCleanupCommand(QStringLiteral("/no/such/script \"x\""));
+    LaunchCleanupCommand("/no/such/script \"x\"");
     LaunchCleanupCommand(QString());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

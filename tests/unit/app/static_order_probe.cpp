@@ -10,7 +10,7 @@ bool resourcesThereAtTheLoad = false;
 
 bool ResourcesThere()
 {
-    return QFile::exists(QStringLiteral(":/static_order.qrc"));
+    return QFile::exists(":/static_order.qrc");
 }
 
 } // namespace

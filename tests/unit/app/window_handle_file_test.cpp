@@ -28,7 +28,7 @@ protected:
         RemoveWindowHandleFile();
     }
 
-    const QString path_ = QCoreApplication::applicationDirPath() + QStringLiteral("/hwndFile.ini");
+    const QString path_ = QCoreApplication::applicationDirPath() + "/hwndFile.ini";
 };
 
 TEST(WindowHandleFilePath, ReplacesTheNameOfTheExecutable)
@@ -89,7 +89,7 @@ TEST_F(WindowHandleFile, HoldsTheHandleInEightBytesAndGoesAway)
 
 TEST_F(WindowHandleFile, WhatCannotBeWrittenReadOrDeletedDoesNoHarm)
 {
-    ASSERT_TRUE(QDir().mkpath(path_ + QStringLiteral("/occupied")));
+    ASSERT_TRUE(QDir().mkpath(path_ + "/occupied"));
     QQmlApplicationEngine engine;
     engine.loadData("import QtQuick.Window 2.14\nWindow {}");
     PublishWindowHandle(engine);

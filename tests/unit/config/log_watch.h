@@ -19,8 +19,6 @@ public:
     }
     LogWatch(const LogWatch &) = delete;
     LogWatch &operator=(const LogWatch &) = delete;
-    LogWatch(LogWatch &&) = delete;
-    LogWatch &operator=(LogWatch &&) = delete;
 
     /// The lines since this was asked last.
     static QStringList NewLines()

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
 
 #include <filesystem>
@@ -26,8 +25,6 @@ public:
     }
     FakeTaskList(const FakeTaskList &) = delete;
     FakeTaskList &operator=(const FakeTaskList &) = delete;
-    FakeTaskList(FakeTaskList &&) = delete;
-    FakeTaskList &operator=(FakeTaskList &&) = delete;
 
     /// Tells it what to do from now on; testkit/fakes/tasklist.cpp says what there is.
     void Tell(const std::string &settings) const

@@ -35,8 +35,6 @@ public:
     }
     ObjectWatch(const ObjectWatch &) = delete;
     ObjectWatch &operator=(const ObjectWatch &) = delete;
-    ObjectWatch(ObjectWatch &&) = delete;
-    ObjectWatch &operator=(ObjectWatch &&) = delete;
 
     /// The objects of a class that exist now, in the order of their creation. The numbers tell
     /// apart objects that got the same address one after the other.

@@ -38,7 +38,7 @@ protected:
 
     static bool Shows(const TaskListQuery &query)
     {
-        return IsInTaskList(QStringLiteral("KTRUI.exe"), query);
+        return IsInTaskList("KTRUI.exe", query);
     }
 
     bool QueryRuns() const
@@ -53,13 +53,13 @@ protected:
 TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
 {
     const TaskListQuery query;
-    EXPECT_EQ(query.program, QStringLiteral("tasklist"));
+    EXPECT_EQ(query.program, "tasklist");
     EXPECT_EQ(query.timeAllowedMs, 30000);
 }
 
 TEST_F(TaskList, PassesItsArgumentsInOrder)
 {
-    EXPECT_FALSE(IsInTaskList(QStringLiteral("a b%1.exe"), Query("silent=1\nnote=1\n")));
+    EXPECT_FALSE(IsInTaskList("a b%1.exe", Query("silent=1\nnote=1\n")));
     EXPECT_EQ(ReadFile(folder_ / "journal.log"),
               fake_.Program().filename().string() +
                   "\tquery\targs=[/NH][/FO][CSV][/FI][IMAGENAME eq a b%251.exe]\tfound=\n");
@@ -96,7 +96,7 @@ TEST_F(TaskList, FindsTheNameAnywhereInTheOutput)
 
 TEST_F(TaskList, FindsTheNameBehindAZeroByte)
 {
-    const QString name = QStringLiteral("KTRUI.exe");
+    const QString name = "KTRUI.exe";
     EXPECT_TRUE(ContainsImage(QByteArray("a\0\0KTRUI.exe", 12), name));
     EXPECT_FALSE(ContainsImage(QByteArray("a\0KTRUI\0.exe", 12), name));
 }
@@ -129,7 +129,7 @@ TEST_F(TaskList, StandardErrorDoesNotCount)
 TEST_F(TaskList, AQueryThatCannotBeStartedIsNo)
 {
     TaskListQuery query = Query("silent=1\nsay=KTRUI.exe\n");
-    query.program += QStringLiteral(".missing");
+    query.program += ".missing";
     EXPECT_FALSE(Shows(query));
 }
 

@@ -31,8 +31,8 @@ TEST_F(SystemEnvironment, AsksTheTaskListOfTheSearchPath)
     const QByteArray path = qgetenv("PATH");
     const QString first = QCoreApplication::applicationDirPath() + QDir::listSeparator();
     qputenv("PATH", first.toLocal8Bit() + path);
-    EXPECT_TRUE(system_.isProcessRunning(QStringLiteral("uninstall.exe")));
-    EXPECT_FALSE(system_.isProcessRunning(QStringLiteral("KTRUI.exe")));
+    EXPECT_TRUE(system_.isProcessRunning("uninstall.exe"));
+    EXPECT_FALSE(system_.isProcessRunning("KTRUI.exe"));
     qputenv("PATH", path);
 }
 
@@ -41,29 +41,19 @@ TEST_F(SystemEnvironment, StartsAProgramWithItsArgumentsAsTheyAre)
     const contract::ScratchFolder folder;
     const auto program = folder / ("a program" + contract::ProgramExtension());
     std::filesystem::copy_file(CONTRACT_CHILD, program);
-    const contract::Lines arguments = {"/SP-",
-                                       "/VERYSILENT",
-                                       "a b\"c",
-                                       "",
-                                       R"(\)",
-                                       R"(in \"quotes\\)",
-                                       R"(with blank \)",
-                                       "$HOME %PATH%"};
-    QStringList given;
-    std::string expected;
-    for (const std::string &argument : arguments) {
-        given << QString::fromStdString(argument);
-        expected += argument + '\n';
-    }
-
-    contract::DetachedChild child;
-    {
-        const contract::ScopedVariable mailbox(contract::kMailboxVariable, child.Folder().string());
-        system_.startDetached(QString::fromStdString(program.u8string()), given);
-    }
-    child.AwaitStart();
-    const std::string seen = child.Ask({"arguments"});
-    EXPECT_EQ(seen.substr(seen.find('\n') + 1), expected); // the program's name comes first
+    const QStringList arguments = {"/SP-",
+                                   "/VERYSILENT",
+                                   "a b\"c",
+                                   "",
+                                   R"(\)",
+                                   R"(in \"quotes\\)",
+                                   R"(with space \)",
+                                   "$HOME %PATH%"};
+    contract::DetachedChild child([&](const std::string &) {
+        system_.startDetached(QString::fromStdString(program.u8string()), arguments);
+    });
+    const std::string seen = child.Ask({"arguments"}); // the program's name comes first
+    EXPECT_EQ(seen.substr(seen.find('\n') + 1), (arguments.join('\n') + '\n').toStdString());
 }
 
 TEST_F(SystemEnvironment, AMissingProgramHasNoEffect)
@@ -118,10 +108,10 @@ public Q_SLOTS:
 TEST_F(SystemEnvironment, HandsALinkToTheUsersHandler)
 {
     Opener opener;
-    QDesktopServices::setUrlHandler(QStringLiteral("ktrtest"), &opener, "Open");
-    const QUrl url(QStringLiteral("ktrtest://offer/?x-url=a%20b"));
+    QDesktopServices::setUrlHandler("ktrtest", &opener, "Open");
+    const QUrl url("ktrtest://offer/?x-url=a%20b");
     system_.openUrl(url);
-    QDesktopServices::unsetUrlHandler(QStringLiteral("ktrtest"));
+    QDesktopServices::unsetUrlHandler("ktrtest");
     EXPECT_EQ(opener.opened, QList<QUrl>{url});
 }
 

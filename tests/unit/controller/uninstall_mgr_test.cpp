@@ -12,24 +12,24 @@
 namespace {
 
 // The method table as the user interface relies on it, clones by default arguments included.
-TEST(UninstallMgr, MethodTableIsInItsOrder)
+TEST(UninstallMgrInterface, MethodTableIsInItsOrder)
 {
     const QStringList expected = {
-        QStringLiteral("signal public void sigValProgressChanged()"),
-        QStringLiteral("slot private void slotTimeOut()"),
-        QStringLiteral("method public void doUninstall()"),
-        QStringLiteral("method public QVariantList getReasonList()"),
-        QStringLiteral("method public void setExitCode(int)"),
-        QStringLiteral("method public QVariantMap getPreferentialLink(int)"),
-        QStringLiteral("method public void openLink(QString)"),
-        QStringLiteral("method public void sendUserInfo(QString,QString,QString,QString)"),
-        QStringLiteral("method public void sendUserInfo(QString,QString,QString)"),
-        QStringLiteral("method public void sendUserInfo(QString,QString)"),
-        QStringLiteral("method public bool isKTRRunning()"),
-        QStringLiteral("method public int popMsgBox(bool,int,QWindow*)"),
-        QStringLiteral("method public int popMsgBox(bool,int)"),
-        QStringLiteral("method public int popMsgBox(bool)"),
-        QStringLiteral("method public bool showWindowShadow()"),
+        "signal public void sigValProgressChanged()",
+        "slot private void slotTimeOut()",
+        "method public void doUninstall()",
+        "method public QVariantList getReasonList()",
+        "method public void setExitCode(int)",
+        "method public QVariantMap getPreferentialLink(int)",
+        "method public void openLink(QString)",
+        "method public void sendUserInfo(QString,QString,QString,QString)",
+        "method public void sendUserInfo(QString,QString,QString)",
+        "method public void sendUserInfo(QString,QString)",
+        "method public bool isKTRRunning()",
+        "method public int popMsgBox(bool,int,QWindow*)",
+        "method public int popMsgBox(bool,int)",
+        "method public int popMsgBox(bool)",
+        "method public bool showWindowShadow()",
     };
     const QMetaObject &meta = CUninstallMgr::staticMetaObject;
     QStringList found;
@@ -39,17 +39,17 @@ TEST(UninstallMgr, MethodTableIsInItsOrder)
                            : method.methodType() == QMetaMethod::Slot ? "slot"
                                                                       : "method";
         const char *access = method.access() == QMetaMethod::Private ? "private" : "public";
-        found << QStringLiteral("%1 %2 %3 %4")
-                     .arg(QLatin1String(kind),
-                          QLatin1String(access),
+        found << QString("%1 %2 %3 %4")
+                     .arg(kind,
+                          access,
                           QLatin1String(method.typeName()),
                           QLatin1String(method.methodSignature()));
     }
-    EXPECT_EQ(found, expected) << found.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(found, expected) << found.join('\n').toStdString();
     EXPECT_STREQ(meta.className(), "CUninstallMgr");
 }
 
-TEST(UninstallMgr, ProgressPropertyIsAsDescribed)
+TEST(UninstallMgrInterface, ProgressPropertyIsAsDescribed)
 {
     const QMetaObject &meta = CUninstallMgr::staticMetaObject;
     ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), 1);
@@ -65,80 +65,70 @@ TEST(UninstallMgr, ProgressPropertyIsAsDescribed)
     EXPECT_EQ(property.notifySignal().name(), QByteArray("sigValProgressChanged"));
 }
 
-TEST(UninstallMgr, StartsWithItsInitialValues)
+class UninstallMgr : public testing::Test
 {
-    FakeEnvironment world;
-    CUninstallMgr manager(world.Environment());
-    EXPECT_EQ(manager.parent(), nullptr);
-    EXPECT_EQ(manager.getExitCode(), -10);
-    EXPECT_EQ(manager.getValProgress(), 0);
-    EXPECT_TRUE(world.Asked().isEmpty());
+protected:
+    FakeEnvironment world_;
+    CUninstallMgr manager_{world_.Environment()};
+};
+
+TEST_F(UninstallMgr, StartsWithItsInitialValues)
+{
+    EXPECT_EQ(manager_.parent(), nullptr);
+    EXPECT_EQ(manager_.getExitCode(), -10);
+    EXPECT_EQ(manager_.getValProgress(), 0);
+    EXPECT_TRUE(world_.Asked().isEmpty());
 }
 
-TEST(UninstallMgr, KeepsAnyExitCodeAsItIs)
+TEST_F(UninstallMgr, KeepsAnyExitCodeAsItIs)
 {
-    FakeEnvironment world;
-    CUninstallMgr manager(world.Environment());
     for (const int code : {0, -1, -2, -10, 7, 2147483647}) {
-        manager.setExitCode(code);
-        EXPECT_EQ(manager.getExitCode(), code);
+        manager_.setExitCode(code);
+        EXPECT_EQ(manager_.getExitCode(), code);
     }
 }
 
-TEST(UninstallMgr, ProgressNotifiesAlsoWhenUnchanged)
+TEST_F(UninstallMgr, ProgressNotifiesAlsoWhenUnchanged)
 {
-    FakeEnvironment world;
-    CUninstallMgr manager(world.Environment());
-    const QSignalSpy changed(&manager, &CUninstallMgr::sigValProgressChanged);
-    manager.setProperty("valProgress", 99);
-    manager.setProperty("valProgress", 99);
-    manager.setValProgress(0);
-    manager.setValProgress(0);
+    const QSignalSpy changed(&manager_, &CUninstallMgr::sigValProgressChanged);
+    manager_.setProperty("valProgress", 99);
+    manager_.setProperty("valProgress", 99);
+    manager_.setValProgress(0);
+    manager_.setValProgress(0);
     EXPECT_EQ(changed.count(), 4);
-    EXPECT_EQ(manager.property("valProgress").toInt(), 0);
+    EXPECT_EQ(manager_.property("valProgress").toInt(), 0);
 }
 
-TEST(UninstallMgr, OpensLinksButNotAnEmptyOne)
+TEST_F(UninstallMgr, OpensLinksButNotAnEmptyOne)
 {
-    FakeEnvironment world;
-    CUninstallMgr manager(world.Environment());
-    manager.openLink(QString());
-    manager.openLink(QStringLiteral(""));
-    EXPECT_TRUE(world.Asked().isEmpty());
-
-    manager.openLink(QStringLiteral("https://shop.example/cart?x=1"));
-    manager.openLink(QStringLiteral("https://shop.example/a b%zz"));
-    manager.openLink(QStringLiteral("::not a link::"));
-    ASSERT_EQ(world.Asked().size(), 3);
-    EXPECT_EQ(world.Asked().at(0), QStringLiteral("open https://shop.example/cart?x=1"));
-    EXPECT_EQ(world.Asked().at(1), QStringLiteral("open https://shop.example/a%20b%25zz"));
-    EXPECT_EQ(world.Asked().at(2), QStringLiteral("open "));
+    for (const char *link :
+         {"", "https://shop.example/cart?x=1", "https://shop.example/a b%zz", "::not a link::"}) {
+        manager_.openLink(link);
+    }
+    manager_.openLink(QString());
+    EXPECT_EQ(world_.Asked(),
+              (QStringList{"open https://shop.example/cart?x=1",
+                           "open https://shop.example/a%20b%25zz",
+                           "open "}));
 }
 
-TEST(UninstallMgr, HandsUsageEventsOverInOrder)
+TEST_F(UninstallMgr, HandsUsageEventsOverInOrder)
 {
-    FakeEnvironment world;
-    CUninstallMgr manager(world.Environment());
-    manager.sendUserInfo(
-        QStringLiteral("noSolvedPage"), QStringLiteral("Click_Submit"), QStringLiteral("text"));
-    manager.sendUserInfo(QStringLiteral("A"), QStringLiteral("B"));
-    manager.sendUserInfo(
-        QStringLiteral("w"), QStringLiteral("a"), QStringLiteral("attr"), QStringLiteral("src"));
-    EXPECT_EQ(world.Asked(),
-              (QStringList{QStringLiteral("event [noSolvedPage][Click_Submit][text][]"),
-                           QStringLiteral("event [A][B][][]"),
-                           QStringLiteral("event [w][a][attr][src]")}));
+    manager_.sendUserInfo("noSolvedPage", "Click_Submit", "text");
+    manager_.sendUserInfo("A", "B");
+    manager_.sendUserInfo("w", "a", "attr", "src");
+    EXPECT_EQ(world_.Asked(),
+              (QStringList{"event [noSolvedPage][Click_Submit][text][]",
+                           "event [A][B][][]",
+                           "event [w][a][attr][src]"}));
 }
 
-TEST(UninstallMgr, AsksForTheProductByItsExactName)
+TEST_F(UninstallMgr, AsksForTheProductByItsExactName)
 {
-    FakeEnvironment world;
-    world.PollsAnswer({true, false});
-    CUninstallMgr manager(world.Environment());
-    EXPECT_TRUE(manager.isKTRRunning());
-    EXPECT_FALSE(manager.isKTRRunning());
-    EXPECT_EQ(world.Asked(),
-              (QStringList{QStringLiteral("ask KTRUI.exe"), QStringLiteral("ask KTRUI.exe")}));
+    world_.PollsAnswer({true, false});
+    EXPECT_TRUE(manager_.isKTRRunning());
+    EXPECT_FALSE(manager_.isKTRRunning());
+    EXPECT_EQ(world_.Asked(), (QStringList{"ask KTRUI.exe", "ask KTRUI.exe"}));
 }
 
 TEST(UiUtility, IsOneObjectWithoutAnInterfaceOfItsOwn)
@@ -148,10 +138,6 @@ TEST(UiUtility, IsOneObjectWithoutAnInterfaceOfItsOwn)
     const QMetaObject &meta = UIUtility::staticMetaObject;
     EXPECT_EQ(meta.methodCount(), meta.methodOffset());
     EXPECT_EQ(meta.propertyCount(), meta.propertyOffset());
-}
-
-TEST(UIUtility, HandsOutTheOneConfiguration)
-{
     // There is no library here, and still a client, which answers defaults.
     CVantorConfigInstance *const config = UIUtility::instance()->configInstance();
     ASSERT_NE(config, nullptr);

@@ -40,7 +40,7 @@ protected:
 
     static QString Start()
     {
-        return QStringLiteral("start %1/uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::currentPath());
+        return QString("start %1/uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::currentPath());
     }
 
     FakeEnvironment world_;
@@ -52,7 +52,7 @@ TEST_F(UninstallRun, SeenAtOnceStartsTheTimerWithoutAPause)
 {
     world_.PollsAnswer({true});
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked(), (QStringList{Start(), QLatin1String(kAsk)}));
+    EXPECT_EQ(world_.Asked(), (QStringList{Start(), kAsk}));
     EXPECT_EQ(changed_.count(), 0);
     EXPECT_TRUE(TimerTicks());
 }
@@ -62,23 +62,16 @@ TEST_F(UninstallRun, AsksThenSleepsThenLetsEventsThrough)
     world_.PollsAnswer({false, false, true});
     manager_.doUninstall();
     EXPECT_EQ(world_.Asked(),
-              (QStringList{Start(),
-                           QLatin1String(kAsk),
-                           QStringLiteral("sleep 200"),
-                           QStringLiteral("pump"),
-                           QLatin1String(kAsk),
-                           QStringLiteral("sleep 200"),
-                           QStringLiteral("pump"),
-                           QLatin1String(kAsk)}));
+              (QStringList{Start(), kAsk, "sleep 200", "pump", kAsk, "sleep 200", "pump", kAsk}));
 }
 
 TEST_F(UninstallRun, NeverSeenGivesUpAfterTwentyFivePollsWithoutASignal)
 {
     world_.PollsAnswer({false});
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked().filter(QLatin1String(kAsk)).size(), 25);
-    EXPECT_EQ(world_.Asked().filter(QStringLiteral("sleep 200")).size(), 25);
-    EXPECT_EQ(world_.Asked().filter(QStringLiteral("pump")).size(), 25);
+    EXPECT_EQ(world_.Asked().filter(kAsk).size(), 25);
+    EXPECT_EQ(world_.Asked().filter("sleep 200").size(), 25);
+    EXPECT_EQ(world_.Asked().filter("pump").size(), 25);
     EXPECT_EQ(world_.Asked().size(), 1 + 25 * 3);
     EXPECT_EQ(manager_.getValProgress(), 0);
     EXPECT_EQ(changed_.count(), 0);
@@ -115,9 +108,9 @@ TEST_F(UninstallRun, PathOfTheUninstallerInTheRootFolderHasOneSeparator)
     world_.PollsAnswer({true});
     manager_.doUninstall();
     QDir::setCurrent(before);
-    ASSERT_TRUE(QDir::rootPath().endsWith(QLatin1Char('/')));
+    ASSERT_TRUE(QDir::rootPath().endsWith('/'));
     EXPECT_EQ(world_.Asked().first(),
-              QStringLiteral("start %1uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::rootPath()));
+              QString("start %1uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::rootPath()));
 }
 
 TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
@@ -149,8 +142,7 @@ TEST_F(UninstallRun, IsNotGuardedAgainstASecondCall)
     world_.PollsAnswer({true});
     manager_.doUninstall();
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked(),
-              (QStringList{Start(), QLatin1String(kAsk), Start(), QLatin1String(kAsk)}));
+    EXPECT_EQ(world_.Asked(), (QStringList{Start(), kAsk, Start(), kAsk}));
     Tick();
     EXPECT_EQ(manager_.getValProgress(), 1);
 }
@@ -181,7 +173,7 @@ TEST_F(UninstallRun, EachTickAsksOnce)
             world_.PollsAnswer({running});
             world_.Forget();
             Tick();
-            EXPECT_EQ(world_.Asked(), QStringList{QLatin1String(kAsk)}) << value << running;
+            EXPECT_EQ(world_.Asked(), QStringList{kAsk}) << value << running;
         }
     }
 }

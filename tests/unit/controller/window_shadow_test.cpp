@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
-
 namespace {
 
 struct Kernel
@@ -14,49 +12,34 @@ struct Kernel
     bool qualifies;
 };
 
-void PrintTo(const Kernel &kernel, std::ostream *out)
-{
-    *out << '"' << kernel.version << '"';
-}
-
-class WindowShadow : public testing::TestWithParam<Kernel>
-{
-};
-
-TEST_P(WindowShadow, KernelQualifies)
-{
-    EXPECT_EQ(KernelQualifiesForShadow(QString::fromLatin1(GetParam().version)),
-              GetParam().qualifies);
-}
-
 // A system that does not qualify is not even asked; one that does has the last word.
-TEST_P(WindowShadow, SystemDecidesOnlyWhereTheKernelQualifies)
+TEST(WindowShadow, TheKernelDecidesAndThenTheSystem)
 {
-    for (const bool dropShadow : {false, true}) {
-        FakeEnvironment world;
-        world.kernelVersion = QString::fromLatin1(GetParam().version);
-        world.dropShadow = dropShadow;
-        CUninstallMgr manager(world.Environment());
-        EXPECT_EQ(manager.showWindowShadow(), GetParam().qualifies && dropShadow);
-        EXPECT_EQ(world.Asked().size(), GetParam().qualifies ? 1 : 0);
+    for (const Kernel &kernel : {Kernel{"", false},
+                                 {"...", false},
+                                 {"6.3.9600", false},
+                                 {"6.1.7601", false},
+                                 {"9", false},
+                                 {"9.9.10239", false},
+                                 {"6.3.10240", true},
+                                 {"6.10240.1", false},
+                                 {"10", true},
+                                 {"10.0.19045", true},
+                                 {".10.0", true},
+                                 {"11.0.1", true},
+                                 {"6.1.0-13-amd64", false},
+                                 {"text", false}}) {
+        SCOPED_TRACE(kernel.version);
+        EXPECT_EQ(KernelQualifiesForShadow(kernel.version), kernel.qualifies);
+        for (const bool dropShadow : {false, true}) {
+            FakeEnvironment world;
+            world.kernelVersion = kernel.version;
+            world.dropShadow = dropShadow;
+            EXPECT_EQ(CUninstallMgr(world.Environment()).showWindowShadow(),
+                      kernel.qualifies && dropShadow);
+            EXPECT_EQ(world.Asked().size(), kernel.qualifies ? 1 : 0);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table,
-                         WindowShadow,
-                         testing::Values(Kernel{"", false},
-                                         Kernel{"...", false},
-                                         Kernel{"6.3.9600", false},
-                                         Kernel{"6.1.7601", false},
-                                         Kernel{"9", false},
-                                         Kernel{"9.9.10239", false},
-                                         Kernel{"6.3.10240", true},
-                                         Kernel{"6.10240.1", false},
-                                         Kernel{"10", true},
-                                         Kernel{"10.0.19045", true},
-                                         Kernel{".10.0", true},
-                                         Kernel{"11.0.1", true},
-                                         Kernel{"6.1.0-13-amd64", false},
-                                         Kernel{"text", false}));
 
 } // namespace

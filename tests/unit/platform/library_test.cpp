@@ -5,86 +5,66 @@
 
 namespace {
 
-using Sum = int (*)(int, int);
+using platform::FindFunction;
+using platform::LibraryHandle;
+using platform::LoadLibraryFile;
 
-TEST(LibraryContract, ExportedFunctionCanBeCalled)
+class LibraryContract : public testing::Test
 {
-    const platform::LibraryHandle library =
-        platform::LoadLibraryFile(contract::FixtureLibrary().string().c_str());
+protected:
+    static LibraryHandle Load(const std::filesystem::path &path)
+    {
+        return LoadLibraryFile(path.string().c_str());
+    }
+
+    contract::ScratchFolder folder_;
+};
+
+TEST_F(LibraryContract, ExportedFunctionCanBeCalledAndAMissingOneIsNull)
+{
+    const LibraryHandle library = Load(contract::FixtureLibrary());
     ASSERT_NE(library, nullptr);
-    const auto sum = reinterpret_cast<Sum>(platform::FindFunction(library, "ContractSum"));
+    const auto sum = reinterpret_cast<int (*)(int, int)>(FindFunction(library, "ContractSum"));
     ASSERT_NE(sum, nullptr);
     EXPECT_EQ(sum(40, 2), 42);
+    for (const char *missing : {"ContractMissing", "contractsum", ""}) {
+        EXPECT_EQ(FindFunction(library, missing), nullptr) << missing;
+    }
+    EXPECT_EQ(FindFunction(nullptr, "ContractSum"), nullptr);
+    EXPECT_EQ(FindFunction(nullptr, "malloc"), nullptr);
 }
 
-TEST(LibraryContract, LoadedTwiceIsTheSameLibrary)
+TEST_F(LibraryContract, EachLoadCountsAndNothingElseLoads)
 {
-    const std::string path = contract::FixtureLibrary().string();
-    const platform::LibraryHandle first = platform::LoadLibraryFile(path.c_str());
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(platform::LoadLibraryFile(path.c_str()), first);
-}
-
-TEST(LibraryContract, EachLoadCountsAndNothingElseLoads)
-{
-    const contract::ScratchFolder folder;
-    const auto path = folder / "contract_counted.dll";
+    const auto path = folder_ / "contract_counted.dll";
     std::filesystem::copy_file(contract::FixtureLibrary(), path);
-    const platform::LibraryHandle library = platform::LoadLibraryFile(path.string().c_str());
+    const LibraryHandle library = Load(path);
     EXPECT_TRUE(contract::IsLibraryLoaded(path));
-    ASSERT_EQ(platform::LoadLibraryFile(path.string().c_str()), library);
-    EXPECT_NE(platform::FindFunction(library, "ContractSum"), nullptr);
+    ASSERT_EQ(Load(path), library);
+    EXPECT_NE(FindFunction(library, "ContractSum"), nullptr);
     contract::UnloadLibrary(library);
     EXPECT_TRUE(contract::IsLibraryLoaded(path)) << "loaded twice, given back once";
     contract::UnloadLibrary(library);
     EXPECT_FALSE(contract::IsLibraryLoaded(path)) << "loaded twice, given back twice";
 }
 
-TEST(LibraryContract, MissingExportIsNull)
+TEST_F(LibraryContract, WhatIsNoLibraryIsNull)
 {
-    const platform::LibraryHandle library =
-        platform::LoadLibraryFile(contract::FixtureLibrary().string().c_str());
-    ASSERT_NE(library, nullptr);
-    EXPECT_EQ(platform::FindFunction(library, "ContractMissing"), nullptr);
-    EXPECT_EQ(platform::FindFunction(library, "contractsum"), nullptr);
-    EXPECT_EQ(platform::FindFunction(library, ""), nullptr);
+    contract::WriteFile(folder_ / "garbage.dll", "This is not a library.");
+    contract::WriteFile(folder_ / "empty.dll", "");
+    for (const char *name : {"missing.dll", "garbage.dll", "empty.dll", ""}) {
+        EXPECT_EQ(Load(folder_ / name), nullptr) << name;
+    }
+    EXPECT_EQ(LoadLibraryFile(nullptr), nullptr);
+    EXPECT_EQ(LoadLibraryFile(""), nullptr);
 }
 
-TEST(LibraryContract, MissingLibraryIsNull)
+TEST_F(LibraryContract, BareNameIsFoundByTheSystemsOwnSearch)
 {
-    const contract::ScratchFolder folder;
-    EXPECT_EQ(platform::LoadLibraryFile((folder / "missing.dll").string().c_str()), nullptr);
-}
-
-TEST(LibraryContract, FileThatIsNoLibraryIsNull)
-{
-    const contract::ScratchFolder folder;
-    contract::WriteFile(folder / "garbage.dll", "This is not a library.");
-    contract::WriteFile(folder / "empty.dll", "");
-    EXPECT_EQ(platform::LoadLibraryFile((folder / "garbage.dll").string().c_str()), nullptr);
-    EXPECT_EQ(platform::LoadLibraryFile((folder / "empty.dll").string().c_str()), nullptr);
-    EXPECT_EQ(platform::LoadLibraryFile(folder.Path().string().c_str()), nullptr);
-}
-
-TEST(LibraryContract, NoPathIsNull)
-{
-    EXPECT_EQ(platform::LoadLibraryFile(nullptr), nullptr);
-    EXPECT_EQ(platform::LoadLibraryFile(""), nullptr);
-}
-
-TEST(LibraryContract, NoLibraryHasNoFunction)
-{
-    EXPECT_EQ(platform::FindFunction(nullptr, "ContractSum"), nullptr);
-    EXPECT_EQ(platform::FindFunction(nullptr, "malloc"), nullptr);
-}
-
-TEST(LibraryContract, BareNameIsFoundByTheSystemsOwnSearch)
-{
-    const contract::ScratchFolder folder;
-    const auto program = folder / ("searching" + contract::ProgramExtension());
+    const auto program = folder_ / ("searching" + contract::ProgramExtension());
     contract::CopyChildProgram(program);
-    std::filesystem::copy_file(contract::FixtureLibrary(), folder / "contract_searched.dll");
-    const contract::ScopedVariable search("LD_LIBRARY_PATH", folder.Path().string());
+    std::filesystem::copy_file(contract::FixtureLibrary(), folder_ / "contract_searched.dll");
+    const contract::ScopedVariable search("LD_LIBRARY_PATH", folder_.Path().string());
     contract::StartedChild child(program);
     EXPECT_EQ(child.Ask({"load-library", "contract_searched.dll"}), "loaded");
     EXPECT_EQ(child.Ask({"load-library", "contract_unknown.dll"}), "missing");

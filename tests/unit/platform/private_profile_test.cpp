@@ -1,5 +1,5 @@
 #include "platform/private_profile.h"
-#include "tests/unit/platform/support/scratch_folder.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 
@@ -7,66 +7,59 @@
 
 namespace {
 
-class ProfileContract : public testing::Test
+struct Profile
 {
-protected:
-    std::wstring Read(const std::string &content, std::size_t capacity = 100)
-    {
-        // A file of its own for each: systems remember what they have read.
-        const auto file = folder / (contract::UniqueName("config") + ".ini");
-        contract::WriteFile(file, content);
-        return platform::ReadProfileText(L"main", L"versionNo", L"18.0", capacity, file.wstring());
-    }
-
-    contract::ScratchFolder folder;
+    const char *name;
+    std::string content;
+    std::wstring value;
+    std::size_t capacity = 100;
 };
 
-TEST_F(ProfileContract, FindsItsKeyInItsSection)
+std::wstring Read(const std::filesystem::path &file, std::size_t capacity = 100)
 {
-    EXPECT_EQ(Read("[main]\r\nversionNo=19.2\r\n"), L"19.2");
-    EXPECT_EQ(Read("[other]\r\nversionNo=1\r\n[main]\r\na=b\r\nversionNo=2\r\n[end]\r\n"), L"2");
-    EXPECT_EQ(Read("[MAIN]\r\nVERSIONNO=3\r\n"), L"3");
+    return platform::ReadProfileText(L"main", L"versionNo", L"18.0", capacity, file.wstring());
 }
 
-TEST_F(ProfileContract, WithoutItTheFallbackCounts)
+TEST(ProfileContract, ReadsOneValueAsWindowsDoes)
 {
-    EXPECT_EQ(Read(""), L"18.0");
-    EXPECT_EQ(Read("[other]\r\nversionNo=1\r\n"), L"18.0");
-    EXPECT_EQ(Read("[main]\r\nversion=1\r\n"), L"18.0");
-    EXPECT_EQ(Read("versionNo=1\r\n"), L"18.0");
-    const std::wstring missing = (folder / "none.ini").wstring();
-    EXPECT_EQ(platform::ReadProfileText(L"main", L"versionNo", L"18.0", 100, missing), L"18.0");
-}
-
-TEST_F(ProfileContract, AFileBelowAFileIsMissing)
-{
-    contract::WriteFile(folder / "app.exe", "x");
-    const std::wstring below = (folder / "app.exe" / "config.ini").wstring();
-    EXPECT_EQ(platform::ReadProfileText(L"main", L"versionNo", L"18.0", 100, below), L"18.0");
-}
-
-TEST_F(ProfileContract, AnEmptyValueIsEmpty)
-{
-    EXPECT_EQ(Read("[main]\r\nversionNo=\r\n"), L"");
-    EXPECT_EQ(Read("[main]\r\nversionNo=   \r\n"), L"");
-    EXPECT_EQ(Read("[main]\r\nversionNo=\"\"\r\n"), L"");
-}
-
-TEST_F(ProfileContract, BlanksAndOnePairOfQuotesGo)
-{
-    EXPECT_EQ(Read("[main]\r\n  versionNo  =  19.2  \r\n"), L"19.2");
-    EXPECT_EQ(Read("[main]\r\nversionNo=\"19.2\"\r\n"), L"19.2");
-    EXPECT_EQ(Read("[main]\r\nversionNo='19.2'\r\n"), L"19.2");
-    EXPECT_EQ(Read("[main]\r\nversionNo=\" 19.2 \"\r\n"), L" 19.2 ");
-    EXPECT_EQ(Read("[main]\r\nversionNo=19=2\r\n"), L"19=2");
-}
-
-TEST_F(ProfileContract, AValueIsCutToTheRoomForIt)
-{
+    const contract::ScratchFolder folder;
+    const std::string start = "[main]\r\nversionNo=";
     const std::string digits(99, '7');
-    EXPECT_EQ(Read("[main]\r\nversionNo=" + digits + "\r\n"), std::wstring(99, L'7'));
-    EXPECT_EQ(Read("[main]\r\nversionNo=" + digits + "88\r\n"), std::wstring(99, L'7'));
-    EXPECT_EQ(Read("[main]\r\nversionNo=12345\r\n", 4), L"123");
+    for (const Profile &profile : {
+             Profile{"its key in its section", start + "19.2\r\n", L"19.2"},
+             {"among others",
+              "[other]\r\nversionNo=1\r\n[main]\r\na=b\r\nversionNo=2\r\n[end]\r\n",
+              L"2"},
+             {"in any case", "[MAIN]\r\nVERSIONNO=3\r\n", L"3"},
+             {"nothing", "", L"18.0"},
+             {"another section", "[other]\r\nversionNo=1\r\n", L"18.0"},
+             {"another key", "[main]\r\nversion=1\r\n", L"18.0"},
+             {"no section", "versionNo=1\r\n", L"18.0"},
+             {"an empty value", start + "\r\n", L""},
+             {"a value of spaces", start + "   \r\n", L""},
+             {"only quotes", start + "\"\"\r\n", L""},
+             {"spaces around", "[main]\r\n  versionNo  =  19.2  \r\n", L"19.2"},
+             {"double quotes", start + "\"19.2\"\r\n", L"19.2"},
+             {"single quotes", start + "'19.2'\r\n", L"19.2"},
+             {"spaces in quotes", start + "\" 19.2 \"\r\n", L" 19.2 "},
+             {"an equals sign", start + "19=2\r\n", L"19=2"},
+             {"what just fits", start + digits + "\r\n", std::wstring(99, L'7')},
+             {"what is longer", start + digits + "88\r\n", std::wstring(99, L'7')},
+             {"little room", start + "12345\r\n", L"123", 4},
+         }) {
+        // A file of its own for each: systems remember what they have read.
+        const auto file = folder / (contract::UniqueName("config") + ".ini");
+        contract::WriteFile(file, profile.content);
+        EXPECT_EQ(Read(file, profile.capacity), profile.value) << profile.name;
+    }
+}
+
+TEST(ProfileContract, GivesTheFallbackWithoutAFile)
+{
+    const contract::ScratchFolder folder;
+    contract::WriteFile(folder / "app.exe", "x");
+    EXPECT_EQ(Read(folder / "none.ini"), L"18.0");
+    EXPECT_EQ(Read(folder / "app.exe" / "config.ini"), L"18.0");
 }
 
 } // namespace

@@ -11,73 +11,46 @@ using platform::OpenedProcess;
 
 constexpr std::size_t kLongPath = 4096;
 
-std::filesystem::path LongNamed(const contract::ScratchFolder &folder)
+TEST(ProcessesContract, SnapshotHasThisProcessOnceWithItsName)
 {
-    return folder / ("contract_child_of_a_long_name" + contract::ProgramExtension());
-}
-
-TEST(ProcessesContract, SnapshotNamesThisProcess)
-{
+    const auto processes = contract::ListedProcesses();
+    EXPECT_EQ(std::count_if(
+                  processes.begin(),
+                  processes.end(),
+                  [own = contract::OwnProcessId()](const auto &entry) { return entry.id == own; }),
+              1);
     EXPECT_EQ(contract::ImageNameOf(contract::OwnProcessId()),
               contract::ExecutablePath().filename().wstring());
 }
 
-TEST(ProcessesContract, SnapshotHasEveryProcessOnce)
-{
-    const auto processes = contract::ListedProcesses();
-    const auto own = contract::OwnProcessId();
-    EXPECT_EQ(std::count_if(processes.begin(),
-                            processes.end(),
-                            [own](const auto &process) { return process.id == own; }),
-              1);
-}
-
-TEST(ProcessesContract, SnapshotHasAStartedProcessUntilItEnds)
-{
-    StartedChild child;
-    const auto id = child.Process().Id();
-    EXPECT_EQ(contract::ImageNameOf(id), contract::ChildProgram().filename().wstring());
-    child.Process().EndAtOnce();
-    EXPECT_TRUE(contract::WaitUntil([id] { return !contract::IsRunning(id); }));
-}
-
-TEST(ProcessesContract, ImageNameIsNeverShortened)
-{
-    const contract::ScratchFolder folder;
-    contract::CopyChildProgram(LongNamed(folder));
-    StartedChild child(LongNamed(folder));
-    EXPECT_EQ(contract::ImageNameOf(child.Process().Id()), LongNamed(folder).filename().wstring());
-}
-
-TEST(ProcessesContract, OpenFindsNoProcessZero)
-{
-    EXPECT_FALSE(OpenedProcess::Open(0));
-}
-
-TEST(ProcessesContract, OpenFindsNoProcessThatHasEnded)
+TEST(ProcessesContract, AStartedProcessIsListedAndCanBeOpenedUntilItEnds)
 {
     platform::ProcessId id = 0;
     {
         StartedChild child;
         id = child.Process().Id();
+        EXPECT_EQ(contract::ImageNameOf(id), contract::ChildProgram().filename().wstring());
         ASSERT_TRUE(OpenedProcess::Open(id));
-    }
+        child.Process().EndAtOnce();
+        EXPECT_TRUE(contract::WaitUntil([id] { return !contract::IsRunning(id); }));
+    } // a Windows process can be opened as long as a handle on it is open
     EXPECT_TRUE(contract::WaitUntil([id] { return !OpenedProcess::Open(id); }));
 }
 
-TEST(ProcessesContract, OpenFindsNoProcessOfAnImpossibleIdentifier)
-{
-    EXPECT_FALSE(OpenedProcess::Open(0xFFFFFFF0U));
-}
-
-TEST(ProcessesContract, ImagePathIsTheFullPath)
+TEST(ProcessesContract, NameAndPathOfALongNamedProgramAreComplete)
 {
     const contract::ScratchFolder folder;
-    contract::CopyChildProgram(LongNamed(folder));
-    StartedChild child(LongNamed(folder));
-    const OpenedProcess process = OpenedProcess::Open(child.Process().Id());
-    ASSERT_TRUE(process);
-    EXPECT_EQ(process.ImagePath(kLongPath), LongNamed(folder).wstring());
+    const auto program = folder / ("contract_child_of_a_long_name" + contract::ProgramExtension());
+    contract::CopyChildProgram(program);
+    StartedChild child(program);
+    EXPECT_EQ(contract::ImageNameOf(child.Process().Id()), program.filename().wstring());
+    EXPECT_EQ(OpenedProcess::Open(child.Process().Id()).ImagePath(kLongPath), program.wstring());
+}
+
+TEST(ProcessesContract, OpenFindsNoImpossibleProcess)
+{
+    EXPECT_FALSE(OpenedProcess::Open(0));
+    EXPECT_FALSE(OpenedProcess::Open(0xFFFFFFF0U));
 }
 
 TEST(ProcessesContract, ImagePathMustFitWithItsTerminatingZero)
@@ -92,40 +65,19 @@ TEST(ProcessesContract, ImagePathMustFitWithItsTerminatingZero)
     EXPECT_EQ(process.ImagePath(1), std::nullopt);
 }
 
-TEST(ProcessesContract, TerminateEndsTheProcessAtOnce)
+TEST(ProcessesContract, TerminateEndsOneProcessAndPassesTheExitCodeOnWhereItCan)
 {
-    constexpr std::uint32_t kCode = 0;
-    StartedChild child;
-    const OpenedProcess process = OpenedProcess::Open(child.Process().Id());
-    ASSERT_TRUE(process);
-    process.Terminate(kCode);
-    EXPECT_EQ(child.Process().WaitForEnd(), contract::StatusOfTerminated(kCode));
-}
-
-TEST(ProcessesContract, TerminatePassesTheExitCodeOnWhereItCan)
-{
-    constexpr std::uint32_t kCode = 7;
-    StartedChild child;
-    OpenedProcess::Open(child.Process().Id()).Terminate(kCode);
-    EXPECT_EQ(child.Process().WaitForEnd(), contract::StatusOfTerminated(kCode));
-}
-
-TEST(ProcessesContract, TerminateLeavesOthersAlone)
-{
-    StartedChild one;
     StartedChild other;
-    OpenedProcess::Open(one.Process().Id()).Terminate(0);
-    one.Process().WaitForEnd();
+    for (const std::uint32_t code : {0U, 7U}) {
+        StartedChild child;
+        OpenedProcess first = OpenedProcess::Open(child.Process().Id());
+        const OpenedProcess moved = std::move(first);
+        ASSERT_TRUE(moved);
+        EXPECT_TRUE(moved.ImagePath(kLongPath));
+        moved.Terminate(code);
+        EXPECT_EQ(child.Process().WaitForEnd(), contract::StatusOfTerminated(code));
+    }
     EXPECT_EQ(other.Ask({"id"}), std::to_string(other.Process().Id()));
-}
-
-TEST(ProcessesContract, MovingHandsTheProcessOver)
-{
-    StartedChild child;
-    OpenedProcess first = OpenedProcess::Open(child.Process().Id());
-    const OpenedProcess second = std::move(first);
-    EXPECT_TRUE(second);
-    EXPECT_TRUE(second.ImagePath(kLongPath));
 }
 
 } // namespace

@@ -14,104 +14,79 @@ using platform::RegistryKey;
 
 constexpr const char *kKey = "Software\\TORVAN\\Contract";
 
-class RegistryContract : public testing::Test
+// What a query gives with room for `capacity` bytes, or "(refused)".
+std::string Query(const char *name, std::size_t capacity)
 {
-protected:
-    // What a query gives with room for `capacity` bytes, or "(refused)".
-    static std::string Query(const char *name, std::size_t capacity)
-    {
-        std::array<char, 300> buffer = {};
-        const RegistryKey key = RegistryKey::OpenLocalMachine(kKey);
-        if (!key.Query(name, buffer.data(), capacity)) {
-            return "(refused)";
-        }
-        return {buffer.begin(), std::find(buffer.begin(), buffer.end(), '\0')};
+    std::array<char, 300> buffer = {};
+    if (!RegistryKey::OpenLocalMachine(kKey).Query(name, buffer.data(), capacity)) {
+        return "(refused)";
     }
+    return {buffer.begin(), std::find(buffer.begin(), buffer.end(), '\0')};
+}
 
-    RegistryValues values;
-};
-
-TEST_F(RegistryContract, AMissingKeyIsEmpty)
+std::optional<std::string> Text(const char *name)
 {
-    const RegistryKey key = RegistryKey::OpenLocalMachine(kKey);
-    EXPECT_FALSE(key);
-    std::array<char, 10> buffer = {};
-    EXPECT_FALSE(key.Query("Name", buffer.data(), buffer.size()));
-    EXPECT_FALSE(key.Text("Name").has_value());
+    return RegistryKey::OpenLocalMachine(kKey).Text(name);
+}
+
+TEST(RegistryContract, AMissingKeyIsEmpty)
+{
+    const RegistryValues values;
+    EXPECT_FALSE(RegistryKey::OpenLocalMachine(kKey));
+    EXPECT_EQ(Query("Name", 10), "(refused)");
+    EXPECT_EQ(Text("Name"), std::nullopt);
     EXPECT_FALSE(RegistryKey());
 }
 
-TEST_F(RegistryContract, KeysAndNamesIgnoreCase)
+TEST(RegistryContract, AncestorsOfAKeyExist)
 {
-    values.SetText(kKey, "Name", "text");
-    const RegistryKey key = RegistryKey::OpenLocalMachine("SOFTWARE\\torvan\\CONTRACT");
-    ASSERT_TRUE(key);
-    EXPECT_EQ(key.Text("nAME"), "text");
-}
-
-TEST_F(RegistryContract, AncestorsOfAKeyExist)
-{
-    values.Create(std::string(kKey) + "\\Below");
+    const RegistryValues values;
+    RegistryValues::Create(std::string(kKey) + "\\Below");
     EXPECT_TRUE(RegistryKey::OpenLocalMachine(kKey));
     EXPECT_TRUE(RegistryKey::OpenLocalMachine("Software\\TORVAN"));
     EXPECT_FALSE(RegistryKey::OpenLocalMachine("Software\\TORVAN\\Cont"));
 }
 
-TEST_F(RegistryContract, AQueryNeedsRoomForAllOfTheData)
+struct Value
 {
-    values.SetText(kKey, "Name", std::string(9, 'x'));
-    EXPECT_EQ(Query("Name", 10), std::string(9, 'x'));
-    EXPECT_EQ(Query("Name", 9), "(refused)");
-    EXPECT_EQ(Query("Other", 10), "(refused)");
+    const char *name;
+    std::string data;
+    int type;
+    std::size_t capacity;
+    std::string query;
+    std::string text;
+};
+
+TEST(RegistryContract, DataIsReadWhateverItsTypeIfThereIsRoomForAllOfIt)
+{
+    const RegistryValues values;
+    const std::string nine(9, 'x');
+    const std::string tooLong(5000, 'x');
+    for (const Value &value : {
+             Value{"fits", nine + '\0', 1, 10, nine, nine},
+             {"too long", nine + '\0', 1, 9, "(refused)", nine},
+             {"text has no limit", tooLong + '\0', 1, 300, "(refused)", tooLong},
+             {"no terminating zero", "abcd", 1, 5, "abcd", "abcd"},
+             {"expandable, not expanded", std::string("%PATH%\0", 7), 2, 10, "%PATH%", "%PATH%"},
+             {"binary", std::string("ab\0", 3), 3, 10, "ab", "ab"},
+             {"number", std::string("EN\0\0", 4), 4, 10, "EN", "EN"},
+             {"empty", std::string(1, '\0'), 1, 10, "", ""},
+         }) {
+        RegistryValues::Set(kKey, value.name, value.data, value.type);
+        EXPECT_EQ(Query(value.name, value.capacity), value.query) << value.name;
+        EXPECT_EQ(Text(value.name), value.text) << value.name;
+    }
+    EXPECT_EQ(Query("other", 10), "(refused)");
 }
 
-TEST_F(RegistryContract, DataWithoutATerminatingZeroStaysSo)
+TEST(RegistryContract, KeysAndNamesIgnoreCaseAndAKeyCanBeMoved)
 {
-    values.Set(kKey, "Name", "abcd");
-    std::array<char, 5> buffer = {'z', 'z', 'z', 'z', 'z'};
-    EXPECT_TRUE(RegistryKey::OpenLocalMachine(kKey).Query("Name", buffer.data(), buffer.size()));
-    EXPECT_EQ(std::string(buffer.data(), 4), "abcd");
-    EXPECT_EQ(RegistryKey::OpenLocalMachine(kKey).Text("Name"), "abcd");
-}
-
-TEST_F(RegistryContract, TheTypeDoesNotMatter)
-{
-    constexpr int kBinary = 3;
-    constexpr int kNumber = 4;
-    values.Set(kKey, "Binary", std::string("ab\0", 3), kBinary);
-    values.Set(kKey, "Number", std::string("EN\0\0", 4), kNumber);
-    EXPECT_EQ(Query("Binary", 10), "ab");
-    EXPECT_EQ(Query("Number", 10), "EN");
-}
-
-TEST_F(RegistryContract, NamesOfVariablesInATextStay)
-{
-    constexpr int kExpandable = 2;
-    values.Set(kKey, "Name", std::string("%PATH%\0", 7), kExpandable);
-    EXPECT_EQ(Query("Name", 10), "%PATH%");
-    EXPECT_EQ(RegistryKey::OpenLocalMachine(kKey).Text("Name"), "%PATH%");
-}
-
-TEST_F(RegistryContract, AnEmptyValueIsThere)
-{
-    values.SetText(kKey, "Name", "");
-    EXPECT_EQ(Query("Name", 10), "");
-    EXPECT_EQ(RegistryKey::OpenLocalMachine(kKey).Text("Name"), "");
-}
-
-TEST_F(RegistryContract, TextHasNoLimit)
-{
-    const std::string text(5000, 'x');
-    values.SetText(kKey, "Name", text);
-    EXPECT_EQ(RegistryKey::OpenLocalMachine(kKey).Text("Name"), text);
-}
-
-TEST_F(RegistryContract, AKeyCanBeHandedOn)
-{
-    values.SetText(kKey, "Name", "text");
-    RegistryKey first = RegistryKey::OpenLocalMachine(kKey);
+    const RegistryValues values;
+    RegistryValues::SetText(kKey, "Name", "text");
+    RegistryKey first = RegistryKey::OpenLocalMachine("SOFTWARE\\torvan\\CONTRACT");
+    ASSERT_TRUE(first);
     RegistryKey second = std::move(first);
-    EXPECT_EQ(second.Text("Name"), "text");
+    EXPECT_EQ(second.Text("nAME"), "text");
     second = RegistryKey();
     EXPECT_FALSE(second);
 }

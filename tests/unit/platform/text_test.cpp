@@ -15,44 +15,33 @@ TEST(TextContract, SeparatorsAreTheSystemsOwn)
     EXPECT_EQ(platform::kNativeSeparatorWide, static_cast<wchar_t>(own));
 }
 
-TEST(TextContract, EqualTextsAreEqual)
+struct Pair
 {
-    EXPECT_TRUE(EqualsIgnoringCase(L"", L""));
-    EXPECT_TRUE(EqualsIgnoringCase(L"KTRUI.exe", L"KTRUI.exe"));
-    EXPECT_TRUE(EqualsIgnoringCase(L"\u65e5\u672c", L"\u65e5\u672c"));
-}
+    const wchar_t *left;
+    const wchar_t *right;
+    bool equal;
+};
 
-TEST(TextContract, CaseOfLettersIsIgnored)
+TEST(TextContract, ComparisonIgnoresTheCaseOfAToZAndNothingElse)
 {
-    EXPECT_TRUE(EqualsIgnoringCase(L"SkyrelWrapExe.exe", L"SKYRELWRAPEXE.EXE"));
-    EXPECT_TRUE(EqualsIgnoringCase(L"abcxyz", L"ABCXYZ"));
-}
-
-TEST(TextContract, NeighboursOfLettersAreNot)
-{
-    EXPECT_FALSE(EqualsIgnoringCase(L"@", L"`"));
-    EXPECT_FALSE(EqualsIgnoringCase(L"[", L"{"));
-    EXPECT_FALSE(EqualsIgnoringCase(L"\\", L"/"));
-}
-
-TEST(TextContract, OnlyAToZHaveACase)
-{
-    EXPECT_FALSE(EqualsIgnoringCase(L"\u00c4", L"\u00e4"));
-    EXPECT_FALSE(EqualsIgnoringCase(L"I", L"\u0131"));
-}
-
-TEST(TextContract, NoNormalisationOfPaths)
-{
-    EXPECT_FALSE(EqualsIgnoringCase(L"C:\\Dravik\\", L"C:\\Dravik"));
-    EXPECT_FALSE(EqualsIgnoringCase(L"abc", L"abd"));
-    EXPECT_FALSE(EqualsIgnoringCase(L"abc", L"ab"));
-    EXPECT_FALSE(EqualsIgnoringCase(L"", L"a"));
-}
-
-TEST(TextContract, ViewsEndWhereTheySay)
-{
-    const std::wstring text = L"name.exe.other";
-    EXPECT_TRUE(EqualsIgnoringCase(std::wstring_view(text).substr(0, 8), L"NAME.EXE"));
+    for (const Pair &pair : {Pair{L"", L"", true},
+                             {L"KTRUI.exe", L"KTRUI.exe", true},
+                             {L"\u65e5\u672c", L"\u65e5\u672c", true},
+                             {L"SkyrelWrapExe.exe", L"SKYRELWRAPEXE.EXE", true},
+                             {L"abcxyz", L"ABCXYZ", true},
+                             {L"@", L"`", false}, // neighbours of the letters
+                             {L"[", L"{", false},
+                             {L"\\", L"/", false},
+                             {L"\u00c4", L"\u00e4", false},
+                             {L"I", L"\u0131", false},
+                             {L"C:\\Dravik\\", L"C:\\Dravik", false},
+                             {L"abc", L"abd", false},
+                             {L"abc", L"ab", false},
+                             {L"", L"a", false}}) {
+        EXPECT_EQ(EqualsIgnoringCase(pair.left, pair.right), pair.equal)
+            << testing::PrintToString(pair.left) << testing::PrintToString(pair.right);
+    }
+    EXPECT_TRUE(EqualsIgnoringCase(std::wstring_view(L"name.exe.other", 8), L"NAME.EXE"));
 }
 
 } // namespace

@@ -6,12 +6,11 @@
 
 namespace {
 
-using contract::StartedChild;
 using contract::WaitUntil;
 using platform::WindowHandle;
 
 /// A process with one window on the screen.
-class Shown : public StartedChild
+class Shown : public contract::StartedChild
 {
 public:
     Shown()
@@ -29,80 +28,65 @@ private:
     WindowHandle window_;
 };
 
-bool IsInFront(WindowHandle window, WindowHandle other)
-{
-    return contract::IsShown(window) && contract::IsAbove(window, other) &&
-           contract::IsActive(window);
-}
-
-/// Whether `BringToFront` works. It is asked again when that crosses with the focus that the
-/// desktop gives to a window that has just opened: how long this is under way can be seen from no
-/// side.
-bool ComesToTheFront(WindowHandle window, WindowHandle other)
+/// Whether `BringToFront` works. It is called again when the desktop gives the focus to a window
+/// that has just opened: nothing tells how long that takes.
+bool ComesToTheFront(const Shown &window, const Shown &other)
 {
     constexpr std::chrono::seconds kPatience{3};
-    return WaitUntil([=] {
-        platform::BringToFront(window);
-        return WaitUntil([=] { return IsInFront(window, other); }, kPatience);
+    const WindowHandle handle = window.Window();
+    return WaitUntil([&] {
+        platform::BringToFront(handle);
+        return WaitUntil(
+            [&] {
+                return contract::IsShown(handle) && contract::IsAbove(handle, other.Window()) &&
+                       contract::IsActive(handle);
+            },
+            kPatience);
     });
 }
 
-TEST(WindowContract, NothingIsNoWindow)
+TEST(WindowContract, AnotherNumberIsNoWindow)
 {
-    EXPECT_FALSE(platform::WindowExists(0));
-    EXPECT_FALSE(platform::WindowExists(0x1234567));
-    EXPECT_FALSE(platform::WindowExists(0x7fffffff));
-    EXPECT_FALSE(platform::WindowExists(0xffffffff));
-    EXPECT_FALSE(platform::WindowExists(0xffffffffffffffff));
+    for (const WindowHandle none :
+         {0ULL, 0x1234567ULL, 0x7fffffffULL, 0xffffffffULL, 0xffffffffffffffffULL}) {
+        EXPECT_FALSE(platform::WindowExists(none)) << none;
+    }
 }
 
-TEST(WindowContract, WindowOfAnotherProcessExistsUntilItIsClosed)
+TEST(WindowContract, WindowOfAnotherProcessExistsUntilItIsClosedOrItsProcessEnds)
 {
-    Shown shown;
-    EXPECT_TRUE(platform::WindowExists(shown.Window()));
-    shown.Ask({"close-window"});
-    EXPECT_FALSE(platform::WindowExists(shown.Window()));
+    Shown closed;
+    EXPECT_TRUE(platform::WindowExists(closed.Window()));
+    closed.Ask({"close-window"});
+    EXPECT_FALSE(platform::WindowExists(closed.Window()));
+    Shown ended;
+    ended.Process().EndAtOnce();
+    EXPECT_TRUE(WaitUntil([&ended] { return !platform::WindowExists(ended.Window()); }));
 }
 
-TEST(WindowContract, WindowGoesWithItsProcess)
+TEST(WindowContract, CoveredWindowComesToTheFrontButIsNotTopMost)
 {
-    Shown shown;
-    shown.Process().EndAtOnce();
-    EXPECT_TRUE(WaitUntil([&shown] { return !platform::WindowExists(shown.Window()); }));
-}
-
-TEST(WindowContract, CoveredWindowComesToTheFront)
-{
-    Shown lower;
-    Shown upper;
-    ASSERT_TRUE(ComesToTheFront(upper.Window(), lower.Window()));
-    EXPECT_TRUE(ComesToTheFront(lower.Window(), upper.Window()));
+    const Shown first;
+    const Shown second;
+    ASSERT_TRUE(ComesToTheFront(first, second));
+    EXPECT_FALSE(contract::IsTopMost(first.Window()));
+    EXPECT_TRUE(ComesToTheFront(second, first));
 }
 
 TEST(WindowContract, MinimisedWindowIsRestoredAndComesToTheFront)
 {
-    Shown minimised;
-    Shown other;
+    const Shown minimised;
+    const Shown other;
     contract::Minimise(minimised.Window());
     ASSERT_TRUE(WaitUntil([&] { return contract::IsMinimised(minimised.Window()); }));
-    EXPECT_TRUE(ComesToTheFront(minimised.Window(), other.Window()));
+    EXPECT_TRUE(ComesToTheFront(minimised, other));
 }
 
-TEST(WindowContract, WindowInFrontIsNotTopMost)
-{
-    Shown first;
-    Shown second;
-    ASSERT_TRUE(ComesToTheFront(first.Window(), second.Window()));
-    EXPECT_FALSE(contract::IsTopMost(first.Window()));
-    // So another one can still get above it.
-    EXPECT_TRUE(ComesToTheFront(second.Window(), first.Window()));
-}
-
-TEST(WindowContract, BringingNothingToTheFrontChangesNothing)
+TEST(WindowContract, BringingNoWindowToTheFrontChangesNothing)
 {
     Shown closed;
-    Shown other;
-    ASSERT_TRUE(ComesToTheFront(other.Window(), closed.Window()));
+    const Shown other;
+    ASSERT_TRUE(ComesToTheFront(other, closed));
     closed.Ask({"close-window"});
     platform::BringToFront(closed.Window());
     platform::BringToFront(0xffffffffffffffff);
@@ -112,13 +96,9 @@ TEST(WindowContract, BringingNothingToTheFrontChangesNothing)
 
 TEST(WindowContract, DropShadowIsTheSystemsSetting)
 {
-    {
-        const contract::SystemDropShadow with(true);
-        EXPECT_TRUE(platform::DropShadowEnabled());
-    }
-    {
-        const contract::SystemDropShadow without(false);
-        EXPECT_FALSE(platform::DropShadowEnabled());
+    for (const bool enabled : {true, false}) {
+        const contract::Held setting = contract::SystemDropShadow(enabled);
+        EXPECT_EQ(platform::DropShadowEnabled(), enabled);
     }
 }
 

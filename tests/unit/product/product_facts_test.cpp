@@ -1,7 +1,7 @@
 #include "platform/text.h"
 #include "services/product/product_facts.h"
 #include "tests/unit/platform/support/registry_values.h"
-#include "tests/unit/platform/support/scratch_folder.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 

@@ -97,10 +97,10 @@ TEST(UsageEvent, DeepNestingIsNoDocumentAndIsWrapped)
 // A half of a pair has no UTF-8: JSON has a form for it.
 TEST(UsageEvent, ALoneSurrogateArrives)
 {
-    const QString text = QStringLiteral("before") + QChar(0xD83D) + QStringLiteral("after");
+    const QString text = QString("before") + QChar(0xD83D) + "after";
     const UsageEventPairs pairs = ComposeUsageEvent(Text("w"), Text("a"), text, QString());
     EXPECT_EQ(QString::fromStdU16String(pairs.back().second),
-              QStringLiteral(R"({"attribute":"before\ud83dafter"})"));
+              R"({"attribute":"before\ud83dafter"})");
 }
 
 using UsageEventSend = TelemetryTest;
@@ -118,8 +118,8 @@ TEST_F(UsageEventSend, OnlyTwoToFivePairsAreSent)
         }
         EXPECT_EQ(library.NewNotes(), expected);
         const QString digit = QString::number(count);
-        pairs.emplace_back((QStringLiteral("n") + digit).toStdU16String(),
-                           (QStringLiteral("v") + digit).toStdU16String());
+        pairs.emplace_back((QString("n") + digit).toStdU16String(),
+                           (QString("v") + digit).toStdU16String());
         shown += "[n" + digit.toStdString() + "=v" + digit.toStdString() + "]";
     }
 }

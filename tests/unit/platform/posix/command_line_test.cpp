@@ -1,5 +1,5 @@
 #include "platform/posix/command_line.h"
-#include "tests/unit/platform/support/scratch_folder.h"
+#include "tests/unit/platform/support/system.h"
 
 #include <gtest/gtest.h>
 
@@ -8,69 +8,42 @@ namespace {
 using platform::CommandLine;
 using platform::SplitCommandLine;
 
-class CommandLineSplit : public testing::Test
+struct Row
 {
-protected:
-    /// Path of a new file.
-    std::string File(const std::string &name)
-    {
-        contract::WriteFile(folder_ / name, "");
-        return (folder_ / name).string();
-    }
-
-    contract::ScratchFolder folder_;
+    const char *line;  ///< behind the path of a folder
+    CommandLine parts; ///< the first one without that path
 };
 
-TEST_F(CommandLineSplit, ProgramAlone)
+TEST(CommandLineSplit, TakesTheLongestPathOfAFileAndSplitsTheRestAtSpacesOutsideQuotes)
 {
-    const std::string program = File("program");
-    EXPECT_EQ(SplitCommandLine(program), CommandLine{program});
-}
-
-TEST_F(CommandLineSplit, LongestLeadingPartThatIsAFileIsTheProgram)
-{
-    const std::string shorter = File("run");
-    const std::string longer = File("run me now");
-    EXPECT_EQ(SplitCommandLine(longer + " x"), (CommandLine{longer, "x"}));
-    EXPECT_EQ(SplitCommandLine(shorter + " me x"), (CommandLine{shorter, "me", "x"}));
-    EXPECT_EQ(SplitCommandLine(shorter + " me nowhere"), (CommandLine{shorter, "me", "nowhere"}));
-}
-
-TEST_F(CommandLineSplit, AFolderIsNoProgram)
-{
-    std::filesystem::create_directory(folder_ / "folder");
-    EXPECT_TRUE(SplitCommandLine((folder_ / "folder").string() + " x").empty());
-}
-
-TEST_F(CommandLineSplit, TheProgramEndsAtASpace)
-{
-    const std::string program = File("program");
-    EXPECT_TRUE(SplitCommandLine(program + "x y").empty());
-    EXPECT_TRUE(SplitCommandLine(program + "\"x y\"").empty());
-}
-
-TEST_F(CommandLineSplit, QuotesJoinAndGo)
-{
-    const std::string program = File("program");
-    EXPECT_EQ(SplitCommandLine(program + " \"a b\" c\"d e\"f \"\""),
-              (CommandLine{program, "a b", "cd ef", ""}));
-    EXPECT_EQ(SplitCommandLine(program + " \"never closed"),
-              (CommandLine{program, "never closed"}));
-}
-
-TEST_F(CommandLineSplit, NothingElseHasAMeaning)
-{
-    const std::string program = File("program");
-    EXPECT_EQ(SplitCommandLine(program + " $HOME * ; `id` 'a b' \\x %1"),
-              (CommandLine{program, "$HOME", "*", ";", "`id`", "'a", "b'", "\\x", "%1"}));
-}
-
-TEST_F(CommandLineSplit, NothingIsNothing)
-{
-    EXPECT_TRUE(SplitCommandLine("").empty());
-    EXPECT_TRUE(SplitCommandLine("   ").empty());
-    EXPECT_TRUE(SplitCommandLine("\"").empty());
-    EXPECT_TRUE(SplitCommandLine((folder_ / "missing").string()).empty());
+    const contract::ScratchFolder folder;
+    for (const char *file : {"program", "run", "run me now"}) {
+        contract::WriteFile(folder / file, "");
+    }
+    std::filesystem::create_directory(folder / "folder");
+    for (const Row &row : {
+             Row{"program", {"program"}},
+             {"run me now x", {"run me now", "x"}},
+             {"run me x", {"run", "me", "x"}},
+             {"run me nowhere", {"run", "me", "nowhere"}},
+             {"folder x", {}},
+             {"programx y", {}},
+             {"program\"x y\"", {}},
+             {"missing", {}},
+             {"program \"a b\" c\"d e\"f \"\"", {"program", "a b", "cd ef", ""}},
+             {"program \"never closed", {"program", "never closed"}},
+             {"program $HOME * ; `id` 'a b' \\x %1", // nothing else has a meaning
+              {"program", "$HOME", "*", ";", "`id`", "'a", "b'", "\\x", "%1"}},
+         }) {
+        CommandLine expected = row.parts;
+        if (!expected.empty()) {
+            expected.front() = (folder / expected.front()).string();
+        }
+        EXPECT_EQ(SplitCommandLine((folder / row.line).string()), expected);
+    }
+    for (const char *nothing : {"", "   ", "\""}) {
+        EXPECT_EQ(SplitCommandLine(nothing), CommandLine()) << nothing;
+    }
 }
 
 } // namespace

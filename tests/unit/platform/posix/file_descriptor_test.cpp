@@ -27,45 +27,38 @@ TEST(FileDescriptor, EmptyIsMinusOne)
     EXPECT_EQ(FileDescriptor().Get(), -1);
 }
 
-TEST(FileDescriptor, ClosesWhatItOwns)
+TEST(FileDescriptor, OwnsWhatItIsGivenUntilItMovesOrGoes)
 {
     const int descriptor = OpenSomething();
+    const int replaced = OpenSomething();
     {
-        const FileDescriptor owner(descriptor);
-        EXPECT_TRUE(owner);
+        FileDescriptor first(descriptor);
+        FileDescriptor second(replaced);
+        EXPECT_TRUE(first);
+        second = std::move(first);
+        EXPECT_EQ(second.Get(), descriptor);
         EXPECT_TRUE(IsOpen(descriptor));
+        EXPECT_FALSE(IsOpen(replaced));
     }
     EXPECT_FALSE(IsOpen(descriptor));
 }
 
-TEST(FileDescriptor, MovingHandsItOver)
+template<class Owner> void ExpectCloseToKeepTheLastError(Owner owner)
 {
-    const int descriptor = OpenSomething();
-    const int replaced = OpenSomething();
-    FileDescriptor first(descriptor);
-    FileDescriptor second(replaced);
-    second = std::move(first);
-    EXPECT_EQ(second.Get(), descriptor);
-    EXPECT_TRUE(IsOpen(descriptor));
-    EXPECT_FALSE(IsOpen(replaced));
-}
-
-TEST(FileDescriptor, ClosingKeepsTheLastError)
-{
-    FileDescriptor owner(OpenSomething());
     errno = EDOM;
     owner.Close();
     EXPECT_EQ(errno, EDOM);
     EXPECT_FALSE(owner);
-    FileDescriptor wrong(1 << 20); // closing it fails
-    wrong.Close();
-    EXPECT_EQ(errno, EDOM);
+}
+
+TEST(FileDescriptor, ClosingKeepsTheLastErrorAlsoWhenItFails)
+{
+    ExpectCloseToKeepTheLastError(FileDescriptor(OpenSomething()));
+    ExpectCloseToKeepTheLastError(FileDescriptor(1 << 20));
     FolderStream closed(::opendir("/"));
     ASSERT_TRUE(closed);
-    ::close(::dirfd(closed.Get())); // closing the stream fails then
-    errno = EDOM;
-    closed.Close();
-    EXPECT_EQ(errno, EDOM);
+    ::close(::dirfd(closed.Get()));
+    ExpectCloseToKeepTheLastError(std::move(closed));
 }
 
 } // namespace

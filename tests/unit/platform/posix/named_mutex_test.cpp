@@ -1,5 +1,4 @@
 #include "platform/named_mutex.h"
-#include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
 
 #include <array>
@@ -21,17 +20,18 @@ protected:
     {
         return NamedMutex::Create({name_.begin(), name_.end()}, error_);
     }
-    std::filesystem::path LockFile() const
+
+    void ExpectAnotherFailure()
     {
-        return folder_ / (name_ + ".lock");
+        EXPECT_FALSE(Create());
+        EXPECT_NE(error_, platform::kErrorNone);
+        EXPECT_NE(error_, platform::kErrorAccessDenied);
+        EXPECT_NE(error_, platform::kErrorAlreadyExists);
     }
 
     static mode_t ModeOf(const std::filesystem::path &file)
     {
-        constexpr mode_t kPermissions = 07777;
-        struct stat status = {};
-        EXPECT_EQ(::stat(file.c_str(), &status), 0);
-        return status.st_mode & kPermissions;
+        return static_cast<mode_t>(std::filesystem::status(file).permissions());
     }
 
     /// The descriptor of this process that is open on `file`; -1 when there is none.
@@ -49,45 +49,41 @@ protected:
     contract::ScratchFolder folder_;
     contract::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", folder_.Path().string()};
     std::string name_ = contract::UniqueName("ktr_contract_mutex");
+    std::filesystem::path file_ = folder_ / (name_ + ".lock");
     std::uint32_t error_ = 4711;
 };
 
 TEST_F(PosixNamedMutex, LockFileIsCreatedForAllToReadAndStays)
 {
-    NamedMutex mutex = Create();
-    EXPECT_EQ(ModeOf(LockFile()), 0644U);
-    mutex.Release();
-    mutex.Close();
-    EXPECT_TRUE(std::filesystem::exists(LockFile()));
-}
-
-TEST_F(PosixNamedMutex, AStrictMaskDoesNotLockOthersOut)
-{
     constexpr mode_t kNothingForOthers = 077;
     const mode_t before = ::umask(kNothingForOthers);
-    const NamedMutex mutex = Create();
+    NamedMutex mutex = Create();
     ::umask(before);
-    EXPECT_EQ(ModeOf(LockFile()), 0644U);
+    EXPECT_EQ(ModeOf(file_), 0644U);
+    mutex.Release();
+    mutex.Close();
+    EXPECT_TRUE(std::filesystem::exists(file_));
 }
 
-TEST_F(PosixNamedMutex, AnExistingFileIsOpenedForReadingAndLeftAsItIs)
+TEST_F(PosixNamedMutex, AnExistingFileIsOpenedForReadingUntilExecAndLeftAsItIs)
 {
     constexpr mode_t kReadOnly = 0444;
-    contract::WriteFile(LockFile(), "content");
-    ASSERT_EQ(::chmod(LockFile().c_str(), kReadOnly), 0);
+    contract::WriteFile(file_, "content");
+    ASSERT_EQ(::chmod(file_.c_str(), kReadOnly), 0);
     const NamedMutex mutex = Create();
     EXPECT_EQ(error_, platform::kErrorNone);
-    const int descriptor = DescriptorOn(LockFile());
+    const int descriptor = DescriptorOn(file_);
     ASSERT_GE(descriptor, 0);
     EXPECT_EQ(::fcntl(descriptor, F_GETFL) & O_ACCMODE, O_RDONLY);
-    EXPECT_EQ(contract::ReadFile(LockFile()), "content");
-    EXPECT_EQ(ModeOf(LockFile()), kReadOnly);
+    EXPECT_NE(::fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0);
+    EXPECT_EQ(contract::ReadFile(file_), "content");
+    EXPECT_EQ(ModeOf(file_), kReadOnly);
 }
 
-TEST_F(PosixNamedMutex, TheDescriptorIsClosedOnExec)
+TEST_F(PosixNamedMutex, ANewFileIsClosedOnExec)
 {
     const NamedMutex mutex = Create();
-    const int descriptor = DescriptorOn(LockFile());
+    const int descriptor = DescriptorOn(file_);
     ASSERT_GE(descriptor, 0);
     EXPECT_NE(::fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0);
 }
@@ -103,28 +99,22 @@ TEST_F(PosixNamedMutex, WithoutARuntimeFolderItLiesInTmp)
     EXPECT_TRUE(std::filesystem::remove(file));
 }
 
-TEST_F(PosixNamedMutex, APipeOfThatNameHoldsNobodyUp)
+TEST_F(PosixNamedMutex, APipeOfThatNameDoesNotBlock)
 {
-    ASSERT_EQ(::mkfifo(LockFile().c_str(), S_IRUSR | S_IWUSR), 0);
+    ASSERT_EQ(::mkfifo(file_.c_str(), S_IRUSR | S_IWUSR), 0);
     EXPECT_TRUE(Create());
     EXPECT_EQ(error_, platform::kErrorNone);
 }
 
-TEST_F(PosixNamedMutex, ALinkThatLeadsNowhereIsAnyOtherFailure)
+TEST_F(PosixNamedMutex, ALinkThatLeadsNowhereAndAPathAreAnyOtherFailure)
 {
-    std::filesystem::create_symlink(folder_ / "missing/file", LockFile());
-    EXPECT_FALSE(Create());
-    EXPECT_NE(error_, platform::kErrorNone);
-    EXPECT_NE(error_, platform::kErrorAccessDenied);
-    EXPECT_NE(error_, platform::kErrorAlreadyExists);
-}
-
-TEST_F(PosixNamedMutex, ANameIsNoPath)
-{
-    name_ = "../" + name_;
-    EXPECT_FALSE(Create());
-    EXPECT_NE(error_, platform::kErrorNone);
-    EXPECT_FALSE(std::filesystem::exists(LockFile()));
+    std::filesystem::create_symlink(folder_ / "missing/file", file_);
+    ExpectAnotherFailure();
+    std::filesystem::create_directory(folder_ / "below");
+    const std::string other = contract::UniqueName("ktr_contract_mutex");
+    name_ = "below/../" + other;
+    ExpectAnotherFailure();
+    EXPECT_FALSE(std::filesystem::exists(folder_ / (other + ".lock")));
 }
 
 // A process that was just forked, to start another program, still has every descriptor.

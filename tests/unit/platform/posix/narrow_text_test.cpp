@@ -21,24 +21,25 @@ public:
 };
 const testing::Environment *const kUtf8 = testing::AddGlobalTestEnvironment(new Utf8Environment);
 
-TEST(NarrowText, TheGlobalLocaleDoesNotCount)
+struct Row
+{
+    const char *bytes;
+    const wchar_t *text;
+};
+
+TEST(NarrowText, CharactersOfEveryPlaneAreConvertedBothWaysWhateverTheGlobalLocale)
 {
     ASSERT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
-    EXPECT_EQ(ToWide("Gr\xc3\xbc\xc3\x9f"), L"Gr\u00fc\u00df");
-    EXPECT_EQ(ToNarrow(L"Gr\u00fc\u00df"), "Gr\xc3\xbc\xc3\x9f");
+    for (const Row &row : {Row{"", L""},
+                           {"Gr\xc3\xbc\xc3\x9f", L"Gr\u00fc\u00df"},
+                           {"\xe6\x97\xa5\xf0\x9f\x98\x80", L"\u65e5\U0001F600"},
+                           {"a\xe6\x97", L"a\xDCE6\xDC97"}, // a character that was cut
+                           // An encoded U+DCFF, which UTF-8 does not allow
+                           {"\xed\xb3\xbf", L"\xDCED\xDCB3\xDCBF"}}) {
+        EXPECT_EQ(ToWide(row.bytes), row.text);
+        EXPECT_EQ(ToNarrow(row.text), row.bytes);
+    }
     EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
-}
-
-TEST(NarrowText, EveryPlaneIsOneCharacter)
-{
-    EXPECT_EQ(ToWide("\xe6\x97\xa5\xf0\x9f\x98\x80"), L"\u65e5\U0001F600");
-    EXPECT_EQ(ToNarrow(L"\u65e5\U0001F600"), "\xe6\x97\xa5\xf0\x9f\x98\x80");
-}
-
-TEST(NarrowText, NothingIsNothing)
-{
-    EXPECT_EQ(ToWide(""), L"");
-    EXPECT_EQ(ToNarrow(L""), "");
 }
 
 TEST(NarrowText, BrokenBytesStayApartAndComeBack)
@@ -53,25 +54,9 @@ TEST(NarrowText, BrokenBytesStayApartAndComeBack)
     EXPECT_EQ(different.size(), 255U);
 }
 
-TEST(NarrowText, ACutCharacterStaysApart)
-{
-    const std::string cut = "a\xe6\x97";
-    EXPECT_EQ(ToWide(cut).size(), 3U);
-    EXPECT_EQ(ToNarrow(ToWide(cut)), cut);
-}
-
-TEST(NarrowText, AnEncodedEscapeIsNotTakenForOne)
-{
-    const std::string encoded = "\xed\xb3\xbf"; // U+DCFF, which UTF-8 does not allow
-    EXPECT_EQ(ToNarrow(ToWide(encoded)), encoded);
-    EXPECT_NE(ToWide(encoded), ToWide("\xff"));
-}
-
 TEST(NarrowText, WhatCannotBeEncodedBecomesAQuestionMark)
 {
-    EXPECT_EQ(ToNarrow(L"a\xD800"
-                       L"b"),
-              "a?b");
+    EXPECT_EQ(ToNarrow(std::wstring(L"a") + wchar_t{0xD800} + L'b'), "a?b");
 }
 
 } // namespace

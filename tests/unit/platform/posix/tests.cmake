@@ -5,6 +5,5 @@ ktr_add_contract_test(platform_posix_test
     posix/named_mutex_test.cpp
     posix/narrow_text_test.cpp
     posix/processes_test.cpp
-    posix/registry_file_test.cpp
-    posix/window_test.cpp)
-target_sources(platform_window_contract_test PRIVATE posix/activation_test.cpp)
+    posix/registry_file_test.cpp)
+target_sources(platform_window_contract_test PRIVATE posix/window_test.cpp)

@@ -5,6 +5,28 @@
 #include <stdexcept>
 
 namespace contract {
+namespace {
+
+constexpr const char *kEnd = "(end of message)";
+
+} // namespace
+
+Message::Message(const std::filesystem::path &mailbox, int number, const std::string &kind)
+    : file_(mailbox / (std::to_string(number) + '.' + kind))
+{
+}
+
+void Message::Write(const std::string &content) const
+{
+    WriteFile(file_, content + kEnd);
+}
+
+std::optional<std::string> Message::Read() const
+{
+    const std::string content = ReadFile(file_);
+    const std::size_t end = content.rfind(kEnd);
+    return end != std::string::npos ? std::optional(content.substr(0, end)) : std::nullopt;
+}
 
 std::filesystem::path ChildProgram()
 {
@@ -22,11 +44,6 @@ std::filesystem::path FixtureLibrary()
     return ExecutablePath().parent_path() / "contract_library.dll";
 }
 
-Child::Child()
-    : mailbox_(folder_.Path())
-{
-}
-
 std::string Child::Ask(const Lines &command)
 {
     Send(command);
@@ -35,39 +52,53 @@ std::string Child::Ask(const Lines &command)
 
 void Child::Send(const Lines &command)
 {
-    mailbox_.Send(command);
+    std::string text;
+    for (const std::string &line : command) {
+        text += line + '\n';
+    }
+    Message(folder_.Path(), ++commands_, "command").Write(text);
 }
 
-std::string Child::AwaitAnswer()
+std::string Child::AwaitAnswer() const
 {
-    return mailbox_.AwaitAnswer();
-}
-
-const std::filesystem::path &Child::Folder() const
-{
-    return folder_.Path();
+    std::optional<std::string> answer;
+    const Message message(folder_.Path(), commands_, "answer");
+    WaitUntil([&] { return (answer = message.Read()).has_value(); });
+    return answer.value_or(kNoAnswer);
 }
 
 StartedChild::StartedChild(const std::filesystem::path &program)
 {
-    const ScopedVariable mailbox(kMailboxVariable, Folder().string());
-    // Wine has been seen to start a process that never got to its own code; a child is only the
-    // surroundings of a test, so there may be a second one. A later child reads the earlier
-    // questions, too.
+    const ScopedVariable mailbox(kMailboxVariable, Mailbox());
+    // Wine has been seen to start a process that never got to its own code, so there may be a
+    // second one. A later child reads the earlier questions, too.
     constexpr int kStarts = 2;
     for (int start = 0; start < kStarts; ++start) {
         process_.reset();
         process_.emplace(program, Lines{});
-        if (Ask({"id"}) != Mailbox::kNoAnswer) {
+        if (Ask({"id"}) != kNoAnswer) {
             return;
         }
         std::cerr << "child " << process_->Id() << " of start " << start << " says nothing\n";
     }
 }
 
-StartedChild::~StartedChild()
+DetachedChild::DetachedChild(const std::function<void(const std::string &mailbox)> &start)
 {
-    process_.reset(); // before the folder goes
+    {
+        const ScopedVariable mailbox(kMailboxVariable, Mailbox());
+        start(Mailbox());
+    }
+    id_ = static_cast<platform::ProcessId>(std::strtoul(Ask({"id"}).c_str(), nullptr, 10));
+}
+
+DetachedChild::DetachedChild(const std::string &commandLine,
+                             const std::filesystem::path &directory,
+                             const platform::LaunchOptions &options)
+    : DetachedChild([&](const std::string &) {
+        platform::LaunchDetached(commandLine, directory.string(), options);
+    })
+{
 }
 
 DetachedChild::~DetachedChild()
@@ -76,23 +107,6 @@ DetachedChild::~DetachedChild()
         Send({"exit", "0"});
         WaitUntil([this] { return !IsRunning(id_); });
     }
-}
-
-void DetachedChild::Launch(const std::string &commandLine,
-                           const std::filesystem::path &workingDirectory,
-                           const platform::LaunchOptions &options)
-{
-    {
-        const ScopedVariable mailbox(kMailboxVariable, Folder().string());
-        platform::LaunchDetached(commandLine, workingDirectory.string(), options);
-    }
-    AwaitStart();
-}
-
-void DetachedChild::AwaitStart()
-{
-    const std::string answer = Ask({"id"});
-    id_ = static_cast<platform::ProcessId>(std::strtoul(answer.c_str(), nullptr, 10));
 }
 
 std::vector<platform::ProcessEntry> ListedProcesses()

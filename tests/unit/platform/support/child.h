@@ -1,60 +1,71 @@
 #pragma once
 
-#include "tests/unit/platform/support/mailbox.h"
-#include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
 
 #include "platform/launch.h"
 #include "platform/processes.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace contract {
 
+/// Lines of a command; the first one is its name. child/main.cpp lists the commands.
+using Lines = std::vector<std::string>;
+
+/// A file through which a test and a child process talk: the test numbers its commands, the child
+/// answers each one. A child that was started detached has no pipe to the test.
+class Message
+{
+public:
+    Message(const std::filesystem::path &mailbox, int number, const std::string &kind);
+    void Write(const std::string &content) const;
+    /// The complete message; no value while there is none.
+    std::optional<std::string> Read() const;
+
+private:
+    std::filesystem::path file_;
+};
+
+/// The environment variable with the folder in which a child finds its messages.
+inline constexpr const char *kMailboxVariable = "CONTRACT_MAILBOX";
+
 /// The helper program beside the test program.
 std::filesystem::path ChildProgram();
-/// A copy of the helper program, with everything it needs, under another path.
+/// A copy of the helper program under another path.
 void CopyChildProgram(const std::filesystem::path &to);
 /// The fixture library beside the test program.
 std::filesystem::path FixtureLibrary();
 
-/// The test's end of a mailbox that has a running child at the other end.
+/// The test's side of a child process.
 class Child
 {
 public:
-    Child();
-    virtual ~Child() = default;
-    Child(const Child &) = delete;
-    Child &operator=(const Child &) = delete;
-    Child(Child &&) = delete;
-    Child &operator=(Child &&) = delete;
-
     /// Sends the command and gives the answer.
     std::string Ask(const Lines &command);
     void Send(const Lines &command);
-    std::string AwaitAnswer();
+    /// The answer to the command sent last; `kNoAnswer` when it does not come.
+    std::string AwaitAnswer() const;
+    static constexpr const char *kNoAnswer = "(no answer)";
 
-    /// Folder of the mailbox: a child that finds it in its environment is this one.
-    const std::filesystem::path &Folder() const;
+    std::string Mailbox() const
+    {
+        return folder_.Path().string();
+    }
 
 private:
     ScratchFolder folder_;
-    Mailbox mailbox_;
+    int commands_ = 0;
 };
 
-/// A child that the test has started itself.
+/// A child that the test starts itself.
 class StartedChild : public Child
 {
 public:
     explicit StartedChild(const std::filesystem::path &program = ChildProgram());
-    ~StartedChild() override;
-    StartedChild(const StartedChild &) = delete;
-    StartedChild &operator=(const StartedChild &) = delete;
-    StartedChild(StartedChild &&) = delete;
-    StartedChild &operator=(StartedChild &&) = delete;
 
     StartedProcess &Process()
     {
@@ -65,24 +76,18 @@ private:
     std::optional<StartedProcess> process_;
 };
 
-/// A child that somebody has started with `LaunchDetached`. It is told to end, and waited for, when
-/// the object goes.
+/// A child that is started detached. It is told to end, and waited for, when the object goes.
 class DetachedChild : public Child
 {
 public:
-    DetachedChild() = default;
-    ~DetachedChild() override;
+    /// `start` makes something start the child, which then answers.
+    explicit DetachedChild(const std::function<void(const std::string &mailbox)> &start);
+    explicit DetachedChild(const std::string &commandLine,
+                           const std::filesystem::path &directory = std::filesystem::current_path(),
+                           const platform::LaunchOptions &options = {});
+    ~DetachedChild();
     DetachedChild(const DetachedChild &) = delete;
     DetachedChild &operator=(const DetachedChild &) = delete;
-    DetachedChild(DetachedChild &&) = delete;
-    DetachedChild &operator=(DetachedChild &&) = delete;
-
-    /// Starts it from this process and waits until it answers.
-    void Launch(const std::string &commandLine,
-                const std::filesystem::path &workingDirectory,
-                const platform::LaunchOptions &options = {});
-    /// Waits until it answers, whoever has started it.
-    void AwaitStart();
 
     platform::ProcessId Id() const
     {

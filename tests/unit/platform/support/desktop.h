@@ -1,32 +1,20 @@
 #pragma once
 
 #include "platform/window.h"
-
-#include <memory>
-#include <string>
+#include "tests/unit/platform/support/system.h"
 
 /// Windows of a desktop, seen from outside the process that they belong to.
 namespace contract {
 
-/// A visible top-level window of the calling thread.
-class TestWindow
+/// A visible top-level window of the calling thread, as long as the object lives.
+struct TestWindow
 {
-public:
-    TestWindow();
-    ~TestWindow();
-    TestWindow(const TestWindow &) = delete;
-    TestWindow &operator=(const TestWindow &) = delete;
-    TestWindow(TestWindow &&) = delete;
-    TestWindow &operator=(TestWindow &&) = delete;
-
-    platform::WindowHandle Handle() const;
-    /// Handles what the system has sent. To be called again and again.
-    void Pump();
-
-private:
-    struct State;
-    std::unique_ptr<State> state_;
+    platform::WindowHandle handle = 0;
+    Held open;
 };
+TestWindow OpenWindow();
+/// Handles what the system has sent to this thread's windows. Call it again and again.
+void PumpMessages();
 
 void Minimise(platform::WindowHandle window);
 bool IsMinimised(platform::WindowHandle window);
@@ -38,19 +26,6 @@ bool IsActive(platform::WindowHandle window);
 bool IsTopMost(platform::WindowHandle window);
 
 /// Sets whether the system draws drop shadows, as long as the object lives.
-class SystemDropShadow
-{
-public:
-    explicit SystemDropShadow(bool enabled);
-    ~SystemDropShadow();
-    SystemDropShadow(const SystemDropShadow &) = delete;
-    SystemDropShadow &operator=(const SystemDropShadow &) = delete;
-    SystemDropShadow(SystemDropShadow &&) = delete;
-    SystemDropShadow &operator=(SystemDropShadow &&) = delete;
-
-private:
-    struct State;
-    std::unique_ptr<State> state_;
-};
+Held SystemDropShadow(bool enabled);
 
 } // namespace contract

@@ -2,7 +2,6 @@
 
 #include "platform/library.h"
 #include "testkit/fakes/fake.h"
-#include "tests/unit/platform/support/scratch_folder.h"
 #include "tests/unit/platform/support/system.h"
 
 namespace contract {

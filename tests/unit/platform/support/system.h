@@ -4,6 +4,7 @@
 #include "testkit/os/waiting.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -13,37 +14,56 @@ namespace contract {
 using namespace os; // NOLINT(google-build-using-namespace): one vocabulary for the tests
 
 /// Something that the system holds as long as the object lives.
-class Held
+using Held = std::shared_ptr<void>;
+/// Calls `action` at the end of the object's life.
+Held AtEnd(std::function<void()> action);
+
+/// A new, empty folder that goes with the object, content included.
+class ScratchFolder
 {
 public:
-    Held() = default;
-    virtual ~Held() = default;
-    Held(const Held &) = delete;
-    Held &operator=(const Held &) = delete;
-    Held(Held &&) = delete;
-    Held &operator=(Held &&) = delete;
+    ScratchFolder();
+
+    const std::filesystem::path &Path() const
+    {
+        return path_;
+    }
+    std::filesystem::path operator/(const std::filesystem::path &name) const
+    {
+        return path_ / name;
+    }
+
+private:
+    std::filesystem::path path_;
+    Held removal_;
 };
+
+/// A text that no other process and no other call has got.
+std::string UniqueName(const std::string &beginning);
+
+/// Creates or replaces the file.
+void WriteFile(const std::filesystem::path &path, const std::string &content);
+/// Content of the file; empty when there is none.
+std::string ReadFile(const std::filesystem::path &path);
 
 /// Makes `name` a mutex that exists but that a process without privileges may not open.
 /// `lockFolder` is where lock files lie, on systems that have them.
-std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder);
+Held ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder);
 /// Makes it impossible to create a mutex called `name`, for a reason other than permission.
-std::unique_ptr<Held> ObstructMutex(const std::string &name,
-                                    const std::filesystem::path &lockFolder);
+Held ObstructMutex(const std::string &name, const std::filesystem::path &lockFolder);
 /// Takes the process's privileges away, where it has any.
-std::unique_ptr<Held> DropPrivileges();
+Held DropPrivileges();
 
 /// Opens `path` for this process alone with a handle that a started process would inherit if it
 /// inherited handles at all. Null when another handle on it is open.
-std::unique_ptr<Held> OpenExclusivelyInheritable(const std::filesystem::path &path);
+Held OpenExclusivelyInheritable(const std::filesystem::path &path);
 
-/// "idle", "normal" or "other": what the scheduler thinks of this process.
+/// "idle", "normal" or "other": the scheduling class of this process.
 std::string OwnPriority();
 /// Facts of this process that only one system has, a line each.
 std::string OwnFacts();
-/// Whether such facts are those of a process of which the user was to see nothing: one that was
-/// told to hide, or, where nothing can be told, one with a session of its own and streams to
-/// nowhere.
+/// Whether such facts are those of a hidden process: one that was told to hide, or, on Linux, one
+/// with a session of its own and streams to nowhere.
 bool IsHidden(const std::string &facts);
 
 } // namespace contract

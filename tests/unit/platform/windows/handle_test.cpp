@@ -44,16 +44,6 @@ TEST(Handle, OneKindsEmptyValueIsNotTheOthers)
     EXPECT_FALSE((std::is_convertible_v<ObjectHandle, SnapshotHandle>));
 }
 
-TEST(Handle, ClosesWhatItOwns)
-{
-    const HANDLE event = NewEvent();
-    {
-        const ObjectHandle owner(event);
-        EXPECT_TRUE(IsOpen(event));
-    }
-    EXPECT_FALSE(IsOpen(event));
-}
-
 TEST(Handle, ClosesARegistryKey)
 {
     HKEY key = nullptr;
@@ -66,16 +56,28 @@ TEST(Handle, ClosesARegistryKey)
     EXPECT_FALSE(IsOpen(key));
 }
 
-TEST(Handle, MovingHandsItOver)
+TEST(Handle, OwnsWhatItIsGivenUntilItMovesOrGoes)
 {
     const HANDLE event = NewEvent();
     const HANDLE replaced = NewEvent();
-    ObjectHandle first(event);
-    ObjectHandle second(replaced);
-    second = std::move(first);
-    EXPECT_EQ(second.Get(), event);
-    EXPECT_TRUE(IsOpen(event));
-    EXPECT_FALSE(IsOpen(replaced));
+    {
+        ObjectHandle first(event);
+        ObjectHandle second(replaced);
+        second = std::move(first);
+        EXPECT_EQ(second.Get(), event);
+        EXPECT_TRUE(IsOpen(event));
+        EXPECT_FALSE(IsOpen(replaced));
+    }
+    EXPECT_FALSE(IsOpen(event));
+}
+
+template<class Owner> void ExpectCloseToKeepTheLastError(Owner owner)
+{
+    constexpr DWORD kSomeError = 4711;
+    ::SetLastError(kSomeError);
+    owner.Close();
+    EXPECT_EQ(::GetLastError(), kSomeError);
+    EXPECT_FALSE(owner);
 }
 
 LSTATUS WINAPI FailToClose(HKEY)
@@ -84,22 +86,12 @@ LSTATUS WINAPI FailToClose(HKEY)
     return ERROR_INVALID_HANDLE;
 }
 
-TEST(Handle, ClosingKeepsTheLastError)
+TEST(Handle, ClosingKeepsTheLastErrorAlsoWhenItFails)
 {
-    constexpr DWORD kSomeError = 4711;
-    ObjectHandle owner(NewEvent());
-    ::SetLastError(kSomeError);
-    owner.Close();
-    EXPECT_EQ(::GetLastError(), kSomeError);
-    EXPECT_FALSE(owner);
-    ObjectHandle wrong(reinterpret_cast<HANDLE>(0xABCDE0)); // closing it fails
-    ::SetLastError(kSomeError);
-    wrong.Close();
-    EXPECT_EQ(::GetLastError(), kSomeError);
-    const contract::ReplacedImport failing(__imp_RegCloseKey, FailToClose);
-    RegistryHandle key(HKEY_CURRENT_USER);
-    key.Close();
-    EXPECT_EQ(::GetLastError(), kSomeError);
+    ExpectCloseToKeepTheLastError(ObjectHandle(NewEvent()));
+    ExpectCloseToKeepTheLastError(ObjectHandle(reinterpret_cast<HANDLE>(0xABCDE0)));
+    const auto failing = contract::ReplaceImport(__imp_RegCloseKey, FailToClose);
+    ExpectCloseToKeepTheLastError(RegistryHandle(HKEY_CURRENT_USER));
 }
 
 } // namespace

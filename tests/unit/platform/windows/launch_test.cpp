@@ -14,84 +14,66 @@ extern decltype(&::SetProcessPriorityBoost) __imp_SetProcessPriorityBoost;
 namespace {
 
 using contract::DetachedChild;
-using contract::ReplacedImport;
-using platform::LaunchOptions;
-using platform::PriorityClass;
-using platform::ShowWindow;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
+using Calls = std::vector<std::string>;
 
-const LaunchOptions kHiddenIdle = {ShowWindow::Hidden, PriorityClass::Idle, false};
+const platform::LaunchOptions kHiddenIdle = {
+    platform::ShowWindow::Hidden, platform::PriorityClass::Idle, false};
 
-/// CreateProcess fails; `calls` lists the calls that follow.
-class FailedLaunch : public testing::Test
+Calls calls;
+STARTUPINFOA startup = {};
+
+WINBOOL WINAPI FailToCreate(const char *,
+                            char *,
+                            SECURITY_ATTRIBUTES *,
+                            SECURITY_ATTRIBUTES *,
+                            WINBOOL,
+                            DWORD,
+                            void *,
+                            const char *,
+                            STARTUPINFOA *given,
+                            PROCESS_INFORMATION *process)
 {
-protected:
-    void SetUp() override
-    {
-        calls.clear();
-        startup = {};
-    }
-
-    static std::vector<std::string> calls;
-    static STARTUPINFOA startup;
-
-private:
-    static WINBOOL WINAPI Create(const char *,
-                                 char *,
-                                 SECURITY_ATTRIBUTES *,
-                                 SECURITY_ATTRIBUTES *,
-                                 WINBOOL,
-                                 DWORD,
-                                 void *,
-                                 const char *,
-                                 STARTUPINFOA *given,
-                                 PROCESS_INFORMATION *process)
-    {
-        const PROCESS_INFORMATION zero = {};
-        EXPECT_EQ(std::memcmp(process, &zero, sizeof(zero)), 0);
-        startup = *given;
-        calls.emplace_back("create");
-        return FALSE;
-    }
-    static WINBOOL WINAPI SetClass(HANDLE process, DWORD priorityClass)
-    {
-        EXPECT_EQ(process, nullptr);
-        calls.push_back("class " + std::to_string(priorityClass));
-        return FALSE;
-    }
-    static WINBOOL WINAPI SetBoost(HANDLE process, WINBOOL disabled)
-    {
-        EXPECT_EQ(process, nullptr);
-        calls.push_back("boost off " + std::to_string(disabled));
-        return FALSE;
-    }
-
-    ReplacedImport<decltype(&::CreateProcessA)> create_{__imp_CreateProcessA, Create};
-    ReplacedImport<decltype(&::SetPriorityClass)> class_{__imp_SetPriorityClass, SetClass};
-    ReplacedImport<decltype(&::SetProcessPriorityBoost)> boost_{__imp_SetProcessPriorityBoost,
-                                                                SetBoost};
-};
-
-std::vector<std::string> FailedLaunch::calls;
-STARTUPINFOA FailedLaunch::startup = {};
-
-TEST_F(FailedLaunch, StillSetsPriorityAndBoostOnTheNullHandle)
-{
-    platform::LaunchDetached("missing.exe", "C:\\", kHiddenIdle);
-    EXPECT_THAT(calls, ElementsAre("create", "class 64", "boost off 1"));
+    const PROCESS_INFORMATION zero = {};
+    EXPECT_EQ(std::memcmp(process, &zero, sizeof(zero)), 0);
+    startup = *given;
+    calls.emplace_back("create");
+    return FALSE;
 }
 
-TEST_F(FailedLaunch, WithDefaultOptionsSetsNoPriority)
+WINBOOL WINAPI SetClass(HANDLE process, DWORD priorityClass)
 {
-    platform::LaunchDetached("missing.exe", "C:\\", {});
-    EXPECT_THAT(calls, ElementsAre("create"));
+    EXPECT_EQ(process, nullptr);
+    calls.push_back("class " + std::to_string(priorityClass));
+    return FALSE;
 }
 
-TEST_F(FailedLaunch, TheStartupRecordOnlySaysHidden)
+WINBOOL WINAPI SetBoost(HANDLE process, WINBOOL disabled)
 {
-    platform::LaunchDetached("missing.exe", "C:\\", kHiddenIdle);
+    EXPECT_EQ(process, nullptr);
+    calls.push_back("boost off " + std::to_string(disabled));
+    return FALSE;
+}
+
+/// The calls of a launch whose CreateProcess fails.
+Calls FailedLaunch(const platform::LaunchOptions &options)
+{
+    const auto create = contract::ReplaceImport(__imp_CreateProcessA, FailToCreate);
+    const auto priority = contract::ReplaceImport(__imp_SetPriorityClass, SetClass);
+    const auto boost = contract::ReplaceImport(__imp_SetProcessPriorityBoost, SetBoost);
+    calls.clear();
+    platform::LaunchDetached("missing.exe", "C:\\", options);
+    return calls;
+}
+
+TEST(WindowsLaunch, AfterAFailurePriorityAndBoostAreStillSetOnTheNullHandle)
+{
+    EXPECT_EQ(FailedLaunch(kHiddenIdle), (Calls{"create", "class 64", "boost off 1"}));
+    EXPECT_EQ(FailedLaunch({}), Calls{"create"});
+}
+
+TEST(WindowsLaunch, TheStartupRecordOnlySaysHidden)
+{
+    FailedLaunch(kHiddenIdle);
     STARTUPINFOA expected = {};
     expected.cb = 104;
     expected.dwFlags = 1;
@@ -99,18 +81,13 @@ TEST_F(FailedLaunch, TheStartupRecordOnlySaysHidden)
     EXPECT_EQ(std::memcmp(&startup, &expected, sizeof(expected)), 0);
 }
 
-TEST(WindowsLaunch, AHiddenStartTellsTheProgramToHide)
+TEST(WindowsLaunch, OnlyAHiddenStartTellsTheProgramToHide)
 {
-    DetachedChild child;
-    child.Launch(contract::ChildProgram().string(), std::filesystem::current_path(), kHiddenIdle);
-    EXPECT_THAT(child.Ask({"facts"}), HasSubstr("flags 1\nshow 0\n"));
-}
-
-TEST(WindowsLaunch, AnOrdinaryStartDoesNot)
-{
-    DetachedChild child;
-    child.Launch(contract::ChildProgram().string(), std::filesystem::current_path());
-    EXPECT_THAT(child.Ask({"facts"}), Not(HasSubstr("flags 1\n")));
+    const std::string program = contract::ChildProgram().string();
+    const auto directory = std::filesystem::current_path();
+    EXPECT_TRUE(contract::IsHidden(DetachedChild(program, directory, kHiddenIdle).Ask({"facts"})));
+    EXPECT_THAT(DetachedChild(program).Ask({"facts"}),
+                testing::Not(testing::HasSubstr("flags 1\n")));
 }
 
 } // namespace

@@ -15,90 +15,78 @@ extern decltype(&::CloseHandle) __imp_CloseHandle;
 
 namespace {
 
-using contract::ReplacedImport;
+using contract::ReplaceImport;
 using Calls = std::vector<std::string>;
 
-/// Replaces the calls of the process snapshot: it has `left` processes, and `calls` lists the
-/// calls.
-class WindowsProcesses : public testing::Test
+const HANDLE kSnapshot = reinterpret_cast<HANDLE>(0xABCDE0);
+
+HANDLE snapshot = nullptr;
+int left = 0; ///< processes that the snapshot still has
+Calls calls;
+
+WINBOOL Give(const char *call, HANDLE handle, PROCESSENTRY32W *entry)
 {
-protected:
-    void SetUp() override
-    {
-        left = 0;
-        calls.clear();
-    }
+    EXPECT_EQ(handle, snapshot);
+    EXPECT_EQ(entry->dwSize, 568U);
+    calls.emplace_back(call);
+    entry->th32ProcessID = static_cast<DWORD>(left);
+    return left-- > 0 ? TRUE : FALSE;
+}
 
-    static void Visit()
-    {
-        const ReplacedImport create(__imp_CreateToolhelp32Snapshot, CreateSnapshot);
-        const ReplacedImport first(__imp_Process32FirstW, First);
-        const ReplacedImport next(__imp_Process32NextW, Next);
-        const ReplacedImport close(__imp_CloseHandle, Close);
-        platform::VisitProcesses([](const platform::ProcessEntry &entry) {
-            calls.push_back("visit " + std::to_string(entry.id));
-        });
-    }
+HANDLE WINAPI CreateSnapshot(DWORD flags, DWORD id)
+{
+    calls.push_back("create " + std::to_string(flags) + ' ' + std::to_string(id));
+    return snapshot;
+}
 
-    static int left;
-    static HANDLE snapshot;
-    static Calls calls;
+WINBOOL WINAPI First(HANDLE handle, PROCESSENTRY32W *entry)
+{
+    return Give("first", handle, entry);
+}
 
-private:
-    static HANDLE WINAPI CreateSnapshot(DWORD flags, DWORD id)
-    {
-        calls.push_back("create " + std::to_string(flags) + ' ' + std::to_string(id));
-        return snapshot;
-    }
-    static WINBOOL WINAPI First(HANDLE handle, PROCESSENTRY32W *entry)
-    {
-        EXPECT_EQ(entry->dwSize, 568U);
-        return Give("first", handle, entry);
-    }
-    static WINBOOL WINAPI Next(HANDLE handle, PROCESSENTRY32W *entry)
-    {
-        return Give("next", handle, entry);
-    }
-    static WINBOOL Give(const char *call, HANDLE handle, PROCESSENTRY32W *entry)
-    {
-        EXPECT_EQ(handle, snapshot);
-        calls.emplace_back(call);
-        entry->th32ProcessID = static_cast<DWORD>(left);
-        return left-- > 0 ? TRUE : FALSE;
-    }
-    static WINBOOL WINAPI Close(HANDLE handle)
-    {
-        EXPECT_EQ(handle, snapshot);
-        calls.emplace_back("close");
-        return TRUE;
-    }
+WINBOOL WINAPI Next(HANDLE handle, PROCESSENTRY32W *entry)
+{
+    return Give("next", handle, entry);
+}
+
+WINBOOL WINAPI Close(HANDLE handle)
+{
+    EXPECT_EQ(handle, snapshot);
+    calls.emplace_back("close");
+    return TRUE;
+}
+
+struct Row
+{
+    const char *name;
+    HANDLE snapshot;
+    int processes;
+    Calls calls;
 };
 
-int WindowsProcesses::left = 0;
-HANDLE WindowsProcesses::snapshot = nullptr;
-Calls WindowsProcesses::calls;
-
-TEST_F(WindowsProcesses, EachEntryIsVisitedBeforeTheNextIsReadAndTheSnapshotIsClosed)
+TEST(WindowsProcesses, EachEntryIsVisitedBeforeTheNextIsReadAndTheSnapshotIsClosed)
 {
-    snapshot = reinterpret_cast<HANDLE>(0xABCDE0);
-    left = 2;
-    Visit();
-    EXPECT_EQ(calls, (Calls{"create 2 0", "first", "visit 2", "next", "visit 1", "next", "close"}));
-}
-
-TEST_F(WindowsProcesses, WithoutASnapshotNothingIsVisited)
-{
-    snapshot = INVALID_HANDLE_VALUE;
-    left = 2;
-    Visit();
-    EXPECT_EQ(calls, (Calls{"create 2 0"}));
-}
-
-TEST_F(WindowsProcesses, WithoutAFirstEntryTheSnapshotIsClosed)
-{
-    snapshot = reinterpret_cast<HANDLE>(0xABCDE0);
-    Visit();
-    EXPECT_EQ(calls, (Calls{"create 2 0", "first", "close"}));
+    for (const Row &row :
+         {Row{"two processes",
+              kSnapshot,
+              2,
+              {"create 2 0", "first", "visit 2", "next", "visit 1", "next", "close"}},
+          {"no first entry", kSnapshot, 0, {"create 2 0", "first", "close"}},
+          {"no snapshot", INVALID_HANDLE_VALUE, 2, {"create 2 0"}}}) {
+        snapshot = row.snapshot;
+        left = row.processes;
+        calls.clear();
+        {
+            const auto create = ReplaceImport(__imp_CreateToolhelp32Snapshot, CreateSnapshot);
+            const auto first = ReplaceImport(__imp_Process32FirstW, First);
+            const auto next = ReplaceImport(__imp_Process32NextW, Next);
+            const auto close = ReplaceImport(__imp_CloseHandle, Close);
+            platform::VisitProcesses([](const platform::ProcessEntry &entry) {
+                calls.push_back("visit " + std::to_string(entry.id));
+            });
+        }
+        EXPECT_EQ(calls, row.calls) << row.name;
+    }
 }
 
 } // namespace

@@ -1,11 +1,8 @@
 ktr_add_contract_test(platform_windows_test
-    windows/files_test.cpp
     windows/handle_test.cpp
     windows/launch_test.cpp
-    windows/library_test.cpp
-    windows/module_path_test.cpp
+    windows/paths_test.cpp
     windows/processes_test.cpp
-    windows/registry_values_test.cpp
     windows/replaced_import.h)
 target_sources(platform_window_contract_test PRIVATE windows/window_test.cpp)
 

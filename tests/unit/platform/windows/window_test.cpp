@@ -11,7 +11,7 @@ extern decltype(&::SystemParametersInfoA) __imp_SystemParametersInfoA;
 
 namespace {
 
-using contract::ReplacedImport;
+using contract::ReplaceImport;
 
 HWND WINAPI NoForegroundWindow()
 {
@@ -20,40 +20,32 @@ HWND WINAPI NoForegroundWindow()
 
 TEST(WindowsWindow, ComesToTheFrontAlsoWhenNoWindowIsInTheForeground)
 {
-    contract::TestWindow window;
-    contract::Minimise(window.Handle());
-    ASSERT_TRUE(contract::IsMinimised(window.Handle()));
+    const contract::TestWindow window = contract::OpenWindow();
+    contract::Minimise(window.handle);
+    ASSERT_TRUE(contract::IsMinimised(window.handle));
     {
-        const ReplacedImport none(__imp_GetForegroundWindow, NoForegroundWindow);
-        platform::BringToFront(window.Handle());
+        const auto none = ReplaceImport(__imp_GetForegroundWindow, NoForegroundWindow);
+        platform::BringToFront(window.handle);
     }
-    EXPECT_TRUE(contract::IsShown(window.Handle()));
-    EXPECT_TRUE(contract::IsActive(window.Handle()));
-    EXPECT_FALSE(contract::IsTopMost(window.Handle()));
+    EXPECT_TRUE(contract::IsShown(window.handle));
+    EXPECT_TRUE(contract::IsActive(window.handle));
+    EXPECT_FALSE(contract::IsTopMost(window.handle));
 }
 
-WINBOOL WINAPI FailWithoutASetting(UINT action, UINT, void *, UINT)
+template<WINBOOL kSetting> WINBOOL WINAPI FailWith(UINT action, UINT, void *setting, UINT)
 {
     EXPECT_EQ(action, UINT{SPI_GETDROPSHADOW});
+    *static_cast<WINBOOL *>(setting) |= kSetting;
     return FALSE;
 }
 
-WINBOOL WINAPI FailWithASetting(UINT action, UINT, void *setting, UINT)
+TEST(DropShadow, IsTheSettingAlsoWhenTheSystemCallFailsAndOffWithoutOne)
 {
-    EXPECT_EQ(action, UINT{SPI_GETDROPSHADOW});
-    *static_cast<WINBOOL *>(setting) = TRUE;
-    return FALSE;
-}
-
-TEST(DropShadow, IsOffWhenTheSystemCallFails)
-{
-    const ReplacedImport failing(__imp_SystemParametersInfoA, FailWithoutASetting);
-    EXPECT_FALSE(platform::DropShadowEnabled());
-}
-
-TEST(DropShadow, IsTheSettingWhateverTheSystemCallReturns)
-{
-    const ReplacedImport failing(__imp_SystemParametersInfoA, FailWithASetting);
+    {
+        const auto failing = ReplaceImport(__imp_SystemParametersInfoA, FailWith<FALSE>);
+        EXPECT_FALSE(platform::DropShadowEnabled());
+    }
+    const auto failing = ReplaceImport(__imp_SystemParametersInfoA, FailWith<TRUE>);
     EXPECT_TRUE(platform::DropShadowEnabled());
 }
 

@@ -1,7 +1,5 @@
 #include "tests/unit/platform/support/registry_values.h"
 
-#include "platform/module_path.h"
-
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -13,7 +11,7 @@ namespace {
 
 std::filesystem::path File()
 {
-    return std::filesystem::path(platform::ExecutablePath(4097)).parent_path() / "registry.reg";
+    return ExecutablePath().parent_path() / "registry.reg";
 }
 
 void Append(const std::string &text)
@@ -40,11 +38,7 @@ std::string Section(const std::string &key)
 } // namespace
 
 RegistryValues::RegistryValues()
-{
-    std::filesystem::remove(File());
-}
-
-RegistryValues::~RegistryValues()
+    : removal_(AtEnd([] { std::filesystem::remove(File()); }))
 {
     std::filesystem::remove(File());
 }
@@ -61,13 +55,6 @@ void RegistryValues::Set(const std::string &key,
 {
     Append(Section(key) + "\"" + name + "\"=hex(" + std::to_string(type) + "):" + Bytes(data) +
            "\n");
-}
-
-void RegistryValues::SetText(const std::string &key,
-                             const std::string &name,
-                             const std::string &text)
-{
-    Set(key, name, text + '\0');
 }
 
 } // namespace contract

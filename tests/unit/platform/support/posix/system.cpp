@@ -1,102 +1,45 @@
 #include "tests/unit/platform/support/system.h"
 
-#include "platform/posix/file_descriptor.h"
-#include "tests/unit/platform/support/scratch_folder.h"
-
 #include <fcntl.h>
 #include <fstream>
 #include <sched.h>
 #include <sys/file.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace contract {
-namespace {
 
-constexpr uid_t kNobody = 65534;
-
-/// Root without its rights: the kernel would let it open everything.
-class Unprivileged : public Held
-{
-public:
-    Unprivileged()
-    {
-        if (dropped_) {
-            (void)::setresuid(kNobody, kNobody, 0); // the saved one leads back
-        }
-    }
-    ~Unprivileged() override
-    {
-        if (dropped_) {
-            (void)::setresuid(0, 0, 0);
-        }
-    }
-    Unprivileged(const Unprivileged &) = delete;
-    Unprivileged &operator=(const Unprivileged &) = delete;
-    Unprivileged(Unprivileged &&) = delete;
-    Unprivileged &operator=(Unprivileged &&) = delete;
-
-private:
-    bool dropped_ = ::geteuid() == 0;
-};
-
-class ExclusiveFile : public Held
-{
-public:
-    explicit ExclusiveFile(platform::FileDescriptor file)
-        : file_(std::move(file))
-    {
-    }
-
-private:
-    platform::FileDescriptor file_;
-};
-
-std::string DescriptorFacts()
-{
-    std::string facts;
-    for (const auto &item : std::filesystem::directory_iterator("/proc/self/fd")) {
-        std::error_code error;
-        const std::filesystem::path target = std::filesystem::read_symlink(item.path(), error);
-        // The folder that is being read is open as well.
-        if (!error && target.string().find("/fd") == std::string::npos) {
-            facts += "descriptor " + item.path().filename().string() + ' ' + target.string() + '\n';
-        }
-    }
-    return facts;
-}
-
-} // namespace
-
-std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder)
+Held ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder)
 {
     const std::filesystem::path file = lockFolder / (name + ".lock");
     WriteFile(file, "");
     std::filesystem::permissions(file, std::filesystem::perms::none);
-    return std::make_unique<Held>();
+    return {};
 }
 
-std::unique_ptr<Held> ObstructMutex(const std::string &, const std::filesystem::path &lockFolder)
+Held ObstructMutex(const std::string &, const std::filesystem::path &lockFolder)
 {
     std::filesystem::remove_all(lockFolder);
-    return std::make_unique<Held>();
+    return {};
 }
 
-std::unique_ptr<Held> DropPrivileges()
+// The kernel would let root open everything.
+Held DropPrivileges()
 {
-    return std::make_unique<Unprivileged>();
+    constexpr uid_t kNobody = 65534;
+    if (::geteuid() != 0) {
+        return {};
+    }
+    (void)::setresuid(kNobody, kNobody, 0); // the saved one leads back
+    return AtEnd([] { (void)::setresuid(0, 0, 0); });
 }
 
-std::unique_ptr<Held> OpenExclusivelyInheritable(const std::filesystem::path &path)
+Held OpenExclusivelyInheritable(const std::filesystem::path &path)
 {
     // Without O_CLOEXEC, on purpose.
-    platform::FileDescriptor file(::open(path.c_str(), O_RDWR | O_CREAT, S_IRUSR | S_IWUSR));
-    if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
-        return nullptr;
-    }
-    return std::make_unique<ExclusiveFile>(std::move(file));
+    const int file = ::open(path.c_str(), O_RDWR | O_CREAT, S_IRUSR | S_IWUSR);
+    Held open = AtEnd([file] { ::close(file); });
+    return ::flock(file, LOCK_EX | LOCK_NB) == 0 ? open : nullptr;
 }
 
 std::string OwnPriority()
@@ -113,7 +56,15 @@ std::string OwnPriority()
 std::string OwnFacts()
 {
     std::string facts = "session " + std::to_string(::getsid(0)) + '\n' + "parent " +
-                        std::to_string(::getppid()) + '\n' + DescriptorFacts();
+                        std::to_string(::getppid()) + '\n';
+    for (const auto &item : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::read_symlink(item.path(), error);
+        // The folder that is being read is open as well.
+        if (!error && target.string().find("/fd") == std::string::npos) {
+            facts += "descriptor " + item.path().filename().string() + ' ' + target.string() + '\n';
+        }
+    }
     std::ifstream status("/proc/self/status"); // blocked and ignored signals, among others
     for (std::string line; std::getline(status, line);) {
         facts += line.rfind("Sig", 0) == 0 ? line + '\n' : "";

@@ -12,50 +12,40 @@ HWND ToNative(WindowHandle window)
     return reinterpret_cast<HWND>(window);
 }
 
+void SetDropShadow(BOOL enabled)
+{
+    const INT_PTR value = enabled;
+    ::SystemParametersInfoA(SPI_SETDROPSHADOW, 0, reinterpret_cast<void *>(value), 0);
+}
+
 } // namespace
 
-struct TestWindow::State
-{
-    HWND window;
-};
-
-TestWindow::TestWindow()
-    : state_(std::make_unique<State>())
+TestWindow OpenWindow()
 {
     constexpr int kPlace = 50;
     constexpr int kWidth = 300;
     constexpr int kHeight = 200;
-    auto *const program = ::GetModuleHandleA(nullptr);
     WNDCLASSA windowClass = {};
     windowClass.lpfnWndProc = ::DefWindowProcA;
-    windowClass.hInstance = program;
+    windowClass.hInstance = ::GetModuleHandleA(nullptr);
     windowClass.lpszClassName = "ContractWindow";
     ::RegisterClassA(&windowClass);
-    state_->window = ::CreateWindowA(windowClass.lpszClassName,
-                                     "contract",
-                                     WS_OVERLAPPEDWINDOW,
-                                     kPlace,
-                                     kPlace,
-                                     kWidth,
-                                     kHeight,
-                                     nullptr,
-                                     nullptr,
-                                     program,
-                                     nullptr);
-    ::ShowWindow(state_->window, SW_SHOWNORMAL);
+    HWND window = ::CreateWindowA(windowClass.lpszClassName,
+                                  "contract",
+                                  WS_OVERLAPPEDWINDOW,
+                                  kPlace,
+                                  kPlace,
+                                  kWidth,
+                                  kHeight,
+                                  nullptr,
+                                  nullptr,
+                                  windowClass.hInstance,
+                                  nullptr);
+    ::ShowWindow(window, SW_SHOWNORMAL);
+    return {reinterpret_cast<WindowHandle>(window), AtEnd([window] { ::DestroyWindow(window); })};
 }
 
-TestWindow::~TestWindow()
-{
-    ::DestroyWindow(state_->window);
-}
-
-WindowHandle TestWindow::Handle() const
-{
-    return reinterpret_cast<WindowHandle>(state_->window);
-}
-
-void TestWindow::Pump()
+void PumpMessages()
 {
     MSG message = {};
     while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
@@ -100,23 +90,12 @@ bool IsTopMost(WindowHandle window)
     return (::GetWindowLongA(ToNative(window), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
-struct SystemDropShadow::State
+Held SystemDropShadow(bool enabled)
 {
-    BOOL previous;
-};
-
-SystemDropShadow::SystemDropShadow(bool enabled)
-    : state_(std::make_unique<State>())
-{
-    const INT_PTR value = enabled ? TRUE : FALSE;
-    ::SystemParametersInfoA(SPI_GETDROPSHADOW, 0, &state_->previous, 0);
-    ::SystemParametersInfoA(SPI_SETDROPSHADOW, 0, reinterpret_cast<void *>(value), 0);
-}
-
-SystemDropShadow::~SystemDropShadow()
-{
-    const INT_PTR value = state_->previous;
-    ::SystemParametersInfoA(SPI_SETDROPSHADOW, 0, reinterpret_cast<void *>(value), 0);
+    BOOL previous = FALSE;
+    ::SystemParametersInfoA(SPI_GETDROPSHADOW, 0, &previous, 0);
+    SetDropShadow(enabled ? TRUE : FALSE);
+    return AtEnd([previous] { SetDropShadow(previous); });
 }
 
 } // namespace contract

@@ -8,7 +8,7 @@ namespace contract {
 
 namespace {
 
-// Goes with the user's session at the latest, should this process not come to removing it.
+// Deleted with the user's session at the latest, also when this process was killed.
 constexpr DWORD kVolatile = REG_OPTION_VOLATILE;
 
 // The key of the user that is this process's local machine.
@@ -30,23 +30,21 @@ HKEY Created(HKEY root, const std::string &key)
 } // namespace
 
 RegistryValues::RegistryValues()
+    : removal_(AtEnd([] {
+        ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+        ::RegDeleteTreeA(HKEY_CURRENT_USER, OwnMachine().c_str());
+    }))
 {
     // An earlier process may have had the same number.
     ::RegDeleteTreeA(HKEY_CURRENT_USER, OwnMachine().c_str());
     HKEY machine = Created(HKEY_CURRENT_USER, OwnMachine());
-    // Replacing it by none would bring the machine's own back.
+    // A null key would bring the machine's own registry back.
     const bool replaced =
         machine != nullptr && ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine) == ERROR_SUCCESS;
     ::RegCloseKey(machine);
     if (!replaced) {
         throw std::runtime_error("the machine's own registry would be written to");
     }
-}
-
-RegistryValues::~RegistryValues()
-{
-    ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-    ::RegDeleteTreeA(HKEY_CURRENT_USER, OwnMachine().c_str());
 }
 
 void RegistryValues::Create(const std::string &key)
@@ -67,13 +65,6 @@ void RegistryValues::Set(const std::string &key,
                      reinterpret_cast<const BYTE *>(data.data()),
                      static_cast<DWORD>(data.size()));
     ::RegCloseKey(opened);
-}
-
-void RegistryValues::SetText(const std::string &key,
-                             const std::string &name,
-                             const std::string &text)
-{
-    Set(key, name, text + '\0');
 }
 
 } // namespace contract

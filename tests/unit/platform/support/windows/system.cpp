@@ -1,86 +1,61 @@
 #include "tests/unit/platform/support/system.h"
 
-#include "platform/windows/handle.h"
-
-#include <utility>
+#include <windows.h>
 
 namespace contract {
 namespace {
 
-class HeldHandle : public Held
+Held Owned(HANDLE handle)
 {
-public:
-    explicit HeldHandle(HANDLE handle)
-        : handle_(handle)
-    {
-    }
-
-private:
-    platform::ObjectHandle handle_;
-};
-
-class HeldFile : public Held
-{
-public:
-    explicit HeldFile(platform::SnapshotHandle file)
-        : file_(std::move(file))
-    {
-    }
-
-private:
-    platform::SnapshotHandle file_;
-};
+    return AtEnd([handle] { ::CloseHandle(handle); });
+}
 
 } // namespace
 
-// An access list without an entry lets nobody in.
-std::unique_ptr<Held> ForbidMutex(const std::string &name, const std::filesystem::path &)
+// An empty access list denies access to all.
+Held ForbidMutex(const std::string &name, const std::filesystem::path &)
 {
-    ACL nobody = {};
+    ACL empty = {};
     SECURITY_DESCRIPTOR descriptor = {};
-    ::InitializeAcl(&nobody, sizeof(nobody), ACL_REVISION);
+    ::InitializeAcl(&empty, sizeof(empty), ACL_REVISION);
     ::InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
-    ::SetSecurityDescriptorDacl(&descriptor, TRUE, &nobody, FALSE);
+    ::SetSecurityDescriptorDacl(&descriptor, TRUE, &empty, FALSE);
     SECURITY_ATTRIBUTES attributes = {sizeof(attributes), &descriptor, FALSE};
-    return std::make_unique<HeldHandle>(::CreateMutexA(&attributes, FALSE, name.c_str()));
+    return Owned(::CreateMutexA(&attributes, FALSE, name.c_str()));
 }
 
 // The name already belongs to another kind of object.
-std::unique_ptr<Held> ObstructMutex(const std::string &name, const std::filesystem::path &)
+Held ObstructMutex(const std::string &name, const std::filesystem::path &)
 {
-    return std::make_unique<HeldHandle>(::CreateEventA(nullptr, TRUE, FALSE, name.c_str()));
+    return Owned(::CreateEventA(nullptr, TRUE, FALSE, name.c_str()));
 }
 
 // Access lists count for an administrator as well.
-std::unique_ptr<Held> DropPrivileges()
+Held DropPrivileges()
 {
-    return std::make_unique<Held>();
+    return {};
 }
 
-std::unique_ptr<Held> OpenExclusivelyInheritable(const std::filesystem::path &path)
+Held OpenExclusivelyInheritable(const std::filesystem::path &path)
 {
     SECURITY_ATTRIBUTES inheritable = {sizeof(inheritable), nullptr, TRUE};
     constexpr DWORD kShareNothing = 0;
-    platform::SnapshotHandle file(::CreateFileW(path.c_str(),
-                                                GENERIC_READ | GENERIC_WRITE,
-                                                kShareNothing,
-                                                &inheritable,
-                                                OPEN_ALWAYS,
-                                                FILE_ATTRIBUTE_NORMAL,
-                                                nullptr));
-    return file ? std::make_unique<HeldFile>(std::move(file)) : nullptr;
+    HANDLE file = ::CreateFileW(path.c_str(),
+                                GENERIC_READ | GENERIC_WRITE,
+                                kShareNothing,
+                                &inheritable,
+                                OPEN_ALWAYS,
+                                FILE_ATTRIBUTE_NORMAL,
+                                nullptr);
+    return file != INVALID_HANDLE_VALUE ? Owned(file) : nullptr;
 }
 
 std::string OwnPriority()
 {
-    switch (::GetPriorityClass(::GetCurrentProcess())) {
-    case IDLE_PRIORITY_CLASS:
-        return "idle";
-    case NORMAL_PRIORITY_CLASS:
-        return "normal";
-    default:
-        return "other";
-    }
+    const DWORD priority = ::GetPriorityClass(::GetCurrentProcess());
+    return priority == IDLE_PRIORITY_CLASS     ? "idle"
+           : priority == NORMAL_PRIORITY_CLASS ? "normal"
+                                               : "other";
 }
 
 std::string OwnFacts()

@@ -1,27 +1,32 @@
-#include "tests/unit/platform/support/scratch_folder.h"
-
 #include "tests/unit/platform/support/system.h"
 
 #include <atomic>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 namespace contract {
+
+Held AtEnd(std::function<void()> action)
+{
+    return {new std::function<void()>(std::move(action)), [](auto *pending) {
+                (*pending)();
+                delete pending;
+            }};
+}
 
 ScratchFolder::ScratchFolder()
     : path_(std::filesystem::temp_directory_path() / UniqueName("contract"))
 {
     path_.make_preferred();
     std::filesystem::create_directories(path_);
-}
-
-ScratchFolder::~ScratchFolder()
-{
     // Windows keeps the file of a program for a moment after its end.
-    WaitUntil([this] {
-        std::error_code error;
-        std::filesystem::remove_all(path_, error);
-        return !error;
+    removal_ = AtEnd([path = path_] {
+        WaitUntil([&path] {
+            std::error_code error;
+            std::filesystem::remove_all(path, error);
+            return !error;
+        });
     });
 }
 
