@@ -58,11 +58,11 @@ void KillTelemetryHelper()
 
 void LaunchCleanupCommand(const QString &command)
 {
-    const QByteArray narrow = command.toLocal8Bit();
+    const QByteArray ansi = command.toLocal8Bit();
     // With a letter that the code page lacks, the script would be told of another folder.
-    if (QString::fromLocal8Bit(narrow) != command) {
+    if (QString::fromLocal8Bit(ansi) != command) {
         return;
     }
     platform::LaunchDetached(
-        narrow.toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), kCleanupLaunch);
+        ansi.toStdString(), QDir::tempPath().toLocal8Bit().toStdString(), kCleanupLaunch);
 }

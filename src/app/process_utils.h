@@ -25,6 +25,6 @@ inline constexpr platform::LaunchOptions kCleanupLaunch = {
     platform::ShowWindow::Hidden, platform::PriorityClass::Idle, false};
 
 /// Starts the command line with `kCleanupLaunch` and the temp directory as working directory.
-/// Nothing waits for it and a failure is not reported. A command that the narrow encoding cannot
+/// Nothing waits for it and a failure is not reported. A command that the ANSI encoding cannot
 /// carry is not started. Main thread.
 void LaunchCleanupCommand(const QString &command);

@@ -7,9 +7,9 @@
 
 class QQmlApplicationEngine;
 
-/// Full path (narrow encoding) of the file through which a second start finds the running window:
+/// Full path (ANSI encoding) of the file through which a second start finds the running window:
 /// "hwndFile.ini" beside the executable, eight bytes, the native handle in little-endian order.
-/// Empty when the narrow encoding cannot name the executable.
+/// Empty when the ANSI encoding cannot name the executable.
 std::string GetHwndFilePath();
 
 /// The same for any executable's path; one without a directory is taken for the directory.

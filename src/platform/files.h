@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// Deletes the file at `path` (narrow encoding). Failure has no effect and is not reported.
+/// Deletes the file at `path` (ANSI encoding). Failure has no effect and is not reported.
 void RemoveFile(const std::string &path);
 
 /// Calls SetCurrentDirectoryW with `path`, which is empty or null: that changes nothing. Linux has

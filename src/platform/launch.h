@@ -22,7 +22,7 @@ struct LaunchOptions
     bool priorityBoost = true; ///< whether the system may raise the priority for a moment by itself
 };
 
-/// Starts `commandLine` (narrow encoding, split into program and arguments by the system's own
+/// Starts `commandLine` (ANSI encoding, split into program and arguments by the system's own
 /// rule) as a process of its own with `workingDirectory` and the inherited environment. It inherits
 /// no handle, nothing waits for it, and a failure is not reported.
 void LaunchDetached(const std::string &commandLine,

@@ -8,7 +8,7 @@ namespace platform {
 using LibraryHandle = void *;
 using FunctionAddress = void (*)();
 
-/// Loads the library at `path` (narrow encoding). Null on failure; no system error
+/// Loads the library at `path` (ANSI encoding). Null on failure; no system error
 /// dialog appears. A loaded library stays loaded.
 LibraryHandle LoadLibraryFile(const char *path);
 

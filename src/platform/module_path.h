@@ -9,7 +9,7 @@ namespace platform {
 /// (`MAX_PATH`).
 inline constexpr std::size_t kPathCapacity = 260;
 
-/// Full path of the running executable in the narrow (ANSI) encoding, read into a zero-filled
+/// Full path of the running executable in the ANSI encoding, read into a zero-filled
 /// buffer of `capacity` bytes: a longer path is cut to what fits with its terminating zero. Empty
 /// when the system does not tell it. Any thread, also before `main`.
 std::string ExecutablePath(std::size_t capacity);

@@ -12,7 +12,7 @@ namespace platform {
 class RegistryKey
 {
 public:
-    /// Opens `path` ("Software\\Maker\\Product", narrow encoding) in the process's own view of the
+    /// Opens `path` ("Software\\Maker\\Product", ANSI encoding) in the process's own view of the
     /// registry. The result is empty when there is no such key or it may not be read.
     static RegistryKey OpenLocalMachine(const std::string &path);
 
@@ -21,7 +21,7 @@ public:
         return state_ != nullptr;
     }
 
-    /// Copies the data of a value, whatever its type, into `buffer`: text in the narrow encoding
+    /// Copies the data of a value, whatever its type, into `buffer`: text in the ANSI encoding
     /// with its terminating zero, if the value has one. False, with nothing to be relied on in the
     /// buffer, when there is no such value or its data is longer than `capacity` bytes.
     bool Query(const std::string &name, char *buffer, std::size_t capacity) const;

@@ -92,7 +92,7 @@ private:
 /// What `WaitForEnd` gives for a process that was terminated with `exitCode`.
 int StatusOfTerminated(std::uint32_t exitCode);
 
-/// An environment variable that has `value`, in the system's narrow encoding, as long as the object
+/// An environment variable that has `value`, in the system's ANSI encoding, as long as the object
 /// lives.
 class ScopedVariable
 {

@@ -1,7 +1,7 @@
 #include "platform/module_path.h"
 
 #include "platform/posix/executable_link.h"
-#include "platform/posix/narrow_text.h"
+#include "platform/posix/multibyte_text.h"
 
 namespace platform {
 namespace {

@@ -1,7 +1,7 @@
 #include "platform/named_mutex.h"
 
 #include "platform/posix/file_descriptor.h"
-#include "platform/posix/narrow_text.h"
+#include "platform/posix/multibyte_text.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -82,12 +82,12 @@ struct NamedMutex::State
 NamedMutex NamedMutex::Create(const std::wstring &name, std::uint32_t &error)
 {
     NamedMutex mutex;
-    const std::string narrowName = ToNarrow(name);
+    const std::string lockName = ToMultibyte(name);
     error = kErrorGeneralFailure;
-    if (narrowName.empty() || narrowName.find('/') != std::string::npos) {
+    if (lockName.empty() || lockName.find('/') != std::string::npos) {
         return mutex;
     }
-    FileDescriptor file = OpenLockFile(LockFilePath(narrowName));
+    FileDescriptor file = OpenLockFile(LockFilePath(lockName));
     if (!file) {
         if (errno == EACCES || errno == EPERM) {
             error = kErrorAccessDenied;

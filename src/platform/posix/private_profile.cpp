@@ -1,6 +1,6 @@
 #include "platform/private_profile.h"
 
-#include "platform/posix/narrow_text.h"
+#include "platform/posix/multibyte_text.h"
 #include "platform/posix/text_file.h"
 #include "platform/text.h"
 
@@ -64,7 +64,7 @@ std::wstring ReadProfileText(const std::wstring &section,
                              const std::wstring &file)
 {
     constexpr wchar_t kByteOrderMark = L'\uFEFF';
-    std::wstring content = ToWide(ReadTextFile(ToNarrow(file)));
+    std::wstring content = ToWide(ReadTextFile(ToMultibyte(file)));
     if (!content.empty() && content.front() == kByteOrderMark) {
         content.erase(0, 1);
     }

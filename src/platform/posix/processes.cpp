@@ -2,7 +2,7 @@
 
 #include "platform/posix/executable_link.h"
 #include "platform/posix/file_descriptor.h"
-#include "platform/posix/narrow_text.h"
+#include "platform/posix/multibyte_text.h"
 
 #include <cerrno>
 #include <charconv>

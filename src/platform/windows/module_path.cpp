@@ -37,11 +37,10 @@ std::string ExecutablePath(std::size_t capacity)
 bool IsExecutableFolderExact(std::size_t capacity)
 {
     constexpr std::size_t kLongestPath = 32768;
-    const std::string narrow = FolderOf(ExecutablePath(capacity), kNativeSeparator);
-    const int length = static_cast<int>(narrow.size());
-    std::wstring widened(narrow.size(), 0);
-    const int used =
-        ::MultiByteToWideChar(CP_ACP, 0, narrow.data(), length, widened.data(), length);
+    const std::string ansi = FolderOf(ExecutablePath(capacity), kNativeSeparator);
+    const int length = static_cast<int>(ansi.size());
+    std::wstring widened(ansi.size(), 0);
+    const int used = ::MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, widened.data(), length);
     widened.resize(static_cast<std::size_t>(used));
     return !widened.empty() &&
            widened == FolderOf(ExecutablePathWide(kLongestPath), kNativeSeparatorWide);

@@ -21,9 +21,9 @@ std::string Utf8(const QString &text)
 
 // The product's facts are in the ANSI code page, whose bytes are not valid UTF-8; the library takes
 // UTF-8.
-std::string Utf8(const std::string &narrow)
+std::string Utf8(const std::string &ansi)
 {
-    return Utf8(QString::fromLocal8Bit(narrow.c_str()));
+    return Utf8(QString::fromLocal8Bit(ansi.c_str()));
 }
 
 // The value of a key, or the default. A length that cannot be true is treated like one that is too

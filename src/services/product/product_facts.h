@@ -3,7 +3,7 @@
 #include <string>
 
 /// What the product's setup recorded about the installation. Every call reads afresh; what cannot
-/// be read gives the default. Narrow texts are in the system's narrow encoding. Any thread.
+/// be read gives the default. Texts are in the system's ANSI encoding. Any thread.
 
 /// The distribution channel; empty when there is none.
 std::string GetOemName();

@@ -38,14 +38,14 @@ public:
     TelemetryBinding &operator=(TelemetryBinding &&) = delete;
 
     /// Loads "SkyrelWrap.DLL" from the executable's directory. False when the path cannot be had
-    /// in the narrow encoding or with the file name reaches 260 bytes, and as
+    /// in the ANSI encoding or with the file name reaches 260 bytes, and as
     /// `LoadTelemetryLibrary` says.
     bool LoadTelemetryFromModuleDir();
 
     /// Where the library of the program at `executable` lies; empty as said above.
     static std::string LibraryPathOf(const std::string &executable);
 
-    /// Loads the library at `path` (narrow encoding) and resolves all entry points. True only when
+    /// Loads the library at `path` (ANSI encoding) and resolves all entry points. True only when
     /// every one was found; what was found stays usable otherwise. False without any effect when
     /// `path` is null or a library is loaded already.
     bool LoadTelemetryLibrary(const char *path);

@@ -1,4 +1,4 @@
-#include "platform/posix/narrow_text.h"
+#include "platform/posix/multibyte_text.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -7,7 +7,7 @@
 
 namespace {
 
-using platform::ToNarrow;
+using platform::ToMultibyte;
 using platform::ToWide;
 
 /// The environment's locale is looked up once, at the first conversion.
@@ -27,7 +27,7 @@ struct Row
     const wchar_t *text;
 };
 
-TEST(NarrowText, CharactersOfEveryPlaneAreConvertedBothWaysWhateverTheGlobalLocale)
+TEST(MultibyteText, CharactersOfEveryPlaneAreConvertedBothWaysWhateverTheGlobalLocale)
 {
     ASSERT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
     for (const Row &row : {Row{"", L""},
@@ -37,26 +37,26 @@ TEST(NarrowText, CharactersOfEveryPlaneAreConvertedBothWaysWhateverTheGlobalLoca
                            // An encoded U+DCFF, which UTF-8 does not allow
                            {"\xed\xb3\xbf", L"\xDCED\xDCB3\xDCBF"}}) {
         EXPECT_EQ(ToWide(row.bytes), row.text);
-        EXPECT_EQ(ToNarrow(row.text), row.bytes);
+        EXPECT_EQ(ToMultibyte(row.text), row.bytes);
     }
     EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
 }
 
-TEST(NarrowText, BrokenBytesStayApartAndComeBack)
+TEST(MultibyteText, BrokenBytesStayApartAndComeBack)
 {
     std::set<std::wstring> different;
     for (int byte = 1; byte < 256; ++byte) {
         const std::string text = std::string("a") + static_cast<char>(byte) + "b";
-        EXPECT_EQ(ToNarrow(ToWide(text)), text) << byte;
+        EXPECT_EQ(ToMultibyte(ToWide(text)), text) << byte;
         EXPECT_EQ(ToWide(text).size(), 3U) << byte;
         different.insert(ToWide(text));
     }
     EXPECT_EQ(different.size(), 255U);
 }
 
-TEST(NarrowText, WhatCannotBeEncodedBecomesAQuestionMark)
+TEST(MultibyteText, WhatCannotBeEncodedBecomesAQuestionMark)
 {
-    EXPECT_EQ(ToNarrow(std::wstring(L"a") + wchar_t{0xD800} + L'b'), "a?b");
+    EXPECT_EQ(ToMultibyte(std::wstring(L"a") + wchar_t{0xD800} + L'b'), "a?b");
 }
 
 } // namespace

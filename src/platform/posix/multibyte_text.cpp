@@ -1,4 +1,4 @@
-#include "platform/posix/narrow_text.h"
+#include "platform/posix/multibyte_text.h"
 
 #include <array>
 #include <climits>
@@ -74,7 +74,7 @@ std::wstring ToWide(std::string_view bytes)
     return text;
 }
 
-std::string ToNarrow(std::wstring_view text)
+std::string ToMultibyte(std::wstring_view text)
 {
     const ScopedEnvironmentLocale locale;
     std::string bytes;
