@@ -107,6 +107,9 @@ REASONS = {
 }
 """The reasons by number, as usage events name them."""
 
+LAST_REASON = max(REASONS)
+"""Always in the last row; the others are in random order."""
+
 
 def events(sandbox: Sandbox) -> list[tuple[str, str, str]]:
     """The usage events so far: window, activity and attribute of each.
@@ -150,17 +153,17 @@ def learn_reasons(
     display: Display, prepare: Callable[[Sandbox], object] = lambda sandbox: None,
     start: Callable[[Sandbox], RunningProgram] = Sandbox.start,
 ) -> None:
-    """Finds out how the first three reasons look, which stand in another order at each start.
+    """Finds out how the reasons look that stand in another order at each start.
 
-    Two of them are chosen, and their usage events say which they are. `prepare` and `start` give the
-    program surroundings in which it may have another font.
+    Chooses them, one at each start; their usage events tell which they are. `prepare` and `start`
+    may give the program another font.
     """
     sandbox = Sandbox(display)
     prepare(sandbox)
     numbers: dict[bytes, int] = {}
     try:
-        # Two starts are enough unless a font arrives late and a row changes its look.
-        for _ in range(6):
+        # Twice as often as necessary: a font that arrives late changes a row's look.
+        for _ in range(2 * LAST_REASON):
             program = start(sandbox)
             window = program.ready()
             looks = _looks(window)
@@ -169,10 +172,8 @@ def learn_reasons(
                 numbers[unknown[0]] = choose_row(sandbox, window, looks.index(unknown[0]))
             program.kill()
             sandbox.forget_journal()
-            if len(unknown) <= 2:
+            if len(unknown) <= 1:
                 break
-        for last in unknown[1:]:
-            numbers[last], = {1, 2, 3} - {numbers[look] for look in looks if look != last}
     finally:
         sandbox.cleanup()
     _known_looks.update(numbers)
@@ -184,12 +185,12 @@ def knows_reasons(window: Window) -> bool:
 
 
 def row_of(window: Window, reason: int) -> int:
-    """In which row, from 0, a reason of the English window stands: the fourth is always last.
+    """In which row, from 0, a reason of the English window stands.
 
     The test, or its module, needs the fixture `reasons`.
     """
-    if reason == 4:
-        return 3
+    if reason == LAST_REASON:
+        return LAST_REASON - 1
     numbers = [_known_looks.get(look) for look in _looks(window)]
     if reason not in numbers:
         raise wait.Unexpected(f"reason {reason} is in none of the rows: {numbers}")
@@ -205,9 +206,10 @@ def reasons_seen(window: Window) -> bool:
 
 
 def _looks(window: Window) -> list[bytes]:
-    """The texts in the first three rows as they are drawn, once they all stand there."""
-    return wait.until(lambda: [_ink(window, row) for row in range(3)], "a reason in each row",
-                      accept=lambda found: all(map(any, found)) and len(set(found)) == 3)
+    """The texts in all rows but the last as they are drawn, once they are complete."""
+    return wait.until(
+        lambda: [_ink(window, row) for row in range(LAST_REASON - 1)], "a reason in each row",
+        accept=lambda found: all(map(any, found)) and len(set(found)) == len(found))
 
 
 def _ink(window: Window, row: int, height: int = 19) -> bytes:

@@ -64,7 +64,7 @@ class Tour:
     def feedback(self, window: Window) -> None:
         """Chooses a reason, opens the link, gives a feedback, and is thanked with a coupon."""
         # The only reason whose row is fixed.
-        wait.expect("reason in the last row", steps.choose_row(self.sandbox, window, 3), 4)
+        steps.choose(self.sandbox, window, steps.LAST_REASON)
         say("A reason is chosen: the feedback box", *self.events())
         window.click(layout.FEEDBACK_LINK)
         link = self.opened(1)
