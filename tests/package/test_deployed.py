@@ -1,7 +1,7 @@
-"""The check of a folder that is to be shipped, on one made with our own Qt kit.
+"""The check of a folder before it ships, on one that was deployed with our own Qt kit.
 
-That one has our stand-ins for two QML modules in it, so it is never without a fault: what is asked
-for here is which faults are found.
+That folder contains our replacements for two QML modules, so the check never passes here: the tests
+look at which faults it finds.
 """
 
 from __future__ import annotations
@@ -16,8 +16,8 @@ import pytest
 REPOSITORY = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ.get("KTR_BUILD", REPOSITORY / "build" / "windows"))
 KIT = Path(os.environ["KTR_QT_KIT"])
-OWN_STAND_INS = {
-    f"a stand-in of the tests: {file}/qmldir"
+TEST_MODULES = {
+    f"a test module: {file}/qmldir"
     for file in ("QtGraphicalEffects", "QtQuick/Controls", "QtQuick/Controls/Styles")
 }
 
@@ -32,7 +32,7 @@ def folder(tmp_path: Path) -> Path:
 
 
 def faults(folder: Path) -> set[str]:
-    """The lines of the check; its status must agree with them."""
+    """The lines that the check prints; its exit code must agree with them."""
     done = subprocess.run([REPOSITORY / "packaging" / "check-deployed", folder],
                           capture_output=True, text=True, check=False)
     assert done.stderr == ""
@@ -41,32 +41,32 @@ def faults(folder: Path) -> set[str]:
     return set(lines)
 
 
-def test_ours_has_its_stand_ins_and_no_other_fault(folder):
-    assert faults(folder) == OWN_STAND_INS
+def test_only_the_test_modules_of_our_own_kit_are_found(folder):
+    assert faults(folder) == TEST_MODULES
 
 
-def test_a_missing_library_is_named_with_who_needs_it(folder):
+def test_a_missing_library_is_found_with_the_library_that_imports_it(folder):
     (folder / "Qt5QmlModels.dll").unlink()
-    found = faults(folder) - OWN_STAND_INS
+    found = faults(folder) - TEST_MODULES
     assert "missing: qt5qmlmodels.dll, which Qt5Quick.dll imports" in found
     assert all(line.startswith("missing: qt5qmlmodels.dll, ") for line in found)
 
 
-def test_a_missing_plug_in(folder):
+def test_a_missing_plug_in_is_found(folder):
     (folder / "platforms" / "qwindows.dll").unlink()
     assert "missing: platforms/qwindows.dll" in faults(folder)
 
 
-def test_a_missing_module(folder):
+def test_a_missing_qml_module_is_found(folder):
     shutil.rmtree(folder / "QtQuick" / "Shapes")
     assert "missing: the QML module QtQuick.Shapes" in faults(folder)
 
 
-def test_superfluous_libraries_and_modules(folder):
+def test_superfluous_libraries_and_modules_are_found(folder):
     shutil.copy2(KIT / "bin" / "Qt5Test.dll", folder)
     shutil.copy2(KIT / "plugins" / "platforms" / "qoffscreen.dll", folder / "platforms")
     shutil.copytree(KIT / "qml" / "QtTest", folder / "QtTest")
-    assert faults(folder) - OWN_STAND_INS == {
+    assert faults(folder) - TEST_MODULES == {
         "superfluous: Qt5Test.dll, which nothing needs",
         "superfluous: platforms/qoffscreen.dll, which nothing needs",
         "superfluous: the QML module QtTest, which nothing imports",
@@ -75,11 +75,11 @@ def test_superfluous_libraries_and_modules(folder):
 
 @pytest.mark.parametrize("name", ["SkyrelWrap.DLL", "vantoronlineconfig.dll", "tasklist.exe",
                                   "uninstall.exe", "KTRUI.exe", "SkyrelWrapExe.exe"])
-def test_a_stand_in(folder, name):
+def test_a_fake_is_found(folder, name):
     shutil.copy2(BUILD / "testkit" / "fakes" / name, folder)
-    assert f"a stand-in of the tests: {name}" in faults(folder)
+    assert f"a test module: {name}" in faults(folder)
 
 
-def test_a_folder_without_the_program(folder):
+def test_a_missing_program_is_found(folder):
     (folder / "UninstallUI.exe").unlink()
     assert faults(folder) == {f"there is no UninstallUI.exe in {folder}"}

@@ -1,6 +1,6 @@
 """What is installed to be shipped: these files and no other, each as it was built.
 
-The native build has the same rules; tests/rules asks the same of it.
+tests/rules runs the same tests on the native build.
 """
 
 from __future__ import annotations
@@ -15,7 +15,7 @@ import pytest
 
 REPOSITORY = Path(__file__).resolve().parents[2]
 SOURCES = sorted((REPOSITORY / "src" / "translations").glob("ktr_*.ts"))
-STAND_INS = REPOSITORY / "testkit" / "qml_modules"
+TEST_MODULES = REPOSITORY / "testkit" / "qml_modules"
 ICON = REPOSITORY / "src" / "resources" / "icon" / "uninstall.ico"
 BACK_TO_SOURCE = "/usr/lib/qt5/bin/lconvert"
 
@@ -44,14 +44,14 @@ class Installation:
 
     @property
     def executable(self) -> Path:
-        """The one that was built, for whatever system."""
+        """The executable that was built, for either system."""
         built = self.build / "src" / "app" / "UninstallUI"
         for_windows = built.with_suffix(".exe")
         return for_windows if for_windows.exists() else built
 
 
 class TestWhatShips(Installation):
-    def test_these_files_and_no_other(self, folder):
+    def test_only_these_files_are_installed(self, folder):
         installed = {path.relative_to(folder).as_posix()
                      for path in folder.rglob("*") if not path.is_dir()}
         assert SOURCES
@@ -65,13 +65,13 @@ class TestWhatShips(Installation):
         assert installed.read_bytes() == self.executable.read_bytes()
         assert os.access(installed, os.X_OK)
 
-    def test_the_files_that_nobody_changes(self, folder):
+    def test_script_and_icon_are_installed_unchanged(self, folder):
         script = REPOSITORY / "packaging" / "clearKTR.bat"
         assert (folder / "bin" / "clearKTR.bat").read_bytes() == script.read_bytes() != b""
         assert (folder / "res" / "install_box.ico").read_bytes() == ICON.read_bytes() != b""
 
     @pytest.mark.parametrize("source", SOURCES, ids=lambda source: source.stem)
-    def test_a_translation_says_what_its_source_says(self, folder, source):
+    def test_a_compiled_translation_has_the_texts_of_its_source(self, folder, source):
         compiled = folder / "bin" / "translations" / f"{source.stem}.qm"
         done = subprocess.run([BACK_TO_SOURCE, "-i", compiled, "-of", "ts", "-o", "-"],
                               capture_output=True, text=True, encoding="utf-8", check=False)
@@ -82,13 +82,13 @@ class TestWhatShips(Installation):
 
 
 class TestWithQtBesideIt(Installation):
-    def test_only_what_our_own_kit_lacks_is_found_fault_with(self, folder):
+    def test_only_the_test_modules_of_our_own_kit_are_found(self, folder):
         shutil.copytree(self.build / "runtime", folder / "bin", dirs_exist_ok=True)
         done = subprocess.run([REPOSITORY / "packaging" / "check-deployed", folder / "bin"],
                               capture_output=True, text=True, check=False)
         assert done.stderr == ""
-        # Modules of the official kit that the tests have to stand in for.
+        # Our replacements for modules of the official kit.
         assert set(done.stdout.splitlines()) == {
-            f"a stand-in of the tests: {description.relative_to(STAND_INS)}"
-            for description in STAND_INS.rglob("qmldir")
+            f"a test module: {description.relative_to(TEST_MODULES)}"
+            for description in TEST_MODULES.rglob("qmldir")
         }
