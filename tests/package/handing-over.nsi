@@ -1,5 +1,5 @@
-; An uninstaller of the kind that hands over to a copy of itself in the temp directory, so that it
-; can be removed, too, and ends at once. This program writes it beside itself.
+; An uninstaller that starts a copy of itself in the temp directory, so that its own file can be
+; removed, and ends at once. This program writes it beside itself.
 Unicode true
 Target amd64-unicode
 Name "Dravik"

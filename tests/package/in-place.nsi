@@ -1,4 +1,4 @@
-; An uninstaller of the kind that works where it lies: it runs until everything is gone.
+; An uninstaller that runs from its own place until everything is removed.
 Unicode true
 Target amd64-unicode
 Name "Dravik"

@@ -1,6 +1,6 @@
-// The single-instance mutex as another process meets it.
-//   mutex probe NAME   status 1 when it exists, else 0
-//   mutex hold NAME    owns it until standard input ends; says "held" when it does
+// Uses the single-instance mutex as another process.
+//   mutex probe NAME   exits with 1 when it exists, else with 0
+//   mutex hold NAME    owns it until standard input ends; prints "held" once it does
 
 #include <cstdio>
 #include <cstring>

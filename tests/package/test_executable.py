@@ -1,4 +1,4 @@
-"""The Windows executable, read back from its file: what it is, what it carries, what it needs."""
+"""The Windows executable as a file: its headers, resources and imports."""
 
 from __future__ import annotations
 
@@ -33,7 +33,7 @@ def image() -> pefile.PE:
 
 
 def version() -> str:
-    """The project's own, from the one place where it stands: three numbers."""
+    """The project's version from CMakeLists.txt: three numbers."""
     project = (REPOSITORY / "CMakeLists.txt").read_text(encoding="utf-8")
     found = re.search(r"VERSION (\d+\.\d+\.\d+)", project.split("project(")[1])
     assert found
@@ -58,17 +58,17 @@ def test_it_is_a_64_bit_program_without_a_console(image):
     assert not image.is_dll()
 
 
-def test_it_asks_for_windows_7(image):
+def test_it_requires_windows_7(image):
     header = image.OPTIONAL_HEADER
     assert (header.MajorOperatingSystemVersion, header.MinorOperatingSystemVersion) == (6, 1)
     assert (header.MajorSubsystemVersion, header.MinorSubsystemVersion) == (6, 1)
 
 
-def test_its_memory_is_protected(image):
+def test_it_uses_aslr_and_dep(image):
     flags = image.OPTIONAL_HEADER.DllCharacteristics
     for name in ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"):
         assert flags & pefile.DLL_CHARACTERISTICS[f"IMAGE_DLLCHARACTERISTICS_{name}"], name
-    # Without relocations it could not be loaded anywhere else.
+    # Without relocations ASLR has no effect.
     assert not image.FILE_HEADER.Characteristics & 0x0001
     assert image.OPTIONAL_HEADER.DATA_DIRECTORY[5].Size > 0
     writable, executable = 0x80000000, 0x20000000
@@ -77,11 +77,11 @@ def test_its_memory_is_protected(image):
         assert section.Characteristics & both != both, section.Name
 
 
-def test_its_stack_is_guarded():
+def test_it_has_stack_protection():
     assert b"stack smashing detected" in EXECUTABLE.read_bytes()
 
 
-def test_its_manifest(image):
+def test_its_manifest_sets_privileges_systems_scaling_and_long_paths(image):
     (number, text), = resources(image, "RT_MANIFEST").items()
     assert number == 1
     root = ElementTree.fromstring(text)
@@ -91,7 +91,7 @@ def test_its_manifest(image):
     itself, = root.findall(f"{V1}assemblyIdentity")
     assert itself.attrib == {"type": "win32", "name": "Torvan.Dravik.UninstallUI",
                              "version": f"{version()}.0", "processorArchitecture": "amd64"}
-    # With a wrong token or architecture there is no such assembly, and the program does not start.
+    # With a wrong token or architecture Windows finds no such assembly, and the start fails.
     controls, = root.iterfind(f"{V1}dependency/{V1}dependentAssembly/{V1}assemblyIdentity")
     assert controls.attrib == {"type": "win32", "name": "Microsoft.Windows.Common-Controls",
                                "version": "6.0.0.0", "processorArchitecture": "amd64",
@@ -106,22 +106,22 @@ def test_its_manifest(image):
     assert root.findtext(f".//{SETTINGS % 2016}longPathAware") == "true"
 
 
-def test_its_icon(image):
+def test_its_icon_resource_has_the_images_of_the_icon_file(image):
     groups = resources(image, "RT_GROUP_ICON")
     assert list(groups) == [101]
     count = struct.unpack_from("<3H", groups[101])[2]
     assert count == 12
     source = ICON.read_bytes()
-    pictures = resources(image, "RT_ICON")
+    images = resources(image, "RT_ICON")
     for index in range(count):
         entry = struct.unpack_from("<4B2HIH", groups[101], 6 + 14 * index)
         original = struct.unpack_from("<4B2H2I", source, 6 + 16 * index)
         assert entry[:2] == original[:2] and entry[5:7] == original[5:7]
         begin = original[7]
-        assert pictures[entry[7]] == source[begin : begin + original[6]]
+        assert images[entry[7]] == source[begin : begin + original[6]]
 
 
-def test_its_version_block(image):
+def test_its_version_resource_has_the_project_s_version(image):
     numbers = [int(part) for part in version().split(".")]
     fixed = image.VS_FIXEDFILEINFO[0]
     high_low = (numbers[0] << 16 | numbers[1], numbers[2] << 16)
@@ -138,7 +138,7 @@ def test_its_version_block(image):
     }
 
 
-def test_its_manifest_has_the_version_of_its_version_block(image):
+def test_manifest_and_version_resource_agree(image):
     text, = resources(image, "RT_MANIFEST").values()
     itself, = ElementTree.fromstring(text).iterfind(f"{V1}assemblyIdentity")
     fixed = image.VS_FIXEDFILEINFO[0]
@@ -147,18 +147,18 @@ def test_its_manifest_has_the_version_of_its_version_block(image):
     assert itself.get("version") == ".".join(map(str, parts))
 
 
-def test_it_does_not_tell_where_it_was_built():
+def test_it_contains_no_path_of_the_build():
     content = EXECUTABLE.read_bytes()
     for place in (REPOSITORY, BUILD, Path.home() / ".cache"):
         for text, encoding in product((str(place), place.as_posix()), ("utf-8", "utf-16-le")):
             assert text.encode(encoding) not in content, place
 
 
-def test_it_does_not_tell_when_it_was_built(image):
-    """Else two builds of the same sources would differ."""
+def test_it_contains_no_time_of_the_build(image):
+    """Otherwise two builds of the same sources would differ."""
     assert image.FILE_HEADER.TimeDateStamp == 0
     assert image.DIRECTORY_ENTRY_RESOURCE.struct.TimeDateStamp == 0
-    # Of what is compiled in, each file and folder has a date: the same one, of 1980.
+    # The resource compiler writes a date for each file and folder: here always one of 1980.
     files = ElementTree.parse(COMPILED_IN).getroot().iter("file")
     names = [PurePosixPath(item.get("alias") or item.text or "") for item in files]
     folders = {folder for name in names for folder in name.parents}
@@ -168,7 +168,7 @@ def test_it_does_not_tell_when_it_was_built(image):
 
 
 def imported(image: pefile.PE) -> dict[str, list[str]]:
-    """The functions that it imports, by DLL."""
+    """The names of the imported functions, by DLL."""
     return {entry.dll.decode(): [function.name.decode() for function in entry.imports]
             for entry in image.DIRECTORY_ENTRY_IMPORT}
 
@@ -176,7 +176,7 @@ def imported(image: pefile.PE) -> dict[str, list[str]]:
 def test_it_imports_only_what_is_allowed(image):
     lines = ALLOWED.read_text(encoding="utf-8").splitlines()
     allowed = {line.strip() for line in lines if line.strip() and not line.startswith("#")}
-    # Of the toolkit by the library, since its functions change with every build of it.
+    # Qt only by library: which of its functions are imported changes with every build of Qt.
     needed = set()
     for library, functions in imported(image).items():
         qt = library.startswith("Qt5")
@@ -185,10 +185,10 @@ def test_it_imports_only_what_is_allowed(image):
     assert not allowed - needed, "allowed and not imported: take it off the list"
 
 
-def test_no_section_is_left_for_a_debugger(image):
+def test_it_has_no_debug_sections_and_no_symbols(image):
     names = [section.Name.rstrip(b"\0").decode() for section in image.sections]
     assert not [name for name in names if name.startswith((".debug", "/"))]
-    # On Windows, where the target is no foreign one, the tool has no prefix.
+    # On Windows, where the compiler builds for its own system, the tool has no prefix.
     tool = shutil.which("x86_64-w64-mingw32-nm") or "nm"
     read = subprocess.run([tool, EXECUTABLE], capture_output=True, text=True, check=False)
     assert read.stdout == ""
