@@ -1,5 +1,5 @@
-// Keys of any form, and a library that lies about the length of its texts. Fields: key, default,
-// the four bytes of the length that it names and then what it fills in.
+// Any keys, and a library that reports a wrong length. Fields: key, default, and the answer: four
+// bytes of the reported length, then the text.
 
 #include "services/config/config_key.h"
 #include "services/config/vantor_config_instance.h"
@@ -12,11 +12,11 @@
 
 namespace {
 
-// The most that there is memory for, as the option max_allocation_size_mb says.
+// The largest allocation, equal to the sanitizer's option max_allocation_size_mb.
 constexpr std::int64_t kMemory = std::int64_t{32} << 20U;
 
-std::int32_t claimedLength = 0;
-std::string filledIn;
+std::int32_t reportedLength = 0;
+std::string answer;
 
 contract::FakeLibrary &Library()
 {
@@ -36,7 +36,7 @@ QString BeforeZero(const QString &text)
     return text.left(text.indexOf(QChar(0)));
 }
 
-// The key up to the first "__", and without every "name__" from left to right.
+// The name is the key up to the first "__"; the suffix is the key without each "name__".
 ConfigKey Split(const QString &key)
 {
     const int end = key.indexOf(QStringLiteral("__"));
@@ -49,10 +49,10 @@ ConfigKey Split(const QString &key)
 
 QString Expected(const QString &fallback)
 {
-    if (claimedLength == VANTOR_QUERY_ERROR || claimedLength < 0 || claimedLength >= kMemory) {
+    if (reportedLength == VANTOR_QUERY_ERROR || reportedLength < 0 || reportedLength >= kMemory) {
         return fallback;
     }
-    const std::string text = filledIn.substr(0, static_cast<std::size_t>(claimedLength)).c_str();
+    const std::string text = answer.substr(0, static_cast<std::size_t>(reportedLength)).c_str();
     QString value = QString::fromUtf8(text.c_str());
     if (value.endsWith(QLatin1Char('/'))) {
         value = value.left(value.size() - 1);
@@ -67,18 +67,18 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     const auto fields = Fields<3>(data, size);
     const QString key = Text(fields[0]);
     const QString fallback = Text(fields[1]);
-    filledIn = fields[2];
-    filledIn.resize(std::max<std::size_t>(filledIn.size(), sizeof claimedLength));
-    std::memcpy(&claimedLength, filledIn.data(), sizeof claimedLength);
-    filledIn.erase(0, sizeof claimedLength);
-    // A length that is only long takes time and shows nothing.
-    if (claimedLength < kMemory) {
-        claimedLength %= 0x10000;
+    answer = fields[2];
+    answer.resize(std::max<std::size_t>(answer.size(), sizeof reportedLength));
+    std::memcpy(&reportedLength, answer.data(), sizeof reportedLength);
+    answer.erase(0, sizeof reportedLength);
+    // Long texts only take time and test nothing more.
+    if (reportedLength < kMemory) {
+        reportedLength %= 0x10000;
     }
-    const bool switchedOn = claimedLength % 2 != 0;
-    Library().Tell({{"string.*", filledIn},
+    const bool switchedOn = reportedLength % 2 != 0;
+    Library().Tell({{"string.*", answer},
                     {"fill.*", "bare"},
-                    {"length.*", std::to_string(claimedLength)},
+                    {"length.*", std::to_string(reportedLength)},
                     {"bool.*", switchedOn ? "1" : "0"}});
     Config();
     Library().NewNotes();
@@ -86,33 +86,35 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     const ConfigKey split = SplitConfigKey(key);
     const ConfigKey expected = Split(key);
     Check(split.name == expected.name && split.suffix == expected.suffix, "the key is split");
-    const bool isAsked = !BeforeZero(split.name).isEmpty();
-    const std::string asked = ' ' + fake::Field("key", BeforeZero(split.name).toStdString()) + ' ' +
-                              fake::Field("suffix", BeforeZero(split.suffix).toStdString()) + ' ';
+    const bool isQueried = !BeforeZero(split.name).isEmpty();
+    const std::string arguments =
+        ' ' + fake::Field("key", BeforeZero(split.name).toStdString()) + ' ' +
+        fake::Field("suffix", BeforeZero(split.suffix).toStdString()) + ' ';
 
-    Check(Config().GetString(key, fallback) == (isAsked ? Expected(fallback) : fallback),
-          "what was filled in up to its zero and the length, or the default");
+    Check(Config().GetString(key, fallback) == (isQueried ? Expected(fallback) : fallback),
+          "the text is cut at its NUL and at the length, or is the default");
     std::vector<std::string> calls;
-    if (isAsked) {
-        const std::string call = "get_string_value" + asked;
+    if (isQueried) {
+        const std::string call = "get_string_value" + arguments;
         calls.push_back(call +
-                        "buffer=null size=4294967295 result=" + std::to_string(claimedLength));
-        if (claimedLength > 0 && claimedLength < kMemory) {
-            calls.push_back(call + "buffer=given size=" + std::to_string(claimedLength + 1) +
-                            " result=" + std::to_string(filledIn.size()));
+                        "buffer=null size=4294967295 result=" + std::to_string(reportedLength));
+        if (reportedLength > 0 && reportedLength < kMemory) {
+            calls.push_back(call + "buffer=given size=" + std::to_string(reportedLength + 1) +
+                            " result=" + std::to_string(answer.size()));
         }
     }
-    Check(Library().NewNotes() == calls, "the key is asked for with its suffix, unless empty");
+    Check(Library().NewNotes() == calls, "the key is queried with its suffix, unless empty");
     for (const bool before : {false, true}) {
-        Check(Config().GetBoolean(key, before) == (isAsked ? switchedOn : before),
-              "the switch, or the default");
-        calls = {"get_bool_value" + asked + "before=" + std::to_string(static_cast<int>(before))};
-        Check(Library().NewNotes() == (isAsked ? calls : std::vector<std::string>()),
-              "the switch is asked for, unless the key is empty");
+        Check(Config().GetBoolean(key, before) == (isQueried ? switchedOn : before),
+              "the value is the switch or the default");
+        calls = {"get_bool_value" + arguments +
+                 "before=" + std::to_string(static_cast<int>(before))};
+        Check(Library().NewNotes() == (isQueried ? calls : std::vector<std::string>()),
+              "the switch is queried, unless the key is empty");
     }
     Config().SetPreFix(fields[0]);
     Check(Library().NewNotes() ==
               std::vector{"set_filter_environment " + fake::Field("prefix", fields[0].c_str())},
-          "an unknown product's prefix is the tag");
+          "the prefix of an unknown product is the tag");
     return 0;
 }

@@ -8,14 +8,14 @@
 #include <string>
 #include <string_view>
 
-/// Called by the fuzzer with one input after the other; the result is always 0.
+/// libFuzzer calls this for each input; always returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 
-/// Ends the program, so that the fuzzer keeps its input, unless `holds`.
+/// Aborts unless `holds`, so that libFuzzer keeps the input.
 inline void Check(bool holds, const char *what)
 {
     if (!holds) {
-        std::fprintf(stderr, "This does not hold: %s\n", what);
+        std::fprintf(stderr, "Check failed: %s\n", what);
         std::abort();
     }
 }
@@ -26,8 +26,8 @@ inline std::string_view Whole(const std::uint8_t *data, std::size_t size)
     return {reinterpret_cast<const char *>(data), size};
 }
 
-/// The parts of an input between bytes 0xFF, which UTF-8 does not use: missing ones are empty, the
-/// last has all the rest.
+/// Splits the input at bytes 0xFF, which UTF-8 does not use. Missing fields are empty; the last one
+/// has the rest.
 template<std::size_t kCount>
 std::array<std::string, kCount> Fields(const std::uint8_t *data, std::size_t size)
 {

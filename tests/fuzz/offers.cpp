@@ -1,5 +1,5 @@
-// Offers from any configured texts and facts about the product. Fields: the type and the day of the
-// era, three bytes in all, the configured text, the OEM name, the identifier, the version number.
+// Offers from any configured texts and product facts. Fields: three bytes of type and day, the
+// configured text, the OEM name, the identifier, the version number.
 
 #include "controller/offers.h"
 #include "tests/fuzz/fuzz.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-// "MM/dd/yyyy" of the day after, by the calendar's own rules.
+// "MM/dd/yyyy" of the next day, calculated without QDate.
 QString Tomorrow(const QDate &today)
 {
     int day = today.day() + 1;
@@ -33,7 +33,7 @@ void CheckTag(const QString &versionNo)
     const QString kept = digits.split(QLatin1Char('.')).join(QString());
     const QString tag =
         kept.isEmpty() ? QStringLiteral("uninstall") : QStringLiteral("uninstall__") + kept;
-    Check(ConfigVersionTag(versionNo) == tag.toStdString(), "the tag has all but the dots");
+    Check(ConfigVersionTag(versionNo) == tag.toStdString(), "the tag is the version without dots");
 }
 
 } // namespace
@@ -68,13 +68,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     const QVariantMap offer = ComposeOffer(type, sources);
 
     CheckTag(Text(fields[3]));
-    Check(offer.value(QStringLiteral("expired")) == Tomorrow(today), "it expires tomorrow");
+    Check(offer.value(QStringLiteral("expired")) == Tomorrow(today), "the offer expires tomorrow");
     if (type < 1 || type > 4) {
-        Check(offer.size() == 1 && asked.isEmpty(), "other types have nothing else");
+        Check(offer.size() == 1 && asked.isEmpty(), "other types have an expiry only");
         return 0;
     }
-    // The unit tests know the keys. Here they are those without an OEM, with its name behind the
-    // link's; the types from 2 on share theirs.
+    // The unit tests check the keys' names. Here the expected keys are those without an OEM, plus
+    // its name after the link's key; all types from 2 on share their keys.
     QStringList expected;
     sources.text = [&](const QString &key) {
         expected << key;
@@ -87,14 +87,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     if (!oem.isEmpty()) {
         expected.last() += QStringLiteral("__") + oem.toLower();
     }
-    Check(asked == expected && asked.size() == 2, "price, then link, of the type and the OEM");
-    Check(offer.size() == 3, "an expiry, a price and a link");
+    Check(asked == expected && asked.size() == 2, "the price, then the link is queried");
+    Check(offer.size() == 3, "the offer has an expiry, a price and a link");
     Check(offer.value(QStringLiteral("price")) == configured, "the price is as configured");
     QString link = configured;
     if (!identifier.isEmpty()) {
         link += configured.count(QLatin1Char('?')) > 0 ? QLatin1Char('&') : QLatin1Char('?');
         link += QStringLiteral("x-url=1-") + identifier;
     }
-    Check(offer.value(QStringLiteral("url")) == link, "the link, marked with the identifier");
+    Check(offer.value(QStringLiteral("url")) == link, "the link has the identifier");
     return 0;
 }

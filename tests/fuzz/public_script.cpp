@@ -1,4 +1,4 @@
-// The interface's script helpers with any texts. Fields: which arguments are left out, three texts.
+// The functions of public.js with any texts. Fields: one byte that omits arguments, three texts.
 
 #include "tests/fuzz/fuzz.h"
 #include "tests/fuzz/text.h"
@@ -19,8 +19,7 @@ public:
     {
         QFile file(QStringLiteral(PUBLIC_SCRIPT));
         Check(file.open(QIODevice::ReadOnly), "the script can be read");
-        Check(!engine_.evaluate(QString::fromUtf8(file.readAll())).isError(),
-              "the script is right");
+        Check(!engine_.evaluate(QString::fromUtf8(file.readAll())).isError(), "the script loads");
         engine_.evaluate(QStringLiteral(
             "var sent = []; var uninstallMgr = { sendUserInfo: function(window, action, attribute,"
             " source) { sent = [window, action, attribute, source] } };"
@@ -32,11 +31,11 @@ public:
     {
         QJSValue callee = engine_.globalObject().property(QString::fromLatin1(function));
         const QJSValue result = callee.call(arguments);
-        Check(!result.isError(), "nothing is thrown");
+        Check(!result.isError(), "no function throws");
         return result;
     }
 
-    /// What the attribute of the usage event was that came with this source.
+    /// The attribute of the usage event that the call sends.
     QString Sent(const char *function, const QJSValue &attribute, const QString &source)
     {
         Call(function, {QStringLiteral("W"), QStringLiteral("A"), attribute, source});
@@ -44,7 +43,7 @@ public:
         Check(sent.property(0).toString() == QLatin1String("W") &&
                   sent.property(1).toString() == QLatin1String("A") &&
                   sent.property(2).isString() && sent.property(3).toString() == source,
-              "window, action and source stay as they are");
+              "window, action and source are unchanged");
         return sent.property(2).toString();
     }
 
@@ -74,11 +73,11 @@ void CheckJsonEvent(Script &script, const QString &text, const QString &source)
 {
     const QString sent = script.Sent("sendUserInfoEx", text, source);
     const bool isJson = script.Call("isJson", {text}).toBool();
-    Check(isJson || sent == text, "what is no JSON stays as it is");
-    Check(!isJson || script.Call("isJson", {sent}).toBool(), "what is JSON stays JSON");
-    Check(script.Sent("sendUserInfoEx", sent, source) == sent, "once is enough");
-    if (isJson && !Document(text).isNull() && !HasSingleSurrogates(sent)) {
-        Check(Document(sent) == Document(text), "it means the same");
+    Check(isJson || sent == text, "text that is not JSON is unchanged");
+    Check(!isJson || script.Call("isJson", {sent}).toBool(), "JSON stays JSON");
+    Check(script.Sent("sendUserInfoEx", sent, source) == sent, "a second call changes nothing");
+    if (isJson && !Document(text).isNull() && !HasUnpairedSurrogates(sent)) {
+        Check(Document(sent) == Document(text), "the JSON document is equal");
     }
 }
 
@@ -88,16 +87,16 @@ void CheckListEvent(Script &script, const QStringList &texts)
     const QString expected = QStringLiteral("{\"") + texts[0] + QStringLiteral("\":\"") + texts[1] +
                              QStringLiteral("\",\"") + texts[1] + QStringLiteral("\":\"") +
                              texts[2] + QStringLiteral("\"}");
-    Check(sent == expected, "keys and values in quotation marks, in their order");
+    Check(sent == expected, "keys and values are quoted, in their order");
     Check(script.Sent("sendUserInfo", script.Entries({}), texts[2]).isEmpty(),
-          "nothing of nothing");
+          "an empty list gives an empty text");
 }
 
-void CheckRichText(Script &script, unsigned leftOut, const QStringList &texts)
+void CheckRichText(Script &script, unsigned omitted, const QStringList &texts)
 {
-    // Left out, an argument is undefined or null.
-    const auto argument = [leftOut, &texts](int index) {
-        const unsigned form = (leftOut >> 2U * static_cast<unsigned>(index)) & 3U;
+    // An omitted argument is undefined or null.
+    const auto argument = [omitted, &texts](int index) {
+        const unsigned form = (omitted >> 2U * static_cast<unsigned>(index)) & 3U;
         return form == 1   ? QJSValue(QJSValue::UndefinedValue)
                : form == 2 ? QJSValue(QJSValue::NullValue)
                            : QJSValue(texts[index]);
@@ -114,7 +113,7 @@ void CheckRichText(Script &script, unsigned leftOut, const QStringList &texts)
                   (hasColour ? colour.toString() : QStringLiteral("#037dff")) +
                   QStringLiteral("} </style><a href=") + target + QLatin1Char('>') + shown +
                   QStringLiteral("</a>"),
-          "a link");
+          "makeLink gives a link");
     const auto style = [](const char *name, const QJSValue &value) {
         const bool given = value.isString() && !value.toString().isEmpty();
         return given ? QString::fromLatin1(name) + value.toString() : QString();
@@ -123,7 +122,7 @@ void CheckRichText(Script &script, unsigned leftOut, const QStringList &texts)
               QStringLiteral("<span style=\"color:") + texts[1] + style(";font-weight:", url) +
                   style(";font-size:", colour) + QStringLiteral("\">") + shown +
                   QStringLiteral("</span>"),
-          "a coloured text");
+          "makeColorFont gives a coloured text");
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Any bytes as the task list's output. Fields: the name that is looked for, the output.
+// Any bytes as the output of `tasklist`. Fields: the name to find, the output.
 
 #include "controller/task_list.h"
 #include "tests/fuzz/fuzz.h"
@@ -6,7 +6,7 @@
 
 namespace {
 
-// Decoding broken UTF-8 must neither swallow a name nor make one up.
+// Decoding invalid UTF-8 must neither hide a name nor produce one.
 bool Occurs(const std::string &output, const QString &name)
 {
     return output.find(name.toStdString()) != std::string::npos;
@@ -17,10 +17,9 @@ void CheckName(const std::string &output, const QString &name)
     const auto shows = [&name](const std::string &bytes) {
         return ContainsImage(QByteArray::fromStdString(bytes), name);
     };
-    Check(shows(output) == Occurs(output, name),
-          "a name is shown exactly when its bytes are there");
-    Check(shows(output + name.toStdString()), "it is found at the end");
-    Check(shows(name.toStdString() + output), "it is found at the beginning");
+    Check(shows(output) == Occurs(output, name), "a name is found if and only if its bytes occur");
+    Check(shows(output + name.toStdString()), "a name is found at the end");
+    Check(shows(name.toStdString() + output), "a name is found at the beginning");
 }
 
 } // namespace
@@ -32,8 +31,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     CheckName(output, QStringLiteral("KTRUI.exe"));
     CheckName(output, QStringLiteral("uninstall.exe"));
     const QString name = Text(fields[0]);
-    // A broken text decodes to the replacement character, and a mark at the beginning to nothing.
-    const bool plain = !HasSingleSurrogates(name) && !name.contains(QChar::ReplacementCharacter) &&
+    // Invalid bytes decode to the replacement character, and a leading byte order mark to nothing.
+    const bool plain = !HasUnpairedSurrogates(name) &&
+                       !name.contains(QChar::ReplacementCharacter) &&
                        !name.contains(QChar::ByteOrderMark);
     if (plain) {
         CheckName(output, name);

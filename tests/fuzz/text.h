@@ -4,8 +4,7 @@
 
 #include <string>
 
-/// A text of any UTF-16 units from UTF-8: since that has no single surrogates, the characters from
-/// U+E000 to U+E7FF stand for them.
+/// Decodes UTF-8 to UTF-16. UTF-8 has no unpaired surrogates, so U+E000 to U+E7FF become those.
 inline QString Text(const std::string &utf8)
 {
     QString text = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
@@ -17,8 +16,8 @@ inline QString Text(const std::string &utf8)
     return text;
 }
 
-/// Whether UTF-8 can carry every unit of the text.
-inline bool HasSingleSurrogates(const QString &text)
+/// Whether the text has an unpaired surrogate, which UTF-8 cannot encode.
+inline bool HasUnpairedSurrogates(const QString &text)
 {
     return QString::fromUtf8(text.toUtf8()) != text;
 }

@@ -1,5 +1,5 @@
-// Usage events from any texts, up to the telemetry library. Fields: window, activity, attribute,
-// source.
+// Usage events from any texts, as the telemetry library receives them. Fields: window, activity,
+// attribute, source.
 
 #include "services/telemetry/usage_events.h"
 #include "services/telemetry/telemetry_binding.h"
@@ -26,7 +26,7 @@ TelemetryBinding &Binding()
     return binding;
 }
 
-// As it is: `fromStdU16String` takes a byte order mark away.
+// Not `fromStdU16String`: it drops a byte order mark.
 QString Units(const std::u16string &text)
 {
     QString units;
@@ -44,7 +44,7 @@ bool IsDocument(const QString &text)
 void CheckAttribute(const QString &given, const QString &sent)
 {
     if (IsDocument(given)) {
-        Check(sent == given, "a document stays as it is");
+        Check(sent == given, "a JSON document is unchanged");
         return;
     }
     const QJsonObject object = QJsonDocument::fromJson(sent.toUtf8()).object();
@@ -53,11 +53,11 @@ void CheckAttribute(const QString &given, const QString &sent)
     const QChar mark(QChar::ByteOrderMark);
     const QString read = object.value(QStringLiteral("attribute")).toString();
     Check((read == given || mark + read == given) && sent.count(mark) == given.count(mark),
-          "it holds the text");
-    Check(!sent.contains(QLatin1Char('\n')), "it is compact");
+          "the wrapper holds the text");
+    Check(!sent.contains(QLatin1Char('\n')), "the wrapper is compact");
 }
 
-// What the library notes of the pairs. Texts end at their first zero.
+// The fake library's journal entry for the pairs. Texts end at their first NUL.
 std::vector<std::string> Received(const UsageEventPairs &pairs)
 {
     std::vector<std::string> texts = {"torvanSendType=0"};
@@ -88,14 +88,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         const QString sent = Units(pairs.back().second);
         CheckAttribute(attribute, sent);
         Check(ComposeUsageEvent({}, {}, sent, {}).back().second == pairs.back().second,
-              "wrapping once is enough");
+              "a wrapped attribute is not wrapped again");
         expected.push_back(pairs.back());
     }
-    Check(pairs == expected, "each text under its name, in their order");
+    Check(pairs == expected, "each text has its name, in their order");
 
     TelemetryBinding &binding = Binding();
     Library().NewNotes();
     SendPairs(binding, pairs);
-    Check(Library().NewNotes() == Received(pairs), "the library gets them so");
+    Check(Library().NewNotes() == Received(pairs), "the library receives the same pairs");
     return 0;
 }
