@@ -1,4 +1,4 @@
-"""Lays a case out, calls the script and says what has changed."""
+"""Creates the files of a case, calls the script and reports what has changed."""
 
 from __future__ import annotations
 
@@ -7,13 +7,13 @@ from machine import Machine, Result
 from world import VARIABLES, Tree, World, below
 
 _BOUND = b"set seconds=120\r\n"
-_WINES_OWN = ("SystemRoot", "ProgramFiles", "ProgramW6432", "CommonProgramFiles",
-              "CommonProgramW6432")
-"""Variables that Wine sets anew in every process: changed, they have to be so from within."""
+_SET_BY_WINE = ("SystemRoot", "ProgramFiles", "ProgramW6432", "CommonProgramFiles",
+                "CommonProgramW6432")
+"""Variables that Wine sets in every new process: only a batch file in it can change them."""
 
 
 def lay_out(machine: Machine, case: Case) -> World:
-    """The drives as they are before the script is called."""
+    """Creates the files on the drives before the script is called."""
     world = World(machine)
     if case.patience is not None:
         assert world.script.count(_BOUND) == 1
@@ -27,30 +27,30 @@ def lay_out(machine: Machine, case: Case) -> World:
 
 
 def wrong_after_call(machine: Machine, case: Case) -> list[str]:
-    """Lays a case out, calls the script, and says what is otherwise than the case has it."""
+    """Creates the files of a case, calls the script, and returns what differs from the case."""
     world = lay_out(machine, case)
     before = world.tree()
     return wrong(case, before, world, machine.run(instructions(machine, case)))
 
 
 def instructions(machine: Machine, case: Case) -> list[str]:
-    """What has to be done to call the script."""
+    """The instructions for `programs/start.cpp` that call the script."""
     variables: Variables = {**VARIABLES, **case.variables}
     arguments = f'"{case.folder}"' if case.arguments is None else case.arguments
-    line = f'"{case.script}" {arguments}' if case.silent else f"{case.script} {arguments}"
-    late = {name: variables.pop(name) for name in _WINES_OWN}
+    line = f'"{case.script}" {arguments}' if case.quoted_script else f"{case.script} {arguments}"
+    late = {name: variables.pop(name) for name in _SET_BY_WINE}
     if late.keys() & case.variables.keys():
         line = _after_setting(machine, late, line)
     return [
         f"cd {case.in_folder}",
         *(f"unset {name}" if value is None else f"set {name}={value}"
           for name, value in variables.items()),
-        f"{case.way} {line.rstrip()}",
+        f"{case.call} {line.rstrip()}",
     ]
 
 
 def _after_setting(machine: Machine, variables: Variables, line: str) -> str:
-    """A command line that does the same with variables that no quoting gets past a shell."""
+    """A command line that sets the variables first, also those that no quoting can pass."""
     text = "@echo off\r\n"
     for number, (name, value) in enumerate(variables.items()):
         (machine.tools / f"{number}.txt").write_text(f"{value}\r\n", encoding="cp1252", newline="")
@@ -61,7 +61,7 @@ def _after_setting(machine: Machine, variables: Variables, line: str) -> str:
 
 
 def wrong(case: Case, before: Tree, world: World, result: Result) -> list[str]:
-    """What is otherwise than the case has it, with the status and what was printed."""
+    """What differs from the case, including the exit code and the output."""
     return differences(case, before, world.tree()) + [
         f"{what} is {seen!r}" for what, seen, expected in (
             ("status", result.status, case.status), ("output", result.output, b""))
@@ -69,13 +69,13 @@ def wrong(case: Case, before: Tree, world: World, result: Result) -> list[str]:
 
 
 def differences(case: Case, before: Tree, after: Tree) -> list[str]:
-    """What went or stayed otherwise than the case has it."""
-    to_go = {path for folder in case.to_go for path in below(before, folder)}
-    if case.script_goes:
-        to_go |= below(before, case.script)
-    expected = {path: facts for path, facts in before.items() if path not in to_go}
+    """Which files were removed or left against the case."""
+    removed = {path for folder in case.removed for path in below(before, folder)}
+    if case.removes_script:
+        removed |= below(before, case.script)
+    expected = {path: facts for path, facts in before.items() if path not in removed}
     return sorted(
-        [f"went: {path}" for path in expected.keys() - after.keys()]
-        + [f"came or stayed: {path}" for path in after.keys() - expected.keys()]
+        [f"removed: {path}" for path in expected.keys() - after.keys()]
+        + [f"added or left: {path}" for path in after.keys() - expected.keys()]
         + [f"changed: {path}" for path in expected.keys() & after.keys()
            if expected[path] != after[path]])

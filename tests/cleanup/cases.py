@@ -1,7 +1,7 @@
-"""The table: what is laid out, how the script is called, what it ends with, and what goes.
+"""The table: which files there are, how the script is called, its exit code, what it removes.
 
-Unless a case says otherwise there is a complete product folder, and the script lies in the user's
-temp directory. What is not named in `gone` has to be there afterwards, unchanged.
+By default there is a complete product folder, and the script is in the user's temp directory. All
+files that `gone` does not name must stay unchanged.
 """
 
 from __future__ import annotations
@@ -12,7 +12,7 @@ from world import (PRODUCT, PROFILE, PROGRAM, STAGED, TEMP, Step, attributes, fi
                    link, mark, without)
 
 GONE, REFUSED, STILL_RUNNING, LEFT = 0, 2, 3, 4
-"""The statuses, as the script's head has them."""
+"""The exit codes, as the comment at the top of the script lists them."""
 
 Variables = dict[str, "str | None"]
 
@@ -29,19 +29,19 @@ class Case:
     variables: Variables = field(default_factory=dict)  # None unsets one
     script: str = STAGED
     in_folder: str = TEMP
-    way: str = "wide"
+    call: str = "wide"  # an instruction of programs/start.cpp
     program: str = "bin"
-    gone: tuple[str, ...] | None = None  # else the folder if it is to go
-    script_goes: bool = True
+    gone: tuple[str, ...] | None = None  # by default the folder if the status is GONE
+    removes_script: bool = True
     patience: int | None = None  # seconds instead of two minutes, in a copy of the script
-    silent: bool = True  # whether what is printed can be seen
+    quoted_script: bool = True
 
     def __str__(self) -> str:
         return self.name
 
     @property
-    def to_go(self) -> tuple[str, ...]:
-        """Folders that go with all that is in them, and files."""
+    def removed(self) -> tuple[str, ...]:
+        """The folders, with everything in them, and the files that the script removes."""
         if self.gone is not None:
             return self.gone
         return (self.folder,) if self.status == GONE else ()
@@ -52,17 +52,17 @@ def gone(name: str, folder: str = PRODUCT, *steps: Step, **more) -> Case:
 
 
 def named(name: str, **more) -> Case:
-    """A product folder of this name is removed."""
+    """A product folder with this name is removed."""
     return Case(f"folder called {name}", GONE, f"D:\\Program Files\\Torvan\\{name}", **more)
 
 
 def refused(name: str, arguments: str, *steps: Step, **more) -> Case:
-    """The product, which is there as it should be, is called by something else."""
+    """The product is complete, but the arguments are wrong."""
     return Case(name, REFUSED, arguments=arguments, steps=steps, **more)
 
 
 def kept(name: str, folder: str = PRODUCT, *steps: Step, **more) -> Case:
-    """The folder is named properly, and stays."""
+    """The argument is right, but the folder must stay."""
     return Case(name, REFUSED, folder, steps=steps, **more)
 
 
@@ -84,80 +84,80 @@ DEEP = "D:\\" + "\\".join(["level"] * 12) + "\\Dravik"
 RES = PRODUCT + "\\res"
 REAL = "C:\\windows\\system32"
 
-# What the product folder may be called and where it may lie.
+# Names and places of the product folder.
 NAMES = [
-    gone("as the setup makes it"),
-    named("Dräwïk", way="narrow"),
+    gone("as the setup creates it"),
+    named("Dräwïk", call="ansi"),
     *map(named, (
         "with spaces in it", "Dravik (x86)", "R&D && more", "a^b^^c", "Hey! You!!", "a;b, c=d",
         "it's [1] {2} +@#$`_-", "Dräwïk ß", "ドラビック 日本", "Дравик", "e\u0301 decomposed",
         "a & b (1) ^ ! ü;=,", ".dots.in.it", " space in front")),
-    gone("in other letters", arguments='"d:\\program FILES\\TORVAN\\dravik"'),
+    gone("in another letter case", arguments='"d:\\program FILES\\TORVAN\\dravik"'),
     gone("two levels", "D:\\Torvan\\Dravik"),
     gone("thirteen levels", DEEP),
     gone("on another drive", "E:\\Games\\Dravik"),
     gone("with quotation marks within", arguments='"D:\\Program Files"\\Torvan\\"Dravik"'),
     gone("without quotes", "D:\\Torvan\\Dravik", arguments="D:\\Torvan\\Dravik"),
-    gone("program directory called otherwise", program="programs of v2"),
-    gone("program directory with everything in its name", program="b & n (1) ^ ! ü"),
-    gone("named as the profile is, elsewhere", "D:\\Elsewhere\\Anna"),
+    gone("program directory with another name", program="programs of v2"),
+    gone("program directory with special characters in its name", program="b & n (1) ^ ! ü"),
+    gone("named like the profile, elsewhere", "D:\\Elsewhere\\Anna"),
     gone("in the profile", PROFILE + "\\AppData\\Local\\Programs\\Dravik"),
     gone("in the shared program folder", "D:\\Program Files\\Common Files\\Dravik"),
-    gone("beginning like a folder that stays", "D:\\Users\\Ann"),
-    gone("going on from a folder that stays", "D:\\Users\\Anna2"),
+    gone("a prefix of a folder that stays", "D:\\Users\\Ann"),
+    gone("a folder that stays is a prefix", "D:\\Users\\Anna2"),
 ]
 
-# What may be in it.
+# Contents of the product folder.
 CONTENTS = [
     gone("nothing but the mark", PRODUCT, without(RES, PRODUCT + "\\left over.txt",
                                                   PROGRAM + "\\translations")),
     gone("read-only files", PRODUCT, attributes(
         "r", PROGRAM + "\\UninstallUI.exe", PROGRAM + "\\clearKTR.bat", PROGRAM + "\\Qt5Core.dll",
         PRODUCT + "\\left over.txt")),
-    gone("hidden files and files of the system", PRODUCT, attributes(
+    gone("hidden files and system files", PRODUCT, attributes(
         "hs", PROGRAM + "\\UninstallUI.exe", PROGRAM + "\\clearKTR.bat",
         PRODUCT + "\\left over.txt")),
-    gone("hidden folders further down", PRODUCT, folders(RES + "\\deep"),
+    gone("hidden folders below", PRODUCT, folders(RES + "\\deep"),
          attributes("hs", RES + "\\deep", PROGRAM + "\\translations")),
     gone("many files and folders", PRODUCT, files(*(
         f"{PRODUCT}\\data\\{a}\\{b}\\{c}.dat" for a in range(6) for b in range(6)
         for c in range(8)))),
-    gone("a long way down", PRODUCT, files(PRODUCT + "\\d" * 20 + "\\leaf.txt")),
-    gone("names with everything in them", PRODUCT, files(
+    gone("twenty levels", PRODUCT, files(PRODUCT + "\\d" * 20 + "\\leaf.txt")),
+    gone("names with special characters", PRODUCT, files(
         PRODUCT + "\\a & b (1) ^ ! ü\\c & d (2) ^ ! é.txt", PRODUCT + "\\日本\\日本.txt",
         PRODUCT + "\\;=,\\;=, .txt")),
-    gone("notes on its look further down", PRODUCT, files(RES + "\\desktop.ini")),
+    gone("a desktop.ini below", PRODUCT, files(RES + "\\desktop.ini")),
     gone("halves of the mark in other folders", PRODUCT, files(
         PRODUCT + "\\a\\UninstallUI.exe", PRODUCT + "\\b\\clearKTR.bat"),
          file(PRODUCT + "\\c\\clearKTR.bat", b"")),
     gone("another version beside", PRODUCT, mark(PRODUCT + "\\old", change=one_byte)),
-    gone("the mark once more further down", PRODUCT, mark(RES + "\\deep", PROGRAM + "\\bin")),
-    gone("the mark once more in the folder itself", PRODUCT, mark(PRODUCT)),
-    gone("the mark in other letters", PRODUCT,
+    gone("a second mark below", PRODUCT, mark(RES + "\\deep", PROGRAM + "\\bin")),
+    gone("a second mark in the folder itself", PRODUCT, mark(PRODUCT)),
+    gone("the mark in another letter case", PRODUCT,
          without(PROGRAM + "\\UninstallUI.exe"), files(PROGRAM + "\\uninstallui.EXE")),
 ]
 
-# From where it is called.
+# Places of the script, and its working directory.
 PLACES = [
     gone("called in the folder", in_folder=PRODUCT),
     gone("called in its program directory", in_folder=PROGRAM),
     gone("called in a folder above", in_folder="D:\\Program Files"),
-    gone("called as the program calls it", way="detached", silent=False,
+    gone("called as the program calls it", call="detached", quoted_script=False,
          script="D:\\Temp\\clearKTR.bat", in_folder="D:\\Temp"),
     from_script("a folder with spaces", "D:\\Temp of Anna\\clearKTR.bat"),
     from_script("a folder with &", "D:\\R&D & more\\clearKTR.bat"),
     from_script("a folder with ^ and !", "D:\\^ a^b ! you!\\clearKTR.bat"),
     from_script("a folder with parentheses", "D:\\Temp (1)\\clearKTR.bat"),
-    from_script("a folder of another script", "D:\\日本 ü\\clearKTR.bat"),
-    from_script("a file called otherwise", "D:\\Temp\\copy of clearKTR.cmd"),
+    from_script("a folder with Japanese letters", "D:\\日本 ü\\clearKTR.bat"),
+    from_script("a file with another name", "D:\\Temp\\copy of clearKTR.cmd"),
     gone("script that is read-only", PRODUCT, attributes("r", STAGED)),
 ]
 
-# One argument, which is the folder as the program writes it.
+# The script takes one argument: the folder as the program writes it.
 ARGUMENTS = [
     refused("no argument", ""),
     refused("an empty argument", '""'),
-    refused("a blank", '" "'),
+    refused("a space", '" "'),
     refused("one quotation mark", '"'),
     refused("three quotation marks", '"""'),
     refused("two arguments", f'"{PRODUCT}" "{PRODUCT}"'),
@@ -187,9 +187,9 @@ ARGUMENTS = [
             mark("D:\\Torvan\\bin")),
     refused("a share's root", '"\\\\localhost\\D$"', mark("D:\\bin")),
     refused("a share's folder", '"\\\\localhost\\D$\\Program Files\\Torvan\\Dravik"'),
-    refused("a path for the system's inside", f'"\\\\?\\{PRODUCT}"'),
-    refused("a path for devices", f'"\\\\.\\{PRODUCT}"'),
-    refused("a path of objects", f'"\\??\\{PRODUCT}"'),
+    refused("an extended-length path", f'"\\\\?\\{PRODUCT}"'),
+    refused("a device path", f'"\\\\.\\{PRODUCT}"'),
+    refused("an NT object path", f'"\\??\\{PRODUCT}"'),
     refused("a device", '"NUL"'),
     refused("a device in the folder", f'"{PRODUCT}\\NUL"'),
     refused("slashes", f'"{PRODUCT}"'.replace("\\", "/")),
@@ -197,14 +197,14 @@ ARGUMENTS = [
     refused("a backslash at the end", f'"{PRODUCT}\\\\"'),
     refused("two backslashes", f'"{PRODUCT}"'.replace("\\Torvan", "\\\\Torvan")),
     refused("a dot at the end", f'"{PRODUCT}."'),
-    refused("a blank at the end", f'"{PRODUCT} "'),
+    refused("a space at the end", f'"{PRODUCT} "'),
     refused("a dot as a level", f'"{PRODUCT}\\."'),
     refused("there and back", f'"{PROGRAM}\\.."'),
     refused("a star", f'"{PRODUCT}*"'),
     refused("a star for the name", '"D:\\Program Files\\Torvan\\*"'),
     refused("a star for a level", '"D:\\*\\Torvan\\Dravik"'),
     refused("a question mark", '"D:\\Program Files\\Torvan\\Dravi?"'),
-    refused("wildcards of the system's inside", '"D:\\Program Files\\Torvan\\Drav<"'),
+    refused("an NT wildcard", '"D:\\Program Files\\Torvan\\Drav<"'),
     refused("a stream", f'"{PRODUCT}:stream"'),
     refused("the folder's own stream", f'"{PRODUCT}::$INDEX_ALLOCATION"'),
     refused("a level that ends with a space", '"D:\\Torvan \\Dravik"',
@@ -214,28 +214,28 @@ ARGUMENTS = [
     refused("a tilde", '"D:\\PROGRA~1\\Dravik"', mark("D:\\PROGRA~1\\Dravik\\bin")),
     refused("a command within", f'"{PRODUCT}"^&echo"'),
     refused("a character that the code page lacks", '"D:\\Torvan\\ドラビック"',
-            mark("D:\\Torvan\\ドラビック\\bin"), way="narrow"),
+            mark("D:\\Torvan\\ドラビック\\bin"), call="ansi"),
 ]
 
-# Folders that stay even with the mark in them, and those in which such a folder lies.
+# Folders that stay even with the mark in them, and the folders that contain one of those.
 SYSTEM = "D:\\System\\"
 PLACES_THAT_STAY = [
     kept("the profile", PROFILE),
-    kept("the profile in other letters", PROFILE, arguments='"d:\\USERS\\anna"'),
+    kept("the profile in another letter case", PROFILE, arguments='"d:\\USERS\\anna"'),
     kept("the profile with a backslash", PROFILE, variables={"USERPROFILE": PROFILE + "\\"}),
     kept("the profile with slashes", PROFILE, variables={"USERPROFILE": "D:/Users/Anna"}),
     kept("the profile by detours", PROFILE,
          variables={"USERPROFILE": "D:\\Users\\Public\\..\\Anna"}),
-    kept("a profile with everything in its name", SYSTEM + "a & b ^ ! (1) ü",
+    kept("a profile with special characters in its name", SYSTEM + "a & b ^ ! (1) ü",
          variables={"USERPROFILE": SYSTEM + "a & b ^ ! (1) ü"}),
     kept("the folder of profiles", SYSTEM + "Users", folders(SYSTEM + "Users\\Anna\\Desktop"),
          variables={"USERPROFILE": SYSTEM + "Users\\Anna"}),
     kept("the desktop", PROFILE + "\\Desktop"),
-    kept("the desktop of everybody", "D:\\Users\\Public\\Desktop"),
+    kept("the public desktop", "D:\\Users\\Public\\Desktop"),
     kept("the desktop in the cloud", PROFILE + "\\OneDrive\\Desktop"),
-    kept("the folder of the cloud", PROFILE + "\\OneDrive"),
-    kept("the profile of everybody", "D:\\Users\\Public"),
-    # Without a desktop or programs in it that would keep the folder, too.
+    kept("the cloud folder", PROFILE + "\\OneDrive"),
+    kept("the public profile", "D:\\Users\\Public"),
+    # Without a desktop or programs in it, which would also keep the folder.
     *(kept(f"what {name} names", SYSTEM + "Named", variables={name: SYSTEM + "Named"})
       for name in ("PUBLIC", "OneDrive", "LOCALAPPDATA", "ProgramFiles", "ProgramFiles(x86)",
                    "ProgramW6432", "CommonProgramFiles", "CommonProgramW6432", "ProgramData",
@@ -250,15 +250,15 @@ PLACES_THAT_STAY = [
          script="D:\\Elsewhere\\clearKTR.bat", variables={"TEMP": "D:\\System\\A\\b\\c"}),
     kept("the folder of the script", "D:\\System\\S", script="D:\\System\\S\\clearKTR.bat"),
     kept("a folder around the script", "D:\\System\\S", script="D:\\System\\S\\a ^!\\clearKTR.bat"),
-    kept("what 32-bit programs share", "D:\\Program Files (x86)\\Common Files"),
-    kept("data of all programs", SYSTEM + "Program Data"),
-    kept("the system's own programs", "C:\\windows\\system32"),
-    kept("the system's own 32-bit programs", "C:\\windows\\SysWOW64"),
+    kept("the common files of 32-bit programs", "D:\\Program Files (x86)\\Common Files"),
+    kept("the program data", SYSTEM + "Program Data"),
+    kept("the system directory", "C:\\windows\\system32"),
+    kept("the 32-bit system directory", "C:\\windows\\SysWOW64"),
     kept("a profile that no variable names", "D:\\Elsewhere\\Bert",
          files("D:\\Elsewhere\\Bert\\NTUSER.DAT")),
     kept("a desktop that no variable names", "D:\\Elsewhere\\Desktop",
          files("D:\\Elsewhere\\Desktop\\desktop.ini")),
-    kept("a hidden note of the system", "D:\\Elsewhere\\Desktop",
+    kept("a hidden desktop.ini", "D:\\Elsewhere\\Desktop",
          files("D:\\Elsewhere\\Desktop\\desktop.ini"),
          attributes("hs", "D:\\Elsewhere\\Desktop\\desktop.ini")),
 ]
@@ -267,7 +267,7 @@ LINK = "D:\\Elsewhere\\link"
 BY_DRIVE = "F:\\Anna\\AppData\\Local"
 """The same folder as below the profile, under another drive letter."""
 
-# Folders that stay, under a path that no variable leads to.
+# Folders that stay, by a path that no variable contains.
 OTHER_PATHS = [
     refused("application data behind a link", f'"{LINK}\\Local"',
             link(LINK, PROFILE + "\\AppData"), mark(PROFILE + "\\AppData\\Local\\bin")),
@@ -291,10 +291,11 @@ OTHER_PATHS = [
     gone("a product called Programs", "D:\\Torvan\\Programs"),
     gone("beside a folder called Microsoft", PRODUCT,
          folders("D:\\Program Files\\Torvan\\Microsoft")),
-    *(kept(f"what holds {name}", SYSTEM + "Moved", folders(f"{SYSTEM}Moved\\{name}"))
+    *(kept(f"a folder with {name} in it", SYSTEM + "Moved", folders(f"{SYSTEM}Moved\\{name}"))
       for name in ("Microsoft", "LocalLow", "All Users", "Common Files", "microsoft shared",
                    "System32", "Program Files")),
-    kept("what holds kernel32.dll", SYSTEM + "Moved", files(SYSTEM + "Moved\\kernel32.dll")),
+    kept("a folder with kernel32.dll in it", SYSTEM + "Moved",
+         files(SYSTEM + "Moved\\kernel32.dll")),
     gone("names that a product may use itself", PRODUCT, folders(*(
         f"{PRODUCT}\\{name}" for name in ("Temp", "Windows", "Users", "Public", "Local",
                                          "Microsoft.VC90.CRT"))),
@@ -305,7 +306,7 @@ HARMFUL = '" & mkdir D:\\harm & "'
 HIJACK = tuple(f"D:\\Hijack\\{name}" for name in ("fc.exe", "ping.exe", "cmd.exe", "dir.exe"))
 SCRIPTS = tuple(f"D:\\Hijack\\{name}.bat" for name in ("fc", "ping", "rd", "del", "dir", "cd"))
 
-# Variables that are wrong, or meant to do harm.
+# Wrong or malicious variables.
 ENVIRONMENT = [
     *(kept(f"no {name}", variables={name: None})
       for name in ("SystemRoot", "USERPROFILE", "ProgramFiles")),
@@ -314,7 +315,7 @@ ENVIRONMENT = [
     *(gone(f"a command in {name}", variables={name: value}) for name, value in {
         "USERPROFILE": HARMFUL, "PUBLIC": "x" + HARMFUL, "OneDrive": "x & mkdir D:\\harm",
         "ProgramFiles(x86)": "x" + HARMFUL, "TEMP": HARMFUL}.items()),
-    gone("all that may be missing is", variables=dict.fromkeys((
+    gone("all optional variables are missing", variables=dict.fromkeys((
         "APPDATA", "LOCALAPPDATA", "TEMP", "TMP", "OneDrive", "PUBLIC", "ProgramData",
         "ALLUSERSPROFILE", "ProgramW6432", "ProgramFiles(x86)", "CommonProgramFiles",
         "CommonProgramW6432", "CommonProgramFiles(x86)"))),
@@ -326,11 +327,11 @@ ENVIRONMENT = [
         "attributes": "l", "folder": "D:\\Elsewhere", "part": "", "status": "9", "found": "5",
         "entry": "x", "kept": "1", "program": "D:\\keep.txt", "seconds": "0", "below": "x",
         "above": "x", "self": "D:\\keep.txt", "here": "D:\\", "system": "D:\\Elsewhere"}),
-    gone("what the interpreter says is hidden", variables={
+    gone("variables hide the interpreter's own values", variables={
         "CD": "D:\\Elsewhere", "ERRORLEVEL": "1", "CMDEXTVERSION": "0", "CMDCMDLINE": "x",
         "DATE": "x", "RANDOM": "x"}),
-    gone("dir shall do something else", variables={"DIRCMD": "/s /p /ad-h"}),
-    without_mark("another script, and an equal one is claimed",
+    gone("DIRCMD changes dir", variables={"DIRCMD": "/s /p /ad-h"}),
+    without_mark("another script, with ERRORLEVEL set to 0",
                  file(PROGRAM + "\\clearKTR.bat", b""), variables={"ERRORLEVEL": "0"}),
     gone("other programs are found first", PRODUCT, files(*HIJACK),
          *(file(script, b"@mkdir D:\\harm\r\n@exit 0\r\n") for script in SCRIPTS),
@@ -343,7 +344,7 @@ ENVIRONMENT = [
 
 # Exactly one direct sub-folder with the program and an equal script.
 MARKS = [
-    without_mark("nothing of it", without(PROGRAM)),
+    without_mark("no program directory", without(PROGRAM)),
     without_mark("an empty folder", without(PROGRAM, RES, PRODUCT + "\\left over.txt")),
     without_mark("no script", without(PROGRAM + "\\clearKTR.bat")),
     without_mark("no program", without(PROGRAM + "\\UninstallUI.exe")),
@@ -355,17 +356,17 @@ MARKS = [
     without_mark("beside a hidden folder", folders(PRODUCT + "\\hidden"),
                  attributes("hs", PRODUCT + "\\hidden")),
     without_mark("in the folder itself only", without(PROGRAM), mark(PRODUCT)),
-    without_mark("further down only", without(PROGRAM), mark(RES + "\\bin")),
-    without_mark("over two folders", without(PROGRAM + "\\clearKTR.bat"),
+    without_mark("only two levels below", without(PROGRAM), mark(RES + "\\bin")),
+    without_mark("split over two folders", without(PROGRAM + "\\clearKTR.bat"),
                  file(RES + "\\clearKTR.bat", b"")),
-    without_mark("program called otherwise", without(PROGRAM + "\\UninstallUI.exe"),
+    without_mark("program with another name", without(PROGRAM + "\\UninstallUI.exe"),
                  files(PROGRAM + "\\UninstallUI.exe.bak", PROGRAM + "\\UninstallUI")),
     without_mark("one byte differs", mark(PROGRAM, change=one_byte)),
     without_mark("last byte differs", mark(PROGRAM, change=lambda text: text[:-1] + b" ")),
     without_mark("one byte more", mark(PROGRAM, change=lambda text: text + b"\n")),
     without_mark("one byte less", mark(PROGRAM, change=lambda text: text[:-1])),
     without_mark("other line ends", mark(PROGRAM, change=lambda t: t.replace(b"\r\n", b"\n"))),
-    without_mark("other letters", mark(PROGRAM, change=bytes.upper)),
+    without_mark("upper case", mark(PROGRAM, change=bytes.upper)),
     without_mark("an empty script", mark(PROGRAM, change=lambda text: b"")),
     without_mark("the program is a folder", without(PROGRAM + "\\UninstallUI.exe"),
                  folders(PROGRAM + "\\UninstallUI.exe")),
@@ -377,8 +378,9 @@ MARKS = [
     kept("a link to a product folder", "D:\\Elsewhere\\Dravik", link(
         "D:\\Elsewhere\\link", "D:\\Elsewhere\\Dravik"), arguments='"D:\\Elsewhere\\link"'),
     kept("the script beside the program, without arguments", arguments="",
-         script=PROGRAM + "\\clearKTR.bat", script_goes=False),
-    kept("the script beside the program", script=PROGRAM + "\\clearKTR.bat", script_goes=False),
+         script=PROGRAM + "\\clearKTR.bat", removes_script=False),
+    kept("the script beside the program", script=PROGRAM + "\\clearKTR.bat",
+         removes_script=False),
 ]
 
 ELSEWHERE = "D:\\Elsewhere"
@@ -386,11 +388,11 @@ ONLY_THE_PROGRAM = (PROGRAM + "\\UninstallUI.exe",)
 
 
 def linked(name: str, *steps: Step, **more) -> Case:
-    """Wine cannot remove links, so one of them keeps everything, and nothing behind it goes."""
+    """Wine cannot remove links, so a link keeps all files; its target stays unchanged."""
     return Case(f"link {name}", LEFT, steps=steps, gone=ONLY_THE_PROGRAM, patience=2, **more)
 
 
-# Links to folders inside are never followed.
+# The script never follows links in the product folder.
 LINKS = [
     linked("to a folder elsewhere", link(PRODUCT + "\\link", ELSEWHERE)),
     linked("in the program directory", link(PROGRAM + "\\link", ELSEWHERE)),
@@ -404,11 +406,11 @@ LINKS = [
     linked("to a link", link(ELSEWHERE + "\\to", "E:\\"), link(RES + "\\two", ELSEWHERE + "\\to")),
     linked("among others", link(RES + "\\1", ELSEWHERE), link(RES + "\\2", "E:\\"),
            link(PROGRAM + "\\translations\\3", PROFILE)),
-    linked("with everything in its name", link(RES + "\\a & b (1) ^ ! ü", ELSEWHERE)),
-    # Beyond 260 characters the interpreter reads no attributes, and that of Wine complains.
-    linked("with too long a path", folders(RES + "\\" + "x" * 200),
+    linked("with special characters in its name", link(RES + "\\a & b (1) ^ ! ü", ELSEWHERE)),
+    # Beyond MAX_PATH the interpreter reads no attributes, and Wine's prints an error.
+    linked("with a path beyond MAX_PATH", folders(RES + "\\" + "x" * 200),
            link(RES + "\\" + "x" * 200 + "\\" + "y" * 60, ELSEWHERE),
-           way="detached", silent=False),
+           call="detached", quoted_script=False),
 ]
 
 CASES = [*NAMES, *CONTENTS, *PLACES, *ARGUMENTS, *PLACES_THAT_STAY, *OTHER_PATHS, *ENVIRONMENT,

@@ -11,7 +11,7 @@ from machine import Machine
 
 @pytest.fixture(scope="session")
 def machine() -> Iterator[Machine]:
-    """The machine of this worker; what lies on its drives is each test's own."""
+    """The machine of this worker; each test fills its drives."""
     made = Machine()
     try:
         yield made

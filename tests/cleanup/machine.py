@@ -1,8 +1,8 @@
-"""A Windows machine for one worker: a Wine prefix with three drives and no way out of them.
+"""A Windows machine for one worker: a Wine prefix with three drives, closed to the outside.
 
-Wine removes what a link leads to, and lists folders behind links as if they were there. So nothing
-in reach of its programs may lead anywhere else: no drive for this system's files, no link to the
-home folder, and every run is refused as long as some link leads out.
+Wine removes the targets of links, and lists folders behind links as if they were local. So nothing
+in the prefix may lead out of it: it has no drive for this system's files and no link to the home
+folder, and no run starts while a link leads out.
 """
 
 from __future__ import annotations
@@ -24,11 +24,11 @@ DEADLINE = 240.0
 _PROGRAMS = Path(__file__).parent / "programs"
 _COMPILER = "x86_64-w64-mingw32-g++-posix"
 _TOOLS = "C:\\ktr"
-"""The folder in which our own programs lie, and files that they need."""
+"""The folder of our own programs and of the files that they need."""
 
 
 class Program(subprocess.Popen[bytes]):
-    """A program that talks over pipes."""
+    """A program that is controlled over pipes."""
 
     stdin: IO[bytes]
     stdout: IO[bytes]
@@ -43,7 +43,7 @@ class Result:
 
 
 class Machine:
-    """Drive C is Wine's, D and E are empty folders at first, and F is another name of D:\\Users."""
+    """Drive C is Wine's, D and E are empty at first, and F is another letter for D:\\Users."""
 
     def __init__(self) -> None:
         self.root = Path(tempfile.mkdtemp(prefix="ktr-cleanup-")).resolve()
@@ -60,12 +60,12 @@ class Machine:
             raise
 
     def close(self) -> None:
-        """Ends whatever still runs and removes the machine."""
+        """Ends all its processes and removes the machine."""
         self._stop()
         shutil.rmtree(self.root)
 
     def at(self, path: str) -> Path:
-        """Where a path with a drive is on this system."""
+        """The path on this system of a path with a drive letter."""
         drive, rest = path[:2].lower(), path[3:]
         assert path[1:3] == ":\\", path
         base = self._prefix / "drive_c" if drive == "c:" else self.root / drive[0]
@@ -73,12 +73,12 @@ class Machine:
 
     @property
     def drives(self) -> dict[str, Path]:
-        """The three drives."""
+        """The folders of the three drives."""
         return {letter: self.at(f"{letter}:\\") for letter in "CDE"}
 
     @property
     def tools(self) -> Path:
-        """A folder that belongs to no test."""
+        """The folder of our own programs, which is not part of the tested files."""
         return self.at(_TOOLS)
 
     def program(self, name: str) -> Path:
@@ -100,35 +100,35 @@ class Machine:
         return process
 
     def finish(self, process: "subprocess.Popen[bytes]") -> Result:
-        """Waits for the end of what was begun; whatever cuts the wait short ends it."""
+        """Waits for the end of what `begin` started; any exception ends it at once."""
         try:
             output, _ = process.communicate(timeout=DEADLINE)
-        except BaseException:  # Among them the time limit of a test.
+        except BaseException:  # Including the time limit of a test.
             self._stop()
             process.communicate()
             raise
         return Result(process.returncode, output)
 
     def runs(self, name: str) -> bool:
-        """Whether a program of this file name runs on the machine."""
+        """Whether a program with this file name runs on the machine."""
         return any(self._is_ours(process) and name.lower() in _command(process).lower()
                    for process in Path("/proc").iterdir() if process.name.isdigit())
 
     def start(self, *command: str) -> Program:
-        """Starts a program that talks over pipes."""
+        """Starts a program that is controlled over pipes."""
         return Program(["/usr/bin/wine", *command], env=self.environment, cwd=self.at("D:\\"),
                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
     @property
     def environment(self) -> dict[str, str]:
-        """What Wine and its programs get of this system's environment."""
+        """The environment of Wine and its programs."""
         return {
             "PATH": "/usr/bin:/bin",
             "HOME": str(self.root / "home"),
             "LC_ALL": "C.UTF-8",
             "WINEPREFIX": str(self._prefix),
             "WINEDEBUG": "-all",
-            # Our own fc, not the one that is built in.
+            # Our own fc instead of the built-in one.
             "WINEDLLOVERRIDES": "mscoree=;mshtml=;winemenubuilder.exe=;fc.exe=n",
         }
 
@@ -153,7 +153,7 @@ class Machine:
         for letter in "de":
             (self.root / letter).mkdir()
             (devices / f"{letter}:").symlink_to(self.root / letter)
-        # A second letter for a folder, as "subst" makes it.
+        # A second drive letter for a folder, as "subst" creates it.
         (devices / "f:").symlink_to(self.root / "d" / "Users")
         (self.root / "home").mkdir()
         for folder, names, files in os.walk(self.at("C:\\users")):
@@ -168,7 +168,7 @@ class Machine:
             subprocess.run([_COMPILER, "-std=c++17", "-Wall", "-Wextra", "-Werror", "-O1", "-s",
                             "-static", "-municode", "-o", self.program(name),
                             _PROGRAMS / f"{name}.cpp"], check=True, timeout=DEADLINE)
-        # The file there is one with that of other prefixes.
+        # That file is shared with other prefixes: replace it, do not overwrite it.
         target = self.at("C:\\windows\\system32\\fc.exe")
         target.unlink()
         shutil.copy(self.program("fc"), target)
@@ -177,7 +177,7 @@ class Machine:
         for folder, names, files in os.walk(self.root):
             for entry in (Path(folder, name) for name in names + files):
                 target = entry.resolve() if entry.is_symlink() else entry
-                # Wine makes links to serial ports time and again; nothing can be removed there.
+                # Wine keeps creating links to serial ports; nothing can be removed there.
                 if self.root not in target.parents and not target.is_char_device():
                     raise RuntimeError(f"{entry} leads to {target}")
 

@@ -1,4 +1,4 @@
-"""The table of cases: every tree as it should be, nothing printed, the right status."""
+"""The table of cases: the script removes what the case says, prints nothing, has the exit code."""
 
 from __future__ import annotations
 

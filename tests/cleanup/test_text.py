@@ -17,7 +17,7 @@ COMMANDS = [line.strip() for line in LINES if line and not line.startswith(("rem
 
 
 def words(line: str) -> list[str]:
-    """The commands of a line: its first word, and those behind conditions, "do" and "&"."""
+    """The commands of a line: its first word, and those after conditions, "do" and "&"."""
     line = re.sub(r'"[^"]*"', lambda text: "" if " " in text.group() else text.group(), line)
     found = []
     for part in line.lower().split(" & "):
@@ -32,13 +32,13 @@ def test_is_plain_ascii() -> None:
     assert b"\t" not in TEXT
 
 
-def test_has_the_line_ends_of_windows() -> None:
-    """With others Windows misses labels."""
+def test_has_windows_line_endings() -> None:
+    """With others Windows does not find labels."""
     assert TEXT.count(b"\r\n") == TEXT.count(b"\n") == TEXT.count(b"\r")
     assert TEXT.endswith(b"\r\n")
 
 
-def test_git_keeps_the_line_ends() -> None:
+def test_git_keeps_the_line_endings() -> None:
     for name in ("packaging/clearKTR.bat", "any/other.bat"):
         done = subprocess.run(["git", "check-attr", "text", "eol", "--", name], cwd=REPOSITORY,
                               capture_output=True, text=True, check=True)
@@ -57,13 +57,13 @@ def test_prints_nothing() -> None:
             assert ">nul 2>nul" in line, line
 
 
-def test_asks_nothing() -> None:
+def test_never_prompts() -> None:
     assert not [line for line in COMMANDS if re.search(r"\b(pause|choice|timeout|set /p)\b", line)]
     assert all("/q" in line for line in COMMANDS if re.search(r"\b(del|rd /s)\b", line))
 
 
 def test_uses_arguments_in_quotes_only() -> None:
-    """But for the check that there is no second one, which an empty one must not pass."""
+    """Except in the check for a second argument, which must also refuse an empty one."""
     used = [(found.group(), line) for line in LINES
             for found in re.finditer(r"%~?[a-z]*[0-9*]", line) if f"%{found.group()}" not in line]
     assert used == [
@@ -76,22 +76,22 @@ def test_uses_arguments_in_quotes_only() -> None:
     ]
 
 
-def test_uses_what_comes_from_outside_in_quotes_only() -> None:
+def test_uses_variables_from_outside_in_quotes_only() -> None:
     ours = {"attributes", "found", "status", "seconds"}
     for line in COMMANDS:
         outside = re.sub(r'"[^"]*"', "", line.replace(':"=%', "%"))
         assert set(re.findall(r"%([A-Za-z()0-9]+)[:%]", outside)) <= ours, line
 
 
-def test_takes_quotation_marks_out_of_variables_from_outside() -> None:
+def test_removes_quotation_marks_from_variables_from_outside() -> None:
     own = set(re.findall(r'\bset (?:/a )?"?(\w+)\+?-?=', "\n".join(COMMANDS)))
     for line in COMMANDS:
         for name, rest in re.findall(r"(?<!%)%([A-Za-z]\w*(?:\(x86\))?)([:%].{3})", line + "   "):
             assert name in own | {"CD"} or rest == ':"=%', line
 
 
-def test_looks_where_it_is_after_every_change_of_the_folder() -> None:
-    """After the two of :unlink it looks before it removes anything but links."""
+def test_checks_the_current_folder_after_every_change() -> None:
+    """After the two changes in :unlink it checks before it removes anything but links."""
     ends = [f"{line} / {after}" for line, after in zip(COMMANDS, COMMANDS[1:])
             if line.startswith("cd ") and "%CD%" not in after]
     assert ends == ["cd .. >nul 2>nul / exit /b", 'cd /d "%above%" >nul 2>nul / set kept=1']
@@ -100,8 +100,8 @@ def test_looks_where_it_is_after_every_change_of_the_folder() -> None:
 
 
 def test_has_no_variable_in_the_body_of_a_loop() -> None:
-    """Of the folder "100%pure", Windows would replace "%p" there if the loop's variable is p. The
-    script's own name consists of letters and numbers that it chooses itself."""
+    """With the loop variable p, Windows would replace "%p" in a folder called "100%pure". The
+    script's own name is safe: it has only letters and numbers."""
     bodies = []
     inside = False
     for line in COMMANDS:
@@ -115,8 +115,8 @@ def test_has_no_variable_in_the_body_of_a_loop() -> None:
         'set "own=clearKTR-%RANDOM%-%RANDOM%.bat"']
 
 
-def test_knows_no_delayed_expansion() -> None:
-    """An exclamation mark is a part of a name as any other."""
+def test_uses_no_delayed_expansion() -> None:
+    """An exclamation mark in a name must stay."""
     assert "setlocal EnableExtensions DisableDelayedExpansion" in COMMANDS
     assert not [line for line in COMMANDS if "!" in line]
 
@@ -135,9 +135,9 @@ def test_removes_and_renames_in_six_places_only() -> None:
     ]
 
 
-def test_removes_nothing_near_its_head() -> None:
-    """Until the copy has a name of its own, a start of another version can replace it. Then the
-    interpreter goes on in that version near the same offset."""
+def test_removes_nothing_near_its_beginning() -> None:
+    """Until the script has renamed its copy, a start of another version can replace that file. Then
+    the interpreter continues in that version near the same offset."""
     renamed = TEXT.index(b"\r\n)\r\n", TEXT.index(b'ren "%%~i"'))
     assert renamed < 4000
     assert TEXT.index(b"\r\ndel ") > 7000
@@ -152,7 +152,7 @@ def test_uses_few_commands() -> None:
     assert programs <= used
 
 
-def test_all_labels_are_there_and_used() -> None:
+def test_all_labels_exist_and_are_used() -> None:
     labels = [line[1:] for line in LINES if line.startswith(":")]
     used = re.findall(r"\b(?:goto|call :)\s?(\w+)", "\n".join(COMMANDS))
     assert len(set(labels)) == len(labels)
@@ -162,13 +162,13 @@ def test_all_labels_are_there_and_used() -> None:
 def test_waits_for_two_minutes_at_most() -> None:
     assert COMMANDS.count("set seconds=120") == 1
     assert COMMANDS.count("set /a seconds-=1") == 1
-    # Every way back to something done before goes by the count.
+    # Every jump back first checks the counter.
     assert [line for line in COMMANDS if "%seconds%" in line] == [
         f"if %seconds% gtr 0 goto {label}" for label in ("wait", "leave", "remove")]
 
 
 @pytest.mark.parametrize("status", [GONE, REFUSED, STILL_RUNNING, LEFT])
-def test_statuses_stand_in_its_head(status: int) -> None:
+def test_its_first_comment_lists_the_exit_codes(status: int) -> None:
     head = [line for line in LINES[:LINES.index(COMMANDS[1])] if line.startswith("rem")]
     assert [line for line in head if re.match(rf"rem     {status}   \w", line)]
     assert f"set status={status}" in COMMANDS
@@ -181,6 +181,6 @@ def test_ends_in_three_places() -> None:
                     'del /f /q "%self%" >nul 2>nul & exit %status%']
 
 
-def test_remarks_are_safe() -> None:
-    """A percent sign would be read even there."""
+def test_comments_have_no_special_characters() -> None:
+    """The interpreter expands percent signs even there."""
     assert not [line for line in REMARKS if re.search(r"[%^&|<>]", line)]

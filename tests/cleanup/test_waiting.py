@@ -1,7 +1,6 @@
-"""Programs that still run, and files that are in use, for a while or for ever.
+"""Running programs and files in use: the script waits, and gives up after two minutes.
 
-For ever means a copy of the script that waits for some seconds instead of two minutes; the constant
-is the only difference.
+To see it give up, a copy of the script waits for some seconds only; nothing else differs.
 """
 
 from __future__ import annotations
@@ -20,16 +19,16 @@ from world import PRODUCT, PROGRAM, STAGED, TEMP, Step, Tree, World, below, file
 
 EXECUTABLE = PROGRAM + "\\UninstallUI.exe"
 EARLY = PROGRAM + "\\0.dll"
-"""A file that comes first in its folder: Wine goes no further than to the first file in use."""
+"""The first file in its folder: Wine stops removing at the first file in use."""
 HOLDER = "C:\\ktr\\holder.exe"
 """Holds a file or a folder open."""
 HARM = b"mkdir D:\\harm\r\n" * 2000
-"""Another version of the script, wherever the interpreter goes on in it."""
+"""Another version of the script, which does harm at whatever offset the interpreter continues."""
 
 
 @contextmanager
 def running(machine: Machine, program: str, *arguments: str) -> Iterator[Program]:
-    """A program that runs until its standard input is closed, at the latest when this ends."""
+    """A program that runs until its standard input is closed, at the latest at the block's end."""
     process = machine.start(program, *arguments)
     try:
         assert process.stdout.readline().strip() == b"ready"
@@ -42,10 +41,10 @@ def running(machine: Machine, program: str, *arguments: str) -> Iterator[Program
 
 @contextmanager
 def waiting(machine: Machine, case: Case, *command: str) -> Iterator[Callable[[], Result]]:
-    """Calls the script while a program runs, and goes on when the script waits for its end.
+    """Calls the script while a program runs, and returns once the script waits for its end.
 
-    Gives a function that ends the program and returns how the script ended. The program is the one
-    in the product folder unless another one is named.
+    Yields a function that ends the program and returns the script's result. The program is the one
+    in the product folder unless `command` names another.
     """
     with running(machine, *(command or [EXECUTABLE])) as program:
         script = machine.begin(instructions(machine, case))
@@ -64,15 +63,15 @@ def waiting(machine: Machine, case: Case, *command: str) -> Iterator[Callable[[]
 
 
 def until(condition: Callable[[], bool], what: str) -> None:
-    """Waits for a condition."""
+    """Waits until the condition holds."""
     end = time.monotonic() + DEADLINE
     while not condition():
         assert time.monotonic() < end, f"waited for {what}"
         time.sleep(0.02)
 
 
-def laid_out(machine: Machine, case: Case) -> tuple[World, Tree]:
-    """The drives with a program that can run, and all that lies there."""
+def lay_out_runnable(machine: Machine, case: Case) -> tuple[World, Tree]:
+    """Fills the drives, with a program that can run; returns them and their tree."""
     world = lay_out(machine, case)
     world.write(EXECUTABLE, machine.program("holder").read_bytes())
     world.write(EARLY)
@@ -81,7 +80,7 @@ def laid_out(machine: Machine, case: Case) -> tuple[World, Tree]:
 
 def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     case = Case("", GONE)
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with waiting(machine, case) as finish:
         meanwhile = world.tree()
         result = finish()
@@ -92,10 +91,10 @@ def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     assert wrong(case, before, world, result) == []
 
 
-def drawn_since(start: float) -> list[tuple[str, str]]:
-    """The first two names that a script draws which starts in one of the seconds from then on.
+def names_chosen_since(start: float) -> list[tuple[str, str]]:
+    """The first two names that a script chooses if it starts in one of the next 120 seconds.
 
-    Wine seeds the numbers with the second of the start, as Windows does."""
+    Wine seeds %RANDOM% with the second of the start, as Windows does."""
     names = []
     for second in range(int(start), int(start) + 120):
         numbers = []
@@ -107,10 +106,10 @@ def drawn_since(start: float) -> list[tuple[str, str]]:
     return names
 
 
-def test_takes_another_name_if_one_is_taken(machine: Machine) -> None:
+def test_chooses_another_name_if_one_is_taken(machine: Machine) -> None:
     case = Case("", GONE)
-    world = laid_out(machine, case)[0]
-    names = drawn_since(time.time())
+    world = lay_out_runnable(machine, case)[0]
+    names = names_chosen_since(time.time())
     for first, _ in names:
         world.write(first, HARM)
     before = world.tree()
@@ -123,9 +122,9 @@ def test_takes_another_name_if_one_is_taken(machine: Machine) -> None:
 
 @pytest.mark.parametrize("taken", [False, True], ids=["free", "taken meanwhile"])
 def test_waits_until_its_copy_can_be_renamed(machine: Machine, taken: bool) -> None:
-    case = Case("", REFUSED, script_goes=False) if taken else Case("", GONE)
+    case = Case("", REFUSED, removes_script=False) if taken else Case("", GONE)
     world = lay_out(machine, case)
-    names = drawn_since(time.time())
+    names = names_chosen_since(time.time())
     with waiting(machine, case, HOLDER, STAGED) as finish:
         for name, _ in names if taken else []:
             world.write(name, HARM)
@@ -135,8 +134,8 @@ def test_waits_until_its_copy_can_be_renamed(machine: Machine, taken: bool) -> N
 
 
 def test_refuses_when_its_copy_cannot_be_renamed(machine: Machine) -> None:
-    case = Case("", REFUSED, script_goes=False)
-    world, before = laid_out(machine, case)
+    case = Case("", REFUSED, removes_script=False)
+    world, before = lay_out_runnable(machine, case)
     with running(machine, HOLDER, STAGED):
         result = machine.finish(machine.begin(instructions(machine, case)))
     assert wrong(case, before, world, result) == []
@@ -144,7 +143,7 @@ def test_refuses_when_its_copy_cannot_be_renamed(machine: Machine) -> None:
 
 def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
     case = Case("", STILL_RUNNING, patience=3)
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with running(machine, EXECUTABLE) as program:
         began = time.monotonic()
         result = machine.finish(machine.begin(instructions(machine, case)))
@@ -160,12 +159,12 @@ def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
     pytest.param(LEFT, PRODUCT, link(PRODUCT, ELSEWHERE), [HOLDER, EARLY], id="product, in use"),
     pytest.param(LEFT, PRODUCT, link(PRODUCT, ELSEWHERE), [HOLDER, PRODUCT], id="product, empty"),
 ])
-def test_removes_nothing_in_the_place_of_another(
+def test_removes_nothing_from_a_replacement(
         machine: Machine, status: int, place: str, instead: Step, command: list[str]) -> None:
     """A running program can be renamed. "del" follows a link of its name, and empties a folder.
-    On Windows, an empty folder can become a link where it stands; here it is exchanged for one."""
-    case = Case("", status, patience=3, script_goes=False)
-    world = laid_out(machine, case)[0]
+    On Windows, an empty folder can be turned into a link in place; here a link replaces it."""
+    case = Case("", status, patience=3, removes_script=False)
+    world = lay_out_runnable(machine, case)[0]
     with waiting(machine, case, *command) as finish:
         if PRODUCT in command:
             until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
@@ -181,13 +180,13 @@ def test_removes_nothing_in_the_place_of_another(
 @pytest.mark.parametrize("folder, command", [
     (PROGRAM, [EXECUTABLE]), (PRODUCT, [HOLDER, EARLY]),
 ], ids=["the program directory", "the product folder"])
-def test_nobody_can_exchange_the_folder_while_it_waits(
+def test_the_folder_cannot_be_renamed_while_the_script_waits(
         machine: Machine, folder: str, command: list[str]) -> None:
-    """Wine keeps the current folder in its place; Windows also keeps the folders above it."""
+    """Wine locks the current folder; Windows also locks the folders above it."""
     case = Case("", GONE)
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with waiting(machine, case, *command) as finish:
-        machine.run(["cd D:\\", f'wide cmd /c ren "{folder}" exchanged'])
+        machine.run(["cd D:\\", f'wide cmd /c ren "{folder}" renamed'])
         stayed = machine.at(folder).is_dir()
         result = finish()
     assert stayed
@@ -195,15 +194,16 @@ def test_nobody_can_exchange_the_folder_while_it_waits(
 
 
 @pytest.mark.parametrize("content", [None, b"", HARM], ids=["same", "empty", "another version"])
-def test_a_second_start_replaces_the_copy_meanwhile(machine: Machine, content: bytes) -> None:
-    """The script goes on and leaves the other copy alone.
+def test_a_second_start_may_replace_the_copy_while_the_script_waits(
+        machine: Machine, content: bytes) -> None:
+    """The script continues and does not touch the other copy.
 
-    The interpreter of Windows looks for the file at each line; that of Wine keeps it open. So a
-    file that is there gets another content here, or none for a file that is gone: then Wine reads
+    The interpreter of Windows opens the file again for each line; that of Wine keeps it open. So
+    the test overwrites an existing file, or empties it in place of deleting it: then Wine reads
     what Windows would read.
     """
     case = Case("", GONE)
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with waiting(machine, case) as finish:
         if content is None:
             machine.at(STAGED).unlink(missing_ok=True)
@@ -221,7 +221,7 @@ def test_a_second_start_replaces_the_copy_meanwhile(machine: Machine, content: b
 ], ids=["in the folder", "in a folder in it"])
 def test_waits_until_a_file_is_free(machine: Machine, path: str) -> None:
     case = Case("", GONE, steps=(without(PRODUCT + "\\left over.txt"), files(path)))
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with waiting(machine, case, HOLDER, path) as finish:
         assert machine.at(path).exists()
         assert not machine.at(EXECUTABLE).exists()
@@ -231,7 +231,7 @@ def test_waits_until_a_file_is_free(machine: Machine, path: str) -> None:
 
 def test_waits_until_the_empty_folder_is_free(machine: Machine) -> None:
     case = Case("", GONE)
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with waiting(machine, case, HOLDER, PRODUCT) as finish:
         until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
         result = finish()
@@ -240,21 +240,21 @@ def test_waits_until_the_empty_folder_is_free(machine: Machine) -> None:
 
 def test_gives_up_on_a_file_that_stays_in_use(machine: Machine) -> None:
     case = Case("", LEFT, patience=3, gone=(PRODUCT,))
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with running(machine, HOLDER, EARLY):
         result = machine.finish(machine.begin(instructions(machine, case)))
         after = world.tree()
     assert EXECUTABLE not in after
-    # What else is left depends on how far Wine went; nothing of it lies elsewhere.
-    assert f"came or stayed: {EARLY}" in differences(case, before, after)
-    assert all(line.startswith(f"came or stayed: {PRODUCT}")
+    # What else is left depends on how far Wine came; all of it is in the product folder.
+    assert f"added or left: {EARLY}" in differences(case, before, after)
+    assert all(line.startswith(f"added or left: {PRODUCT}")
                for line in differences(case, before, after))
     assert (result.status, result.output) == (LEFT, b"")
 
 
-def test_leaves_alone_what_was_installed_meanwhile(machine: Machine) -> None:
+def test_keeps_a_product_that_is_installed_while_the_script_waits(machine: Machine) -> None:
     case = Case("", LEFT)
-    world, before = laid_out(machine, case)
+    world, before = lay_out_runnable(machine, case)
     with waiting(machine, case, HOLDER, EARLY) as finish:
         world.install(PRODUCT)
         installed = world.tree()

@@ -1,11 +1,11 @@
-"""What Wine's command interpreter does otherwise than that of Windows, and what it costs here.
+"""Where Wine's command interpreter differs from that of Windows, and what the script does then.
 
-Each test shows first that it is Wine's doing. Should one of them fail with a later Wine, then more
-can be asked of the script there.
+Each test first shows the difference itself. If one fails with a later Wine, the other tests can be
+made stricter there.
 
-Seen, but not tested: "&&" and "||" do not follow the status, "cd" leaves an old status in place,
-"dir /b /a" finds something in an empty folder, so the script uses none of them and looks at the
-current folder instead; and a folder above a current folder can be renamed.
+Seen, but not tested: "&&" and "||" ignore the exit code, "cd" keeps an old exit code, "dir /b /a"
+finds something in an empty folder; so the script uses none of them and checks the current folder
+instead. A folder above a current folder can be renamed.
 """
 
 from __future__ import annotations
@@ -24,7 +24,7 @@ THERE = "D:\\Probe\\there"
 
 
 def probe(machine: Machine, *lines: str, arguments: str = "") -> Result:
-    """Runs a batch file of some lines."""
+    """Runs a batch file with these lines."""
     target = machine.at(PROBE)
     target.parent.mkdir(exist_ok=True)
     target.write_bytes("".join(f"{line}\r\n" for line in ("@echo off", *lines)).encode("ascii"))
@@ -32,8 +32,8 @@ def probe(machine: Machine, *lines: str, arguments: str = "") -> Result:
 
 
 @pytest.mark.parametrize("name", ["100% sure", "100%pure", "%TEMP%", "a%b%c", "%%", "%~f0", "50%"])
-def test_percent_signs_in_an_argument_are_read_once_more(machine: Machine, name: str) -> None:
-    """The folder that the script sees is another one, which is refused."""
+def test_percent_signs_in_an_argument_are_expanded_again(machine: Machine, name: str) -> None:
+    """The script sees another folder name and refuses it."""
     case = Case(name, REFUSED, f"D:\\Program Files\\Torvan\\{name}")
     lay_out(machine, case)
     seen = probe(machine, 'set "argument=%~1"', "set argument", arguments=f'"{case.folder}"')
@@ -45,8 +45,8 @@ def test_percent_signs_in_an_argument_are_read_once_more(machine: Machine, name:
     PROGRAM + "\\100% sure", PROGRAM + "\\%TEMP%", PRODUCT + "\\%TEMP%", PRODUCT + "\\a%b%c",
     PRODUCT + "\\%1", PRODUCT + "\\100% sure",
 ])
-def test_percent_signs_in_names_inside_are_read_once_more(machine: Machine, folder: str) -> None:
-    """The folder of that name cannot be looked into, so all stays."""
+def test_percent_signs_in_names_inside_are_expanded_again(machine: Machine, folder: str) -> None:
+    """The script cannot enter a folder of that name, so it leaves all files."""
     case = Case(folder, LEFT, steps=(files(folder + "\\x.txt"),), patience=2,
                 gone=ONLY_THE_PROGRAM)
     assert wrong_after_call(machine, case) == []
@@ -58,7 +58,7 @@ def lay_out_probe(machine: Machine, *steps: Step) -> None:
 
 
 def test_removing_a_link_to_a_file_removes_the_file(machine: Machine) -> None:
-    """So links to files inside cost what they lead to, under Wine."""
+    """So under Wine the script removes the targets of links to files."""
     lay_out_probe(machine, files(THERE), link("D:\\Probe\\link", THERE))
     probe(machine, 'del /f /q "link"')
     assert machine.at("D:\\Probe\\link").is_symlink()
@@ -66,7 +66,7 @@ def test_removing_a_link_to_a_file_removes_the_file(machine: Machine) -> None:
 
 
 def test_removing_a_link_to_an_empty_folder_removes_the_folder(machine: Machine) -> None:
-    """So does a link to an empty folder."""
+    """So under Wine the script removes empty folders that links lead to."""
     lay_out_probe(machine, folders(THERE), link("D:\\Probe\\link", THERE))
     probe(machine, 'rd "link"')
     assert machine.at("D:\\Probe\\link").is_symlink()
@@ -74,41 +74,41 @@ def test_removing_a_link_to_an_empty_folder_removes_the_folder(machine: Machine)
 
 
 def test_removing_a_folder_follows_links(machine: Machine) -> None:
-    """That is why the script takes the links first, and does without the rest if one stays."""
+    """That is why the script first removes the links, and removes nothing else if one stays."""
     lay_out_probe(machine, files(THERE + "\\keep.txt"), folders("D:\\Probe\\folder"),
                   link("D:\\Probe\\folder\\link", THERE))
     probe(machine, 'rd /s /q "folder"')
     assert not machine.at(THERE + "\\keep.txt").exists()
 
 
-def test_removing_a_folder_stops_at_what_stays(machine: Machine) -> None:
-    """A link that leads nowhere is not seen and stays, and with it what comes behind it."""
+def test_removing_a_folder_stops_at_the_first_entry_that_stays(machine: Machine) -> None:
+    """Wine does not see a dangling link, so it stays, and all later entries with it."""
     case = Case("", LEFT, steps=(link(PROGRAM + "\\nowhere", "D:\\no"),), patience=2,
                 gone=(PRODUCT,))
     world = lay_out(machine, case)
     before = world.tree()
     result = machine.run(instructions(machine, case))
     left = differences(case, before, world.tree())
-    assert f"came or stayed: {PROGRAM}\\nowhere" in left
-    assert f"came or stayed: {PRODUCT}\\left over.txt" in left
-    assert f"came or stayed: {PROGRAM}\\Qt5Core.dll" not in left
-    assert all(line.startswith(f"came or stayed: {PRODUCT}") for line in left)
+    assert f"added or left: {PROGRAM}\\nowhere" in left
+    assert f"added or left: {PRODUCT}\\left over.txt" in left
+    assert f"added or left: {PROGRAM}\\Qt5Core.dll" not in left
+    assert all(line.startswith(f"added or left: {PRODUCT}") for line in left)
     assert (result.status, result.output) == (LEFT, b"")
 
 
-def test_hidden_folders_are_shown(machine: Machine) -> None:
-    """On Windows "for /d" leaves them out; the script refuses a folder that has one either way."""
+def test_a_loop_over_folders_includes_hidden_ones(machine: Machine) -> None:
+    """On Windows "for /d" skips them; the script refuses a folder with a hidden one either way."""
     lay_out_probe(machine, folders("D:\\Probe\\folder"), attributes("h", "D:\\Probe\\folder"))
     assert probe(machine, "for /d %%d in (*) do echo %%d").output.split() == [b"folder"]
 
 
-def test_nothing_is_found_by_a_pattern_in_quotes(machine: Machine) -> None:
-    """That is why the script goes into a folder to look at what is in it."""
+def test_a_pattern_in_quotes_finds_nothing(machine: Machine) -> None:
+    """That is why the script changes into a folder to list it."""
     lay_out_probe(machine, folders("D:\\Probe\\folder"))
     assert probe(machine, 'for /d %%d in ("*") do echo %%d').output == b""
 
 
-def test_any_two_files_are_equal(machine: Machine) -> None:
+def test_fc_calls_any_two_files_equal(machine: Machine) -> None:
     """That is why a machine has an fc of our own."""
     lay_out_probe(machine, files("D:\\Probe\\one"))
     machine.at("D:\\Probe\\two").write_bytes(b"another")
@@ -124,13 +124,13 @@ def test_any_two_files_are_equal(machine: Machine) -> None:
 
 
 @pytest.mark.parametrize("case", [
-    Case("a long way down", GONE, steps=(files(PRODUCT + "\\d" * 80 + "\\leaf.txt"),),
+    Case("eighty levels", GONE, steps=(files(PRODUCT + "\\d" * 80 + "\\leaf.txt"),),
          gone=ONLY_THE_PROGRAM),
     Case("the name of an argument", REFUSED, PRODUCT + " %1"),
 ], ids=str)
-def test_ends_the_interpreter(machine: Machine, case: Case) -> None:
-    """It has room for some 25 calls within each other, Windows for hundreds; and it goes on for
-    ever with an argument that stands for itself. The script's copy stays."""
+def test_the_interpreter_crashes(machine: Machine, case: Case) -> None:
+    """Wine's allows about 25 nested calls, Windows hundreds; and it recurses without end on an
+    argument that expands to itself. The script's copy stays."""
     world = lay_out(machine, case)
     before = world.tree()
     result = machine.run(instructions(machine, case))
@@ -141,7 +141,7 @@ def test_ends_the_interpreter(machine: Machine, case: Case) -> None:
     assert differences(case, before, {path: after[path] for path in after.keys() - staged}) == []
 
 
-def test_a_batch_file_is_read_to_its_end_when_it_is_gone(machine: Machine) -> None:
-    """Windows reads each line from the file that has the name at that moment."""
+def test_a_deleted_batch_file_is_read_to_its_end(machine: Machine) -> None:
+    """Windows opens the file by its name again for each line."""
     lay_out_probe(machine)
     assert probe(machine, 'del "%~f0"', "echo still here").output.split() == [b"still", b"here"]

@@ -1,4 +1,4 @@
-"""What lies on the drives: an installation among things that have to stay."""
+"""The files on the drives: an installation, and files that must stay."""
 
 from __future__ import annotations
 
@@ -53,7 +53,7 @@ Tree = dict[str, tuple[object, ...]]
 
 
 class World:
-    """The drives of a machine, cleared and laid out anew."""
+    """The drives of a machine, emptied and filled again."""
 
     def __init__(self, machine: Machine) -> None:
         self.machine = machine
@@ -63,34 +63,34 @@ class World:
             _clear(machine.drives[letter])
         for path in _DECOYS:
             self.write(path)
-        # The same path on another drive, to be met by whoever takes a drive for granted.
+        # The same path on another drive: a command without a drive letter might remove that one.
         self.install("E" + PRODUCT[1:])
 
     def write(self, path: str, content: bytes = b"content") -> None:
-        """Writes a file and makes its folder."""
+        """Writes a file and creates its folder."""
         target = self.machine.at(path)
         target.parent.mkdir(parents=True, exist_ok=True)
         target.write_bytes(content)
 
     def mark(self, folder: str, script: bytes | None = None) -> None:
-        """Puts into a folder what makes it a program directory."""
+        """Makes a folder a program directory: the program and the script in it."""
         self.write(f"{folder}\\UninstallUI.exe")
         self.write(f"{folder}\\clearKTR.bat", self.script if script is None else script)
 
     def install(self, folder: str, program: str = "bin") -> None:
-        """Puts what the uninstaller leaves into a product folder."""
+        """Creates in a product folder what the uninstaller leaves there."""
         self.mark(f"{folder}\\{program}")
         for name in (f"{program}\\Qt5Core.dll", f"{program}\\translations\\ktr_English.qm",
                      "res\\install_box.ico", "left over.txt"):
             self.write(f"{folder}\\{name}")
 
     def settle(self) -> None:
-        """Carries out what only Windows' own calls can do."""
+        """Carries out what only Windows calls can do."""
         if self.instructions:
             assert self.machine.run(self.instructions).status == 0
 
     def tree(self) -> Tree:
-        """Everything on the drives: kind, and of files size, permissions, time of change."""
+        """Everything on the drives: the kind, and for files permissions, size and time."""
         seen: Tree = {}
         for letter, drive in self.machine.drives.items():
             for folder, folders, files in os.walk(drive):
@@ -120,16 +120,16 @@ def _clear(folder: Path) -> None:
 
 
 def below(tree: Tree, folder: str) -> set[str]:
-    """A folder of a tree with everything in it."""
+    """The paths of a folder and of everything in it."""
     start = folder.lower()
     return {path for path in tree
             if path.lower() == start or path.lower().startswith(start + "\\")}
 
 
-# Steps that change what is laid out, for the table of cases.
+# Steps that change the files, for the table of cases.
 
 def files(*paths: str) -> Step:
-    """Further files."""
+    """Adds files."""
     def step(world: World) -> None:
         for path in paths:
             world.write(path)
@@ -137,12 +137,12 @@ def files(*paths: str) -> Step:
 
 
 def file(path: str, content: bytes) -> Step:
-    """A file with this content."""
+    """Adds a file with this content."""
     return lambda world: world.write(path, content)
 
 
 def folders(*paths: str) -> Step:
-    """Further empty folders."""
+    """Adds empty folders."""
     def step(world: World) -> None:
         for path in paths:
             world.machine.at(path).mkdir(parents=True, exist_ok=True)
@@ -150,7 +150,7 @@ def folders(*paths: str) -> Step:
 
 
 def mark(*paths: str, change: Callable[[bytes], bytes] = bytes) -> Step:
-    """Further folders with the mark, or with a changed script in it."""
+    """Adds folders with the mark, or with a changed script in it."""
     def step(world: World) -> None:
         for path in paths:
             world.mark(path, change(world.script))
@@ -158,7 +158,7 @@ def mark(*paths: str, change: Callable[[bytes], bytes] = bytes) -> Step:
 
 
 def without(*paths: str) -> Step:
-    """Some files or folders less."""
+    """Removes files or folders."""
     def step(world: World) -> None:
         for path in paths:
             target = world.machine.at(path)
@@ -170,7 +170,7 @@ def without(*paths: str) -> Step:
 
 
 def link(path: str, target: str) -> Step:
-    """A link in the place of whatever is there."""
+    """Adds a link, in place of a file or folder of this path."""
     def step(world: World) -> None:
         place = world.machine.at(path)
         place.parent.mkdir(parents=True, exist_ok=True)
@@ -181,6 +181,6 @@ def link(path: str, target: str) -> Step:
 
 
 def attributes(letters: str, *paths: str) -> Step:
-    """Files or folders that are hidden, read-only, of the system."""
+    """Makes files or folders hidden (h), read-only (r) or system files (s)."""
     return lambda world: world.instructions.extend(
         f"attributes {letters} {path}" for path in paths)

@@ -1,5 +1,5 @@
-// "fc /b FIRST SECOND" with the statuses of Windows' own: 0 equal, 1 different, 2 cannot be read.
-// Like that one it prints on the way. Wine's says that any two files are equal.
+// "fc /b FIRST SECOND" with the exit codes of Windows: 0 equal, 1 different, 2 cannot be read. Like
+// the one of Windows it prints messages. Wine's fc calls any two files equal.
 
 #include <cstdio>
 #include <cwchar>

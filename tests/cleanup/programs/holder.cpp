@@ -1,5 +1,5 @@
-// Keeps running until standard input ends. With an argument it holds that file or folder open as
-// most programs do: nobody may write to it or remove it. It prints "ready" first.
+// Runs until standard input ends. With an argument it holds that file or folder open as most
+// programs do: no other program may write to it or remove it. It prints "ready" first.
 
 #include <cstdio>
 #include <cwchar>

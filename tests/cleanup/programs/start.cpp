@@ -1,12 +1,12 @@
 // Starts a command line as the program starts the clean-up script: hidden, at idle priority and
-// without anything to read from. Standard input says what to do, a line in UTF-8 each:
+// without standard input. Its own standard input has one instruction per line, in UTF-8:
 //   set NAME=VALUE, unset NAME     a variable of the command's environment
 //   attributes LETTERS PATH        adds attributes of h, r and s
 //   cd PATH                        the command's working directory
-//   wide LINE                      runs it; what it prints is printed
-//   narrow LINE                    the same, by way of the ANSI code page
-//   detached LINE                  the same as narrow; it inherits nothing, so nothing is printed
-// The status is that of the command, 99 if something cannot be done, 0 without a command.
+//   wide LINE                      runs it and prints its output
+//   ansi LINE                      the same, with the line converted to the ANSI code page
+//   detached LINE                  like ansi, but the command inherits no handles: no output
+// The exit code is that of the command, 99 if an instruction fails, 0 without a command.
 
 #include <cstdio>
 #include <fcntl.h>
@@ -31,25 +31,25 @@ std::wstring Wide(const std::string &text)
     return wide;
 }
 
-// What is left of a text that went through the ANSI code page.
-std::wstring Narrowed(const std::wstring &text)
+// The text converted to the ANSI code page and back.
+std::wstring ThroughAnsi(const std::wstring &text)
 {
-    std::string narrow(text.size() * 4, '\0');
+    std::string ansi(text.size() * 4, '\0');
     const int size = ::WideCharToMultiByte(CP_ACP,
                                            0,
                                            text.data(),
                                            static_cast<int>(text.size()),
-                                           &narrow[0],
-                                           static_cast<int>(narrow.size()),
+                                           &ansi[0],
+                                           static_cast<int>(ansi.size()),
                                            nullptr,
                                            nullptr);
     std::wstring wide(text.size() * 4, L'\0');
     wide.resize(::MultiByteToWideChar(
-        CP_ACP, 0, narrow.data(), size, &wide[0], static_cast<int>(wide.size())));
+        CP_ACP, 0, ansi.data(), size, &wide[0], static_cast<int>(wide.size())));
     return wide;
 }
 
-int StatusOf(const PROCESS_INFORMATION &process)
+int WaitForExitCode(const PROCESS_INFORMATION &process)
 {
     ::SetPriorityClass(process.hProcess, IDLE_PRIORITY_CLASS);
     ::WaitForSingleObject(process.hProcess, INFINITE);
@@ -58,7 +58,7 @@ int StatusOf(const PROCESS_INFORMATION &process)
     return static_cast<int>(status);
 }
 
-// Runs a line in a folder; what it prints goes into a pipe if there is one.
+// Runs a line in a folder, with its output in the pipe if there is one.
 BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_INFORMATION *process)
 {
     STARTUPINFOW start = {};
@@ -85,11 +85,11 @@ BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_I
 int Detached(const std::wstring &line, const std::wstring &folder)
 {
     PROCESS_INFORMATION process = {};
-    return Start(line, folder, nullptr, &process) != FALSE ? StatusOf(process) : cannotStart;
+    return Start(line, folder, nullptr, &process) != FALSE ? WaitForExitCode(process) : cannotStart;
 }
 
-// Copies to standard output what comes out of a pipe, to its end.
-void Pass(HANDLE pipe)
+// Copies a pipe to standard output, up to its end.
+void CopyToOutput(HANDLE pipe)
 {
     char bytes[4096];
     DWORD count = 0;
@@ -99,7 +99,7 @@ void Pass(HANDLE pipe)
     std::fflush(stdout);
 }
 
-int Observed(const std::wstring &line, const std::wstring &folder)
+int WithOutput(const std::wstring &line, const std::wstring &folder)
 {
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
     HANDLE reading = nullptr;
@@ -114,16 +114,16 @@ int Observed(const std::wstring &line, const std::wstring &folder)
     if (started == FALSE) {
         return cannotStart;
     }
-    Pass(reading);
-    return StatusOf(process);
+    CopyToOutput(reading);
+    return WaitForExitCode(process);
 }
 
 bool AddAttributes(const std::string &text)
 {
-    const std::size_t blank = text.find(' ');
-    const std::wstring path = Wide(text.substr(blank + 1));
+    const std::size_t space = text.find(' ');
+    const std::wstring path = Wide(text.substr(space + 1));
     DWORD attributes = ::GetFileAttributesW(path.c_str());
-    for (const char letter : text.substr(0, blank)) {
+    for (const char letter : text.substr(0, space)) {
         attributes |= letter == 'h'   ? FILE_ATTRIBUTE_HIDDEN
                       : letter == 's' ? FILE_ATTRIBUTE_SYSTEM
                                       : FILE_ATTRIBUTE_READONLY;
@@ -138,9 +138,9 @@ int wmain()
     ::_setmode(_fileno(stdout), _O_BINARY);
     std::wstring folder = L"C:\\";
     for (std::string line; std::getline(std::cin, line);) {
-        const std::size_t blank = line.find(' ');
-        const std::string word = line.substr(0, blank);
-        const std::string rest = line.substr(blank + 1);
+        const std::size_t space = line.find(' ');
+        const std::string word = line.substr(0, space);
+        const std::string rest = line.substr(space + 1);
         bool done = true;
         if (word == "set") {
             const std::size_t sign = rest.find('=');
@@ -153,12 +153,12 @@ int wmain()
         } else if (word == "cd") {
             folder = Wide(rest);
         } else if (word == "detached") {
-            return Detached(Narrowed(Wide(rest)), folder);
+            return Detached(ThroughAnsi(Wide(rest)), folder);
         } else {
-            return Observed(word == "narrow" ? Narrowed(Wide(rest)) : Wide(rest), folder);
+            return WithOutput(word == "ansi" ? ThroughAnsi(Wide(rest)) : Wide(rest), folder);
         }
         if (!done) {
-            std::cerr << "cannot do: " << line << std::endl;
+            std::cerr << "failed: " << line << std::endl;
             return cannotStart;
         }
     }
