@@ -1,4 +1,4 @@
-"""The pictures and the icon: sizes, transparency, and that they come from the drawings."""
+"""The artwork and the icon: sizes, transparency, and that they are rendered from the drawings."""
 
 import io
 import math
@@ -33,23 +33,23 @@ ICON_IMAGES = Counter(
     [(size, 32) for size in (16, 20, 24, 32, 40, 48, 64, 128, 256)]
     + [(size, 8) for size in (16, 32, 48)]
 )
-# Renderers of other releases may round differently; a changed drawing differs by far more.
+# Other releases of the renderer may round differently; a changed drawing differs by far more.
 TOLERANCE = 2
-# The renderer's own smoothing of edges is not quite the same from all sides.
+# The renderer's antialiasing is not quite symmetric.
 ROUNDING = 10
 
 both_densities = pytest.mark.parametrize("suffix", DENSITIES)
 
 
-def picture(name: str, suffix: str = "") -> Image.Image:
-    """A picture of the interface."""
+def artwork(name: str, suffix: str = "") -> Image.Image:
+    """An image of the interface."""
     image = Image.open(IMAGES / f"{name}{suffix}.png")
     assert image.mode == "RGBA"
     return image
 
 
 def premultiplied(image: Image.Image) -> Image.Image:
-    """The image as it is drawn: the colour of a transparent pixel does not count."""
+    """The image with premultiplied alpha, which ignores the colours of transparent pixels."""
     return image.convert("RGBA").convert("RGBa")
 
 
@@ -61,7 +61,7 @@ def largest_difference(one: Image.Image, other: Image.Image) -> int:
 
 
 def icon_images(path: Path) -> list[tuple[int, int, bytes]]:
-    """Size, bits a pixel and data of each image of an icon file, as its directory has them."""
+    """Size, bits per pixel and data of each image of an icon file, according to its directory."""
     data = path.read_bytes()
     reserved, kind, count = struct.unpack_from("<HHH", data)
     assert (reserved, kind) == (0, 1)
@@ -78,7 +78,7 @@ def icon_images(path: Path) -> list[tuple[int, int, bytes]]:
 
 
 def icon_pixels(size: int, depth: int, data: bytes) -> Image.Image:
-    """One image of an icon file, read by a reader that is not the writer's."""
+    """One image of an icon file, decoded by Pillow, which did not write it."""
     entry = struct.pack("<BBBBHHII", size % 256, size % 256, 0, 0, 1, depth, len(data), 22)
     single = Image.open(io.BytesIO(struct.pack("<HHH", 0, 1, 1) + entry + data))
     return single.convert("RGBA")
@@ -86,13 +86,13 @@ def icon_pixels(size: int, depth: int, data: bytes) -> Image.Image:
 
 @pytest.fixture(scope="module")
 def rendered(tmp_path_factory):
-    """The folder with everything rendered afresh."""
+    """A folder with all artwork rendered again."""
     folder = tmp_path_factory.mktemp("artwork")
     subprocess.run([ROOT / "tools/render-artwork", folder], check=True, timeout=120)
     return folder
 
 
-def test_every_picture_is_there_and_no_other():
+def test_every_image_has_a_drawing_and_all_densities():
     expected = {f"{name}{suffix}.png" for name in SIZES for suffix in DENSITIES}
     assert {path.name for path in IMAGES.iterdir()} == expected
     drawings = {path.stem for path in (ROOT / "src/resources/artwork").glob("*.svg")}
@@ -101,25 +101,25 @@ def test_every_picture_is_there_and_no_other():
 
 @pytest.mark.parametrize("name", SIZES)
 @both_densities
-def test_size(name, suffix):
+def test_an_image_has_its_size(name, suffix):
     scale = DENSITIES[suffix]
-    assert picture(name, suffix).size == tuple(scale * side for side in SIZES[name])
+    assert artwork(name, suffix).size == tuple(scale * side for side in SIZES[name])
 
 
-def test_drawings_hold_no_text():
+def test_drawings_contain_no_text():
     for path in (ROOT / "src/resources").rglob("*.svg"):
         assert "<text" not in path.read_text("utf-8"), path.name
 
 
 @pytest.mark.parametrize("name", ["ico_info48", "pic_gift", "pic_question"])
 @both_densities
-def test_nothing_is_cut_off_at_the_edge(name, suffix):
-    alpha = picture(name, suffix).getchannel("A")
+def test_a_drawing_is_not_cut_off_at_the_edge(name, suffix):
+    alpha = artwork(name, suffix).getchannel("A")
     width, height = alpha.size
     sides = [(0, 0, width, 1), (0, height - 1, width, height)]
     sides += [(0, 0, 1, height), (width - 1, 0, width, height)]
     for side in sides:
-        # A round shape may touch the edge; one that is cut off lies along it.
+        # A round shape may touch the edge; a shape that is cut off has many pixels there.
         assert sum(value > 8 for value in alpha.crop(side).getdata()) <= 16 * DENSITIES[suffix]
     for corner in ((0, 0), (width - 1, 0), (0, height - 1), (width - 1, height - 1)):
         assert alpha.getpixel(corner) == 0
@@ -129,7 +129,7 @@ def test_nothing_is_cut_off_at_the_edge(name, suffix):
 @both_densities
 def test_background_has_round_top_corners_only(suffix):
     scale = DENSITIES[suffix]
-    alpha = picture("home_bg", suffix).getchannel("A")
+    alpha = artwork("home_bg", suffix).getchannel("A")
     width, height = alpha.size
     radius = CORNER * scale
     for x in range(width):
@@ -145,12 +145,12 @@ def test_background_has_round_top_corners_only(suffix):
 
 
 @both_densities
-def test_background_goes_over_into_the_white_card(suffix):
-    background = picture("home_bg", suffix).convert("RGB")
+def test_background_fades_into_the_white_card(suffix):
+    background = artwork("home_bg", suffix).convert("RGB")
     width, height = background.size
     last = background.crop((0, height - 1, width, height))
     assert min(low for low, _ in last.getextrema()) >= 253
-    # No step on the way down either, and a visible tint where the white text box begins.
+    # The fade has no step, and a visible tint where the white text box begins.
     for x in range(20, width, 20):
         column = [background.getpixel((x, y)) for y in range(20, height)]
         steps = [abs(a - b) for one, two in zip(column, column[1:]) for a, b in zip(one, two)]
@@ -160,17 +160,17 @@ def test_background_goes_over_into_the_white_card(suffix):
 
 
 @both_densities
-def test_dark_text_reads_well_on_the_background(suffix):
-    grey = picture("home_bg", suffix).convert("RGB").convert("L")
+def test_background_is_light_behind_dark_text(suffix):
+    grey = artwork("home_bg", suffix).convert("RGB").convert("L")
     scale = DENSITIES[suffix]
     darkest, _ = grey.crop((32 * scale, 32 * scale, 608 * scale, 300 * scale)).getextrema()
     assert darkest >= 200
 
 
 @both_densities
-def test_shadow_is_clear_inside(suffix):
+def test_shadow_is_transparent_inside(suffix):
     scale = DENSITIES[suffix]
-    alpha = picture("pic_shadow", suffix).getchannel("A")
+    alpha = artwork("pic_shadow", suffix).getchannel("A")
     low, high = MARGIN * scale, (SIZES["pic_shadow"][0] - MARGIN) * scale
     assert alpha.crop((low, low, high, high)).getextrema() == (0, 0)
     assert alpha.getextrema()[1] > 30
@@ -178,14 +178,14 @@ def test_shadow_is_clear_inside(suffix):
 
 @both_densities
 def test_shadow_is_even_on_all_sides(suffix):
-    alpha = picture("pic_shadow", suffix).getchannel("A")
+    alpha = artwork("pic_shadow", suffix).getchannel("A")
     for turn in (
         Image.Transpose.FLIP_LEFT_RIGHT,
         Image.Transpose.FLIP_TOP_BOTTOM,
         Image.Transpose.ROTATE_180,
     ):
         assert ImageChops.difference(alpha, alpha.transpose(turn)).getextrema()[1] <= 1
-    # Upright and lying sides are stretched differently, but fall off alike.
+    # Vertical and horizontal sides are stretched differently but fade alike.
     middle = alpha.width // 2
     for step in range(MARGIN * DENSITIES[suffix]):
         assert abs(alpha.getpixel((middle, step)) - alpha.getpixel((step, middle))) <= 1
@@ -194,22 +194,22 @@ def test_shadow_is_even_on_all_sides(suffix):
 @both_densities
 def test_shadow_grows_softly_towards_the_card(suffix):
     scale = DENSITIES[suffix]
-    alpha = picture("pic_shadow", suffix).getchannel("A")
+    alpha = artwork("pic_shadow", suffix).getchannel("A")
     side = alpha.width
     for along in range(side):
         line = [alpha.getpixel((along, depth)) for depth in range(MARGIN * scale)]
         assert line[0] <= 2
         assert line == sorted(line)
         assert max(b - a for a, b in zip(line, line[1:])) <= 16 // scale
-    # Along the edge nothing jumps: no seam where a corner and a side meet. Sides are squeezed, so
-    # that a step here is up to three on the screen.
+    # No seam where a corner and a side meet. The sides are shrunk on the screen, so a step here is
+    # up to three there.
     for depth in range(MARGIN * scale):
         line = [alpha.getpixel((along, depth)) for along in range(side)]
         assert max(abs(b - a) for a, b in zip(line, line[1:])) <= 18 // scale
 
 
-def test_close_button_tells_its_states_apart():
-    states = [picture(f"ico_popup_close_{state}") for state in CLOSE_STATES]
+def test_the_states_of_the_close_button_differ():
+    states = [artwork(f"ico_popup_close_{state}") for state in CLOSE_STATES]
     for index, one in enumerate(states):
         for other in states[index + 1 :]:
             assert largest_difference(one, other) > 30
@@ -217,11 +217,11 @@ def test_close_button_tells_its_states_apart():
 
 @pytest.mark.parametrize("state", CLOSE_STATES)
 @both_densities
-def test_cross_is_the_same_from_all_sides_and_crisp(state, suffix):
-    cross = picture(f"ico_popup_close_{state}", suffix)
+def test_cross_is_symmetric_and_sharp(state, suffix):
+    cross = artwork(f"ico_popup_close_{state}", suffix)
     for turn in (Image.Transpose.FLIP_LEFT_RIGHT, Image.Transpose.ROTATE_90):
         assert largest_difference(cross, cross.transpose(turn)) <= ROUNDING
-    # The strokes run through the middles of pixels: those are filled in full.
+    # The strokes run through the centres of pixels, which are filled completely.
     alpha = cross.getchannel("A")
     scale = DENSITIES[suffix]
     for place in range(5 * scale, 11 * scale):
@@ -234,7 +234,7 @@ def test_icon_has_twelve_images():
     assert Counter((size, depth) for size, depth, _ in images) == ICON_IMAGES
 
 
-def test_icon_images_are_what_the_directory_says():
+def test_icon_images_match_the_directory():
     for size, depth, data in icon_images(ICON):
         if size == 256:
             assert Image.open(io.BytesIO(data)).size == (256, 256)
@@ -246,7 +246,7 @@ def test_icon_images_are_what_the_directory_says():
         assert len(data) == 40 + palette + size * size * depth // 8 + size * mask_row
 
 
-def test_icon_palette_images_show_the_same_as_the_deep_ones():
+def test_icon_palette_images_look_like_the_32_bit_ones():
     pixels = {(size, depth): icon_pixels(size, depth, d) for size, depth, d in icon_images(ICON)}
     shallow = [size for size, depth in pixels if depth == 8]
     assert shallow
@@ -257,17 +257,17 @@ def test_icon_palette_images_show_the_same_as_the_deep_ones():
         assert flat.getpixel((0, 0))[3] == 0
 
 
-def test_kept_pictures_come_from_the_drawings(rendered):
+def test_committed_artwork_is_rendered_from_the_drawings(rendered):
     for name in SIZES:
         for suffix in DENSITIES:
-            afresh = Image.open(rendered / f"src/qml/images/{name}{suffix}.png")
-            assert largest_difference(afresh, picture(name, suffix)) <= TOLERANCE, name + suffix
+            again = Image.open(rendered / f"src/qml/images/{name}{suffix}.png")
+            assert largest_difference(again, artwork(name, suffix)) <= TOLERANCE, name + suffix
 
 
-def test_kept_icon_comes_from_the_drawings(rendered):
-    kept, afresh = icon_images(ICON), icon_images(rendered / "src/resources/icon/uninstall.ico")
-    assert [image[:2] for image in kept] == [image[:2] for image in afresh]
-    for one, other in zip(kept, afresh):
-        # A palette may be chosen anew when a colour of the drawing is rounded differently.
+def test_committed_icon_is_rendered_from_the_drawings(rendered):
+    committed, again = icon_images(ICON), icon_images(rendered / "src/resources/icon/uninstall.ico")
+    assert [image[:2] for image in committed] == [image[:2] for image in again]
+    for one, other in zip(committed, again):
+        # A colour that is rounded differently may lead to another palette.
         allowed = TOLERANCE if one[1] == 32 else 6 * TOLERANCE
         assert largest_difference(icon_pixels(*one), icon_pixels(*other)) <= allowed

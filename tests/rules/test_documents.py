@@ -1,5 +1,5 @@
-"""Documents: links lead somewhere, records are numbered and short, and nothing names the machine on
-which a document was written."""
+"""Documents: links work, decision records are numbered and short, and no document names a path of
+the machine on which it was written."""
 
 import re
 import subprocess
@@ -12,7 +12,7 @@ ROOT = Path(__file__).resolve().parent.parent.parent
 
 LINK = re.compile(r"!?\[[^\]]*\]\(([^)\s]+)\)|<img\s[^>]*\bsrc=\"([^\"]+)\"")
 ELSEWHERE = re.compile(r"[a-z][a-z0-9+.-]*:")
-# Folders of a person; a document names places of the project, or of every system.
+# Home folders: a document may only name paths of the project, or paths that every system has.
 PERSONAL = re.compile(r"(?<![\w$.}-])/(?:root|(?:home|Users)/[\w.-]+)/|"
                       r"\b[A-Z]:\\Users\\(?!A\b|A\.exe|A B\b)\w+")
 OF_EVERY_SYSTEM = {"/", "/tmp", "/opt", "/srv", "/home", "/usr/src"}
@@ -20,7 +20,7 @@ CODE = re.compile(r"^(```|~~~).*?^\1\s*$|`[^`\n]*`", re.MULTILINE | re.DOTALL)
 
 
 def files(*patterns):
-    """The project's own files of these patterns, also those that are not committed yet."""
+    """The project's files of these patterns, including uncommitted ones."""
     listed = subprocess.run(
         ["git", "ls-files", "--cached", "--others", "--exclude-standard", "--deduplicate",
          *patterns],
@@ -34,29 +34,29 @@ every_document = pytest.mark.parametrize(
 
 
 def anchors(document):
-    """What a link may name within a document: its headings, written as the web page writes them."""
+    """The anchors of a document's headings, as the web page forms them."""
     headings = re.findall(r"^#+ +(.*?)\s*$", document.read_text("utf-8"), re.MULTILINE)
     return {re.sub(r"[^\w\- ]", "", text.lower()).replace(" ", "-") for text in headings}
 
 
 def links(document):
-    """Where a document's links and pictures lead, as they are written; not those in code."""
+    """The targets of a document's links and images, as written; not those in code."""
     text = CODE.sub("", document.read_text("utf-8"))
-    return [link or picture for link, picture in LINK.findall(text)]
+    return [link or image for link, image in LINK.findall(text)]
 
 
 def fault(document, link):
-    """What is wrong with a link of a document; nothing, or a text."""
+    """What is wrong with a link of a document; an empty text if it works."""
     if ELSEWHERE.match(link):
         return ""
     path, _, anchor = unquote(link).partition("#")
     target = (document.parent / path).resolve() if path else document
     if not target.exists():
-        return f"{link}: there is no such file"
+        return f"{link}: no such file"
     if ROOT not in (target, *target.parents):
-        return f"{link}: leads out of the project"
+        return f"{link}: outside the project"
     if anchor and anchor not in anchors(target):
-        return f"{link}: there is no such heading"
+        return f"{link}: no such heading"
     return ""
 
 
@@ -66,20 +66,20 @@ def test_there_are_documents():
 
 
 @every_document
-def test_links_lead_somewhere(document):
+def test_every_link_works(document):
     assert not [wrong for link in links(document) if (wrong := fault(document, link))]
 
 
 @every_document
-def test_no_place_of_one_machine_is_named(document):
+def test_no_path_of_one_machine_is_named(document):
     text = document.read_text("utf-8")
     assert not PERSONAL.findall(text)
-    # Beside which the project lies here, too.
+    # Nor the folder that contains the project here.
     here = str(ROOT.parent)
     assert here in OF_EVERY_SYSTEM or f"{here}/" not in text
 
 
-def test_every_document_can_be_reached_from_the_first_page():
+def test_every_document_can_be_reached_from_the_readme():
     reached, waiting = set(), [ROOT / "README.md"]
     while waiting:
         document = waiting.pop()
@@ -94,7 +94,7 @@ def test_every_document_can_be_reached_from_the_first_page():
     assert not {path for path in DOCUMENTS if path.is_relative_to(ROOT / "docs")} - reached
 
 
-def test_the_records_of_decisions_are_short_and_numbered():
+def test_decision_records_are_short_and_numbered():
     records = sorted(path for path in (ROOT / "docs/decisions").glob("*.md")
                      if path.name != "README.md")
     assert [path.name[:5] for path in records] == [f"{number:04}-" for number in
@@ -108,13 +108,13 @@ def test_the_records_of_decisions_are_short_and_numbered():
 
 
 @pytest.mark.parametrize("text, expected", (
-    ("[a](missing.md)", ["missing.md: there is no such file"]),
-    ("[a](README.md#nowhere)", ["README.md#nowhere: there is no such heading"]),
-    ("[a](../outside.md)", ["../outside.md: there is no such file"]),
-    ('<img src="missing.png" alt="">', ["missing.png: there is no such file"]),
+    ("[a](missing.md)", ["missing.md: no such file"]),
+    ("[a](README.md#nowhere)", ["README.md#nowhere: no such heading"]),
+    ("[a](../outside.md)", ["../outside.md: no such file"]),
+    ('<img src="missing.png" alt="">', ["missing.png: no such file"]),
     ("[a](https://torvan.example/x) `[b](missing.md)` [c](README.md#uninstallui)", []),
 ))
-def test_a_wrong_link_is_found(tmp_path, monkeypatch, text, expected):
+def test_a_broken_link_is_found(tmp_path, monkeypatch, text, expected):
     monkeypatch.setitem(globals(), "ROOT", tmp_path)
     (tmp_path / "README.md").write_text("# UninstallUI\n")
     document = tmp_path / "document.md"
@@ -128,5 +128,5 @@ def test_a_wrong_link_is_found(tmp_path, monkeypatch, text, expected):
     ("`/usr/bin/python3 x`", False), ("build/home/x/y", False), (r"C:\Users\A B\Temp", False),
     ("${sourceDir}/root/x", False),
 ))
-def test_a_place_of_a_person_is_found(text, found):
+def test_a_path_in_a_home_folder_is_found(text, found):
     assert bool(PERSONAL.search(text)) == found

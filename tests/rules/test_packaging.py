@@ -1,4 +1,4 @@
-"""The native build installs what the Windows one does; tests/package says what that is."""
+"""Runs the tests of the installed files (tests/package) on the native build."""
 
 import os
 from pathlib import Path

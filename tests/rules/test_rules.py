@@ -1,4 +1,4 @@
-"""The rules of the code base that no compiler enforces: who may know whom, and what lives where."""
+"""Rules of the code that no compiler enforces: which layer may include which, what is where."""
 
 import re
 import xml.etree.ElementTree as ElementTree
@@ -22,8 +22,8 @@ OS_HEADERS = re.compile(
 )
 OS_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__linux__|__unix__|__APPLE__|Q_OS_\w+|_MSC_VER|__MINGW\w+)\b")
 HEX_COLOUR = re.compile(r"[\"']#[0-9a-fA-F]{3,8}[\"']")
-# What each file of the interface imports, in this order: versions decide which properties there are,
-# and the later of two modules with a type of the same name wins.
+# What each QML file imports, in this order: the version decides which properties exist, and the
+# later of two modules with a type of the same name wins.
 QML_IMPORTS = {
     "DiscountComponent.qml": ["QtQuick.Controls 2.14", "QtQuick 2.14", '"public.js" as Public'],
     "DiscountPage.qml": ["QtQuick 2.14"],
@@ -74,17 +74,17 @@ def cpp(folder: str) -> list[Path]:
 
 
 def includes(path: Path) -> list[str]:
-    """What a C++ file includes, as it is written."""
+    """The headers that a C++ file includes, as written."""
     return re.findall(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', path.read_text("utf-8"), re.MULTILINE)
 
 
 def name(path: Path) -> str:
-    """A file as the project calls it."""
+    """A path relative to the project."""
     return path.relative_to(ROOT).as_posix()
 
 
 @pytest.mark.parametrize("layer", MAY_INCLUDE)
-def test_layers_include_only_what_lies_below(layer):
+def test_a_layer_includes_only_layers_below(layer):
     files = cpp(f"src/{layer}")
     assert files
     wrong = [
@@ -97,7 +97,7 @@ def test_layers_include_only_what_lies_below(layer):
     assert not wrong
 
 
-def test_platform_knows_no_qt():
+def test_platform_uses_no_qt():
     wrong = [
         f"{name(path)} includes {include}"
         for path in cpp("src/platform")
@@ -109,7 +109,7 @@ def test_platform_knows_no_qt():
         assert "Qt5" not in path.read_text("utf-8"), name(path)
 
 
-def test_operating_system_headers_stay_in_their_folders():
+def test_only_the_platform_folders_include_system_headers():
     wrong = [
         f"{name(path)} includes {include}"
         for layer in MAY_INCLUDE
@@ -120,7 +120,7 @@ def test_operating_system_headers_stay_in_their_folders():
     assert not wrong
 
 
-def test_no_system_is_tested_for_outside_its_folder():
+def test_only_the_platform_folders_test_for_a_system():
     wrong = [
         f"{name(path)}: {line.strip()}"
         for folder in ("src", "testkit", "tests")
@@ -132,7 +132,7 @@ def test_no_system_is_tested_for_outside_its_folder():
     assert not wrong
 
 
-def test_the_resource_list_names_every_file_and_no_other():
+def test_the_resource_list_names_exactly_the_files():
     qml = ROOT / "src/qml"
     listed: dict[str, str] = {}
     for entry in ElementTree.parse(qml / "qml.qrc").iter("file"):
@@ -144,11 +144,11 @@ def test_the_resource_list_names_every_file_and_no_other():
         if path.is_file() and path.name not in ("qml.qrc", "README.md")
     }
     assert set(listed.values()) == on_disk
-    # Everything is addressed as "qrc:/" and the file name.
+    # QML addresses each file as "qrc:/" and its name.
     assert all(alias == Path(path).name for alias, path in listed.items())
 
 
-def test_every_resource_that_the_interface_names_is_there():
+def test_every_resource_that_the_interface_names_exists():
     files = ElementTree.parse(ROOT / "src/qml/qml.qrc").iter("file")
     listed = {Path(file.text or "").name for file in files}
     named = {
@@ -168,7 +168,7 @@ def test_the_interface_imports_what_the_table_lists():
     assert imports == QML_IMPORTS
 
 
-def test_colours_live_in_the_interface_only():
+def test_only_qml_has_colours():
     wrong = [
         f"{name(path)}: {line.strip()}"
         for layer in MAY_INCLUDE
@@ -185,7 +185,7 @@ def test_push_buttons_take_their_colours_from_the_tables():
         assert set(HEX_COLOUR.findall(text)) <= {'"#00000000"', '"#000000"'}, button
 
 
-def test_the_interface_knows_one_native_object():
+def test_qml_gets_one_native_object():
     main = (ROOT / "src/app/main.cpp").read_text("utf-8")
     assert re.findall(r"setContextProperty\(QStringLiteral\(\"(\w+)\"\)", main) == ["uninstallMgr"]
     for path in cpp("src/app") + cpp("src/controller"):
@@ -198,7 +198,7 @@ def test_no_font_family_in_the_interface():
 
 
 def code_folders() -> list[Path]:
-    """Every folder of the project with a file that is compiled or interpreted."""
+    """Every folder of the project with a source file or a script."""
     roots = ["src", "packaging", "testkit", "tests", "tools", "cmake"]
     files = [path for root in roots for path in sources(root, "*")
              if path.suffix in CODE and "__pycache__" not in path.parts]
@@ -206,8 +206,8 @@ def code_folders() -> list[Path]:
 
 
 @pytest.mark.parametrize("folder", code_folders(), ids=name)
-def test_every_code_folder_says_what_lives_there(folder):
-    """In a README of its own, or, where it is a small one, in that of the folder above."""
+def test_every_code_folder_is_described_in_a_readme(folder):
+    """In its own README, or in one line of the README of a folder above."""
     place = next(place for place in (folder, *folder.parents) if (place / "README.md").is_file())
     assert place != ROOT, f"{name(folder)}/README.md is missing"
     text = (place / "README.md").read_text("utf-8")

@@ -1,5 +1,4 @@
-"""The tools that every change passes through: they say what is wrong, and never that all is well
-when they have not looked."""
+"""The tools that check every change: they report defects, and never pass without checking."""
 
 import json
 import os
@@ -28,8 +27,8 @@ SCOPE = ("\nint Two(int n)\n{\n    int twice = 0;\n    if (n > 1) {\n        twi
          "        return twice + n;\n    }\n    return 0;\n}\n")
 COPY = ("struct Small\n{\n    int value;\n};\n\n"
         "inline int Value(const Small &small)\n{\n    return small.value;\n}\n")
-# What is planted in it: a file, its text, and which tool complains.
-PLANTED = (
+# Defects: a file, its text, and the tool that reports it.
+DEFECTS = (
     ("src/app/one.cpp", ONE.replace("    return", "  return"), "clang-format"),
     ("src/app/one.cpp", ONE.replace("nullptr", "0"), "clang-tidy"),
     ("src/app/one.h", f"{HEADER}typedef int Number;\n", "clang-tidy"),
@@ -71,7 +70,7 @@ def small_project(tmp_path: Path) -> Path:
 
 
 def lint(project: Path, *files: str) -> list[str]:
-    """Lints a project; returns what complains."""
+    """Runs tools/lint on a project; returns the tools that report something."""
     done = run(sys.executable, project / "tools/lint", project, *files,
                MYPY_CACHE_DIR=ROOT / "build" / "mypy")
     complaints = re.findall("^tools/lint: ([^ ]+)", done.stderr, re.MULTILINE)
@@ -80,14 +79,14 @@ def lint(project: Path, *files: str) -> list[str]:
 
 
 @pytest.mark.lint
-@pytest.mark.parametrize("file, text, tool", PLANTED, ids=[f"{row[2]}-{row[0]}" for row in PLANTED])
-def test_the_lint_finds_a_defect(project: Path, file: str, text: str, tool: str) -> None:
+@pytest.mark.parametrize("file, text, tool", DEFECTS, ids=[f"{row[2]}-{row[0]}" for row in DEFECTS])
+def test_lint_finds_a_defect(project: Path, file: str, text: str, tool: str) -> None:
     (project / file).write_text(text)
     assert lint(project, "src/app/one.cpp", file) == [tool]
 
 
 @pytest.mark.lint
-def test_the_lint_checks_a_whole_project_and_fails_without_files_to_check(project: Path) -> None:
+def test_lint_checks_a_whole_project_and_fails_without_files_to_check(project: Path) -> None:
     assert lint(project) == []
     for name in ("src/app", "src/qml"):
         shutil.rmtree(project / name)
@@ -99,7 +98,7 @@ def test_the_lint_checks_a_whole_project_and_fails_without_files_to_check(projec
 @pytest.mark.parametrize("wrong, reason", (
     (None, ""), ("content", "its SHA-256 is not the one in"), ("checksum", "there is no"),
 ))
-def test_a_kit_comes_out_of_an_archive_as_it_went_in(
+def test_an_archive_of_the_kit_is_unpacked_only_if_it_is_intact(
     tmp_path: Path, wrong: str | None, reason: str
 ) -> None:
     script = TOOLS / "windows-qt-kit"
@@ -132,7 +131,7 @@ def test_a_kit_comes_out_of_an_archive_as_it_went_in(
         assert got.returncode != 0 and not unpacked.exists()
 
 
-def test_missing_packages_end_in_the_closing_line(tmp_path: Path) -> None:
+def test_missing_packages_count_as_one_failure(tmp_path: Path) -> None:
     (tmp_path / "tools").mkdir()
     shutil.copy2(ROOT / "test", tmp_path)
     (tmp_path / "tools/bootstrap").write_text("#!/bin/sh\necho cmake is missing >&2\nexit 1\n")
@@ -142,7 +141,7 @@ def test_missing_packages_end_in_the_closing_line(tmp_path: Path) -> None:
     assert done.stdout.splitlines()[-1] == "0 passed, 1 failed, 0 skipped"
 
 
-def test_a_step_over_its_budget_is_listed_and_passes(tmp_path: Path) -> None:
+def test_a_step_over_its_budget_is_listed_but_passes(tmp_path: Path) -> None:
     script = (f'. {shlex.quote(str(TOOLS))}/steps.sh; budgets=([slow]=-1 [quick]=3600); '
               'step slow true && step quick true && step other true && '
               'printf "%s\\n" "over:" "${overran[@]}"')

@@ -1,4 +1,4 @@
-"""The translations: complete, true to their sources, of one shape, and all in the table."""
+"""The translations: complete, in step with the sources, and all listed in the table."""
 
 import csv
 import re
@@ -14,12 +14,12 @@ FILES = sorted((ROOT / "src" / "translations").glob("ktr_*.ts"))
 with open(ROOT / "src" / "translations" / "languages.csv", encoding="utf-8", newline="") as table:
     LANGUAGES = list(csv.DictReader(table))
 TEXT = re.compile(r'qsTr\("((?:[^"\\]|\\.)*)"\)')
-# Written out one by one in the sources; in the catalogue they are the characters themselves.
+# Escaped in the sources; the catalogue has the characters themselves.
 ESCAPES = re.compile(r"\\u([0-9a-fA-F]{4})")
 
 
 def sources():
-    """Every text of the interface that can be translated, with its context."""
+    """Every translatable text of the interface, with its context."""
     return {
         (file.stem, ESCAPES.sub(lambda code: chr(int(code[1], 16)), text))
         for file in (ROOT / "src" / "qml").glob("*.qml")
@@ -39,13 +39,13 @@ def test_there_are_languages():
     assert {"ktr_English", "ktr_Arabic", "ktr_ChineseSimp"} <= {file.stem for file in FILES}
 
 
-def test_the_table_has_every_language_and_no_other():
+def test_the_table_has_exactly_the_languages():
     assert sorted(f"ktr_{row['name']}" for row in LANGUAGES) == [file.stem for file in FILES]
 
 
 @pytest.mark.parametrize("row", LANGUAGES, ids=lambda row: row["name"])
-def test_a_row_of_the_table(row):
-    # Its readers split lines at commas, without a thought of quotation marks.
+def test_a_row_agrees_with_the_catalogue_and_the_fonts(row):
+    # Some readers split lines at commas and do not understand quotation marks.
     assert len(row) == 7 and all(row.values()) and '"' not in "".join(row.values())
     language = ElementTree.parse(ROOT / "src" / "translations" / f"ktr_{row['name']}.ts").getroot()
     assert language.get("language") == row["code"].replace("-", "_")
@@ -59,7 +59,7 @@ def test_a_row_of_the_table(row):
 
 
 @pytest.mark.parametrize("file", FILES, ids=lambda file: file.stem)
-def test_a_catalogue_has_every_text_and_no_other(file):
+def test_a_catalogue_has_exactly_the_texts(file):
     found = [(context, source) for context, source, _ in messages(file)]
     assert sorted(found) == sorted(sources())
 
@@ -95,8 +95,8 @@ def test_english_repeats_the_sources():
 
 
 @pytest.fixture(name="copy")
-def copy_of_what_is_updated(tmp_path):
-    """A folder with the texts, their translations and the command that updates these."""
+def copy_of_the_sources(tmp_path):
+    """A folder with the texts, the translations and the command that updates them."""
     for name in ("src/qml", "src/translations"):
         shutil.copytree(ROOT / name, tmp_path / name)
     (tmp_path / "tools").mkdir()
@@ -105,20 +105,20 @@ def copy_of_what_is_updated(tmp_path):
 
 
 def update(copy):
-    """Runs the command; returns what it says."""
+    """Runs the command; returns its output."""
     return subprocess.run([copy / "tools" / "update-translations"], capture_output=True, text=True,
                           check=True).stdout
 
 
 def contents(copy):
-    """All files of the translations."""
+    """The contents of all translations."""
     return {path.name: path.read_bytes() for path in (copy / "src" / "translations").iterdir()}
 
 
 def test_updating_changes_nothing(copy):
     before = contents(copy)
     assert update(copy) == "" and contents(copy) == before, \
-        "the interface and its translations differ: run tools/update-translations"
+        "the texts and their translations differ: run tools/update-translations"
 
 
 def test_updating_follows_the_sources(copy):
@@ -139,7 +139,7 @@ def test_updating_follows_the_sources(copy):
     assert update(copy) == "" and contents(copy) == after
 
 
-def test_updating_begins_a_new_language(copy):
+def test_updating_creates_the_catalogue_of_a_new_language(copy):
     with open(copy / "src" / "translations" / "languages.csv", "a", encoding="utf-8") as languages:
         languages.write("Welsh,cy,Welsh,assumed,left-to-right,Open Sans,fonts-open-sans\n")
     assert update(copy) == f"ktr_Welsh.ts: changed, {len(sources())} to translate\n"
