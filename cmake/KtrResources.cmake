@@ -1,6 +1,5 @@
 # Compiles resources into a target itself: ktr_add_resources(TARGET QRC-FILE NAME).
-# As AUTORCC does, but for the dates of the files, which the resource compiler writes down, too: all
-# get the same, or each copy of the sources would give another program.
+# Like AUTORCC, but with a fixed timestamp, for reproducible builds.
 function(ktr_add_resources target file name)
     cmake_path(GET file PARENT_PATH folder)
     set(compiled "${CMAKE_CURRENT_BINARY_DIR}/${target}_${name}_qrc.cpp")
@@ -9,7 +8,7 @@ function(ktr_add_resources target file name)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
     add_custom_command(
         OUTPUT "${compiled}"
-        # The beginning of 1980, in seconds of Unix.
+        # 1 January 1980, as Unix time.
         COMMAND "${CMAKE_COMMAND}" -E env QT_RCC_SOURCE_DATE_OVERRIDE=315532800
             "$<TARGET_FILE:Qt5::rcc>" --name "${name}" --output "${compiled}" "${file}"
         DEPENDS "${file}" ${files}
@@ -19,9 +18,9 @@ function(ktr_add_resources target file name)
     target_sources(${target} PRIVATE "${compiled}")
 endfunction()
 
-# The same for a resource file with an interface, which is compiled in advance as well; that spares
-# the program the work at each start: ktr_add_interface(TARGET QRC-FILE). The sources stay among the
-# resources: a Qt version that rejects QML compiled by another version falls back to them.
+# The same for QML resources, which are also compiled ahead of time, for a quicker start:
+# ktr_add_interface(TARGET QRC-FILE). The sources stay among the resources: a Qt version that rejects
+# QML compiled by another version falls back to them.
 find_program(KTR_QMLCACHEGEN NAMES qmlcachegen
     PATHS "${Qt5_DIR}/../../../bin" /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
 
@@ -30,7 +29,7 @@ function(ktr_add_interface target file)
     cmake_path(GET file PARENT_PATH folder)
     file(STRINGS "${file}" sources REGEX "<file>.*\\.(qml|js)</file>")
     list(TRANSFORM sources REPLACE ".*<file>(.*)</file>.*" "\\1")
-    # It lists what it knows in an order of chance otherwise.
+    # Otherwise the tool lists files in random order.
     set(compiler "${CMAKE_COMMAND}" -E env QT_HASH_SEED=0 "${KTR_QMLCACHEGEN}")
     set(compiled)
     foreach(source IN LISTS sources)
@@ -44,8 +43,8 @@ function(ktr_add_interface target file)
             VERBATIM)
         list(APPEND compiled "${output}")
     endforeach()
-    # Finds each by its place among the resources, and stands for the whole of them. By the end of
-    # its name the compiler knows what is wanted.
+    # The loader, which finds each compiled file by its resource path. qmlcachegen knows by this
+    # file name what to generate.
     set(index "${CMAKE_CURRENT_BINARY_DIR}/${target}_qmlcache_loader.cpp")
     add_custom_command(
         OUTPUT "${index}"

@@ -1,5 +1,5 @@
 # What every target of ours shares: ccache, warnings as errors, the source root as include path,
-# sanitizers, counters of what runs.
+# sanitizers, code coverage.
 
 if(WIN32)
     set(KTR_PLATFORM windows)
@@ -19,14 +19,14 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT KTR_COVERAGE)
     endif()
 endif()
 
-# Counters of what runs, for tools/coverage.
+# Code coverage, for tools/coverage.
 function(ktr_target_counters target)
-    # Several threads count, and several processes add to one file in the build directory.
+    # Several threads count, and several processes write to one file in the build directory.
     target_compile_options(${target} PRIVATE --coverage -O0 -fprofile-update=atomic
         -fprofile-abs-path)
     target_link_options(${target} PRIVATE --coverage)
-    # Nothing of ours throws or catches: what remains without the compiler's own branches, which
-    # clear up after exceptions, is what our sources decide. The tests' library wants exceptions.
+    # Our code neither throws nor catches: without the branches for exception clean-up, only the
+    # branches of our sources count. GoogleTest needs exceptions.
     set(tests "${PROJECT_SOURCE_DIR}/tests")
     cmake_path(IS_PREFIX tests "${CMAKE_CURRENT_SOURCE_DIR}" in_tests)
     if(NOT in_tests)
@@ -41,13 +41,13 @@ endfunction()
 
 function(ktr_target_defaults target)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
-    # A parameter may bear the name of the member that it sets: both names are given by an interface.
+    # A parameter may have the name of the member that it sets: an interface gives both names.
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Werror
         $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
         -Wformat=2 -Wcast-align -Wundef)
     if(WIN32)
-        # Windows 7 is the oldest that the program runs on, as its manifest says.
+        # The program supports Windows 7 and later, as its manifest says.
         target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0601
             _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
         # Guarded stacks, and no traces of the machine that built it.
@@ -71,7 +71,7 @@ function(ktr_target_defaults target)
     endif()
 endfunction()
 
-# Code that uses Qt, with the macros that keep its accidental costs visible.
+# Code that uses Qt, with macros that forbid hidden string conversions.
 function(ktr_qt_target_defaults target)
     ktr_target_defaults(${target})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)

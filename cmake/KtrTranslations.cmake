@@ -1,5 +1,5 @@
 # Compiles translation sources: ktr_compile_translation(TS-FILE QM-FILE).
-# The tool is looked for in the Qt kit that was found, then where Debian has it.
+# Searches for the tool in the Qt kit, then in Debian's folder.
 find_program(KTR_LRELEASE NAMES lrelease
     PATHS "${Qt5_DIR}/../../../bin" /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
 

@@ -1,5 +1,4 @@
-# What only the shipped Windows executable has: manifest, icon, version, and what the system can do
-# against attacks on it.
+# What only the shipped Windows executable has: manifest, icon, version, and exploit mitigations.
 if(WIN32)
     enable_language(RC)
 endif()
@@ -18,11 +17,11 @@ function(ktr_windows_executable target)
     target_sources(${target} PRIVATE "${resource}")
     target_link_options(${target} PRIVATE
         -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat $<$<CONFIG:Release>:-s>)
-    # Windows 7, as in the manifest: an older system refuses the program, and no newer one takes it
-    # for an older program than it is.
+    # Windows 7, as in the manifest: an older system refuses the program, and newer ones
+    # enable no compatibility mode.
     target_link_options(${target} PRIVATE
         -Wl,--major-os-version,6 -Wl,--minor-os-version,1
         -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,1)
-    # The same sources give the same file, whenever it is linked.
+    # Reproducible: no link time in the file.
     target_link_options(${target} PRIVATE -Wl,--no-insert-timestamp)
 endfunction()

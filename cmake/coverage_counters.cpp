@@ -1,6 +1,5 @@
-// Linked into every program and library whose runs are counted. The counters are written when a
-// process ends through its exit handlers; one that becomes another program, or ends without them,
-// would take what it has counted with it.
+// Linked into every program and library whose coverage is measured. gcov writes its counters in an
+// exit handler; a process that calls exec, or ends without exit handlers, would lose them.
 #include <unistd.h>
 
 extern "C" {

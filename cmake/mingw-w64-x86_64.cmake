@@ -7,7 +7,7 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
-# The Qt kit, where one is used: tools/windows-qt-kit prints where it is.
+# The Qt kit, if used: tools/windows-qt-kit prints its path.
 if(DEFINED ENV{KTR_QT_KIT})
     list(APPEND CMAKE_FIND_ROOT_PATH "$ENV{KTR_QT_KIT}")
 endif()

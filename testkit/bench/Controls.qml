@@ -106,7 +106,7 @@ ApplicationWindow {
                     style: Old.ButtonStyle {
                         background: Rectangle {
                             radius: 4
-                            // The program's own button has it, too: the window is painted.
+                            // The colour of the program's button: the benchmark waits for it.
                             color: "#1F6FFF"
                         }
                         label: Text {

@@ -11,7 +11,7 @@
 
 namespace {
 
-// As the program prepares Qt for itself.
+// Same as in the program.
 void PrepareEnvironment()
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);

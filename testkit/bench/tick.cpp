@@ -36,7 +36,7 @@ double ProcessorTime(int who)
     return Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
 }
 
-// KB that were resident at most. What getrusage tells counts the process before it became this one.
+// Peak resident memory in KB. getrusage would include the process before exec.
 long PeakMemory()
 {
     std::ifstream status("/proc/self/status");
@@ -50,7 +50,7 @@ long PeakMemory()
     return 0;
 }
 
-// The same question as the program asks, in the cheapest way that the system has.
+// The same tasklist query as the program's, in the cheapest way.
 bool AskTaskList()
 {
     std::array<std::string_view, 6> words = {
@@ -83,8 +83,8 @@ bool AskTaskList()
 
 } // namespace
 
-// Asks the task list so often, and prints what that took: microseconds of processor time of this
-// process and of all that it started, and KB of memory of this process at its peak. "bare" asks in
+// Runs the tasklist query so many times and prints the cost: microseconds of processor time of this
+// process and of its children, and its peak memory in KB. "bare" asks in
 // the cheapest way, "query" with Qt as the program does, "tick" within a tick of the
 // progress. Status 1 when the uninstaller is not seen to run.
 int main(int argc, char **argv)

@@ -3,7 +3,7 @@
 //   hold_file=FILE    when that file exists: run as long as it does, whatever the library and other
 //                     companions do
 // Journal: start (pid, args), end (pid); no end line means that it was terminated. One that finds
-// another at work in its folder ends without a word.
+// another one in its folder ends without an entry.
 
 #include "testkit/fakes/fake.h"
 #include "testkit/os/file_lock.h"
@@ -36,8 +36,8 @@ int main(int argc, char **argv)
     self.Note("start", {pid, fake::ListField("args", arguments)});
     FileLock loaders(self.StateFile("loaders.lock"));
     loaders.Take(FileLock::Mode::Alone);
-    // A library that loads in this moment waits for the loaders' lock. It must find the place of
-    // the companion free when it gets it, so that goes first.
+    // A library that is loading waits for the loaders' lock. When it gets it, the companion's lock
+    // must be free, so release that first.
     only.reset();
     self.Note("end", {pid});
     return 0;

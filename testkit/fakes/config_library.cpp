@@ -99,7 +99,7 @@ std::int32_t Answer(const char *key, char *buffer, std::uint32_t size, const cha
     } else if (text && fill == "bare") {
         std::memcpy(buffer, text->data(), std::min<std::size_t>(text->size(), size));
     } else if (text && fill != "none" && size != 0) {
-        // Not a byte more than the text and its zero: what is offered may be two gigabytes.
+        // Write the text and its terminator only: the buffer may have two gigabytes.
         const std::size_t count = std::min<std::size_t>(text->size(), size - 1);
         std::memcpy(buffer, text->data(), count);
         buffer[count] = '\0';

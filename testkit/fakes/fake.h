@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-/// What all fakes share: each is told what to do by `<own name>.txt` beside it, and all of them
-/// write one journal, so that a test can read what happened in the order in which it happened. A
-/// test that has loaded a library does both through the object that the library exports.
+/// What all fakes share: each reads its settings from `<own name>.txt` beside it, and all append to
+/// one journal, so that a test can read what happened in order. A test that has loaded a library
+/// does both through the object that the library exports.
 ///
 /// A line of the text file is `key=value`; `#` starts a comment line; a key may be repeated. It is
 /// read once, when the fake starts. Relative paths in it count from the fake's folder. The
@@ -18,7 +18,7 @@
 ///
 /// A line of the journal is `image TAB event TAB key=value TAB key=value ... LF`, in UTF-8. `%`,
 /// control characters and bytes that are not UTF-8 are written as `%XX`, so one occurrence is
-/// always one line. A list is `key=[item][item]`, brackets inside an item being escaped too.
+/// always one line. A list is `key=[item][item]`, with brackets inside an item escaped, too.
 namespace fake {
 
 /// `key=value` as the journal has it.
@@ -32,15 +32,15 @@ std::string ListField(std::string_view key, const std::vector<std::string> &item
 /// `text` with `%`, control characters, bytes that are not UTF-8 and those in `more` as `%XX`.
 std::string Escape(std::string_view text, std::string_view more = {});
 
-/// The reverse of `Escape`; a `%` that no two hexadecimal digits follow stays.
+/// The reverse of `Escape`; a `%` without two hexadecimal digits stays.
 std::string Unescape(std::string_view text);
 
-/// The UTF-8 of a UTF-16 text. Half a surrogate pair becomes three bytes that are not UTF-8.
+/// Converts UTF-16 to UTF-8. An unpaired surrogate becomes three bytes that are not UTF-8.
 std::string FromUtf16(const char16_t *wide);
 
 using Settings = std::vector<std::pair<std::string, std::string>>;
 
-/// One fake: its place, its settings and what it has noted.
+/// One fake: its path, its settings and its journal.
 class Fake
 {
 public:
@@ -69,8 +69,8 @@ public:
     /// that is not in a sandbox.
     std::filesystem::path StateFile(std::string_view name) const;
 
-    /// Appends one line to the journal, if there is one: no new file in a sandbox that is just
-    /// being removed or replaced. Any thread.
+    /// Appends one line to the journal. Creates no file in a sandbox that is being removed or
+    /// replaced. Any thread.
     void Note(std::string_view event, const std::vector<std::string> &fields = {}) const;
 
     /// Waits while `condition` holds, but no longer than the sandbox exists, so that no test leaves
@@ -78,7 +78,7 @@ public:
     void WaitWhile(const std::function<bool()> &condition) const;
 
     /// Waits while `hold_file` exists, when it names an existing file; else for `run_ms`
-    /// milliseconds, or `fallbackMs` when that is not set. A negative time is for ever.
+    /// milliseconds, or `fallbackMs` when that is not set. A negative time means no limit.
     void Hold(long fallbackMs) const;
 
 private:

@@ -24,7 +24,7 @@ public:
 
     QString kernelVersion;
     bool dropShadow = false;
-    /// The remote configuration and the facts that offers are made of.
+    /// The remote configuration and the product facts that offers use.
     bool configured = true;
     QMap<QString, QString> texts;
     /// The text of every key that `texts` lacks; "%1" in it becomes the key.

@@ -3,11 +3,11 @@
 //   hide=NAME         claim that this image does not run (repeatable)
 //   show=NAME         claim that this image runs (repeatable)
 //   bytes=N           print N bytes of other text first
-//   say=TEXT          print this line, %XX standing for any byte (repeatable)
+//   say=TEXT          print this line, %XX means any byte (repeatable)
 //   silent=1          print no list
 //   complain=TEXT     print this line on standard error (repeatable)
 //   hang=1            do not end after printing
-//   killed=1          end after printing as if somebody had terminated it
+//   killed=1          end after printing as if terminated by another process
 //   exit=0            exit code
 //   note=1            write a line for each query
 // Journal, with note=1: query (args, found=pids).
@@ -40,7 +40,7 @@ struct Query
     std::optional<std::string> image;
 };
 
-// No value when the arguments are not ones that this command takes.
+// No value if the arguments are not supported.
 std::optional<Query> Parse(const std::vector<std::string> &arguments)
 {
     Query query;

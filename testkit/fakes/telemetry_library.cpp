@@ -25,7 +25,7 @@ namespace {
 constexpr const char *kEndMarker = "SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60}";
 constexpr const char *kCompanion = "SkyrelWrapExe.exe";
 
-// Set once while the library loads. Never destroyed: the lock is to last as long as the process.
+// Set once while the library loads. Never destroyed: the lock lasts as long as the process.
 fake::Fake *library = nullptr;
 os::FileLock *loaders = nullptr;
 std::atomic<int> inside{0};
@@ -103,7 +103,7 @@ FAKE_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, 
     va_list rest;
     va_start(rest, name);
     while (!ended) {
-        // The check overlooks va_start when it goes through several files in one run.
+        // clang-tidy misses va_start when it checks several files in one run.
         // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
         const void *item = va_arg(rest, const void *);
         ended = item != nullptr && IsEndMarker(item);
@@ -133,7 +133,7 @@ FAKE_EXPORT std::int32_t SkyrelSendInfo(bool flag, bool wide, const void *name, 
     return static_cast<std::int32_t>(library->Number("result", 0));
 }
 
-// The program resolves these, and calls none of them.
+// The program resolves these but never calls them.
 #define SkyrelSendInfo SkyrelUnused /* defined above */
 #define FAKE_UNEXPECTED(name)                                                                      \
     FAKE_EXPORT std::int32_t name()                                                                \

@@ -5,8 +5,8 @@
 
 namespace os {
 
-/// A lock on a file, which many may share or one may have alone. It is tied to this process: it
-/// ends with it, and no process started from here inherits it.
+/// A shared or exclusive lock on a file. It ends with this process, and child processes do not
+/// inherit it.
 class FileLock
 {
 public:
@@ -22,13 +22,13 @@ public:
     FileLock &operator=(const FileLock &) = delete;
     FileLock(FileLock &&) = delete;
     FileLock &operator=(FileLock &&) = delete;
-    /// Gives the lock up.
+    /// Releases the lock.
     ~FileLock();
 
-    /// Takes the lock, waiting as long as it takes. False when the file cannot be locked at all.
+    /// Waits for the lock without a limit. False if the file cannot be locked at all.
     bool Take(Mode mode);
 
-    /// Takes the lock unless another process has it in a way that forbids it.
+    /// Takes the lock if it is free for this mode.
     bool TryTake(Mode mode);
 
 private:

@@ -8,14 +8,14 @@
 #include <string_view>
 #include <vector>
 
-/// What fakes and tests ask of the operating system. They do not use the program's own platform
-/// layer for it: a bug in there must not hide itself. Texts are UTF-8 unless said otherwise.
+/// What fakes and tests need of the operating system, without the program's own platform layer: a
+/// bug in it must not hide itself. Texts are UTF-8 unless said otherwise.
 namespace os {
 
 /// Full path of the running executable.
 std::filesystem::path ExecutablePath();
 
-/// A path as wide text; `wstring()` fails on POSIX for letters that the C++ locale does not have.
+/// A path as wide text; `wstring()` fails on POSIX for characters that the C++ locale lacks.
 std::wstring WideText(const std::filesystem::path &path);
 
 /// The file-name extension of programs, with its dot; empty where programs have none.
@@ -30,24 +30,23 @@ std::optional<std::string> EnvironmentVariable(const std::string &name);
 std::uint32_t OwnProcessId();
 
 /// The open descriptors beyond the three standard ones: their numbers; on Windows the inherited
-/// handles, each with what it is of. To be asked before anything is opened.
+/// handles, each with its type. Call it before anything is opened.
 std::vector<std::string> OpenDescriptors();
 
-/// Appends `bytes` to the file in one piece; other processes may be doing the same. Failure has no
-/// effect.
+/// Appends `bytes` to the file atomically, also while other processes do. Failure has no effect.
 void AppendInOnePiece(const std::filesystem::path &file, std::string_view bytes);
 
 /// The end of the session or terminal that started this process does not end it.
 void OutliveParent();
 
-/// Ends this process at once, in the way in which another one would end it.
+/// Ends this process at once, as another process would terminate it.
 [[noreturn]] void EndByForce();
 
-/// Standard output takes bytes as they are.
+/// Sets standard output to binary mode.
 void BinaryOutput();
 
 /// Starts `program`, without arguments, as no child of this process; it inherits nothing. Returns
-/// when the process runs that program or could not be started. Fit for use while a library loads.
+/// when the process runs that program or could not be started. May be called while a library loads.
 void StartUnrelated(const std::filesystem::path &program);
 
 /// Whether `path` lies below the folder `root`.
@@ -60,15 +59,15 @@ struct RunningProcess
     std::uint64_t memoryKb = 0;
 };
 
-/// Every process whose executable may be asked for. `wanted`, when not empty, is an image name (any
-/// case) to which the result may be narrowed.
+/// Every process whose executable can be read. `wanted`, when not empty, is an image name (any
+/// case) to which the result may be restricted.
 std::vector<RunningProcess> RunningProcesses(std::string_view wanted);
 
 /// The calling thread's last error.
 std::uint32_t LastError();
 void SetLastError(std::uint32_t error);
 
-/// A process of ours, whose end can be waited for. Destroying the object ends it.
+/// A child process. Destroying the object ends it.
 class StartedProcess
 {
 public:
@@ -110,9 +109,9 @@ private:
     std::string previous_;
 };
 
-/// Gives one of the loads of a library back. The program never does.
+/// Unloads a library once. The program never does.
 void UnloadLibrary(void *library);
-/// Whether this process has a library of that full path.
+/// Whether this process has loaded the library with that full path.
 bool IsLibraryLoaded(const std::filesystem::path &path);
 
 } // namespace os

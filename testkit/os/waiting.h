@@ -5,7 +5,7 @@
 
 namespace os {
 
-/// Far longer than anything takes on a busy machine; only a failing test waits for it.
+/// Far longer than any wait on a busy machine: only a failing test reaches it.
 inline constexpr std::chrono::seconds kDeadline{60};
 
 /// Waits until `condition` holds; false when it does not within the deadline.

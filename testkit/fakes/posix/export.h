@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a library of the sandbox shows to the outside.
+/// Exports a symbol from a library of the sandbox.
 #define FAKE_EXPORT __attribute__((visibility("default")))

@@ -64,7 +64,7 @@ void OutliveParent()
 void EndByForce()
 {
     ::raise(SIGKILL);
-    // cppcheck-suppress unreachableCode ; raise may come back for all that the compiler knows
+    // cppcheck-suppress unreachableCode ; cppcheck does not know that raise does not return
     ::_exit(1);
 }
 

@@ -28,7 +28,7 @@ std::string ExecutableOf(const std::string &process)
     return path;
 }
 
-// Resident memory; the second number of `statm` counts it in pages.
+// Resident memory: the second number of `statm`, in pages.
 std::uint64_t MemoryKb(const std::string &process)
 {
     const int descriptor = ::open(("/proc/" + process + "/statm").c_str(), O_RDONLY | O_CLOEXEC);

@@ -11,7 +11,7 @@ namespace os {
 namespace {
 
 // The last steps in the grandchild. The process may have other threads, so nothing here may
-// allocate memory or take a lock. Every descriptor but the three goes when the program takes over.
+// allocate memory or take a lock. exec closes every descriptor but the three.
 [[noreturn]] void Become(const char *program, char *const *arguments, char *const *environment)
 {
     const int nowhere = ::open("/dev/null", O_RDWR);
@@ -29,7 +29,7 @@ void StartUnrelated(const std::filesystem::path &program)
 {
     std::string name = program.string();
     const std::array<char *, 2> arguments = {name.data(), nullptr};
-    // The writing end closes by itself when the program takes over, or when that fails.
+    // exec closes the writing end, and so does an exit after exec has failed.
     std::array<int, 2> pipe = {-1, -1};
     if (::pipe2(pipe.data(), O_CLOEXEC) != 0) {
         return;

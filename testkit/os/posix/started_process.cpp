@@ -10,7 +10,7 @@
 namespace os {
 namespace {
 
-// As a shell tells it: never the exit code of a child of ours.
+// As a shell reports it: no child of ours returns this code.
 constexpr int kSignalled = 128;
 
 } // namespace

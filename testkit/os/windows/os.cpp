@@ -27,7 +27,7 @@ bool IsStandard(HANDLE handle)
            handle == ::GetStdHandle(STD_ERROR_HANDLE);
 }
 
-/// The system's own word for what a handle is of, such as "File" or "Mutant".
+/// The system's type name of a handle, such as "File" or "Mutant".
 std::string KindOf(HANDLE handle)
 {
     alignas(PUBLIC_OBJECT_TYPE_INFORMATION) std::array<std::byte, 1024> buffer = {};
@@ -52,7 +52,7 @@ fs::path ExecutablePath()
     return std::wstring(buffer.data(), length);
 }
 
-// The arguments of `main` have gone through the ANSI code page, so they are taken from the source.
+// The arguments of `main` are in the ANSI code page, so read the UTF-16 command line.
 std::vector<std::string> Arguments(int, char **)
 {
     int count = 0;
@@ -85,8 +85,8 @@ std::uint32_t OwnProcessId()
 
 std::vector<std::string> OpenDescriptors()
 {
-    // Handles are small numbers. Only one that was inherited can be inherited further here, since
-    // nothing has been opened yet that could.
+    // Handles are small numbers. Only an inherited handle is inheritable here: nothing else has
+    // been opened yet.
     constexpr std::uintptr_t kStep = 4;
     constexpr std::uintptr_t kMost = 4096;
     std::vector<std::string> open;
@@ -121,7 +121,7 @@ void AppendInOnePiece(const fs::path &file, std::string_view bytes)
 // A Windows process does not end with its parent.
 void OutliveParent() {}
 
-// The code of a crash: a plain number would look like an end of its own.
+// The code of a crash: a plain number would look like a normal exit.
 void EndByForce()
 {
     ::TerminateProcess(::GetCurrentProcess(), STATUS_ACCESS_VIOLATION);
