@@ -14,8 +14,6 @@
 
 namespace {
 
-using contract::ReadFile;
-
 // The fake for the system's query, told what to answer in each case. It stays silent about what
 // really runs on the machine, unless a test wants the form of its answers.
 class TaskList : public testing::Test
@@ -41,11 +39,6 @@ protected:
         return IsInTaskList("KTRUI.exe", query);
     }
 
-    bool QueryRuns() const
-    {
-        return contract::IsImageRunning(fake_.Program().filename().wstring());
-    }
-
     contract::ScratchFolder folder_;
     FakeTaskList fake_{folder_.Path(), contract::UniqueName("query")};
 };
@@ -60,7 +53,7 @@ TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
 TEST_F(TaskList, PassesItsArgumentsInOrder)
 {
     EXPECT_FALSE(IsInTaskList("a b%1.exe", Query("silent=1\nnote=1\n")));
-    EXPECT_EQ(ReadFile(folder_ / "journal.log"),
+    EXPECT_EQ(contract::ReadFile(folder_ / "journal.log"),
               fake_.Program().filename().string() +
                   "\tquery\targs=[/NH][/FO][CSV][/FI][IMAGENAME eq a b%251.exe]\tfound=\n");
 }
@@ -88,49 +81,38 @@ TEST_F(TaskList, ProcessesNoEvents)
     EXPECT_TRUE(processed);
 }
 
-TEST_F(TaskList, FindsTheNameAnywhereInTheOutput)
+struct Answer
 {
-    EXPECT_TRUE(Shows(Query("show=KTRUI.exe\n"))); // a line of the list
-    EXPECT_TRUE(Shows(Query("silent=1\nsay=xxKTRUI.exexx\n")));
+    const char *settings;
+    bool shown;
+};
+
+TEST_F(TaskList, FindsTheExactNameAnywhereInTheOutputWhateverTheExit)
+{
+    for (const Answer &answer : {Answer{"show=KTRUI.exe\n", true}, // a line of the list
+                                 {"silent=1\nsay=xxKTRUI.exexx\n", true},
+                                 // The list itself ignores the case.
+                                 {"root=nowhere\nshow=ktrui.exe\n", false},
+                                 {"root=nowhere\nshow=KTRUI.EXE\n", false},
+                                 {"root=nowhere\n", false}, // a message says so
+                                 {"silent=1\n", false},
+                                 {"silent=1\nsay=KTRUI.exe\nexit=1\n", true},
+                                 {"silent=1\nsay=KTRUI.exe\nkilled=1\n", true},
+                                 {"silent=1\nexit=1\n", false},
+                                 {"silent=1\ncomplain=KTRUI.exe\n", false}, // standard error
+                                 {"silent=1\nbytes=10485760\nsay=KTRUI.exe\n", true},
+                                 {"silent=1\nbytes=10485760\n", false}}) {
+        EXPECT_EQ(Shows(Query(answer.settings)), answer.shown) << answer.settings;
+    }
+    TaskListQuery missing = Query("silent=1\nsay=KTRUI.exe\n");
+    missing.program += ".missing";
+    EXPECT_FALSE(Shows(missing));
 }
 
 TEST_F(TaskList, FindsTheNameBehindAZeroByte)
 {
-    const QString name = "KTRUI.exe";
-    EXPECT_TRUE(ContainsImage(QByteArray("a\0\0KTRUI.exe", 12), name));
-    EXPECT_FALSE(ContainsImage(QByteArray("a\0KTRUI\0.exe", 12), name));
-}
-
-TEST_F(TaskList, ComparesLettersExactly)
-{
-    // The list itself does not.
-    EXPECT_FALSE(Shows(Query("root=nowhere\nshow=ktrui.exe\n")));
-    EXPECT_FALSE(Shows(Query("root=nowhere\nshow=KTRUI.EXE\n")));
-}
-
-TEST_F(TaskList, NoMatchingTaskIsNo)
-{
-    EXPECT_FALSE(Shows(Query("root=nowhere\n"))); // a message says so
-    EXPECT_FALSE(Shows(Query("silent=1\n")));
-}
-
-TEST_F(TaskList, CountsByItsOutputWhateverWayItEnded)
-{
-    EXPECT_TRUE(Shows(Query("silent=1\nsay=KTRUI.exe\nexit=1\n")));
-    EXPECT_TRUE(Shows(Query("silent=1\nsay=KTRUI.exe\nkilled=1\n")));
-    EXPECT_FALSE(Shows(Query("silent=1\nexit=1\n")));
-}
-
-TEST_F(TaskList, StandardErrorDoesNotCount)
-{
-    EXPECT_FALSE(Shows(Query("silent=1\ncomplain=KTRUI.exe\n")));
-}
-
-TEST_F(TaskList, AQueryThatCannotBeStartedIsNo)
-{
-    TaskListQuery query = Query("silent=1\nsay=KTRUI.exe\n");
-    query.program += ".missing";
-    EXPECT_FALSE(Shows(query));
+    EXPECT_TRUE(ContainsImage(QByteArray("a\0\0KTRUI.exe", 12), "KTRUI.exe"));
+    EXPECT_FALSE(ContainsImage(QByteArray("a\0KTRUI\0.exe", 12), "KTRUI.exe"));
 }
 
 TEST_F(TaskList, DecodesUtf8)
@@ -138,12 +120,6 @@ TEST_F(TaskList, DecodesUtf8)
     const QString name = QString::fromUtf8("\303\234n\303\257.exe");
     EXPECT_TRUE(IsInTaskList(name, Query("silent=1\nsay=%C3%9Cn%C3%AF.exe\n")));
     EXPECT_FALSE(IsInTaskList(name, Query("silent=1\nsay=%DCn%EF.exe\n"))) << "in Latin-1";
-}
-
-TEST_F(TaskList, ReadsTenMebibytesWithoutADeadlock)
-{
-    EXPECT_TRUE(Shows(Query("silent=1\nbytes=10485760\nsay=KTRUI.exe\n")));
-    EXPECT_FALSE(Shows(Query("silent=1\nbytes=10485760\n")));
 }
 
 TEST_F(TaskList, AQueryThatHangsIsEndedWhenItsTimeIsOver)
@@ -155,7 +131,9 @@ TEST_F(TaskList, AQueryThatHangsIsEndedWhenItsTimeIsOver)
     EXPECT_FALSE(Shows(query));
     EXPECT_EQ(LogWatch::NewLines(), QStringList());
     EXPECT_GE(elapsed.elapsed(), 2900);
-    EXPECT_TRUE(contract::WaitUntil([this] { return !QueryRuns(); })) << "it outlived its time";
+    EXPECT_TRUE(contract::WaitUntil([this] {
+        return !contract::IsImageRunning(fake_.Program().filename().wstring());
+    })) << "it outlived its time";
 }
 
 TEST_F(TaskList, WhatAHangingQueryHasPrintedCounts)

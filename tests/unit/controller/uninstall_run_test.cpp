@@ -18,12 +18,6 @@ const char *const kAsk = "ask uninstall.exe";
 class UninstallRun : public testing::Test
 {
 protected:
-    // One tick as the timer makes it.
-    void Tick()
-    {
-        QMetaObject::invokeMethod(&manager_, "slotTimeOut", Qt::DirectConnection);
-    }
-
     // The controller's only timer is its member, hence not a child: seen by its effect. Another
     // timer of twice its interval has fired twice by the end: one that runs would have, too.
     bool TimerTicks()
@@ -40,7 +34,8 @@ protected:
 
     static QString Start()
     {
-        return QString("start %1/uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::currentPath());
+        const QString program = QDir::cleanPath(QDir::currentPath() + "/uninstall.exe");
+        return QString("start %1 [/SP-|/VERYSILENT]").arg(program);
     }
 
     FakeEnvironment world_;
@@ -57,12 +52,19 @@ TEST_F(UninstallRun, SeenAtOnceStartsTheTimerWithoutAPause)
     EXPECT_TRUE(TimerTicks());
 }
 
-TEST_F(UninstallRun, AsksThenSleepsThenLetsEventsThrough)
+TEST_F(UninstallRun, PollsTwentyFiveTimesWithASleepAndEventsBetween)
 {
-    world_.PollsAnswer({false, false, true});
+    const QStringList poll = {kAsk, "sleep 200", "pump"};
+    QStringList expected = {Start()};
+    QList<bool> answers;
+    for (int count = 1; count < 25; ++count) {
+        expected += poll;
+        answers << false;
+    }
+    world_.PollsAnswer(answers << true);
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked(),
-              (QStringList{Start(), kAsk, "sleep 200", "pump", kAsk, "sleep 200", "pump", kAsk}));
+    EXPECT_EQ(world_.Asked(), expected + QStringList{kAsk});
+    EXPECT_TRUE(TimerTicks()) << "seen at the last poll";
 }
 
 TEST_F(UninstallRun, NeverSeenGivesUpAfterTwentyFivePollsWithoutASignal)
@@ -70,54 +72,30 @@ TEST_F(UninstallRun, NeverSeenGivesUpAfterTwentyFivePollsWithoutASignal)
     world_.PollsAnswer({false});
     manager_.doUninstall();
     EXPECT_EQ(world_.Asked().filter(kAsk).size(), 25);
-    EXPECT_EQ(world_.Asked().filter("sleep 200").size(), 25);
-    EXPECT_EQ(world_.Asked().filter("pump").size(), 25);
     EXPECT_EQ(world_.Asked().size(), 1 + 25 * 3);
     EXPECT_EQ(manager_.getValProgress(), 0);
     EXPECT_EQ(changed_.count(), 0);
     EXPECT_FALSE(TimerTicks());
 }
 
-TEST_F(UninstallRun, SeenAtTheTwentyFifthPollStillCounts)
-{
-    QList<bool> answers;
-    for (int poll = 0; poll < 24; ++poll) {
-        answers << false;
-    }
-    world_.PollsAnswer(answers << true);
-    manager_.doUninstall();
-    EXPECT_TRUE(TimerTicks());
-}
-
-TEST_F(UninstallRun, TheWorkingDirectoryNamesTheUninstaller)
+TEST_F(UninstallRun, TheUninstallerLiesInTheWorkingDirectory)
 {
     const QString before = QDir::currentPath();
     const QTemporaryDir elsewhere;
-    ASSERT_TRUE(QDir::setCurrent(elsewhere.path()));
     world_.PollsAnswer({true});
-    manager_.doUninstall();
-    EXPECT_EQ(world_.Asked().first(), Start());
-    EXPECT_TRUE(world_.Asked().first().contains(QDir(elsewhere.path()).dirName()));
+    for (const QString &folder : {elsewhere.path(), QDir::rootPath()}) {
+        ASSERT_TRUE(QDir::setCurrent(folder));
+        world_.Forget();
+        manager_.doUninstall();
+        EXPECT_EQ(world_.Asked().first(), Start());
+    }
     QDir::setCurrent(before);
-}
-
-TEST_F(UninstallRun, PathOfTheUninstallerInTheRootFolderHasOneSeparator)
-{
-    const QString before = QDir::currentPath();
-    ASSERT_TRUE(QDir::setCurrent(QDir::rootPath()));
-    world_.PollsAnswer({true});
-    manager_.doUninstall();
-    QDir::setCurrent(before);
-    ASSERT_TRUE(QDir::rootPath().endsWith('/'));
-    EXPECT_EQ(world_.Asked().first(),
-              QString("start %1uninstall.exe [/SP-|/VERYSILENT]").arg(QDir::rootPath()));
 }
 
 TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
 {
     world_.PollsAnswer({true});
     manager_.doUninstall();
-    world_.Forget();
     QElapsedTimer sinceStart;
     sinceStart.start();
     ASSERT_TRUE(QTest::qWaitFor([this] { return changed_.count() > 0; }, 60000));
@@ -143,63 +121,58 @@ TEST_F(UninstallRun, IsNotGuardedAgainstASecondCall)
     manager_.doUninstall();
     manager_.doUninstall();
     EXPECT_EQ(world_.Asked(), (QStringList{Start(), kAsk, Start(), kAsk}));
-    Tick();
-    EXPECT_EQ(manager_.getValProgress(), 1);
 }
 
-TEST_F(UninstallRun, ClimbsByOneHoldsAtNinetyNineAndEndsOnce)
+struct Step
 {
-    world_.PollsAnswer({true});
-    for (int tick = 1; tick <= 99; ++tick) {
-        Tick();
-        ASSERT_EQ(manager_.getValProgress(), tick);
-    }
-    for (int tick = 0; tick < 5; ++tick) {
-        Tick();
-        ASSERT_EQ(manager_.getValProgress(), 99);
-    }
-    EXPECT_EQ(changed_.count(), 104);
-    world_.PollsAnswer({false});
-    Tick();
-    EXPECT_EQ(manager_.getValProgress(), 100);
-    EXPECT_EQ(changed_.count(), 105);
-}
+    int before;
+    bool running;
+    int after;
+    int changes;
+};
 
-TEST_F(UninstallRun, EachTickAsksOnce)
+// No branch covers values past the end.
+TEST_F(UninstallRun, ATickAsksOnceAndAnnouncesTheProgressUpToTheEnd)
 {
-    for (const int value : {0, 98, 99, 100}) {
-        for (const bool running : {true, false}) {
-            manager_.setValProgress(value);
-            world_.PollsAnswer({running});
-            world_.Forget();
-            Tick();
-            EXPECT_EQ(world_.Asked(), QStringList{kAsk}) << value << running;
-        }
+    for (const Step &step : {Step{0, true, 1, 1},
+                             {98, true, 99, 1},
+                             {99, true, 99, 1},
+                             {99, false, 100, 1},
+                             {0, false, 100, 1},
+                             {150, true, 150, 0},
+                             {150, false, 100, 1}}) {
+        manager_.setValProgress(step.before);
+        changed_.clear();
+        world_.PollsAnswer({step.running});
+        world_.Forget();
+        QMetaObject::invokeMethod(&manager_, "slotTimeOut", Qt::DirectConnection);
+        EXPECT_EQ(manager_.getValProgress(), step.after) << step.before;
+        EXPECT_EQ(changed_.count(), step.changes) << step.before;
+        EXPECT_EQ(world_.Asked(), QStringList{kAsk});
     }
 }
 
 TEST_F(UninstallRun, ATickReadsTheProgressBeforeItAsks)
 {
-    UninstallEnvironment environment = world_.Environment();
-    CUninstallMgr *asking = nullptr;
-    environment.isProcessRunning = [&asking](const QString &) {
-        asking->setValProgress(50);
-        return true;
+    world_.PollsAnswer({true});
+    world_.onAsked = [this](const QString &) {
+        manager_.setValProgress(50);
     };
-    CUninstallMgr manager(environment);
-    asking = &manager;
-    QMetaObject::invokeMethod(&manager, "slotTimeOut", Qt::DirectConnection);
-    EXPECT_EQ(manager.getValProgress(), 1);
+    QMetaObject::invokeMethod(&manager_, "slotTimeOut", Qt::DirectConnection);
+    EXPECT_EQ(manager_.getValProgress(), 1);
 }
 
 TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
 {
-    world_.PollsAnswer({true, false});
-    manager_.doUninstall();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return manager_.getValProgress() == 100; }, 60000));
-    EXPECT_EQ(changed_.count(), 1);
-    EXPECT_FALSE(TimerTicks());
-    EXPECT_EQ(changed_.count(), 1);
+    for (const int before : {0, 150}) {
+        world_.PollsAnswer({true, false});
+        manager_.setValProgress(before);
+        changed_.clear();
+        manager_.doUninstall();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return manager_.getValProgress() == 100; }, 60000));
+        EXPECT_FALSE(TimerTicks());
+        EXPECT_EQ(changed_.count(), 1);
+    }
 }
 
 // Seen by a run that begins when the end is announced: a timer stopped later would stop that run.
@@ -216,25 +189,6 @@ TEST_F(UninstallRun, TheTimerHasStoppedWhenTheEndIsAnnounced)
     });
     manager_.doUninstall();
     EXPECT_TRUE(QTest::qWaitFor([this] { return manager_.getValProgress() == 1; }, 10000));
-}
-
-TEST_F(UninstallRun, BeyondTheEndTheUninstallersAbsenceStillEndsIt)
-{
-    world_.PollsAnswer({true, false});
-    manager_.setValProgress(150);
-    manager_.doUninstall();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return manager_.getValProgress() == 100; }, 60000));
-    EXPECT_FALSE(TimerTicks());
-}
-
-// No branch covers values past the end.
-TEST_F(UninstallRun, BeyondTheEndNothingIsSet)
-{
-    world_.PollsAnswer({true});
-    manager_.setValProgress(150);
-    Tick();
-    EXPECT_EQ(manager_.getValProgress(), 150);
-    EXPECT_EQ(changed_.count(), 1);
 }
 
 } // namespace

@@ -40,6 +40,13 @@ TEST(ActivationRequest, NamesAPagerAsItsSource)
     EXPECT_EQ(requests, 1);
 }
 
+TEST(XWindow, ANumberOfMoreThan32BitsIsNone)
+{
+    const contract::TestWindow window = contract::OpenWindow();
+    EXPECT_TRUE(platform::WindowExists(window.handle));
+    EXPECT_FALSE(platform::WindowExists(window.handle + (1ULL << 32U)));
+}
+
 TEST(NoDisplay, HasNoWindowsAndNoShadows)
 {
     for (const char *name : {"", "nonsense", "unix:/nowhere/socket:0"}) {
