@@ -42,6 +42,7 @@ TEST(ProfileContract, ReadsOneValueAsWindowsDoes)
              {"double quotes", start + "\"19.2\"\r\n", L"19.2"},
              {"single quotes", start + "'19.2'\r\n", L"19.2"},
              {"spaces in quotes", start + "\" 19.2 \"\r\n", L" 19.2 "},
+             {"a second section", "[main]\r\na=1\r\n[main]\r\nversionNo=2\r\n", L"18.0"},
              {"an equals sign", start + "19=2\r\n", L"19=2"},
              {"what just fits", start + digits + "\r\n", std::wstring(99, L'7')},
              {"what is longer", start + digits + "88\r\n", std::wstring(99, L'7')},

@@ -21,41 +21,37 @@ constexpr const char *kDownload = "Software\\TORVAN\\KTR_dd";
 class ProductFacts : public testing::Test
 {
 protected:
+    static void Expect(const char *oem, const char *xurlId, const char *language)
+    {
+        EXPECT_EQ(GetOemName(), oem);
+        EXPECT_EQ(GetXurlId(), xurlId);
+        EXPECT_EQ(GetProductLanguage(), language);
+    }
+
     contract::RegistryValues values;
 };
 
-TEST_F(ProductFacts, AreEmptyWithoutTheirKeys)
+TEST_F(ProductFacts, AreReadFromTheirPlacesEachTimeAndEmptyWithoutKeyOrValue)
 {
-    EXPECT_EQ(GetOemName(), "");
-    EXPECT_EQ(GetXurlId(), "");
-    EXPECT_EQ(GetProductLanguage(), "");
-}
-
-TEST_F(ProductFacts, AreEmptyWithoutTheirValues)
-{
+    Expect("", "", "");
     values.Create(kVersion);
     values.Create(kDownload);
-    EXPECT_EQ(GetOemName(), "");
-    EXPECT_EQ(GetXurlId(), "");
-    EXPECT_EQ(GetProductLanguage(), "");
-}
-
-TEST_F(ProductFacts, AreReadFromTheirPlaces)
-{
+    Expect("", "", "");
     values.SetText(kVersion, "OEM", "acme");
-    values.SetText(kDownload32, "xurlID", "5521");
+    values.SetText(kDownload, "xurlID", "5521");
     values.SetText(kProduct, "Language", "English");
-    EXPECT_EQ(GetOemName(), "acme");
-    EXPECT_EQ(GetXurlId(), "5521");
-    EXPECT_EQ(GetProductLanguage(), "English");
+    Expect("acme", "5521", "English");
+    values.SetText(kVersion, "OEM", "two");
+    Expect("two", "5521", "English");
 }
 
-TEST_F(ProductFacts, AreReadAfreshEachTime)
+TEST_F(ProductFacts, TheSecondDownloadKeyIsForMachinesWithoutTheFirst)
 {
-    values.SetText(kVersion, "OEM", "one");
-    EXPECT_EQ(GetOemName(), "one");
-    values.SetText(kVersion, "OEM", "two");
-    EXPECT_EQ(GetOemName(), "two");
+    values.SetText(kDownload, "xurlID", "second");
+    values.Create(kDownload32);
+    EXPECT_EQ(GetXurlId(), "") << "the first key counts, even without the value";
+    values.SetText(kDownload32, "xurlID", "first");
+    EXPECT_EQ(GetXurlId(), "first");
 }
 
 // The thread sanitizer sees every shared buffer. Without it, only some races change a result.
@@ -88,84 +84,64 @@ TEST_F(ProductFacts, CanBeReadFromSeveralThreads)
     EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(ProductFacts, FitIntoTheirBuffer)
+struct Data
 {
-    values.SetText(kVersion, "OEM", std::string(257, 'x'));
-    EXPECT_EQ(GetOemName(), std::string(257, 'x')); // 258 bytes with the zero
-    values.SetText(kVersion, "OEM", std::string(259, 'x'));
-    EXPECT_EQ(GetOemName(), std::string(259, 'x')); // 260 bytes with the zero
-    values.SetText(kVersion, "OEM", std::string(260, 'x'));
-    EXPECT_EQ(GetOemName(), ""); // 261
-    // Not as a text, to which some systems add the zero themselves.
-    constexpr int kBinary = 3;
-    values.Set(kVersion, "OEM", std::string(260, 'x'), kBinary);
-    EXPECT_EQ(GetOemName(), std::string(260, 'x')); // 260 without a zero
-    values.Set(kVersion, "OEM", std::string(261, 'x'), kBinary);
-    EXPECT_EQ(GetOemName(), "");
-}
-
-TEST_F(ProductFacts, EndAtTheFirstZeroWhateverTheType)
-{
-    values.Set(kVersion, "OEM", std::string("ab\0cd\0", 6));
-    EXPECT_EQ(GetOemName(), "ab");
-    constexpr int kNumber = 4;
-    values.Set(kProduct, "Language", std::string("N\0\0\0", 4), kNumber);
-    EXPECT_EQ(GetProductLanguage(), "N");
-    values.SetText(kProduct, "Language", "");
-    EXPECT_EQ(GetProductLanguage(), "");
-}
-
-TEST_F(ProductFacts, TheSecondDownloadKeyIsForMachinesWithoutTheFirst)
-{
-    values.SetText(kDownload, "xurlID", "second");
-    EXPECT_EQ(GetXurlId(), "second");
-    values.Create(kDownload32);
-    EXPECT_EQ(GetXurlId(), "") << "the first key counts, even without the value";
-    values.SetText(kDownload32, "xurlID", "first");
-    EXPECT_EQ(GetXurlId(), "first");
-}
-
-class ConfigVersion : public testing::Test
-{
-protected:
-    // A folder in the place of the executable, which a real one leaves no room for.
-    std::wstring Read(const std::string &content)
-    {
-        const auto executable = folder / contract::UniqueName("app.exe");
-        std::filesystem::create_directory(executable);
-        contract::WriteFile(executable / "config.ini", content);
-        return ConfigVersionNoOf(executable.wstring());
-    }
-
-    contract::ScratchFolder folder;
+    std::string bytes;
+    int type; ///< of the registry: 1 text, to which some systems add the zero, 3 binary, 4 number
+    std::string fact;
 };
 
-TEST_F(ConfigVersion, IsTheDefaultForARealExecutable)
+TEST_F(ProductFacts, EndAtTheFirstZeroAndFitInto260Bytes)
+{
+    const auto text = [](std::size_t size) {
+        return std::string(size, 'x');
+    };
+    for (const Data &data : {Data{text(257) + '\0', 1, text(257)},
+                             {text(259) + '\0', 1, text(259)},
+                             {text(260) + '\0', 1, ""},
+                             {text(260), 3, text(260)},
+                             {text(261), 3, ""},
+                             {std::string("ab\0cd\0", 6), 1, "ab"},
+                             {std::string("N\0\0\0", 4), 4, "N"},
+                             {std::string(1, '\0'), 1, ""}}) {
+        values.Set(kVersion, "OEM", data.bytes, data.type);
+        EXPECT_EQ(GetOemName(), data.fact) << data.bytes.size() << " bytes";
+    }
+}
+
+struct Config
+{
+    std::string content;
+    std::wstring version;
+};
+
+TEST(ConfigVersion, IsReadFromBeneathTheExecutableAndCutAt99Characters)
+{
+    const contract::ScratchFolder folder;
+    for (const Config &config :
+         {Config{"[main]\r\nversionNo=19.2.1\r\n", L"19.2.1"},
+          {"[main]\r\nversionNo=\" 20 \"\r\n", L" 20 "},
+          {"[main]\r\nother=1\r\n", L"18.0"},
+          {"[Main]\r\nVersionNo=21\r\n", L"21"},
+          {"[main]\r\nversionNo=\r\n", L""},
+          {"[main]\r\nversionNo=" + std::string(99, '7') + "\r\n", std::wstring(99, L'7')},
+          {"[main]\r\nversionNo=" + std::string(100, '7') + "\r\n", std::wstring(99, L'7')}}) {
+        // A folder in the place of the executable, which a real one leaves no room for.
+        const auto executable = folder / contract::UniqueName("app.exe");
+        std::filesystem::create_directory(executable);
+        contract::WriteFile(executable / "config.ini", config.content);
+        EXPECT_EQ(ConfigVersionNoOf(executable.wstring()), config.version) << config.content;
+    }
+}
+
+TEST(ConfigVersion, IsTheDefaultForARealExecutable)
 {
     EXPECT_EQ(GetConfigVersionNo(), L"18.0");
-    const auto executable = folder / "app.exe";
-    contract::WriteFile(executable, "x");
+    const contract::ScratchFolder folder;
+    contract::WriteFile(folder / "app.exe", "x");
     // Beside it does not count.
     contract::WriteFile(folder / "config.ini", "[main]\r\nversionNo=19.0\r\n");
-    EXPECT_EQ(ConfigVersionNoOf(executable.wstring()), L"18.0");
-}
-
-TEST_F(ConfigVersion, IsReadFromBeneathTheExecutable)
-{
-    EXPECT_EQ(Read("[main]\r\nversionNo=19.2.1\r\n"), L"19.2.1");
-    EXPECT_EQ(Read("[main]\r\nversionNo=\" 20 \"\r\n"), L" 20 ");
-    EXPECT_EQ(Read("[main]\r\nother=1\r\n"), L"18.0");
-    EXPECT_EQ(Read("[Main]\r\nVersionNo=21\r\n"), L"21");
-}
-
-TEST_F(ConfigVersion, MayBeEmptyAndIsCutAt99Characters)
-{
-    EXPECT_EQ(Read("[main]\r\nversionNo=\r\n"), L"");
-    for (const std::size_t length : {99U, 100U, 101U}) {
-        EXPECT_EQ(Read("[main]\r\nversionNo=" + std::string(length, '7') + "\r\n"),
-                  std::wstring(99, L'7'))
-            << length;
-    }
+    EXPECT_EQ(ConfigVersionNoOf((folder / "app.exe").wstring()), L"18.0");
 }
 
 } // namespace

@@ -3,11 +3,7 @@
 
 namespace {
 
-QString Text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
+/// Name and value of each pair.
 std::string Shown(const UsageEventPairs &pairs)
 {
     std::string shown;
@@ -18,88 +14,67 @@ std::string Shown(const UsageEventPairs &pairs)
     return shown;
 }
 
-std::string Composed(const char *window,
-                     const char *activity,
-                     const char *attribute = "",
-                     const char *source = "")
-{
-    return Shown(ComposeUsageEvent(Text(window), Text(activity), Text(attribute), Text(source)));
-}
-
 TEST(UsageEvent, HasTwoToFourPairsInTheirOrder)
 {
-    EXPECT_EQ(Composed("A", "B"), "Window=[A]Activity=[B]");
-    EXPECT_EQ(Composed("A", "B", "", "D"), "Window=[A]Source=[D]Activity=[B]");
-    EXPECT_EQ(Composed("A", "B", "{}"), "Window=[A]Activity=[B]Attribute=[{}]");
-    EXPECT_EQ(Composed("A", "B", "[]", "D"), "Window=[A]Source=[D]Activity=[B]Attribute=[[]]");
+    EXPECT_EQ(Shown(ComposeUsageEvent("A", "B", "", "")), "Window=[A]Activity=[B]");
+    EXPECT_EQ(Shown(ComposeUsageEvent("A", "B", "", "D")), "Window=[A]Source=[D]Activity=[B]");
+    EXPECT_EQ(Shown(ComposeUsageEvent("A", "B", "{}", "")), "Window=[A]Activity=[B]Attribute=[{}]");
+    EXPECT_EQ(Shown(ComposeUsageEvent("A", "B", "[]", "D")),
+              "Window=[A]Source=[D]Activity=[B]Attribute=[[]]");
+    EXPECT_EQ(Shown(ComposeUsageEvent("", "", "", "")), "Window=[]Activity=[]");
+    EXPECT_EQ(Shown(ComposeUsageEvent({}, {}, {}, {})), "Window=[]Activity=[]");
 }
 
-TEST(UsageEvent, EmptyWindowAndActivityAreStillThere)
+std::string AttributeOf(const QString &given)
 {
-    EXPECT_EQ(Composed("", ""), "Window=[]Activity=[]");
-    EXPECT_EQ(Shown(ComposeUsageEvent(QString(), QString(), QString(), QString())),
-              "Window=[]Activity=[]");
-}
-
-struct Attribute
-{
-    const char *given;
-    const char *sent;
-};
-
-std::string AttributeOf(const char *given)
-{
-    const UsageEventPairs pairs = ComposeUsageEvent(Text("w"), Text("a"), Text(given), QString());
+    const UsageEventPairs pairs = ComposeUsageEvent("w", "a", given, "");
     return QString::fromStdU16String(pairs.back().second).toStdString();
 }
 
 TEST(UsageEvent, AJsonDocumentStaysAsItIsToTheByte)
 {
-    for (const char *document : {
-             R"({"url":"https://a.example/?x=1&y=2"})",
-             "{}",
-             "[]",
-             " { \"a\" : 1 }\n",
-             R"({"a":1,"a":2})",
-             R"(["\u00e9", null, true])",
-             "{\"a\":\"\xC3\xA9\"}",
-         }) {
+    for (const char *document : {R"({"url":"https://a.example/?x=1&y=2"})",
+                                 "{}",
+                                 "[]",
+                                 " { \"a\" : 1 }\n",
+                                 R"({"a":1,"a":2})",
+                                 R"(["\u00e9", null, true])",
+                                 "{\"a\":\"\xC3\xA9\"}"}) {
         EXPECT_EQ(AttributeOf(document), document);
     }
 }
 
+struct Attribute
+{
+    std::string given;
+    std::string escaped;
+};
+
 TEST(UsageEvent, AnythingElseIsWrapped)
 {
-    for (const Attribute &attribute : {
-             Attribute{"hello", R"({"attribute":"hello"})"},
-             Attribute{R"(say "hello")", R"({"attribute":"say \"hello\""})"},
-             Attribute{"1", R"({"attribute":"1"})"},
-             Attribute{"true", R"({"attribute":"true"})"},
-             Attribute{"null", R"({"attribute":"null"})"},
-             Attribute{R"("text")", R"({"attribute":"\"text\""})"},
-             Attribute{"{}x", R"({"attribute":"{}x"})"},
-             Attribute{"{'a':1}", R"({"attribute":"{'a':1}"})"},
-             Attribute{R"({"a":1,})", R"({"attribute":"{\"a\":1,}"})"},
-             Attribute{" ", R"({"attribute":" "})"},
-             Attribute{"a\nb\tc\\", R"({"attribute":"a\nb\tc\\"})"},
-             Attribute{"\xC3\xA9\xF0\x9F\x98\x80", "{\"attribute\":\"\xC3\xA9\xF0\x9F\x98\x80\"}"},
-         }) {
-        EXPECT_EQ(AttributeOf(attribute.given), attribute.sent) << attribute.given;
+    const std::string deep = std::string(3000, '[') + std::string(3000, ']');
+    for (const Attribute &attribute : {Attribute{"hello", "hello"},
+                                       {R"(say "hello")", R"(say \"hello\")"},
+                                       {"1", "1"},
+                                       {"true", "true"},
+                                       {"null", "null"},
+                                       {R"("text")", R"(\"text\")"},
+                                       {"{}x", "{}x"},
+                                       {"{'a':1}", "{'a':1}"},
+                                       {R"({"a":1,})", R"({\"a\":1,})"},
+                                       {" ", " "},
+                                       {"a\nb\tc\\", R"(a\nb\tc\\)"},
+                                       {"\xC3\xA9\xF0\x9F\x98\x80", "\xC3\xA9\xF0\x9F\x98\x80"},
+                                       {deep, deep}}) { // deeper than a document may be
+        EXPECT_EQ(AttributeOf(QString::fromStdString(attribute.given)),
+                  R"({"attribute":")" + attribute.escaped + R"("})");
     }
 }
 
-TEST(UsageEvent, DeepNestingIsNoDocumentAndIsWrapped)
+// Half a surrogate pair has no UTF-8: JSON has a form for it.
+TEST(UsageEvent, ALoneSurrogateIsWrapped)
 {
-    const std::string deep = std::string(3000, '[') + std::string(3000, ']');
-    EXPECT_EQ(AttributeOf(deep.c_str()), "{\"attribute\":\"" + deep + "\"}");
-}
-
-// A half of a pair has no UTF-8: JSON has a form for it.
-TEST(UsageEvent, ALoneSurrogateArrives)
-{
-    const QString text = QString("before") + QChar(0xD83D) + "after";
-    const UsageEventPairs pairs = ComposeUsageEvent(Text("w"), Text("a"), text, QString());
-    EXPECT_EQ(QString::fromStdU16String(pairs.back().second),
+    EXPECT_EQ(AttributeOf(QString("before") + QChar(0xD83D) + "after"),
               R"({"attribute":"before\ud83dafter"})");
 }
 
@@ -127,9 +102,9 @@ TEST_F(UsageEventSend, OnlyTwoToFivePairsAreSent)
 // No library lies beside this program.
 TEST_F(UsageEventSend, WithoutALibraryNothingHappens)
 {
-    SendUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S"));
+    SendUsageEvent("W", "A", "{}", "S");
     TelemetryBinding unbound;
-    SendPairs(unbound, ComposeUsageEvent(Text("W"), Text("A"), Text("{}"), Text("S")));
+    SendPairs(unbound, ComposeUsageEvent("W", "A", "{}", "S"));
     EXPECT_EQ(library.NewNotes(), Notes{});
 }
 

@@ -4,48 +4,40 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <string>
-
 namespace {
 
-// A letter of Latin-1, and one of no 8-bit code page that has it.
-const QString kText = QString::fromUtf8("\xC3\xA9\xE6\x97\xA5");
-
-TEST(ConvertText, EncodingNamesIgnoreCase)
+struct Encoding
 {
-    for (const char *name : {"Latin", "LATIN", "latin", "lAtIn"}) {
-        EXPECT_EQ(ConvertText(kText, name), "\xE9?") << name;
-    }
-    for (const char *name : {"Local8Bit", "LOCAL8BIT", "local8bit"}) {
-        EXPECT_EQ(ConvertText(kText, name), std::string(kText.toLocal8Bit().constData())) << name;
-    }
-}
+    const char *name;
+    const char *converted;
+};
 
-TEST(ConvertText, Local8BitIsTheSystemsOwn)
+TEST(ConvertText, TheNameOfTheEncodingIgnoresCaseAndAnyOtherNameMeansUtf8)
 {
     QTextCodec *const before = QTextCodec::codecForLocale();
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
-    EXPECT_EQ(ConvertText(QString::fromUtf8("\xE2\x82\xAC"), "Local8Bit"), "\xA4");
-    EXPECT_EQ(ConvertText(QString::fromUtf8("\xE2\x82\xAC"), "Latin"), "?");
+    // A letter of both 8-bit encodings, one of the local one only, and one of neither.
+    const QString letters = "\xC3\xA9\xE2\x82\xAC\xE6\x97\xA5";
+    const char *const utf8 = "\xC3\xA9\xE2\x82\xAC\xE6\x97\xA5";
+    for (const Encoding &encoding : {Encoding{"Latin", "\xE9??"},
+                                     {"LATIN", "\xE9??"},
+                                     {"lAtIn", "\xE9??"},
+                                     {"Local8Bit", "\xE9\xA4?"},
+                                     {"LOCAL8BIT", "\xE9\xA4?"},
+                                     {"local8bit", "\xE9\xA4?"},
+                                     {"Utf8", utf8},
+                                     {"UTF8", utf8},
+                                     {"Latin1", utf8},
+                                     {"Latin ", utf8},
+                                     {"klingon", utf8},
+                                     {"", utf8}}) {
+        EXPECT_EQ(ConvertText(letters, encoding.name), encoding.converted) << encoding.name;
+        // It stops at the first zero in every encoding.
+        EXPECT_EQ(ConvertText(QString("ab") + QChar(0) + "cd", encoding.name), "ab");
+        EXPECT_EQ(ConvertText(QChar(0), encoding.name), "");
+        EXPECT_EQ(ConvertText(QString(), encoding.name), "");
+    }
     QTextCodec::setCodecForLocale(before);
-}
-
-TEST(ConvertText, EverythingElseIsUtf8)
-{
-    for (const char *name : {"Utf8", "utf8", "UTF8", "Latin1", "Latin ", "klingon", ""}) {
-        EXPECT_EQ(ConvertText(kText, name), "\xC3\xA9\xE6\x97\xA5") << name;
-    }
-}
-
-TEST(ConvertText, StopsAtTheFirstZeroInEveryEncoding)
-{
-    const QString text = QString("ab") + QChar(0) + "cd";
-    for (const char *name : {"Utf8", "Latin", "Local8Bit"}) {
-        EXPECT_EQ(ConvertText(text, name), "ab") << name;
-        EXPECT_EQ(ConvertText(QString(QChar(0)), name), "") << name;
-        EXPECT_EQ(ConvertText(QString(), name), "") << name;
-    }
 }
 
 } // namespace
