@@ -1,10 +1,7 @@
 #include "app/window_handle_file.h"
 #include "platform/text.h"
+#include "tests/unit/platform/support/system.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
@@ -13,23 +10,6 @@
 #include <sstream>
 
 namespace {
-
-class WindowHandleFile : public testing::Test
-{
-protected:
-    QByteArray Read()
-    {
-        QFile file(path_);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void TearDown() override
-    {
-        RemoveWindowHandleFile();
-    }
-
-    const QString path_ = QCoreApplication::applicationDirPath() + "/hwndFile.ini";
-};
 
 TEST(WindowHandleFilePath, ReplacesTheNameOfTheExecutable)
 {
@@ -55,55 +35,62 @@ TEST(WindowHandleInAFile, IsTheFirstEightBytesAndNoneWhenThereAreFewer)
     }
 }
 
+class WindowHandleFile : public testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        RemoveWindowHandleFile();
+    }
+
+    /// The handle of the window that is shown and published.
+    quint64 Publish()
+    {
+        engine_.loadData("import QtQuick.Window 2.14\nWindow {}");
+        PublishWindowHandle(engine_);
+        return qobject_cast<QQuickWindow *>(engine_.rootObjects().value(0))->winId();
+    }
+
+    const std::filesystem::path path_ = contract::ExecutablePath().parent_path() / "hwndFile.ini";
+    QQmlApplicationEngine engine_;
+};
+
 TEST_F(WindowHandleFile, LiesBesideTheExecutable)
 {
-    EXPECT_EQ(QString::fromLocal8Bit(GetHwndFilePath().c_str()), QDir::toNativeSeparators(path_));
+    EXPECT_EQ(GetHwndFilePath(), path_.string());
 }
 
 TEST_F(WindowHandleFile, HoldsTheHandleInEightBytesAndGoesAway)
 {
     // An older and longer file is replaced, not overwritten in part.
-    QFile old(path_);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write("twelve bytes");
-    old.close();
-
-    QQmlApplicationEngine engine;
-    engine.loadData("import QtQuick.Window 2.14\nWindow {}");
-    ASSERT_EQ(engine.rootObjects().size(), 1);
-    PublishWindowHandle(engine);
-
-    quint64 handle = qobject_cast<QQuickWindow *>(engine.rootObjects().first())->winId();
+    contract::WriteFile(path_, "twelve bytes");
+    quint64 handle = Publish();
     ASSERT_NE(handle, 0U);
-    QByteArray littleEndian;
+    std::string littleEndian;
     for (int byte = 0; byte < 8; ++byte) {
-        littleEndian.append(static_cast<char>(handle & 0xFFU));
+        littleEndian += static_cast<char>(handle & 0xFFU);
         handle >>= 8U;
     }
-    EXPECT_EQ(Read(), littleEndian);
-
+    EXPECT_EQ(contract::ReadFile(path_), littleEndian);
     RemoveWindowHandleFile();
-    EXPECT_FALSE(QFile::exists(path_));
+    EXPECT_FALSE(std::filesystem::exists(path_));
     RemoveWindowHandleFile();
 }
 
 TEST_F(WindowHandleFile, WhatCannotBeWrittenReadOrDeletedDoesNoHarm)
 {
-    ASSERT_TRUE(QDir().mkpath(path_ + "/occupied"));
-    QQmlApplicationEngine engine;
-    engine.loadData("import QtQuick.Window 2.14\nWindow {}");
-    PublishWindowHandle(engine);
+    ASSERT_TRUE(std::filesystem::create_directories(path_ / "occupied"));
+    Publish();
     ActivateRunningInstance();
     RemoveWindowHandleFile();
-    EXPECT_TRUE(QFileInfo(path_).isDir());
-    QDir(path_).removeRecursively();
+    EXPECT_TRUE(std::filesystem::is_directory(path_));
+    std::filesystem::remove_all(path_);
 }
 
 TEST_F(WindowHandleFile, IsNotWrittenWithoutAWindow)
 {
-    const QQmlApplicationEngine engine;
-    PublishWindowHandle(engine);
-    EXPECT_FALSE(QFile::exists(path_));
+    PublishWindowHandle(engine_);
+    EXPECT_FALSE(std::filesystem::exists(path_));
 }
 
 } // namespace

@@ -22,9 +22,10 @@ protected:
 
 TEST_F(LaunchContract, ArgumentsAreSplitAtSpacesOutsideQuotes)
 {
-    DetachedChild child(program_ + " first  \"second with spaces\" \"\" fourth \"C:/fifth one\"");
+    // Nothing else has a meaning: no shell reads the line.
+    DetachedChild child(program_ + " first  \"second with spaces\" \"\" $HOME ; `id` 'a");
     EXPECT_EQ(child.Ask({"arguments"}),
-              program_ + "\nfirst\nsecond with spaces\n\nfourth\nC:/fifth one\n");
+              program_ + "\nfirst\nsecond with spaces\n\n$HOME\n;\n`id`\n'a\n");
     EXPECT_EQ(DetachedChild(program_ + "  ").Ask({"arguments"}), program_ + '\n');
 }
 

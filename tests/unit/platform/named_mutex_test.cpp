@@ -1,7 +1,6 @@
-#include "platform/named_mutex.h"
 #include "tests/unit/platform/support/child.h"
+#include "tests/unit/platform/support/mutex_test.h"
 
-#include <gtest/gtest.h>
 #include <set>
 #include <utility>
 
@@ -10,31 +9,7 @@ namespace {
 using contract::StartedChild;
 using platform::NamedMutex;
 
-class NamedMutexContract : public testing::Test
-{
-protected:
-    NamedMutex Create()
-    {
-        return NamedMutex::Create({name_.begin(), name_.end()}, error_);
-    }
-
-    void ExpectFree()
-    {
-        EXPECT_TRUE(Create());
-        EXPECT_EQ(error_, platform::kErrorNone);
-    }
-
-    void ExpectExisting()
-    {
-        EXPECT_TRUE(Create()) << "a handle all the same";
-        EXPECT_EQ(error_, platform::kErrorAlreadyExists);
-    }
-
-    contract::ScratchFolder lockFolder_;
-    contract::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", lockFolder_.Path().string()};
-    std::string name_ = contract::UniqueName("ktr_contract_mutex");
-    std::uint32_t error_ = 4711;
-};
+using NamedMutexContract = contract::MutexTest;
 
 TEST_F(NamedMutexContract, ExistsWhileAHandleIsOpenReleasedOrNot)
 {
@@ -92,13 +67,7 @@ TEST_F(NamedMutexContract, OneThatMayNotBeOpenedIsAccessDenied)
 TEST_F(NamedMutexContract, AnyOtherFailureIsNeitherOfTheTwoCodes)
 {
     const auto obstructed = contract::ObstructMutex(name_, lockFolder_.Path());
-    EXPECT_FALSE(Create());
-    for (const std::uint32_t other : {platform::kErrorNone,
-                                      platform::kErrorAccessDenied,
-                                      platform::kErrorAlreadyExists,
-                                      4711U}) {
-        EXPECT_NE(error_, other);
-    }
+    ExpectAnotherFailure();
 }
 
 TEST_F(NamedMutexContract, AStartedProcessDoesNotInheritIt)

@@ -71,12 +71,6 @@ TEST_F(PosixLaunch, NoSignalIsBlockedOrIgnored)
     EXPECT_THAT(facts, HasSubstr("SigIgn:\t0000000000000000\n"));
 }
 
-TEST_F(PosixLaunch, NoShellReadsTheLine)
-{
-    EXPECT_EQ(DetachedChild(program_ + " $HOME * ; `id` 'a").Ask({"arguments"}),
-              program_ + "\n$HOME\n*\n;\n`id`\n'a\n");
-}
-
 TEST_F(PosixLaunch, AScriptRunsByItsFirstLine)
 {
     const std::string script = WriteScript("#!/bin/sh\nexec '" + program_ + "' \"$@\"\n");

@@ -1,10 +1,8 @@
-#include "platform/named_mutex.h"
-#include "tests/unit/platform/support/system.h"
+#include "tests/unit/platform/support/mutex_test.h"
 
 #include <array>
 #include <cstdlib>
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,22 +11,9 @@ namespace {
 
 using platform::NamedMutex;
 
-class PosixNamedMutex : public testing::Test
+class PosixNamedMutex : public contract::MutexTest
 {
 protected:
-    NamedMutex Create()
-    {
-        return NamedMutex::Create({name_.begin(), name_.end()}, error_);
-    }
-
-    void ExpectAnotherFailure()
-    {
-        EXPECT_FALSE(Create());
-        EXPECT_NE(error_, platform::kErrorNone);
-        EXPECT_NE(error_, platform::kErrorAccessDenied);
-        EXPECT_NE(error_, platform::kErrorAlreadyExists);
-    }
-
     static mode_t ModeOf(const std::filesystem::path &file)
     {
         return static_cast<mode_t>(std::filesystem::status(file).permissions());
@@ -46,11 +31,7 @@ protected:
         return -1;
     }
 
-    contract::ScratchFolder folder_;
-    contract::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", folder_.Path().string()};
-    std::string name_ = contract::UniqueName("ktr_contract_mutex");
-    std::filesystem::path file_ = folder_ / (name_ + ".lock");
-    std::uint32_t error_ = 4711;
+    std::filesystem::path file_ = lockFolder_ / (name_ + ".lock");
 };
 
 TEST_F(PosixNamedMutex, LockFileIsCreatedForAllToReadAndStays)
@@ -102,19 +83,18 @@ TEST_F(PosixNamedMutex, WithoutARuntimeFolderItLiesInTmp)
 TEST_F(PosixNamedMutex, APipeOfThatNameDoesNotBlock)
 {
     ASSERT_EQ(::mkfifo(file_.c_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_TRUE(Create());
-    EXPECT_EQ(error_, platform::kErrorNone);
+    ExpectFree();
 }
 
 TEST_F(PosixNamedMutex, ALinkThatLeadsNowhereAndAPathAreAnyOtherFailure)
 {
-    std::filesystem::create_symlink(folder_ / "missing/file", file_);
+    std::filesystem::create_symlink(lockFolder_ / "missing/file", file_);
     ExpectAnotherFailure();
-    std::filesystem::create_directory(folder_ / "below");
+    std::filesystem::create_directory(lockFolder_ / "below");
     const std::string other = contract::UniqueName("ktr_contract_mutex");
     name_ = "below/../" + other;
     ExpectAnotherFailure();
-    EXPECT_FALSE(std::filesystem::exists(folder_ / (other + ".lock")));
+    EXPECT_FALSE(std::filesystem::exists(lockFolder_ / (other + ".lock")));
 }
 
 // A process that was just forked, to start another program, still has every descriptor.
@@ -133,8 +113,7 @@ TEST_F(PosixNamedMutex, ClosingUnlocksAlsoWhileAForkedProcessSharesTheDescriptor
     ASSERT_GT(forked, 0);
     ::close(pipe[0]);
     mutex.Close();
-    mutex = Create();
-    EXPECT_EQ(error_, platform::kErrorNone);
+    ExpectFree();
     ::close(pipe[1]);
     EXPECT_EQ(::waitpid(forked, nullptr, 0), forked);
 }

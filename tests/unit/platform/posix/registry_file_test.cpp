@@ -27,46 +27,49 @@ std::string Text(const char *text)
     return std::string(text) + '\0';
 }
 
-TEST(RegistryFile, TextsHaveTheirEscapesUndoneAndATerminatingZero)
+struct Line
 {
-    EXPECT_EQ(Value("\"v\"=\"English\""), Text("English"));
-    EXPECT_EQ(Value("\"v\"=\"\""), Text(""));
-    EXPECT_EQ(Value("\"v\"=\"C:\\\\a \\\"b\\\"\""), Text("C:\\a \"b\""));
-    EXPECT_EQ(Value("\"v\"=\"\xC3\xA9\""), Text("\xC3\xA9"));
-    EXPECT_EQ(Value("\"v\"=\"two\nlines\""), Text("two\nlines"));
-    EXPECT_EQ(Value("\"\\\"\\\\\"=\"x\"\n\"v\"=\"y\""), Text("y"));
-}
+    std::string lines;
+    std::string data;
+};
 
-TEST(RegistryFile, NumbersAndBytesGiveTheirRawData)
+TEST(RegistryFile, ValuesGiveTheirRawDataAndWhatCannotBeReadIsLeftOut)
 {
-    EXPECT_EQ(Value("\"v\"=dword:0000004e"), std::string("N\0\0\0", 4));
-    EXPECT_EQ(Value("\"v\"=hex:61,62,00"), std::string("ab\0", 3));
-    EXPECT_EQ(Value("\"v\"=hex(1):61,00,62,00,00,00"), std::string("a\0b\0\0\0", 6));
-    EXPECT_EQ(Value("\"v\"=hex:61,\\\n  62,\\\r\n  63"), "abc");
-    EXPECT_EQ(Value("\"v\"=hex:"), "");
-    EXPECT_EQ(Value("\"v\"=HEX:61 ; a comment"), "a");
-}
-
-TEST(RegistryFile, WhatCannotBeReadIsLeftOut)
-{
-    for (const char *line : {"\"v\"",
-                             "\"v\"=",
-                             "\"v\"=x",
-                             "\"v\"=\"open",
-                             "\"v=\"x\"",
-                             "v=\"x\"",
-                             "\"v\"=dword:",
-                             "\"v\"=dword:xyz",
-                             "\"v\"=dword:100000000",
-                             "\"v\"=hex:100",
-                             "\"v\"=hex:6g",
-                             "\"v\"=hex",
-                             "\"v\"=hex(1)",
-                             ";\"v\"=\"x\"",
-                             "\"v\" \"x\"",
-                             "=\"x\"",
-                             "\"\\"}) {
-        EXPECT_EQ(Value(line), "(none)") << line;
+    const std::string none = "(none)";
+    for (const Line &line : {
+             Line{"\"v\"=\"English\"", Text("English")},
+             {"\"v\"=\"\"", Text("")},
+             {"\"v\"=\"C:\\\\a \\\"b\\\"\"", Text("C:\\a \"b\"")},
+             {"\"v\"=\"\xC3\xA9\"", Text("\xC3\xA9")},
+             {"\"v\"=\"two\nlines\"", Text("two\nlines")},
+             {"\"\\\"\\\\\"=\"x\"\n\"v\"=\"y\"", Text("y")},
+             {"\"v\"=dword:0000004e", std::string("N\0\0\0", 4)},
+             {"\"v\"=hex:61,62,00", std::string("ab\0", 3)},
+             {"\"v\"=hex(1):61,00,62,00,00,00", std::string("a\0b\0\0\0", 6)},
+             {"\"v\"=hex:61,\\\n  62,\\\r\n  63", "abc"},
+             {"\"v\"=hex:", ""},
+             {"\"v\"=HEX:61 ; a comment", "a"},
+             {"\"v\"=\"1\"\n\"V\"=\"2\"", Text("2")}, // the last one wins
+             {"\"v\"=\"1\"\n" + std::string(kSection) + "\"v\"=\"2\"", Text("2")},
+             {"\"v\"", none},
+             {"\"v\"=", none},
+             {"\"v\"=x", none},
+             {"\"v\"=\"open", none},
+             {"\"v=\"x\"", none},
+             {"v=\"x\"", none},
+             {"\"v\"=dword:", none},
+             {"\"v\"=dword:xyz", none},
+             {"\"v\"=dword:100000000", none},
+             {"\"v\"=hex:100", none},
+             {"\"v\"=hex:6g", none},
+             {"\"v\"=hex", none},
+             {"\"v\"=hex(1)", none},
+             {";\"v\"=\"x\"", none},
+             {"\"v\" \"x\"", none},
+             {"=\"x\"", none},
+             {"\"\\", none},
+         }) {
+        EXPECT_EQ(Value(line.lines), line.data) << line.lines;
     }
 }
 
@@ -103,12 +106,6 @@ TEST(RegistryFile, OtherRootsAreNotRead)
     EXPECT_TRUE(ParseRegistry("[HKEY_CURRENT_USER\\Software\\TORVAN\\KTR]\n\"v\"=\"x\"").empty());
     EXPECT_TRUE(ParseRegistry("[HKEY_LOCAL_MACHINE]\n\"v\"=\"x\"").empty());
     EXPECT_TRUE(ParseRegistry("\"v\"=\"x\"").empty());
-}
-
-TEST(RegistryFile, TheLastOneWins)
-{
-    EXPECT_EQ(Value("\"v\"=\"1\"\n\"V\"=\"2\""), Text("2"));
-    EXPECT_EQ(Value("\"v\"=\"1\"\n" + std::string(kSection) + "\"v\"=\"2\""), Text("2"));
 }
 
 TEST(RegistryFile, HostileTextsAreSurvived)
