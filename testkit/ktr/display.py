@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import TYPE_CHECKING, Any, Callable
+from typing import Any, Callable
 
 from Xlib import X
 from Xlib import display as xdisplay
@@ -10,11 +10,8 @@ from Xlib import display as xdisplay
 from ktr.clipboard import Clipboard
 from ktr.input import Input
 from ktr.screen import Screen
-from ktr.windows import Windows
+from ktr.window import Window, Windows
 from ktr.xserver import SIZE, Server
-
-if TYPE_CHECKING:
-    from ktr.window import Window
 
 
 class Display:
@@ -26,24 +23,21 @@ class Display:
     def __init__(self) -> None:
         self._server = Server()
         self.name = self._server.name
-        self.before_act: Callable[["Window"], None] | None = None
+        self.before_act: Callable[[Window], None] | None = None
         """Called with a window that is about to be clicked or closed."""
         self.connection: Any = xdisplay.Display(self.name)
-        self.connection.set_error_handler(_ignore)
+        # Requests without a reply may fail: their window has gone, which is fine.
+        self.connection.set_error_handler(lambda error, request: X.NONE)
         self.root = self.connection.screen().root
         self.windows = Windows(self)
-        self.input = Input(self)
-        self.screen = Screen(self)
+        self.input = Input(self.connection, self.windows.settle)
+        self.screen = Screen(self.root)
         self.clipboard = Clipboard(self.name)
 
-    def __enter__(self) -> "Display":
+    def __enter__(self) -> Display:
         return self
 
     def __exit__(self, *_: object) -> None:
-        self.close()
-
-    def close(self) -> None:
-        """Stops the server."""
         self.connection.close()
         self._server.close()
 
@@ -51,8 +45,3 @@ class Display:
         """Releases all buttons and keys and parks the pointer in the bottom right corner."""
         self.input.release_all()
         self.input.move(SIZE[0] - 1, SIZE[1] - 1)
-
-
-def _ignore(error: Any, request: Any) -> int:
-    """Ignores errors of requests without a reply: their window has gone, which is fine."""
-    return int(X.NONE)

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 
 
 @dataclass(frozen=True)
@@ -12,7 +12,7 @@ class Point:
     x: int
     y: int
 
-    def moved(self, dx: int, dy: int) -> "Point":
+    def moved(self, dx: int, dy: int) -> Point:
         """The point that lies `dx`, `dy` further."""
         return Point(self.x + dx, self.y + dy)
 
@@ -21,30 +21,22 @@ class Point:
 class Rect:
     """An area; its right and bottom edges are the first column and row outside."""
 
-    x: int
-    y: int
+    left: int
+    top: int
     width: int
     height: int
 
     @property
-    def left(self) -> int:
-        return self.x
-
-    @property
-    def top(self) -> int:
-        return self.y
-
-    @property
     def right(self) -> int:
-        return self.x + self.width
+        return self.left + self.width
 
     @property
     def bottom(self) -> int:
-        return self.y + self.height
+        return self.top + self.height
 
     @property
     def origin(self) -> Point:
-        return Point(self.x, self.y)
+        return Point(self.left, self.top)
 
     @property
     def size(self) -> tuple[int, int]:
@@ -52,17 +44,11 @@ class Rect:
 
     @property
     def centre(self) -> Point:
-        return Point(self.x + self.width // 2, self.y + self.height // 2)
+        return self.origin.moved(self.width // 2, self.height // 2)
 
-    def moved(self, dx: int, dy: int) -> "Rect":
+    def moved(self, dx: int, dy: int) -> Rect:
         """The area of the same size that lies `dx`, `dy` further."""
-        return Rect(self.x + dx, self.y + dy, self.width, self.height)
-
-    def inset(self, margin: int) -> "Rect":
-        """The area without a margin on all four sides."""
-        return Rect(
-            self.x + margin, self.y + margin, self.width - 2 * margin, self.height - 2 * margin
-        )
+        return replace(self, left=self.left + dx, top=self.top + dy)
 
     def contains(self, point: Point) -> bool:
         """Whether the point lies inside."""

@@ -2,16 +2,12 @@
 
 from __future__ import annotations
 
-from typing import TYPE_CHECKING, Callable, Iterable
+from typing import Any, Callable, Iterable
 
 from Xlib import XK, X
 from Xlib.ext import xtest
 
 from ktr.geometry import Point
-
-if TYPE_CHECKING:
-    from ktr.display import Display
-
 LEFT, MIDDLE, RIGHT = 1, 2, 3
 
 _KEYS_OF_CHARACTERS = {"\n": "Return", "\t": "Tab", "\b": "BackSpace", "\x1b": "Escape"}
@@ -20,15 +16,11 @@ _KEYS_OF_CHARACTERS = {"\n": "Return", "\t": "Tab", "\b": "BackSpace", "\x1b": "
 class Input:
     """The pointer and the keyboard of one display; positions are root coordinates."""
 
-    def __init__(self, display: "Display") -> None:
-        self._display = display
+    def __init__(self, connection: Any, settle: Callable[[], None]) -> None:
+        self._connection = connection
+        self._settle = settle
         self._buttons: set[int] = set()
         self._keys: set[int] = set()
-
-    def position(self) -> Point:
-        """Where the pointer is."""
-        pointer = self._display.root.query_pointer()
-        return Point(pointer.root_x, pointer.root_y)
 
     def move(self, x: int, y: int) -> None:
         """Moves the pointer there at once."""
@@ -40,7 +32,6 @@ class Input:
         self._fake(X.ButtonPress, button)
 
     def release(self, button: int = LEFT) -> None:
-        """Releases a pointer button."""
         self._buttons.discard(button)
         self._fake(X.ButtonRelease, button)
 
@@ -51,17 +42,11 @@ class Input:
         self.release(button)
 
     def double_click(self, x: int, y: int) -> None:
-        """Double-clicks with the left button."""
         self.click(x, y)
         self.click(x, y)
 
-    def drag(
-        self,
-        start: Point,
-        end: Point,
-        steps: int = 8,
-        after_step: Callable[[Point], object] | None = None,
-    ) -> None:
+    def drag(self, start: Point, end: Point, steps: int = 8,
+             after_step: Callable[[Point], object] = lambda point: None) -> None:
         """Presses the left button at `start` and releases it at `end`, moving in `steps` steps.
 
         `after_step` is called with the pointer's position after each of them: a hand is slow, and
@@ -72,18 +57,15 @@ class Input:
         self.move(start.x, start.y)
         self.press()
         try:
-            self._display.windows.settle()
+            self._settle()
             for step in range(1, steps + 1):
-                point = Point(
-                    start.x + (end.x - start.x) * step // steps,
-                    start.y + (end.y - start.y) * step // steps,
-                )
+                point = start.moved((end.x - start.x) * step // steps,
+                                    (end.y - start.y) * step // steps)
                 self.move(point.x, point.y)
-                if after_step is not None:
-                    after_step(point)
+                after_step(point)
         finally:
             self.release()
-        self._display.windows.settle()
+        self._settle()
 
     def key(self, *names: str) -> None:
         """Presses keys by their keysym names in turn, releases them in reverse.
@@ -91,16 +73,7 @@ class Input:
         `key("Escape")` is one key, `key("Alt_L", "F4")` a combination. An unknown name raises
         `ValueError`.
         """
-        codes: list[int] = []
-        for name in names:
-            shift, code = self._code(XK.string_to_keysym(name), name)
-            if shift:
-                codes.append(self._shift())
-            codes.append(code)
-        for code in codes:
-            self.key_down(code)
-        for code in reversed(codes):
-            self.key_up(code)
+        self._press([code for name in names for code in self._codes(XK.string_to_keysym(name), name)])
 
     def alt_f4(self) -> None:
         """The window manager's key for closing the active window."""
@@ -111,44 +84,36 @@ class Input:
         for character in text:
             name = _KEYS_OF_CHARACTERS.get(character)
             keysym = XK.string_to_keysym(name) if name else ord(character)
-            shift, code = self._code(keysym, character)
-            if shift:
-                self.key_down(self._shift())
-            self.key_down(code)
-            self.key_up(code)
-            if shift:
-                self.key_up(self._shift())
-
-    def key_down(self, code: int) -> None:
-        """Presses a key by its key code."""
-        self._keys.add(code)
-        self._fake(X.KeyPress, code)
-
-    def key_up(self, code: int) -> None:
-        """Releases a key by its key code."""
-        self._keys.discard(code)
-        self._fake(X.KeyRelease, code)
+            self._press(self._codes(keysym, character))
 
     def release_all(self) -> None:
         """Releases every button and key that is still pressed."""
         for button in tuple(self._buttons):
             self.release(button)
         for code in tuple(self._keys):
-            self.key_up(code)
+            self._key_up(code)
 
-    def _shift(self) -> int:
-        return int(self._display.connection.keysym_to_keycode(XK.XK_Shift_L))
+    def _press(self, codes: list[int]) -> None:
+        """Presses keys in turn and releases them in reverse."""
+        for code in codes:
+            self._keys.add(code)
+            self._fake(X.KeyPress, code)
+        for code in reversed(codes):
+            self._key_up(code)
 
-    def _code(self, keysym: int, name: str) -> tuple[bool, int]:
-        """Whether Shift is needed, and the key code, of a keysym."""
-        codes: Iterable[tuple[int, int]] = (
-            self._display.connection.keysym_to_keycodes(keysym) if keysym else ())
-        for code, index in sorted(codes, key=lambda entry: entry[1]):
+    def _key_up(self, code: int) -> None:
+        self._keys.discard(code)
+        self._fake(X.KeyRelease, code)
+
+    def _codes(self, keysym: int, name: str) -> list[int]:
+        """The key codes for a keysym: Shift if necessary, and the key."""
+        known: Iterable[tuple[int, int]] = (
+            self._connection.keysym_to_keycodes(keysym) if keysym else ())
+        for code, index in sorted(known, key=lambda entry: entry[1]):
             if index in (0, 1):
-                return index == 1, code
+                return [self._connection.keysym_to_keycode(XK.XK_Shift_L)] * index + [code]
         raise ValueError(f"the keyboard has no key for {name!r}")
 
     def _fake(self, kind: int, detail: int, x: int = 0, y: int = 0) -> None:
-        connection = self._display.connection
-        xtest.fake_input(connection, kind, detail, x=x, y=y)
-        connection.sync()
+        xtest.fake_input(self._connection, kind, detail, x=x, y=y)
+        self._connection.sync()

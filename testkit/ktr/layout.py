@@ -16,17 +16,12 @@ CARD = Rect(0, 0, 640, 408)
 SHADOW = 15
 """Width of the margin round the card when the system draws drop shadows."""
 
-_MARGIN = 32
-_PAGE_LEFT = CARD.left + _MARGIN
-_PAGE_WIDTH = CARD.width - 2 * _MARGIN
-_PAGE_RIGHT = _PAGE_LEFT + _PAGE_WIDTH
-
 TITLE_BAR = Rect(0, 0, CARD.width, 32)
 TITLE_CLOSE = Rect(TITLE_BAR.right - 8 - 16, (TITLE_BAR.height - 16) // 2, 16, 16)
 TITLE_GRIP = Point(200, TITLE_BAR.height // 2)
 """A point of the title bar from which the window can be dragged."""
 
-PAGE = Rect(_PAGE_LEFT, TITLE_BAR.bottom + 8, _PAGE_WIDTH, CARD.bottom - TITLE_BAR.bottom - 8)
+PAGE = Rect(32, TITLE_BAR.bottom + 8, CARD.width - 2 * 32, CARD.bottom - TITLE_BAR.bottom - 8)
 TITLE_LABEL = Rect(PAGE.left, PAGE.top, PAGE.width, 48)
 
 BUTTON_ROW = Rect(PAGE.left, PAGE.bottom - 24 - 28, PAGE.width, 28)
@@ -35,14 +30,11 @@ CANCEL = Rect(BUTTON_ROW.right - 100, BUTTON_ROW.top, 100, 28)
 UNINSTALL = Rect(CANCEL.left - 20 - 100, BUTTON_ROW.top, 100, 28)
 
 PROGRESS_BAR = Rect(PAGE.left, BUTTON_ROW.top - 14 - 4, PAGE.width, 4)
-_LABEL_HEIGHT = 17
-PROGRESS_LABEL = Rect(PAGE.left, PROGRESS_BAR.top - 4 - _LABEL_HEIGHT, PAGE.width, _LABEL_HEIGHT)
+PROGRESS_LABEL = Rect(PAGE.left, PROGRESS_BAR.top - 4 - 17, PAGE.width, 17)
 """One line of 14 pixels; its bottom edge is exact, its height depends on the font by a few."""
 
-FRAME = Rect(
-    PAGE.left, TITLE_LABEL.bottom + 30, PAGE.width,
-    PROGRESS_LABEL.top - 5 - TITLE_LABEL.bottom - 30,
-)
+FRAME = Rect(PAGE.left, TITLE_LABEL.bottom + 30, PAGE.width,
+             PROGRESS_LABEL.top - 5 - TITLE_LABEL.bottom - 30)
 """The content area; its bottom edge depends on the font by a few pixels."""
 
 
@@ -66,9 +58,6 @@ FEEDBACK_SUBMIT = Rect(FEEDBACK.right - 16 - 100, FEEDBACK.bottom - 16 - 28, 100
 SUBMIT_EDGE = Point(FEEDBACK_SUBMIT.right - 1, FEEDBACK_SUBMIT.top + 14)
 """A point of its border, whose colour tells whether it is enabled. On the right, since a long text
 widens the button to the left."""
-FEEDBACK_TEXT = Rect(
-    FEEDBACK.left, FEEDBACK.top, FEEDBACK.width, FEEDBACK_SUBMIT.top - FEEDBACK.top
-)
 FEEDBACK_LINK = Point(FRAME.left + 40, FRAME.bottom - 11 - 8)
 """A point inside the link under the feedback box (a line of 13 pixels, 11 above the bottom)."""
 
@@ -89,12 +78,8 @@ BOX_OK = Rect(BOX.right - 32 - 100, BOX.bottom - 20 - 28, 100, 28)
 
 def box_on(main: Rect) -> Rect:
     """Where a message box stands that is centred on the given main window (root coordinates)."""
-    return Rect(
-        main.x + (main.width - BOX.width) // 2,
-        main.y + (main.height - BOX.height) // 2,
-        BOX.width,
-        BOX.height,
-    )
+    return BOX.moved(main.left + (main.width - BOX.width) // 2,
+                     main.top + (main.height - BOX.height) // 2)
 
 
 # Colours ---------------------------------------------------------------------------------------
@@ -102,10 +87,7 @@ def box_on(main: Rect) -> Rect:
 WHITE = "#FFFFFF"
 CANCEL_NORMAL = "#1F6FFF"
 CANCEL_HOVERED = "#227AFF"
-CANCEL_PRESSED = "#1B63FF"
 UNINSTALL_NORMAL = "#E0EAFC"
-UNINSTALL_HOVERED = "#C5D5F3"
-UNINSTALL_PRESSED = "#A6BDE6"
 BUTTON_DISABLED = "#E9ECF2"
 BAR_TRACK = "#EBEEF2"
 BAR_FILL = "#1F6FFF"
@@ -115,7 +97,6 @@ SELECTION = "#1F6FFF"
 FEEDBACK_FOCUSED = "#7AAAFF"
 SUBMIT_BORDER = "#1F6FFF"
 SUBMIT_DISABLED_BORDER = "#E9ECF2"
-BOX_TITLE_COLOUR = "#F0F2F5"
 
 
 def face(button: Rect) -> Point:

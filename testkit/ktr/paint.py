@@ -12,8 +12,6 @@ from Xlib.ext import damage
 
 Value = TypeVar("Value")
 
-_ALL_PLANES = 0xFFFFFFFF
-
 
 class PaintWatch:
     """Follows every painting on a display.
@@ -51,7 +49,12 @@ class PaintWatch:
             if area is None:
                 raise TimeoutError
             now, seen = time.monotonic(), look()
-            if _has_pixel(self._image(area), pixel):
+            image = bytes(self._root.get_image(
+                area.x, area.y, area.width, area.height, X.ZPixmap, 0xFFFFFFFF).data)
+            found = image.find(pixel)
+            while found % 4 and found >= 0:  # A pixel has four bytes.
+                found = image.find(pixel, found + 1)
+            if found >= 0:
                 return now, seen
 
     def _next(self, seconds: float) -> Any:
@@ -65,15 +68,3 @@ class PaintWatch:
             left = max(0.0, end - time.monotonic())
             if not select.select([self._connection.fileno()], [], [], left)[0]:
                 return None
-
-    def _image(self, area: Any) -> bytes:
-        return bytes(self._root.get_image(
-            area.x, area.y, area.width, area.height, X.ZPixmap, _ALL_PLANES).data)
-
-
-def _has_pixel(image: bytes, pixel: bytes) -> bool:
-    """Whether a pixel of an image, four bytes each, begins with these bytes."""
-    found = image.find(pixel)
-    while found % 4 and found >= 0:
-        found = image.find(pixel, found + 1)
-    return found >= 0

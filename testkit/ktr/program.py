@@ -94,7 +94,8 @@ class RunningProgram(Started):
 
     def windows(self) -> list[Window]:
         """Its windows that the window manager has, the oldest first."""
-        return self.display.windows.of(self._system.owners(self.pid))
+        owners = self._system.owners(self.pid)
+        return [window for window in self.display.windows.all() if window.pid in owners]
 
     def window(self, deadline: float = wait.DEADLINE) -> Window:
         """Waits until the first window is shown; gives up if the program ends before."""

@@ -5,23 +5,18 @@ from __future__ import annotations
 import time
 from collections import Counter
 from pathlib import Path
-from typing import TYPE_CHECKING, Callable, Collection
+from typing import Any, Callable, Collection
 
 from PIL import Image, ImageColor
 from Xlib import X
 
 from ktr import wait
-from ktr.geometry import Place, Point, Rect, point_of
-
-if TYPE_CHECKING:
-    from ktr.display import Display
+from ktr.geometry import Place, Point, Rect
 
 Colour = tuple[int, int, int]
 
 TOLERANCE = 6
 """How far each channel of a colour may be off, of 255."""
-
-_ALL_PLANES = 0xFFFFFFFF
 
 
 def colour(text: str) -> Colour:
@@ -38,9 +33,9 @@ def is_close(one: Colour, other: Colour, tolerance: int = TOLERANCE) -> bool:
 class Screen:
     """What one display shows; positions are root coordinates."""
 
-    def __init__(self, display: "Display") -> None:
-        self._display = display
-        size = display.root.get_geometry()
+    def __init__(self, root: Any) -> None:
+        self._root = root
+        size = root.get_geometry()
         self.area = Rect(0, 0, size.width, size.height)
 
     def screenshot(self, area: Rect | None = None) -> Image.Image:
@@ -49,9 +44,7 @@ class Screen:
         if not (self.area.contains(part.origin) and part.right <= self.area.right
                 and part.bottom <= self.area.bottom):
             raise ValueError(f"{part} is not inside {self.area}")
-        image = self._display.root.get_image(
-            part.x, part.y, part.width, part.height, X.ZPixmap, _ALL_PLANES
-        )
+        image = self._root.get_image(part.left, part.top, *part.size, X.ZPixmap, 0xFFFFFFFF)
         return Image.frombytes("RGB", part.size, image.data, "raw", "BGRX")
 
     def save(self, path: Path, area: Rect | None = None) -> Path:
@@ -61,13 +54,8 @@ class Screen:
         return path
 
     def colour_at(self, place: Place) -> Colour:
-        """The colour of one pixel: of a point, or of the centre of an area."""
-        point = point_of(place)
-        seen: Colour = self.screenshot(Rect(point.x, point.y, 1, 1)).getpixel((0, 0))
-        return seen
-
-    def main_colour(self, area: Rect) -> Colour:
-        """The colour that most pixels of an area have."""
+        """The colour of a point, or the one that most pixels of an area have."""
+        area = Rect(place.x, place.y, 1, 1) if isinstance(place, Point) else place
         pixels: Counter[Colour] = Counter(self.screenshot(area).getdata())
         return pixels.most_common(1)[0][0]
 
@@ -77,13 +65,8 @@ class Screen:
         pixels = list(self.screenshot(area).getdata())
         return sum(is_close(pixel, target, tolerance) for pixel in pixels) / len(pixels)
 
-    def wait_colour(
-        self,
-        place: Place | Callable[[], Place],
-        wanted: str | Collection[str],
-        tolerance: int = TOLERANCE,
-        deadline: float = wait.DEADLINE,
-    ) -> None:
+    def wait_colour(self, place: Place | Callable[[], Place], wanted: str | Collection[str],
+                    deadline: float = wait.DEADLINE) -> None:
         """Waits until a point, or most of an area, has a colour, or one of several.
 
         The place may be a moving one.
@@ -93,19 +76,11 @@ class Screen:
         def where() -> Place:
             return place() if callable(place) else place
 
-        def look() -> str:
-            spot = where()
-            seen = self.colour_at(spot) if isinstance(spot, Point) else self.main_colour(spot)
-            return "#%02X%02X%02X" % seen
+        wait.until(lambda: "#%02X%02X%02X" % self.colour_at(where()),
+                   f"colour {wanted} at {where()}", deadline,
+                   accept=lambda seen: any(is_close(colour(seen), one) for one in targets))
 
-        wait.until(
-            look, f"colour {wanted} at {where()}", deadline,
-            accept=lambda seen: any(is_close(colour(seen), one, tolerance) for one in targets),
-        )
-
-    def wait_steady(
-        self, area: Rect, quiet: float = 0.5, deadline: float = wait.DEADLINE
-    ) -> Image.Image:
+    def wait_steady(self, area: Rect, quiet: float = 0.3) -> Image.Image:
         """Waits until an area has not changed for `quiet` seconds; returns a screenshot of it."""
         last = self.screenshot(area)
         since = time.monotonic()
@@ -117,10 +92,8 @@ class Screen:
                 last, since = now, time.monotonic()
             return time.monotonic() - since
 
-        wait.until(
-            look, f"{area} to stay the same for {quiet:g} s", deadline,
-            accept=lambda still: still >= quiet,
-        )
+        wait.until(look, f"{area} to stay the same for {quiet:g} s",
+                   accept=lambda still: still >= quiet)
         return last
 
     def bar_fraction(self, bar: Rect, fill: str, track: str) -> float | None:
@@ -129,18 +102,15 @@ class Screen:
         The middle row is read. Up to two pixels at each end (the round ends) and two between fill
         and track (its round end) may have a mixed colour; anything else is not a bar.
         """
-        row = self.screenshot(Rect(bar.x, bar.y + bar.height // 2, bar.width, 1))
+        row = self.screenshot(Rect(bar.left, bar.centre.y, bar.width, 1))
         filled, empty = colour(fill), colour(track)
         kinds = "".join(
             "f" if is_close(pixel, filled) else "t" if is_close(pixel, empty) else "?"
             for pixel in row.getdata()
-        )
-        kinds = kinds[2:-2]
+        )[2:-2]
         body = kinds.replace("?", "")
         if len(kinds) - len(body) > 2 or "tf" in body:
             return None
         if "t" not in body:
             return 1.0
-        if "f" not in body:
-            return 0.0
-        return (2 + kinds.rindex("f") + 1) / bar.width
+        return (2 + kinds.rindex("f") + 1) / bar.width if "f" in body else 0.0

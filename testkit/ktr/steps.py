@@ -259,13 +259,13 @@ def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> 
 
 def title(window: Window) -> bytes:
     """The title as drawn, once it no longer changes, for comparison."""
-    return bytes(window.screen.wait_steady(window.area(layout.TITLE_LABEL), 0.3).tobytes())
+    return bytes(window.screen.wait_steady(window.area(layout.TITLE_LABEL)).tobytes())
 
 
 def page_screenshot(window: Window) -> bytes:
     """The page as drawn, once it no longer changes, with the pointer elsewhere."""
     window.hover(layout.TITLE_GRIP)
-    return bytes(window.screen.wait_steady(window.area(layout.PAGE), 0.3).tobytes())
+    return bytes(window.screen.wait_steady(window.area(layout.PAGE)).tobytes())
 
 
 def wait_coupon(window: Window) -> None:

@@ -1,19 +1,19 @@
-"""One top-level window, as the window manager and a user see it."""
+"""The top-level windows of a display, as the window manager and a user see them."""
 
 from __future__ import annotations
 
-from typing import TYPE_CHECKING, Any, Callable, Collection
+from contextlib import contextmanager
+from typing import TYPE_CHECKING, Any, Callable, Collection, Iterator
 
 from PIL import Image
 from Xlib import X, Xatom, Xutil, error
+from Xlib.protocol import event
 
 from ktr import layout, wait
 from ktr.geometry import Place, Point, Rect, point_of
 
 if TYPE_CHECKING:
     from ktr.display import Display
-    from ktr.input import Input
-    from ktr.screen import Screen
 
 _GONE = (error.BadWindow, error.BadDrawable, error.BadMatch)
 
@@ -21,8 +21,10 @@ _GONE = (error.BadWindow, error.BadDrawable, error.BadMatch)
 class Window:
     """A client window, known by its X identifier; equal when the identifiers are."""
 
-    def __init__(self, display: "Display", identifier: int) -> None:
+    def __init__(self, display: Display, identifier: int) -> None:
         self._display = display
+        self.screen = display.screen
+        self.keyboard = display.input
         self.identifier = identifier
         self._window = display.connection.create_resource_object("window", identifier)
 
@@ -35,22 +37,7 @@ class Window:
     def __repr__(self) -> str:
         return f"<window {self.identifier:#x} {self.title!r} of {self.pid} at {self.geometry}>"
 
-    @property
-    def screen(self) -> "Screen":
-        """The screen that it is on."""
-        return self._display.screen
-
-    @property
-    def keyboard(self) -> "Input":
-        """The keyboard of the display that it is on."""
-        return self._display.input
-
     # What it is --------------------------------------------------------------------------------
-
-    @property
-    def exists(self) -> bool:
-        """Whether the X server still has it, shown or not."""
-        return self._ask(self._window.get_geometry) is not None
 
     @property
     def managed(self) -> bool:
@@ -66,7 +53,7 @@ class Window:
     @property
     def iconified(self) -> bool:
         """Whether it is minimised."""
-        state = self._property("WM_STATE", "WM_STATE")
+        state = self.value("WM_STATE", "WM_STATE")
         return bool(state) and state[0] == Xutil.IconicState
 
     @property
@@ -82,34 +69,21 @@ class Window:
     @property
     def pid(self) -> int | None:
         """The process that says it owns the window."""
-        value = self._property("_NET_WM_PID", Xatom.CARDINAL)
+        value = self.value("_NET_WM_PID", Xatom.CARDINAL)
         return int(value[0]) if value else None
 
     @property
     def title(self) -> str:
         """The title, which is empty for a window without one."""
-        value = self._property("_NET_WM_NAME", "UTF8_STRING")
-        if value is None:
-            value = self._property("WM_NAME", Xatom.STRING) or b""
+        value = (self.value("_NET_WM_NAME", "UTF8_STRING")
+                 or self.value("WM_NAME", Xatom.STRING) or b"")
         return bytes(value).decode("utf-8", "replace")
 
     @property
     def states(self) -> set[str]:
         """Names such as "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_MODAL"."""
-        atoms = self._property("_NET_WM_STATE", Xatom.ATOM) or []
+        atoms = self.value("_NET_WM_STATE", Xatom.ATOM) or []
         return {self._display.connection.get_atom_name(atom) for atom in atoms}
-
-    @property
-    def transient_for(self) -> int | None:
-        """The identifier of the window that it belongs to."""
-        value = self._property("WM_TRANSIENT_FOR", Xatom.WINDOW)
-        return int(value[0]) if value else None
-
-    @property
-    def framed(self) -> bool:
-        """Whether the window manager draws a frame round it."""
-        extents = self._property("_NET_FRAME_EXTENTS", Xatom.CARDINAL)
-        return bool(extents) and any(extents)
 
     @property
     def geometry(self) -> Rect | None:
@@ -125,25 +99,19 @@ class Window:
 
     def place(self, place: Place) -> Point:
         """A place of the layout in root coordinates; a rectangle gives its centre."""
-        geometry = self._geometry()
-        margin = layout.shadow_margin(geometry.width)
-        return point_of(place).moved(geometry.x + margin, geometry.y + margin)
+        return point_of(place).moved(*self._offset())
 
     def area(self, rect: Rect) -> Rect:
         """A rectangle of the layout in root coordinates."""
-        geometry = self._geometry()
-        margin = layout.shadow_margin(geometry.width)
-        return rect.moved(geometry.x + margin, geometry.y + margin)
+        return rect.moved(*self._offset())
 
     def click(self, place: Place, deadline: float = wait.DEADLINE) -> None:
         """Clicks there with the left button, once no other window lies above that point.
 
         The window manager has dealt with the press on return: it may have changed the stacking.
         """
-        wait.until(
-            lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered",
-            deadline, accept=lambda seen: not seen,
-        )
+        wait.until(lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered",
+                   deadline, accept=lambda seen: not seen)
         self._about_to_act()
         point = self.place(place)
         self._display.input.click(point.x, point.y)
@@ -177,31 +145,23 @@ class Window:
                     self._display.input.move(point.x + looks // 20 % 2, point.y)
                 return seen
 
-            wait.until(
-                where, f"the dragged window at {target}", accept=lambda seen: seen == target)
+            wait.until(where, f"the dragged window at {target}", accept=lambda seen: seen == target)
 
-        self._display.input.drag(
-            start, start.moved(dx, dy), steps, moved_along if follows else None
-        )
+        self.keyboard.drag(start, start.moved(dx, dy), steps,
+                           moved_along if follows else lambda point: None)
 
-    def wait_colour(
-        self, place: Place, wanted: str | Collection[str], deadline: float = wait.DEADLINE
-    ) -> None:
+    def wait_colour(self, place: Place, wanted: str | Collection[str],
+                    deadline: float = wait.DEADLINE) -> None:
         """Waits until a point, or most of an area, of the layout has one of these colours."""
-        def where() -> Place:
-            return self.place(place) if isinstance(place, Point) else self.area(place)
-
-        self._display.screen.wait_colour(where, wanted, deadline=deadline)
+        self.screen.wait_colour(lambda: place.moved(*self._offset()), wanted, deadline)
 
     def bar_fraction(self, bar: Rect = layout.PROGRESS_BAR) -> float | None:
         """How far, 0 to 1, the progress bar is filled on the screen; None when there is none."""
-        return self._display.screen.bar_fraction(
-            self.area(bar), layout.BAR_FILL, layout.BAR_TRACK
-        )
+        return self.screen.bar_fraction(self.area(bar), layout.BAR_FILL, layout.BAR_TRACK)
 
     def screenshot(self) -> Image.Image:
         """What is to be seen where the window is."""
-        return self._display.screen.screenshot(self._geometry())
+        return self.screen.screenshot(self._geometry())
 
     def opacity(self, point: Point) -> int:
         """How opaque it is at a point of its own: from 0, nothing, to 255."""
@@ -213,7 +173,7 @@ class Window:
     @property
     def icons(self) -> dict[tuple[int, int], tuple[int, int, int]]:
         """The icons that it publishes: by size, the colour of the centre."""
-        data = list(self._property("_NET_WM_ICON", Xatom.CARDINAL) or [])
+        data = list(self.value("_NET_WM_ICON", Xatom.CARDINAL) or [])
         icons = {}
         while data:
             width, height = data[:2]
@@ -234,11 +194,6 @@ class Window:
         atom = self._display.connection.intern_atom
         both = [atom(f"_NET_WM_STATE_MAXIMIZED_{axis}") for axis in ("VERT", "HORZ")]
         self._display.windows.send(self, "_NET_WM_STATE", [1, *both])
-
-    def activate(self) -> None:
-        """Activates it as a task bar does and waits until it is active."""
-        self._display.windows.send(self, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime])
-        wait.until(lambda: self.active, f"{self!r} to be active")
 
     def close(self) -> None:
         """Closes it as a window manager's close button does; does not wait."""
@@ -266,7 +221,14 @@ class Window:
             raise wait.Unexpected(f"window {self.identifier:#x} does not exist any more")
         return geometry
 
-    def _property(self, name: str, kind: int | str) -> Any:
+    def _offset(self) -> tuple[int, int]:
+        """How far the layout's places are from the root's origin."""
+        geometry = self._geometry()
+        margin = layout.shadow_margin(geometry.width)
+        return geometry.left + margin, geometry.top + margin
+
+    def value(self, name: str, kind: int | str) -> Any:
+        """A property of the window; None without it."""
         atom = self._display.connection.intern_atom
         kind_atom = atom(kind) if isinstance(kind, str) else kind
         answer = self._ask(lambda: self._window.get_full_property(atom(name), kind_atom))
@@ -279,3 +241,71 @@ class Window:
             return request()
         except _GONE:
             return None
+
+
+class Windows:
+    """Finds windows and talks to the window manager."""
+
+    def __init__(self, display: Display) -> None:
+        self._display = display
+
+    def all(self) -> list[Window]:
+        """All managed windows, the oldest first."""
+        return self._list("_NET_CLIENT_LIST")
+
+    def stacking(self) -> list[Window]:
+        """All managed windows, the topmost last."""
+        return self._list("_NET_CLIENT_LIST_STACKING")
+
+    def active(self) -> Window | None:
+        """The window that has the input focus."""
+        return next((window for window in self._list("_NET_ACTIVE_WINDOW") if window.identifier), None)
+
+    @contextmanager
+    def bystander(self, area: Rect = Rect(0, 0, 1280, 900)) -> Iterator[Window]:
+        """An ordinary window of the test's own, on top of the others and active."""
+        screen = self._display.connection.screen()
+        window = self._display.root.create_window(
+            area.left, area.top, *area.size, 0, screen.root_depth,
+            background_pixel=screen.white_pixel)
+        try:
+            window.set_wm_name("bystander")
+            window.set_wm_normal_hints(flags=Xutil.USPosition, min_width=0)
+            window.map()
+            shown = Window(self._display, window.id)
+            wait.until(lambda: shown.managed and shown.visible, "the bystander to appear")
+            self.send(shown, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime])
+            wait.until(lambda: shown.active and shown.topmost, "the bystander to be on top")
+            yield shown
+        finally:
+            window.destroy()
+            self._display.connection.sync()
+        shown.wait_gone()
+
+    def send(self, window: Window, message: str, values: list[int]) -> None:
+        """Sends the window manager a message about a window."""
+        kind = self._display.connection.intern_atom(message)
+        self._display.root.send_event(
+            event.ClientMessage(window=window.identifier, client_type=kind,
+                                data=(32, (values + [0] * 5)[:5])),
+            event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self._display.connection.sync()
+
+    def settle(self) -> None:
+        """Waits until the window manager has dealt with all that happened before this call.
+
+        It serves its events in turn, so the answer to a question comes after their effects.
+        """
+        unused = self._display.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        asking = Window(self._display, unused.id)
+        try:
+            self.send(asking, "_NET_REQUEST_FRAME_EXTENTS", [])
+            wait.until(lambda: asking.value("_NET_FRAME_EXTENTS", Xatom.CARDINAL) is not None,
+                       "an answer of the window manager")
+        finally:
+            unused.destroy()
+            self._display.connection.sync()
+
+    def _list(self, name: str) -> list[Window]:
+        found = Window(self._display, self._display.root.id).value(name, Xatom.WINDOW)
+        return [Window(self._display, identifier) for identifier in found or []]

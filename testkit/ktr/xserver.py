@@ -17,7 +17,7 @@ import sys
 import tempfile
 from pathlib import Path
 from types import FrameType
-from typing import Any, NoReturn
+from typing import IO, Any, NoReturn, cast
 
 SIZE = (1440, 1000)
 """Holds the window with its shadow at the largest scale of the scenarios."""
@@ -29,46 +29,12 @@ without an address, libdbus starts dbus-launch, which leaves a dbus-daemon behin
 _PATIENCE = 60.0
 """Seconds that a server may take to start."""
 
-_OPENBOX_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
-  <placement><policy>Smart</policy><center>yes</center></placement>
-  <theme><name>Clearlooks</name><animateIconify>no</animateIconify></theme>
-  <desktops><number>1</number><popupTime>0</popupTime></desktops>
-  <keyboard>
-    <keybind key="A-F4"><action name="Close"/></keybind>
-  </keyboard>
-  <mouse>
-    <dragThreshold>1</dragThreshold>
-    <context name="Client">
-      <mousebind button="Left" action="Press">
-        <action name="Focus"/><action name="Raise"/>
-      </mousebind>
-    </context>
-    <context name="Titlebar">
-      <mousebind button="Left" action="Press">
-        <action name="Focus"/><action name="Raise"/>
-      </mousebind>
-      <mousebind button="Left" action="Drag"><action name="Move"/></mousebind>
-    </context>
-    <context name="Close">
-      <mousebind button="Left" action="Click"><action name="Close"/></mousebind>
-    </context>
-  </mouse>
-  <menu></menu>
-  <applications>
-    <application type="normal"><focus>yes</focus></application>
-  </applications>
-</openbox_config>
-"""
-
-_PR_SET_PDEATHSIG = 1
 _LIBC = ctypes.CDLL(None)
 
 
 def die_with_parent() -> None:
     """For `preexec_fn`: the child is killed when its parent dies, however that happens."""
-    _LIBC.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL, 0, 0, 0)
+    _LIBC.prctl(1, signal.SIGKILL, 0, 0, 0)  # PR_SET_PDEATHSIG
 
 
 class Server:
@@ -80,21 +46,18 @@ class Server:
 
     def __init__(self, size: tuple[int, int] = SIZE) -> None:
         self.folder = Path(tempfile.mkdtemp(prefix="ktr-display-"))
-        self._processes: list[subprocess.Popen[bytes]] = []
+        self._processes: list[subprocess.Popen[str]] = []
         try:
             # Xvfb chooses a free number and writes it once it is ready for clients.
-            number = self._start(
-                "Xvfb", ["-displayfd", "%d", "-screen", "0", f"{size[0]}x{size[1]}x24",
-                         "-dpi", "96", "-nolisten", "tcp", "-noreset"])
+            number = self._start("Xvfb", "-displayfd", "1", "-screen", "0",
+                                 f"{size[0]}x{size[1]}x24", "-dpi", "96", "-nolisten", "tcp",
+                                 "-noreset")
             self.name = f":{number}"
-            config = self.folder / "rc.xml"
-            config.write_text(_OPENBOX_CONFIG, encoding="utf-8")
             # Its start-up command runs when it manages the display.
-            self._start(
-                "openbox", ["--sm-disable", "--config-file", str(config), "--startup",
-                            f"sh -c 'echo ready >{self.folder}/openbox.ready'"],
-                env={"DISPLAY": self.name, "HOME": str(self.folder), "LC_ALL": "C.UTF-8",
-                     "PATH": "/usr/local/bin:/usr/bin:/bin"})
+            self._start("openbox", "--sm-disable", "--config-file",
+                        str(Path(__file__).with_name("openbox.xml")), "--startup", "echo ready",
+                        env={"DISPLAY": self.name, "HOME": str(self.folder), "LC_ALL": "C.UTF-8",
+                             "PATH": "/usr/local/bin:/usr/bin:/bin"})
         except BaseException:
             self.close()
             raise
@@ -104,33 +67,23 @@ class Server:
         for process in reversed(self._processes):
             process.terminate()
             try:
-                process.wait(10)
+                process.communicate(timeout=10)
             except subprocess.TimeoutExpired:
                 process.kill()
-                process.wait()
+                process.communicate()
         self._processes.clear()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def _start(self, name: str, options: list[str], **more: Any) -> str:
-        """Starts a server and waits for the line that it writes into the named pipe NAME.ready,
-        whose descriptor replaces %d; the server's death closes it."""
-        log, ready = self.folder / f"{name}.log", self.folder / f"{name}.ready"
-        os.mkfifo(ready)
-        with open(os.open(ready, os.O_RDONLY | os.O_NONBLOCK), encoding="ascii") as pipe:
-            writing = os.open(ready, os.O_WRONLY)
-            try:
-                with open(log, "wb") as output:
-                    server = subprocess.Popen(
-                        [name, *(option.replace("%d", str(writing)) for option in options)],
-                        stdin=subprocess.DEVNULL, stdout=output, stderr=output,
-                        pass_fds=(writing,), preexec_fn=die_with_parent, **more)
-            finally:
-                os.close(writing)
-            self._processes.append(server)
-            line = ""
-            if select.select([pipe], [], [], _PATIENCE)[0]:
-                os.set_blocking(pipe.fileno(), True)  # The line may come in parts.
-                line = pipe.readline()
+    def _start(self, name: str, *options: str, **more: Any) -> str:
+        """Starts a server; returns the first line of its output, which it writes when it is ready."""
+        log = self.folder / f"{name}.log"
+        with open(log, "wb") as errors:
+            server = subprocess.Popen(
+                [name, *options], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=errors,
+                text=True, preexec_fn=die_with_parent, **more)
+        self._processes.append(server)
+        output = cast(IO[str], server.stdout)
+        line = output.readline() if select.select([output], [], [], _PATIENCE)[0] else ""
         if not line:
             raise RuntimeError(f"{name} did not start (status {server.poll()}): "
                                f"{log.read_text(errors='replace').strip()}")
@@ -138,7 +91,6 @@ class Server:
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("--size", type=_size, default=SIZE, metavar="WIDTHxHEIGHT")
     parser.add_argument("command", nargs="+", help="the command and its arguments, after --")
 

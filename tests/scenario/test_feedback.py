@@ -133,7 +133,7 @@ def test_pasting_from_elsewhere_stops_at_the_limit(sandbox, program, window, key
 def test_the_middle_button_pastes_to_the_limit(sandbox, program, window):
     steps.write(window, "")
     place = window.place(BOX)
-    with sandbox.display.clipboard.holding(NUMBERS, "PRIMARY"):
+    with sandbox.display.clipboard.holding(NUMBERS, "primary"):
         window.keyboard.click(place.x, place.y, MIDDLE)
         assert submit(sandbox, window) == NUMBERS[:LIMIT]
     cancel(sandbox, program, window)
