@@ -11,17 +11,17 @@ FILES_FOR_LINUX = ["test_driver.py", "test_machine_wide.py", "test_order.py", "t
 FILES_FOR_WINDOWS = ["test_windows.py", "test_calls.py"]
 
 ONLY_ON_LINUX = {
-    "test_fakes.py::test_the_uninstaller_notes_what_it_inherits_and_bytes_that_are_no_text":
+    "test_fakes.py::test_the_uninstaller_notes_inherited_files_and_arguments_that_are_not_utf8":
         "Windows tells what is inherited in another form, and arguments are UTF-16 there",
     "test_fakes.py::test_the_uninstaller_removes_itself_but_nothing_behind_a_link":
         "a running executable stays, and Wine shows a link as a folder",
     "test_fakes.py::test_the_uninstaller_outlives_the_session_that_started_it":
         "no session of processes that ends them",
-    "test_fakes.py::test_the_companion_is_nobodys_child_and_inherits_nothing":
+    "test_fakes.py::test_the_companion_is_detached_and_inherits_nothing":
         "read from /proc",
     "test_fakes.py::test_a_deleted_executable_is_listed_by_its_name":
         "a running executable cannot be deleted",
-    "test_fakes.py::test_the_clean_up_script_notes_who_sees_it":
+    "test_fakes.py::test_the_clean_up_script_notes_its_session_priority_and_streams":
         "a batch file cannot tell its priority, session and streams",
     "test_uninstall.py::test_clean_up_runs_hidden_and_idle":
         "a batch file cannot tell its priority, session and streams; the unit tests of the program's "

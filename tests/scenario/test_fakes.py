@@ -1,4 +1,4 @@
-"""The stand-ins of the pretend installation do what their settings and their journal say."""
+"""The fakes do what their settings say, and write it to the journal."""
 
 from __future__ import annotations
 
@@ -32,7 +32,7 @@ def lay_out(into: Path) -> None:
 
 @pytest.fixture
 def sandbox() -> Iterator[Sandbox]:
-    """An installation without the program, and without a display: no stand-in has a window."""
+    """A sandbox without the program and without a display: no fake has a window."""
     installation = Sandbox(cast(Display, SimpleNamespace(name=":none")), lay_out)
     try:
         yield installation
@@ -43,7 +43,7 @@ def sandbox() -> Iterator[Sandbox]:
 
 @pytest.fixture
 def load(sandbox: Sandbox) -> Iterator[Callable[..., subprocess.Popen[str]]]:
-    """Starts a process that has loaded the telemetry library until its input is closed."""
+    """Starts a process that has the telemetry library loaded until its input is closed."""
     started = []
 
     def start() -> subprocess.Popen[str]:
@@ -78,17 +78,17 @@ def run(
 
 
 def ask(sandbox: Sandbox, image: str, *more: str, **options: Any) -> bytes:
-    """What the task list says about an image."""
+    """What `tasklist` prints about an image."""
     done = run(sandbox, "tasklist", *more, "/NH", "/FO", "CSV", "/FI", f"IMAGENAME eq {image}",
                **options)
     assert (done.returncode, done.stderr) == (0, b"")
     return done.stdout
 
 
-# The installation ------------------------------------------------------------------------------
+# The sandbox -----------------------------------------------------------------------------------
 
 
-def test_an_installation_has_its_files_and_replaces_an_older_one(tmp_path: Path) -> None:
+def test_a_sandbox_has_its_files_and_replaces_an_older_one(tmp_path: Path) -> None:
     place = tmp_path / "in a folder" / "sandbox"
     lay_out(place)
     (place / "Dravik" / "bin" / "left over").touch()
@@ -107,7 +107,7 @@ def test_an_installation_has_its_files_and_replaces_an_older_one(tmp_path: Path)
     assert settings == f"root={system.shown(place)}\n".replace("\\", "/")
 
 
-def test_a_folder_that_is_no_installation_is_refused(tmp_path: Path) -> None:
+def test_a_folder_that_is_no_sandbox_is_not_replaced(tmp_path: Path) -> None:
     (tmp_path / "letter").write_text("dear")
     with pytest.raises(RuntimeError, match="nothing was changed"):
         lay_out(tmp_path)
@@ -115,7 +115,7 @@ def test_a_folder_that_is_no_installation_is_refused(tmp_path: Path) -> None:
 
 
 def remove(place: Path) -> None:
-    """Removes an installation whose stand-ins may write a last line in the midst of it."""
+    """Removes a sandbox; its fakes may still write a line meanwhile."""
     def gone() -> bool:
         shutil.rmtree(place, ignore_errors=True)
         return not place.exists()
@@ -124,16 +124,16 @@ def remove(place: Path) -> None:
 
 
 @pytest.mark.parametrize("change", [remove, lay_out])
-def test_nobody_waits_in_an_installation_that_is_gone(
+def test_a_fake_ends_when_its_sandbox_is_removed_or_replaced(
     sandbox: Sandbox, change: Callable[[Path], None]
 ) -> None:
     product_ui = sandbox.spawn(PRODUCT_UI)
     sandbox.wait_noted(PRODUCT_UI, "start")
     change(sandbox.root)
-    wait.until(lambda: not product_ui.running, "the stand-in to end")
+    wait.until(lambda: not product_ui.running, "the fake to end")
 
 
-def test_lines_written_at_the_same_time_stay_whole(sandbox: Sandbox) -> None:
+def test_journal_lines_of_parallel_writers_do_not_mix(sandbox: Sandbox) -> None:
     text = "x" * 3000
 
     def write(number: int) -> list[int]:
@@ -166,7 +166,7 @@ def test_the_uninstaller_notes_how_it_was_started(sandbox: Sandbox) -> None:
     assert sandbox.journal()[-1].matches(UNINSTALLER, "end", pid=start.text("pid"), exit=7)
 
 
-def test_the_uninstaller_notes_what_it_inherits_and_bytes_that_are_no_text(
+def test_the_uninstaller_notes_inherited_files_and_arguments_that_are_not_utf8(
     sandbox: Sandbox
 ) -> None:
     sandbox.configure(UNINSTALLER, run_ms=0)
@@ -177,7 +177,7 @@ def test_the_uninstaller_notes_what_it_inherits_and_bytes_that_are_no_text(
     assert start.fields["args"] == "[%FF]"
 
 
-def test_the_uninstaller_removes_what_it_knows_and_nothing_outside(sandbox: Sandbox) -> None:
+def test_the_uninstaller_removes_its_files_and_nothing_outside(sandbox: Sandbox) -> None:
     outside = sandbox.root / "outside.dat"
     outside.touch()
     refused = ["../../outside.dat", sandbox.shown(outside), "presets/../../../outside.dat", "."]
@@ -202,7 +202,7 @@ def test_the_uninstaller_removes_itself_but_nothing_behind_a_link(sandbox: Sandb
     assert (sandbox.home / "kept.dat").exists()
 
 
-def test_the_uninstaller_runs_until_told_and_lingers(sandbox: Sandbox) -> None:
+def test_the_uninstaller_waits_before_and_after_its_work_until_told(sandbox: Sandbox) -> None:
     linger, farewell = sandbox.root / "hold" / "linger", sandbox.root / "hold" / "farewell"
     linger.touch()
     hold = sandbox.hold(UNINSTALLER)
@@ -228,7 +228,7 @@ def test_an_uninstaller_that_never_appears_does_nothing(sandbox: Sandbox) -> Non
 
 def test_the_uninstaller_outlives_the_session_that_started_it(sandbox: Sandbox) -> None:
     hold = sandbox.hold(UNINSTALLER)
-    # nohup ignores SIGHUP, and child processes inherit that.
+    # Under nohup SIGHUP is ignored, and child processes inherit that.
     shell = subprocess.Popen(["env", "--default-signal=HUP", "sh", "-c", '"$0" & wait',
                               sandbox.bin / UNINSTALLER], start_new_session=True)
     pid = sandbox.wait_noted(UNINSTALLER, "start").number("pid")
@@ -239,7 +239,7 @@ def test_the_uninstaller_outlives_the_session_that_started_it(sandbox: Sandbox) 
     sandbox.wait_noted(UNINSTALLER, "end", exit=0)
 
 
-def test_the_product_runs_until_told_or_terminated(sandbox: Sandbox) -> None:
+def test_the_product_runs_until_told_to_end_or_killed(sandbox: Sandbox) -> None:
     hold = sandbox.hold(PRODUCT_UI)
     sandbox.spawn(PRODUCT_UI)
     first = sandbox.wait_noted(PRODUCT_UI, "start").number("pid")
@@ -260,7 +260,7 @@ def test_the_companion_lives_as_long_as_the_library_is_in_use(sandbox: Sandbox, 
     start = sandbox.wait_noted(COMPANION, "start")
     wait.until(lambda: len(sandbox.processes(COMPANION)) == 1, "one companion to remain")
     end(first)
-    # The second loader does not end by itself, so a companion that ended now would be at fault.
+    # The second process still has the library loaded, so the companion must not end now.
     assert not sandbox.journal(COMPANION, "end") and sandbox.processes(COMPANION)
     end(second)
     sandbox.wait_noted(COMPANION, "end", pid=start.text("pid"))
@@ -275,13 +275,13 @@ def test_every_use_of_the_library_has_a_companion(sandbox: Sandbox, load) -> Non
 
     for _ in range(20):
         loader = load()
-        # The one before goes on when it has not begun to end; else a new one comes.
+        # The companion continues if it has not begun to end; otherwise a new one starts.
         wait.until(at_work, "a companion", accept=lambda count: count == 1)
         end(loader)
     wait.until(at_work, "no companion", accept=lambda count: count == 0)
 
 
-def test_the_companion_is_nobodys_child_and_inherits_nothing(sandbox: Sandbox, load) -> None:
+def test_the_companion_is_detached_and_inherits_nothing(sandbox: Sandbox, load) -> None:
     loader = load()
     pid = sandbox.wait_noted(COMPANION, "start").number("pid")
     process = Path(f"/proc/{pid}")
@@ -294,7 +294,7 @@ def test_the_companion_is_nobodys_child_and_inherits_nothing(sandbox: Sandbox, l
         str(state / f"Dravik-bin.{name}.lock") for name in ("companion", "loaders")]
 
 
-def test_a_terminated_companion_writes_no_end(sandbox: Sandbox, load) -> None:
+def test_a_killed_companion_notes_no_end(sandbox: Sandbox, load) -> None:
     loader = load()
     sandbox.wait_noted(COMPANION, "start")
     sandbox.system.end(*sandbox.wait_processes(COMPANION, 1))
@@ -303,7 +303,7 @@ def test_a_terminated_companion_writes_no_end(sandbox: Sandbox, load) -> None:
     assert not sandbox.journal(COMPANION, "end")
 
 
-def test_a_companion_elsewhere_goes_its_own_way(sandbox: Sandbox, load) -> None:
+def test_a_companion_of_another_folder_is_independent(sandbox: Sandbox, load) -> None:
     hold = sandbox.root / "hold" / "elsewhere"
     hold.touch()
     sandbox.spawn(COMPANION, inside=False, hold_file=hold)
@@ -333,7 +333,7 @@ def running(sandbox: Sandbox) -> int:
     return sandbox.wait_noted(PRODUCT_UI, "start").number("pid")
 
 
-def test_a_running_image_is_listed_in_the_form_of_the_system(sandbox: Sandbox, running) -> None:
+def test_a_running_image_is_listed_in_the_format_of_windows(sandbox: Sandbox, running) -> None:
     for asked in (PRODUCT_UI, "ktrui.EXE"):
         image, pid, session, number, memory = ask(sandbox, asked).decode().split('","')
         assert (image, pid, session, number) == ('"KTRUI.exe', str(running), "Console", "1")
@@ -354,7 +354,7 @@ def test_a_deleted_executable_is_listed_by_its_name(sandbox: Sandbox, running: i
     assert ask(sandbox, PRODUCT_UI).startswith(f'"KTRUI.exe","{running}",'.encode())
 
 
-def test_a_task_list_sees_only_below_its_root(sandbox: Sandbox, running: int) -> None:
+def test_tasklist_lists_only_programs_below_its_roots(sandbox: Sandbox, running: int) -> None:
     line = f'"{running}"'.encode()
     sibling = sandbox.bin.with_name("bi")
     sibling.mkdir()
@@ -367,7 +367,9 @@ def test_a_task_list_sees_only_below_its_root(sandbox: Sandbox, running: int) ->
         assert (line in ask(sandbox, PRODUCT_UI)) == seen, roots
 
 
-def test_a_task_list_can_lie(sandbox: Sandbox, running: int) -> None:
+def test_tasklist_can_hide_and_invent_programs_and_print_anything(
+    sandbox: Sandbox, running: int
+) -> None:
     sandbox.configure("tasklist", hide="KTRUI.exe", show="uninstall.exe")
     assert ask(sandbox, PRODUCT_UI) == NO_TASKS
     assert ask(sandbox, UNINSTALLER) == b'"uninstall.exe","4242","Console","1","4,212 K"\r\n'
@@ -379,7 +381,7 @@ def test_a_task_list_can_lie(sandbox: Sandbox, running: int) -> None:
     assert ask(sandbox, PRODUCT_UI) == b"a\xffb\0\r\n" + "Ünde %zz%\r\n".encode()
 
 
-def test_a_task_list_can_hang_and_fail(sandbox: Sandbox) -> None:
+def test_tasklist_can_hang_and_fail(sandbox: Sandbox) -> None:
     sandbox.configure("tasklist", hang=1)
     tasklist = sandbox.locate("tasklist")
     hanging = subprocess.Popen(sandbox.system.command(tasklist, ["/NH", "/FO", "CSV"]),
@@ -404,7 +406,7 @@ def test_a_task_list_can_hang_and_fail(sandbox: Sandbox) -> None:
 @pytest.mark.parametrize("wrong", [
     ["/NH", "/FO", "LIST"], ["/NH", "/FO", "CSV", "/FI", "PID eq 1"], ["/FO", "CSV", "KTRUI.exe"],
     ["/FO", "CSV", "/FI"], []])
-def test_other_questions_are_errors(sandbox: Sandbox, wrong: list[str]) -> None:
+def test_tasklist_refuses_other_arguments(sandbox: Sandbox, wrong: list[str]) -> None:
     done = run(sandbox, "tasklist", *wrong)
     assert (done.returncode, done.stdout) == (1, b"") and done.stderr.startswith(b"ERROR: ")
 
@@ -414,7 +416,7 @@ def test_other_questions_are_errors(sandbox: Sandbox, wrong: list[str]) -> None:
 
 def test_an_opened_link_is_noted(sandbox: Sandbox) -> None:
     def open_link() -> int:
-        # A script of this system, which opens the links of the Windows executable, too.
+        # A Linux script that also opens the links of the Windows executable.
         return subprocess.run([sandbox.locate("xdg-open"), link], env=sandbox.environment(),
                               timeout=wait.DEADLINE, check=False).returncode
 
@@ -437,7 +439,7 @@ def test_the_clean_up_script_notes_how_it_was_called(sandbox: Sandbox) -> None:
     assert start.text("script") == sandbox.shown(copy)
 
 
-def test_the_clean_up_script_notes_who_sees_it(sandbox: Sandbox) -> None:
+def test_the_clean_up_script_notes_its_session_priority_and_streams(sandbox: Sandbox) -> None:
     copy = shutil.copy2(sandbox.bin / "clearKTR.bat", sandbox.temp)
     script = subprocess.Popen(
         ["chrt", "--idle", "0", "nice", "-n", "19", copy], start_new_session=True,
