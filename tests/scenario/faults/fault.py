@@ -14,7 +14,7 @@ class Outcome(Protocol):
     """What the program is expected to do, in words and as a run of it."""
 
     @property
-    def says(self) -> str:
+    def description(self) -> str:
         """In words."""
 
     def run(self, sandbox: Sandbox, fault: "Fault") -> None:

@@ -11,7 +11,7 @@ from typing import Callable, Iterator, Mapping
 from ktr.sandbox import Sandbox
 from faults.fault import Fault, Outcome, Prepare
 from faults.outcomes import (
-    AS_EVER, CONFIG, NO_CLEAN_UP, NO_HANDLE, NO_OFFERS, SILENT, TELEMETRY, UNTRANSLATED,
+    CONFIG, NO_CLEAN_UP, NO_HANDLE, NO_OFFERS, SILENT, TELEMETRY, UNCHANGED, UNTRANSLATED,
 )
 
 GARBAGE = random.Random(1).randbytes(1 << 16)
@@ -68,7 +68,7 @@ def _damaged(name: str, where: Callable[[Sandbox], Path], outcome: Outcome,
 
 def _handle_file(size: int | str, content: bytes) -> Fault:
     """A handle file that an earlier run left."""
-    return Fault(f"window-handle file: left over, {size}", AS_EVER,
+    return Fault(f"window-handle file: left over, {size}", UNCHANGED,
                  lambda sandbox: sandbox.write_handle(content))
 
 
@@ -83,17 +83,17 @@ def _no_translations(sandbox: Sandbox) -> None:
 
 
 FAULTS = [
-    *_damaged("external bundle", lambda sandbox: sandbox.bin / "UninstallUI.rcc", AS_EVER),
+    *_damaged("external bundle", lambda sandbox: sandbox.bin / "UninstallUI.rcc", UNCHANGED),
     *_damaged("translation", lambda sandbox: sandbox.bin / "translations" / "ktr_German.qm",
               UNTRANSLATED, _german),
     Fault("translations: no folder", UNTRANSLATED, _no_translations),
     *_damaged("window icon", lambda sandbox: sandbox.root / "Dravik" / "res" / "install_box.ico",
-              AS_EVER),
+              UNCHANGED),
     *_damaged("clean-up script", lambda sandbox: sandbox.bin / "clearKTR.bat", NO_CLEAN_UP,
               linux_only={"garbage": BATCH_FILE}),
     *_damaged("telemetry library", lambda sandbox: sandbox.bin / TELEMETRY, SILENT),
     *_damaged("configuration library", lambda sandbox: sandbox.locate(CONFIG), NO_OFFERS),
-    *_damaged("registry", lambda sandbox: sandbox.bin / "registry.reg", AS_EVER,
+    *_damaged("registry", lambda sandbox: sandbox.bin / "registry.reg", UNCHANGED,
               linux_only=dict.fromkeys(DAMAGES, TEXT_FILE)),
     *(_handle_file(f"{size} bytes" if size < 1 << 20 else "1 MiB", GARBAGE[:1] * size)
       for size in (0, 1, 7, 8, 9, 1 << 20)),

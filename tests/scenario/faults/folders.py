@@ -5,7 +5,7 @@ from __future__ import annotations
 from ktr.sandbox import Sandbox
 from faults.fault import Fault
 from faults.files import ROOT_READS_ALL, occupy
-from faults.outcomes import AS_EVER, NO_CLEAN_UP, NO_HANDLE, Whole
+from faults.outcomes import NO_CLEAN_UP, NO_HANDLE, UNCHANGED, Whole
 
 _MOUNT = ("/usr/bin/unshare", "--mount", "/bin/sh", "-c",
           'mount -t tmpfs -o size=4k,nr_inodes=1 full "$TMPDIR" && exec "$0" "$@"')
@@ -68,12 +68,12 @@ FAULTS = [
           _older_in_read_only_temp, unprivileged=True, linux_only=ROOT_READS_ALL),
     Fault("temp directory: full", NO_CLEAN_UP, under=_MOUNT,
           linux_only="a file system of the program's own is mounted"),
-    Fault("the script's copy: a file that was there before", AS_EVER,
+    Fault("the script's copy: a file that was there before", UNCHANGED,
           lambda sandbox: (sandbox.temp / "clearKTR.bat").write_text("something older")),
     Fault("the script's copy: a folder",
-          Whole(NO_CLEAN_UP.says + " The folder stays.", clean_up=False), _copy_is_a_folder),
-    Fault("the script's copy: a link to a file", AS_EVER, _copy_is_a_link, also=_victim_is_safe,
+          Whole(NO_CLEAN_UP.description + " The folder stays.", clean_up=False), _copy_is_a_folder),
+    Fault("the script's copy: a link to a file", UNCHANGED, _copy_is_a_link, also=_victim_is_safe,
           linux_only="under Wine a link is what it leads to"),
-    Fault("the script's copy: a link to nothing", AS_EVER, _copy_is_a_dangling_link,
+    Fault("the script's copy: a link to nothing", UNCHANGED, _copy_is_a_dangling_link,
           also=_nothing_at_its_end, linux_only="under Wine a link is what it leads to"),
 ]

@@ -21,7 +21,7 @@ HANDLE, STAGED = "Dravik/bin/hwndFile.ini", "tmp/clearKTR.bat"
 class Whole:
     """A whole run: a reason, its coupon, the uninstallation to its end, "OK"."""
 
-    says: str
+    description: str
     events: bool = True
     offers: bool = True
     clean_up: bool = True
@@ -31,7 +31,7 @@ class Whole:
     """What is on the disk afterwards that was not there before, or has changed."""
 
     def run(self, sandbox: Sandbox, fault: Fault) -> None:
-        """See `says`."""
+        """See `description`."""
         sandbox.configure("uninstall.exe", remove=None, run_ms=500)
         untranslated = None if self.translated else title_without_language(sandbox)
         fault.prepare(sandbox)
@@ -89,11 +89,11 @@ class Whole:
 class Run:
     """A run that is told step by step."""
 
-    says: str
+    description: str
     steps: Callable[[Sandbox, Fault], object]
 
     def run(self, sandbox: Sandbox, fault: Fault) -> None:
-        """See `says`."""
+        """See `description`."""
         sandbox.configure("uninstall.exe", remove=None, run_ms=500)
         fault.prepare(sandbox)
         self.steps(sandbox, fault)
@@ -141,7 +141,7 @@ def _empty_bar(sandbox: Sandbox, fault: Fault) -> None:
     steps.expect_end(sandbox, program, cleanup=False)
 
 
-AS_EVER = Whole("Everything works as ever.")
+UNCHANGED = Whole("Everything works as ever.")
 SILENT = Whole("Everything works, without usage events.", events=False)
 NO_OFFERS = Whole("Everything works, with empty offers.", offers=False)
 NO_CLEAN_UP = Whole("Everything works; the clean-up script is not run, and nothing is said.",

@@ -9,7 +9,7 @@ from ktr import layout, wait
 from ktr.sandbox import Sandbox
 from faults.fault import Fault
 from faults.files import GARBAGE
-from faults.outcomes import AS_EVER, EMPTY_BAR, Run
+from faults.outcomes import EMPTY_BAR, UNCHANGED, Run
 
 PATIENCE = 30.0
 """Seconds that a query of the task list may take."""
@@ -139,15 +139,15 @@ def _ends_unseen(sandbox: Sandbox) -> None:
 
 
 FAULTS = [
-    Fault("task list: missing", Run(EMPTY_BAR.says, _no_task_list), _without("tasklist"),
+    Fault("task list: missing", Run(EMPTY_BAR.description, _no_task_list), _without("tasklist"),
           stderr=_WINE_SAYS),
     Fault("task list: ends with 1, without a list", EMPTY_BAR, _tasklist(exit=1, silent=1)),
-    Fault("task list: ends with 1 after its list", AS_EVER, _tasklist(exit=1)),
+    Fault("task list: ends with 1 after its list", UNCHANGED, _tasklist(exit=1)),
     Fault("task list: says nothing", EMPTY_BAR, _tasklist(silent=1)),
-    Fault("task list: is killed after its list", AS_EVER, _tasklist(killed=1)),
-    Fault("task list: complains on standard error", AS_EVER, _tasklist(complain="ERROR: no")),
-    Fault("task list: prints 10 MiB first", AS_EVER, _tasklist(bytes=10 << 20)),
-    Fault("task list: prints what is no text", AS_EVER, _tasklist(say="%FF%FE%00%80uninstall")),
+    Fault("task list: is killed after its list", UNCHANGED, _tasklist(killed=1)),
+    Fault("task list: complains on standard error", UNCHANGED, _tasklist(complain="ERROR: no")),
+    Fault("task list: prints 10 MiB first", UNCHANGED, _tasklist(bytes=10 << 20)),
+    Fault("task list: prints what is no text", UNCHANGED, _tasklist(say="%FF%FE%00%80uninstall")),
     Fault("task list: hangs in the check for the product",
           Run("After 30 seconds what it has printed counts; later ones work as ever.",
               _hang_in_the_product_check)),
@@ -167,7 +167,7 @@ FAULTS = [
           lambda sandbox: _replace_uninstaller(sandbox, GARBAGE), stderr=_WINE_SAYS),
     Fault("uninstaller: ends before it is seen", EMPTY_BAR,
           _ends_unseen),
-    Fault("uninstaller: fails", AS_EVER,
+    Fault("uninstaller: fails", UNCHANGED,
           lambda sandbox: sandbox.configure("uninstall.exe", exit=1)),
     Fault("uninstaller: another of its name takes over", Run(COMPLETES, _another_takes_over)),
     Fault("uninstaller: is killed", Run("The bar completes, and all else works as ever.", _killed)),

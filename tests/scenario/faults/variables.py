@@ -7,7 +7,7 @@ from typing import Callable
 
 from ktr.sandbox import Sandbox
 from faults.fault import Fault
-from faults.outcomes import AS_EVER
+from faults.outcomes import UNCHANGED
 
 CONTROLS = ("ApplicationWindow", "Label", "RadioButton", "ScrollView", "TextArea")
 
@@ -31,10 +31,10 @@ def _given(variable: str, file: str = "") -> Callable[[Sandbox], dict[str, str |
 
 
 FAULTS = [
-    Fault("a style of the controls that does not load", AS_EVER, _plant,
+    Fault("a style of the controls that does not load", UNCHANGED, _plant,
           environment=_given("QT_QUICK_CONTROLS_STYLE")),
-    Fault("such a style for what the chosen one lacks", AS_EVER, _plant,
+    Fault("such a style for what the chosen one lacks", UNCHANGED, _plant,
           environment=_given("QT_QUICK_CONTROLS_FALLBACK_STYLE")),
-    Fault("settings of the controls that name such a style", AS_EVER, _plant,
+    Fault("settings of the controls that name such a style", UNCHANGED, _plant,
           environment=_given("QT_QUICK_CONTROLS_CONF", "controls.conf")),
 ]

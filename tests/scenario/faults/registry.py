@@ -23,13 +23,13 @@ NOT_TEXT = "what is no text is read in another way by a registry that knows type
 class Hostile:
     """The program with the same text in a value, or in all of them."""
 
-    says: str
+    description: str
     value: str | Raw
     text: str
     """What the program makes of it."""
 
     def run(self, sandbox: Sandbox, fault: Fault) -> None:
-        """See `says`."""
+        """See `description`."""
         sandbox.set_registry(self.value, self.value, self.value)
         sandbox.configure(CONFIG, **{f"string.{CART}": PLAIN})
         before = sandbox.snapshot()

@@ -11,9 +11,9 @@ from ktr.display import Display
 from ktr.sandbox import Sandbox
 from ktr.window import Window
 from faults.fault import Fault
-from faults.outcomes import AS_EVER, COMPANION, TELEMETRY, Run, Whole
+from faults.outcomes import COMPANION, TELEMETRY, UNCHANGED, Run, Whole
 
-STARTS_ANEW = "Nothing is left that hinders: the next start works as ever."
+RESTARTS = "Nothing is left that hinders: the next start works as ever."
 FAKETIME = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1"
 ONE_DISPLAY = "Wine's desktop ends with its display"
 
@@ -25,7 +25,7 @@ def _start_again(sandbox: Sandbox, fault: Fault) -> None:
     sandbox.wait_processes(COMPANION, 0)
     sandbox.forget_journal()
     sandbox.configure("uninstall.exe", hold_file=None)
-    Whole(AS_EVER.says).run(sandbox, Fault(fault.what, AS_EVER))
+    Whole(UNCHANGED.description).run(sandbox, Fault(fault.what, UNCHANGED))
 
 
 def _killed_at(stage: Callable[[Sandbox, Window], object]) -> Run:
@@ -36,7 +36,7 @@ def _killed_at(stage: Callable[[Sandbox, Window], object]) -> Run:
         assert not sandbox.instance_lock_held()
         _start_again(sandbox, fault)
 
-    return Run(STARTS_ANEW, cut_short)
+    return Run(RESTARTS, cut_short)
 
 
 def _killed_before_its_window(sandbox: Sandbox, fault: Fault) -> None:
@@ -102,14 +102,14 @@ def _locale(name: str) -> Fault:
             subprocess.run(["/usr/bin/localedef", "--no-archive", "-i", source, "-f", encoding,
                             sandbox.root / "locales" / name], check=True, capture_output=True)
 
-    return Fault(f"locale: {name}", AS_EVER, make, linux_only="the locale is one of this system",
+    return Fault(f"locale: {name}", UNCHANGED, make, linux_only="the locale is one of this system",
                  stderr=(r"Fontconfig warning: ignoring .*",),
                  environment=lambda sandbox: {"LC_ALL": name,
                                               "LOCPATH": str(sandbox.root / "locales")})
 
 
 FAULTS = [
-    Fault("killed before its window is there", Run(STARTS_ANEW, _killed_before_its_window)),
+    Fault("killed before its window is there", Run(RESTARTS, _killed_before_its_window)),
     Fault("killed with its window there", _killed_at(lambda sandbox, window: None)),
     Fault("killed with a coupon shown",
           _killed_at(lambda sandbox, window: steps.choose(sandbox, window, 2))),
@@ -118,14 +118,14 @@ FAULTS = [
     Fault("killed during the run", _killed_at(steps.uninstall_held)),
     Fault("killed after the run", _killed_at(_complete)),
     Fault("the display goes during the run",
-          Run("The toolkit ends the program. " + STARTS_ANEW, _display_goes),
+          Run("The toolkit ends the program. " + RESTARTS, _display_goes),
           linux_only=ONE_DISPLAY, stderr=(r"The X11 connection broke.*", r"XIO: .*", r"\s.*")),
     Fault("there is no display",
-          Run("The toolkit ends the program. " + STARTS_ANEW, _no_display),
+          Run("The toolkit ends the program. " + RESTARTS, _no_display),
           linux_only=ONE_DISPLAY, stderr=(r"qt\.qpa\.xcb: .*", r"This application failed .*",
                                           r"Available platform plugins .*", r"qt\.qpa\.plugin: .*",
                                           r"\s*")),
-    Fault("midnight, and a new year, during the run", AS_EVER, _fake_clock,
+    Fault("midnight, and a new year, during the run", UNCHANGED, _fake_clock,
           environment=lambda sandbox: {
               "LD_PRELOAD": FAKETIME, "FAKETIME": "@2025-12-31 23:59:57", "TZ": "UTC",
               "FAKETIME_DONT_FAKE_MONOTONIC": "1"},
