@@ -1,4 +1,4 @@
-"""Whatever is wrong around the program, it does what the table of faults says."""
+"""Fault injection: the program does what the table of faults says."""
 
 import pytest
 
@@ -6,7 +6,7 @@ from ktr.output import unexpected_lines
 from ktr.target import is_windows
 from faults import TABLE
 
-# Everything takes longer there, and what the program decides is the same.
+# Wine is slower, and the program decides the same there.
 pytestmark = [pytest.mark.usefixtures("reasons"),
               *([pytest.mark.soak] if is_windows() else [])]
 FAULTS = [fault for faults in TABLE.values() for fault in faults]
@@ -16,7 +16,7 @@ FAULTS = [fault for faults in TABLE.values() for fault in faults]
 @pytest.mark.parametrize("fault", [
     pytest.param(fault, marks=pytest.mark.uninstrumented if fault.uninstrumented else ())
     for fault in FAULTS], ids=[str(fault) for fault in FAULTS])
-def test_fault(sandbox, fault):
+def test_the_program_does_what_the_table_says(sandbox, fault):
     if is_windows() and fault.linux_only:
         pytest.skip(fault.linux_only)
     fault.outcome.run(sandbox, fault)
@@ -24,7 +24,7 @@ def test_fault(sandbox, fault):
         assert unexpected_lines(program.stderr, fault.stderr) == []
 
 
-def test_each_fault_is_there_once():
+def test_the_table_has_each_fault_once():
     names = [fault.what for fault in FAULTS]
     assert len(names) >= 60
     assert len(set(names)) == len(names)

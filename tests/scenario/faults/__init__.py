@@ -1,12 +1,12 @@
-"""The table of faults."""
+"""The table of injected faults."""
 
 from faults import files, folders, interruptions, programs, registry, variables
 
 TABLE = {
     "Files beside the program": files.FAULTS,
-    "Its folders": folders.FAULTS,
-    "The task list and the uninstaller": programs.FAULTS,
-    "What the setup has recorded": registry.FAULTS,
-    "Variables of the toolkit that somebody has set": variables.FAULTS,
-    "The end of a run, and what changes meanwhile": interruptions.FAULTS,
+    "Program and temp directory": folders.FAULTS,
+    "Task list and uninstaller": programs.FAULTS,
+    "Registry values": registry.FAULTS,
+    "Environment variables for Qt": variables.FAULTS,
+    "Interruptions": interruptions.FAULTS,
 }

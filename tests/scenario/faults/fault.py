@@ -1,4 +1,4 @@
-"""A row of the table of faults."""
+"""A row of the table of injected faults."""
 
 from __future__ import annotations
 
@@ -11,41 +11,41 @@ Prepare = Callable[[Sandbox], object]
 
 
 class Outcome(Protocol):
-    """What the program is expected to do, in words and as a run of it."""
+    """The expected behaviour, in words and as a run with checks."""
 
     @property
     def description(self) -> str:
         """In words."""
 
     def run(self, sandbox: Sandbox, fault: "Fault") -> None:
-        """Starts the program, uses it, and fails when it did not do that."""
+        """Starts and uses the program; fails if it behaves differently."""
 
 
 @dataclass(frozen=True)
 class Fault:
-    """Something that is wrong when the program starts, or becomes wrong while it runs."""
+    """Something that is wrong when the program starts, or goes wrong while it runs."""
 
     what: str
     outcome: Outcome
     prepare: Prepare = lambda sandbox: None
     also: Prepare = lambda sandbox: None
-    """What else has to be true at the end."""
+    """Further checks or a cleanup at the end."""
     environment: Callable[[Sandbox], dict[str, str | None]] = lambda sandbox: {}
     under: tuple[str, ...] = ()
-    """A command that becomes the program."""
+    """A command that executes the program in its own place (`exec`)."""
     unprivileged: bool = False
     """Whether permissions count for the program even if an administrator runs the tests."""
     linux_only: str = ""
-    """Why it is not asked of the Windows executable."""
+    """Why it does not run on the Windows executable; empty if it does."""
     uninstrumented: bool = False
     """Whether it needs a program that was built without sanitizers."""
     stderr: tuple[str, ...] = ()
-    """What the program may print besides what it always may."""
+    """Regular expressions of further lines that the program may print on standard error."""
 
     def __str__(self) -> str:
         return self.what
 
     def start(self, sandbox: Sandbox, **more: Any):
-        """Starts the program with this fault around it."""
+        """Starts the program with this fault."""
         under = [*(sandbox.system.without_privileges if self.unprivileged else ()), *self.under]
         return sandbox.start(environment=self.environment(sandbox), under=under, **more)

@@ -1,4 +1,4 @@
-"""Every file that is delivered with the program or lies beside it, in every state but its own."""
+"""Every file that ships with the program or lies beside it: missing, damaged or replaced."""
 
 from __future__ import annotations
 
@@ -15,9 +15,9 @@ from faults.outcomes import (
 )
 
 GARBAGE = random.Random(1).randbytes(1 << 16)
-ROOT_READS_ALL = "what a file's permissions forbid is decided by another process under Wine"
-BATCH_FILE = "what a batch file of garbage does is the command interpreter's affair"
-TEXT_FILE = "the registry is no file there"
+ROOT_READS_ALL = "under Wine the server process checks permissions, with its own privileges"
+BATCH_FILE = "a batch file of garbage does whatever the command interpreter makes of it"
+TEXT_FILE = "the registry is not a file there"
 
 Damage = Callable[[Path], object]
 
@@ -28,7 +28,7 @@ def _gone(file: Path) -> None:
 
 
 def occupy(file: Path) -> None:
-    """Puts a folder with something in it, which nobody may delete, in the place of a file."""
+    """Replaces a file by a folder with a file in it, which nothing may delete."""
     _gone(file)
     file.mkdir()
     (file / "something").write_text("within")
@@ -55,7 +55,7 @@ def _german(sandbox: Sandbox) -> None:
 def _damaged(name: str, where: Callable[[Sandbox], Path], outcome: Outcome,
              first: Prepare = lambda sandbox: None,
              linux_only: Mapping[str, str] = MappingProxyType({})) -> Iterator[Fault]:
-    """A file in each of the states; `linux_only` says why which are not tried on Windows."""
+    """A file with each kind of damage; `linux_only` maps damages to why they skip Windows."""
     reasons = {"unreadable": ROOT_READS_ALL, **linux_only}
     for damage, cause in DAMAGES.items():
         def prepare(sandbox: Sandbox, cause: Damage = cause) -> None:

@@ -9,7 +9,7 @@ from faults.outcomes import NO_CLEAN_UP, NO_HANDLE, UNCHANGED, Whole
 
 _MOUNT = ("/usr/bin/unshare", "--mount", "/bin/sh", "-c",
           'mount -t tmpfs -o size=4k,nr_inodes=1 full "$TMPDIR" && exec "$0" "$@"')
-"""Gives the program, and nobody else, a full temp directory."""
+"""Gives only the program a full temp directory."""
 
 VICTIM = "elsewhere/victim"
 
@@ -67,13 +67,13 @@ FAULTS = [
     Fault("temp directory: read-only, with an older script in it", NO_CLEAN_UP,
           _older_in_read_only_temp, unprivileged=True, linux_only=ROOT_READS_ALL),
     Fault("temp directory: full", NO_CLEAN_UP, under=_MOUNT,
-          linux_only="a file system of the program's own is mounted"),
-    Fault("the script's copy: a file that was there before", UNCHANGED,
+          linux_only="it mounts a file system for the program"),
+    Fault("the script's copy: an older file", UNCHANGED,
           lambda sandbox: (sandbox.temp / "clearKTR.bat").write_text("something older")),
     Fault("the script's copy: a folder",
           Whole(NO_CLEAN_UP.description + " The folder stays.", clean_up=False), _copy_is_a_folder),
     Fault("the script's copy: a link to a file", UNCHANGED, _copy_is_a_link, also=_victim_is_safe,
-          linux_only="under Wine a link is what it leads to"),
+          linux_only="Wine shows a link as its target"),
     Fault("the script's copy: a link to nothing", UNCHANGED, _copy_is_a_dangling_link,
-          also=_nothing_at_its_end, linux_only="under Wine a link is what it leads to"),
+          also=_nothing_at_its_end, linux_only="Wine shows a link as its target"),
 ]

@@ -1,4 +1,4 @@
-"""Runs that are cut short, and surroundings that change while the program runs."""
+"""A killed program, a lost display, and changes of clock and locale."""
 
 from __future__ import annotations
 
@@ -13,13 +13,13 @@ from ktr.window import Window
 from faults.fault import Fault
 from faults.outcomes import COMPANION, TELEMETRY, UNCHANGED, Run, Whole
 
-RESTARTS = "Nothing is left that hinders: the next start works as ever."
+RESTARTS = "Nothing blocks the next start, which works unchanged."
 FAKETIME = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1"
 ONE_DISPLAY = "Wine's desktop ends with its display"
 
 
 def _start_again(sandbox: Sandbox, fault: Fault) -> None:
-    """What the killed run has left running goes; then the product is uninstalled."""
+    """Ends the processes that the killed run has left, and uninstalls the product."""
     for process in sandbox.system.offspring(sandbox.root):
         sandbox.system.end(process)
     sandbox.wait_processes(COMPANION, 0)
@@ -93,7 +93,7 @@ def _fake_clock(sandbox: Sandbox) -> None:
 
 
 def _locale(name: str) -> Fault:
-    """The program in a locale that is made for it, if there is a source of it."""
+    """The program in a locale, which is generated if the system has its source."""
     source, _, encoding = name.partition(".")
 
     def make(sandbox: Sandbox) -> None:
@@ -102,26 +102,26 @@ def _locale(name: str) -> Fault:
             subprocess.run(["/usr/bin/localedef", "--no-archive", "-i", source, "-f", encoding,
                             sandbox.root / "locales" / name], check=True, capture_output=True)
 
-    return Fault(f"locale: {name}", UNCHANGED, make, linux_only="the locale is one of this system",
+    return Fault(f"locale: {name}", UNCHANGED, make, linux_only="Windows has other locales",
                  stderr=(r"Fontconfig warning: ignoring .*",),
                  environment=lambda sandbox: {"LC_ALL": name,
                                               "LOCPATH": str(sandbox.root / "locales")})
 
 
 FAULTS = [
-    Fault("killed before its window is there", Run(RESTARTS, _killed_before_its_window)),
-    Fault("killed with its window there", _killed_at(lambda sandbox, window: None)),
+    Fault("killed before it has a window", Run(RESTARTS, _killed_before_its_window)),
+    Fault("killed with the window shown", _killed_at(lambda sandbox, window: None)),
     Fault("killed with a coupon shown",
           _killed_at(lambda sandbox, window: steps.choose(sandbox, window, 2))),
     Fault("killed with the warning shown", _killed_at(_warned)),
     Fault("killed while it waits for the uninstaller", _killed_at(_waiting)),
     Fault("killed during the run", _killed_at(steps.uninstall_held)),
     Fault("killed after the run", _killed_at(_complete)),
-    Fault("the display goes during the run",
-          Run("The toolkit ends the program. " + RESTARTS, _display_goes),
+    Fault("the display ends during the run",
+          Run("Qt ends the program. " + RESTARTS, _display_goes),
           linux_only=ONE_DISPLAY, stderr=(r"The X11 connection broke.*", r"XIO: .*", r"\s.*")),
     Fault("there is no display",
-          Run("The toolkit ends the program. " + RESTARTS, _no_display),
+          Run("Qt ends the program. " + RESTARTS, _no_display),
           linux_only=ONE_DISPLAY, stderr=(r"qt\.qpa\.xcb: .*", r"This application failed .*",
                                           r"Available platform plugins .*", r"qt\.qpa\.plugin: .*",
                                           r"\s*")),
@@ -129,7 +129,7 @@ FAULTS = [
           environment=lambda sandbox: {
               "LD_PRELOAD": FAKETIME, "FAKETIME": "@2025-12-31 23:59:57", "TZ": "UTC",
               "FAKETIME_DONT_FAKE_MONOTONIC": "1"},
-          uninstrumented=True, linux_only="the clock is changed by a library of this system"),
+          uninstrumented=True, linux_only="libfaketime changes the clock"),
     *(_locale(name) for name in ("C", "tr_TR.UTF-8", "ar_EG.UTF-8", "th_TH.UTF-8",
                                  "tr_TR.ISO-8859-9", "no_SUCH.UTF-8")),
 ]

@@ -1,4 +1,4 @@
-"""What the program does in spite of a fault: runs of it from its start to its end."""
+"""What the program does despite a fault: runs from its start to its end."""
 
 from __future__ import annotations
 
@@ -19,7 +19,7 @@ HANDLE, STAGED = "Dravik/bin/hwndFile.ini", "tmp/clearKTR.bat"
 
 @dataclass(frozen=True)
 class Whole:
-    """A whole run: a reason, its coupon, the uninstallation to its end, "OK"."""
+    """A complete run: a reason, its coupon, the uninstallation to its end, "OK"."""
 
     description: str
     events: bool = True
@@ -28,7 +28,7 @@ class Whole:
     handle: bool = True
     translated: bool = True
     stays: tuple[str, ...] = ()
-    """What is on the disk afterwards that was not there before, or has changed."""
+    """Further files that may be added or changed."""
 
     def run(self, sandbox: Sandbox, fault: Fault) -> None:
         """See `description`."""
@@ -39,7 +39,7 @@ class Whole:
         program = fault.start(sandbox)
         window = program.ready()
         if not steps.knows_reasons(window):
-            # A locale may change the font.
+            # A locale may change the font, and so the looks of the reasons.
             steps.learn_reasons(sandbox.display, fault.prepare, fault.start)
         assert published(sandbox, window) == self.handle
         if untranslated is not None:
@@ -78,7 +78,7 @@ class Whole:
         assert bool(sandbox.journal(TELEMETRY, "SkyrelSendInfo")) == self.events
 
     def _expect_disk(self, before: tree.Tree, sandbox: Sandbox) -> None:
-        """Nothing has come but what is described, and nothing else has changed."""
+        """Only the expected files have been added or changed."""
         difference = tree.compare(before, sandbox.snapshot())
         lock = f"run/{MUTEX}.lock"
         seen = {*difference.added, *difference.removed, *difference.changed}
@@ -87,7 +87,7 @@ class Whole:
 
 @dataclass(frozen=True)
 class Run:
-    """A run that is told step by step."""
+    """A run with steps of its own."""
 
     description: str
     steps: Callable[[Sandbox, Fault], object]
@@ -101,14 +101,14 @@ class Run:
 
 
 def published(sandbox: Sandbox, window: Window) -> bool:
-    """Whether the handle file leads to the window."""
+    """Whether the handle file has the window's handle."""
     file = sandbox.handle_file
     return (file.is_file() and file.stat().st_size == 8
             and sandbox.system.publishes(sandbox.read_handle(), window))
 
 
 def title_without_language(sandbox: Sandbox) -> bytes:
-    """How the title is drawn without a translation."""
+    """The title as drawn without a translation."""
     translations = sandbox.bin / "translations"
     away = translations.rename(sandbox.root / "elsewhere" / "translations")
     program = sandbox.start()
@@ -141,13 +141,13 @@ def _empty_bar(sandbox: Sandbox, fault: Fault) -> None:
     steps.expect_end(sandbox, program, cleanup=False)
 
 
-UNCHANGED = Whole("Everything works as ever.")
+UNCHANGED = Whole("Everything works unchanged.")
 SILENT = Whole("Everything works, without usage events.", events=False)
 NO_OFFERS = Whole("Everything works, with empty offers.", offers=False)
-NO_CLEAN_UP = Whole("Everything works; the clean-up script is not run, and nothing is said.",
+NO_CLEAN_UP = Whole("Everything works; the clean-up script does not run, without a message.",
                     clean_up=False)
 NO_HANDLE = Whole("Everything works; a second start ends without bringing the window to the front.",
                   handle=False)
 UNTRANSLATED = Whole("Everything works, with the source texts.", translated=False)
-EMPTY_BAR = Run("After 25 questions the bar stays empty. The window can be closed by the system, "
-                "and the clean-up does not run.", _empty_bar)
+EMPTY_BAR = Run("After 25 queries the bar stays empty. The system can close the window, and the "
+                "clean-up does not run.", _empty_bar)

@@ -1,4 +1,4 @@
-"""The task list and the uninstaller."""
+"""Faults of the task list and of the uninstaller."""
 
 from __future__ import annotations
 
@@ -55,7 +55,7 @@ def _hang_in_the_product_check(sandbox: Sandbox, fault: Fault) -> None:
     steps.uninstall(window)
     sandbox.wait_noted("tasklist", "query")
     sandbox.configure("tasklist", hang=None, show=None)
-    # What had been printed counts: the warning comes.
+    # Its output before the timeout counts: the warning appears.
     box = program.box(wait.DEADLINE + PATIENCE)
     assert time.monotonic() - began > PATIENCE - 1
     box.click(layout.BOX_OK)
@@ -130,11 +130,11 @@ def _no_task_list(sandbox: Sandbox, fault: Fault) -> None:
     steps.expect_end(sandbox, program, cleanup=False)
 
 
-COMPLETES = "The bar goes on until it has gone, and all else works as ever."
+COMPLETES = "The bar continues until the last one has ended; everything else works unchanged."
 
 def _ends_unseen(sandbox: Sandbox) -> None:
     sandbox.configure("uninstall.exe", mode="never")
-    # Or a quick task list would still see it now and then.
+    # A fast `tasklist` would still see it now and then.
     sandbox.configure("tasklist", hide="uninstall.exe")
 
 
@@ -143,24 +143,24 @@ FAULTS = [
           stderr=_WINE_SAYS),
     Fault("task list: ends with 1, without a list", EMPTY_BAR, _tasklist(exit=1, silent=1)),
     Fault("task list: ends with 1 after its list", UNCHANGED, _tasklist(exit=1)),
-    Fault("task list: says nothing", EMPTY_BAR, _tasklist(silent=1)),
+    Fault("task list: prints nothing", EMPTY_BAR, _tasklist(silent=1)),
     Fault("task list: is killed after its list", UNCHANGED, _tasklist(killed=1)),
-    Fault("task list: complains on standard error", UNCHANGED, _tasklist(complain="ERROR: no")),
+    Fault("task list: prints on standard error", UNCHANGED, _tasklist(complain="ERROR: no")),
     Fault("task list: prints 10 MiB first", UNCHANGED, _tasklist(bytes=10 << 20)),
-    Fault("task list: prints what is no text", UNCHANGED, _tasklist(say="%FF%FE%00%80uninstall")),
+    Fault("task list: prints invalid UTF-8", UNCHANGED, _tasklist(say="%FF%FE%00%80uninstall")),
     Fault("task list: hangs in the check for the product",
-          Run("After 30 seconds what it has printed counts; later ones work as ever.",
+          Run("After 30 seconds its output so far counts; later queries work unchanged.",
               _hang_in_the_product_check)),
-    Fault("task list: hangs while the uninstaller is waited for",
-          Run("After 30 seconds it counts as an answer that nothing runs; later ones work as ever.",
+    Fault("task list: hangs in the wait for the uninstaller",
+          Run("After 30 seconds it counts as an empty list; later queries work unchanged.",
               _hang_in_the_wait)),
     Fault("task list: hangs in a tick",
-          Run("After 30 seconds it counts as an answer that nothing runs: the bar completes.",
+          Run("After 30 seconds it counts as an empty list: the bar completes.",
               _hang_in_a_tick)),
     Fault("uninstaller: missing", EMPTY_BAR, _without("uninstall.exe"), stderr=_WINE_SAYS),
     Fault("uninstaller: a folder", EMPTY_BAR, _a_folder, stderr=_WINE_SAYS),
     Fault("uninstaller: not executable", EMPTY_BAR, _not_executable,
-          linux_only="a file is executable by its content there"),
+          linux_only="on Windows the content makes a file executable"),
     Fault("uninstaller: empty", EMPTY_BAR, lambda sandbox: _replace_uninstaller(sandbox, b""),
           stderr=_WINE_SAYS),
     Fault("uninstaller: garbage", EMPTY_BAR,
@@ -169,6 +169,8 @@ FAULTS = [
           _ends_unseen),
     Fault("uninstaller: fails", UNCHANGED,
           lambda sandbox: sandbox.configure("uninstall.exe", exit=1)),
-    Fault("uninstaller: another of its name takes over", Run(COMPLETES, _another_takes_over)),
-    Fault("uninstaller: is killed", Run("The bar completes, and all else works as ever.", _killed)),
+    Fault("uninstaller: another one of the same name takes over",
+          Run(COMPLETES, _another_takes_over)),
+    Fault("uninstaller: is killed",
+          Run("The bar completes; everything else works unchanged.", _killed)),
 ]

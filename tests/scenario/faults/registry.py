@@ -1,4 +1,4 @@
-"""A hostile registry: the texts reach a path, a URL, the keys and the prefix of the configuration."""
+"""Malicious registry values: they reach a path, a URL, and the configuration's keys and prefix."""
 
 from __future__ import annotations
 
@@ -15,18 +15,18 @@ from offer_keys import CART
 
 PLAIN = "https://shop.torvan.example/cart?product=dravik"
 ROOM = 260
-"""Bytes that a value may have, with the zero at its end."""
-NOT_TEXT = "what is no text is read in another way by a registry that knows types"
+"""The largest size of a value, in bytes with its terminating NUL."""
+NOT_TEXT = "the Windows registry has types and returns such values differently"
 
 
 @dataclass(frozen=True)
 class Hostile:
-    """The program with the same text in a value, or in all of them."""
+    """The program with the same text in all registry values."""
 
     description: str
     value: str | Raw
     text: str
-    """What the program makes of it."""
+    """The text that the program must read."""
 
     def run(self, sandbox: Sandbox, fault: Fault) -> None:
         """See `description`."""
@@ -38,11 +38,11 @@ class Hostile:
         parts = [part for part in (self.text, "uninstall__180", self.text) if part]
         prefix = sandbox.journal(CONFIG, "set_filter_environment")[0].text("prefix")
         assert prefix == sandbox.system.multibyte("__".join(parts))
-        # The language may have a translation of no such name: the reasons are the source texts.
+        # There is no translation of this name, so the reasons are the source texts.
         steps.choose(sandbox, window, 1)
         window.click(layout.COUPON)
         link = json.loads(steps.wait_event(sandbox, "Click_Gift_Url")[2])["url"]
-        # Without an OEM there is an address; with this one there is none, and only the tail.
+        # The configuration has a link without an OEM only; with this OEM just the suffix is left.
         assert link == (f"?x-url=1-{sandbox.system.multibyte(self.text)}" if self.text else PLAIN)
         window.drag(layout.TITLE_GRIP, 20, 10)
         window.click(layout.CANCEL)
@@ -54,8 +54,8 @@ class Hostile:
         assert before.keys() <= after.keys()
 
 
-TAKEN = "It is a text like any other: nothing in it is carried out, and all works."
-LEFT_OUT = "It counts as missing, and all works."
+TAKEN = "The value is plain text: nothing in it is executed, and everything works."
+LEFT_OUT = "The value counts as missing, and everything works."
 
 
 def _text(name: str, text: str) -> Fault:
@@ -76,18 +76,18 @@ FAULTS = [
     _text("percent signs", "%1%2%n%s%99%PATH%%41"),
     _text("commands of a shell", "$(touch harm)`touch harm`;touch harm|touch harm&touch harm"),
     _text("options of a command", "--help -e harm"),
-    _text("a way up", "../../../../harm"),
-    _text("a way up, with backslashes", "..\\..\\..\\harm"),
-    _text("an address of its own", "&x-url=2#fragment?https://harm.example/@"),
+    _text("a path upwards", "../../../../harm"),
+    _text("a path upwards, with backslashes", "..\\..\\..\\harm"),
+    _text("a URL", "&x-url=2#fragment?https://harm.example/@"),
     _text("markup", "<img src='file:///harm'><b>&amp;"),
     _text("separators of keys", "__a__b____"),
-    _text("letters of another script", "\u00c4\u00df\u00e9"),
+    _text("non-ASCII letters", "\u00c4\u00df\u00e9"),
     _raw("line breaks", 1, b"one\r\ntwo\tthree\0", "one\r\ntwo\tthree",
-         stderr=(r"two\tthree.*",)),  # the log has the prefix as it is
-    _raw("no zero at the end", 1, b"acme", "acme"),
-    _raw("no zero at the end of all the room", 1, b"x" * ROOM, "x" * ROOM),
-    _raw("a zero in the middle", 1, b"acme\0harm\0", "acme"),
+         stderr=(r"two\tthree.*",)),  # the log does not escape the prefix
+    _raw("no terminating NUL", 1, b"acme", "acme"),
+    _raw("no terminating NUL in the largest size", 1, b"x" * ROOM, "x" * ROOM),
+    _raw("a NUL in the middle", 1, b"acme\0harm\0", "acme"),
     _raw("a number in place of a text", 4, b"acme", "acme"),
     _raw("bytes in place of a text", 3, b"acme\0", "acme"),
-    _raw("nothing at all", 1, b"", ""),
+    _raw("an empty value", 1, b"", ""),
 ]

@@ -1,4 +1,4 @@
-"""Variables of the toolkit that whoever starts the program has set for something else."""
+"""Environment variables for Qt that are set for another program."""
 
 from __future__ import annotations
 
@@ -20,7 +20,7 @@ def _plant(sandbox: Sandbox) -> None:
     folder = _foreign(sandbox)
     folder.mkdir()
     for control in CONTROLS:
-        # Whoever uses it has no window.
+        # With this style no window is created.
         (folder / f"{control}.qml").write_text("import Nothing 1.0\nItem {}\n", encoding="utf-8")
     (folder / "controls.conf").write_text(
         f"[Controls]\nStyle={sandbox.shown(folder)}\n", encoding="utf-8")
@@ -31,10 +31,10 @@ def _given(variable: str, file: str = "") -> Callable[[Sandbox], dict[str, str |
 
 
 FAULTS = [
-    Fault("a style of the controls that does not load", UNCHANGED, _plant,
+    Fault("a broken style of Qt Quick Controls", UNCHANGED, _plant,
           environment=_given("QT_QUICK_CONTROLS_STYLE")),
-    Fault("such a style for what the chosen one lacks", UNCHANGED, _plant,
+    Fault("a broken fallback style", UNCHANGED, _plant,
           environment=_given("QT_QUICK_CONTROLS_FALLBACK_STYLE")),
-    Fault("settings of the controls that name such a style", UNCHANGED, _plant,
+    Fault("a configuration file with a broken style", UNCHANGED, _plant,
           environment=_given("QT_QUICK_CONTROLS_CONF", "controls.conf")),
 ]
