@@ -23,7 +23,7 @@ ONLY_ON_LINUX = {
         "a running executable cannot be deleted",
     "test_fakes.py::test_the_clean_up_script_notes_its_session_priority_and_streams":
         "a batch file cannot tell its priority, session and streams",
-    "test_uninstall.py::test_clean_up_runs_hidden_and_idle":
+    "test_uninstall.py::test_the_clean_up_runs_hidden_and_idle":
         "a batch file cannot tell its priority, session and streams; the unit tests of the program's "
         "clean-up command show idle and hidden on Windows",
     "test_feedback.py::test_the_middle_button_pastes_to_the_limit":
@@ -31,9 +31,9 @@ ONLY_ON_LINUX = {
     "test_surroundings.py::test_no_graphics_driver_is_loaded":
         "Qt asks Direct3D for the adapter, for which Wine loads a driver; the Qt kit has no "
         "OpenGL, so nothing is drawn with it",
-    "test_surroundings.py::test_no_plug_in_of_another_toolkit_is_loaded":
+    "test_surroundings.py::test_no_plug_in_of_another_qt_is_loaded":
         "what a process has loaded is read from /proc",
-    "test_window.py::test_a_lock_that_cannot_be_had_does_not_count":
+    "test_window.py::test_a_lock_file_that_cannot_be_opened_does_not_stop_the_program":
         "a named mutex has no file that could be in the way",
 }
 
@@ -42,11 +42,11 @@ ONLY_ON_LINUX = {
 RECORDED_DIFFERENTLY = {
     ("test_a_configuration_library_without_its_entry_ends_the_program", "exit"):
         "a call to nowhere: a signal on the one system, an access violation on the other",
-    ("test_what_is_asked_for_while_the_window_loads_xc9cole", "configuration"):
+    ("test_loading_the_window_queries_the_configuration_xc9cole", "configuration"):
         "the registry is read in the ANSI code page, which has no Chinese",
-    ("test_without_a_task_list_nothing_is_seen_to_run", "files"):
+    ("test_the_bar_completes_when_tasklist_is_removed_during_the_run", "files"):
         "the command that the scenario takes away lies beside the program, where Windows looks first",
-    ("test_events_stay_english", "events"):
+    ("test_events_are_in_english_in_every_language", "events"):
         "which reason stands in a row is drawn by lot",
     ("test_of_many_starts_at_once_one_has_a_window", "exit"):
         "fewer start at once under Wine",

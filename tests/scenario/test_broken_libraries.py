@@ -46,19 +46,19 @@ def test_the_contract_lists_all_exports():
 
 
 @pytest.mark.parametrize("export", EXPORTS)
-def test_a_telemetry_library_without_one_export(sandbox, export):
+def test_the_window_works_without_one_telemetry_export(sandbox, export):
     remove_export(sandbox.bin / TELEMETRY, export)
     walk_through(sandbox, with_events=False)
 
 
 @pytest.mark.uninstrumented  # The sanitizers' own data repeat the names of exports.
-def test_a_partial_telemetry_library_gets_the_events(sandbox):
+def test_an_incomplete_telemetry_library_gets_the_events(sandbox):
     remove_export(sandbox.bin / TELEMETRY, "SkyrelGetKeyValue")
     walk_through(sandbox)
 
 
 @pytest.mark.parametrize("library", (TELEMETRY, CONFIG))
-def test_a_missing_library(sandbox, library):
+def test_the_window_works_without_a_library(sandbox, library):
     sandbox.locate(library).unlink()
     program = walk_through(sandbox, with_events=library == CONFIG)
     if library == CONFIG:
@@ -83,7 +83,7 @@ def test_a_missing_library(sandbox, library):
     ({f"string.{PRICE}": "a//"}, 'GetString leave. strRet= "a/"'),
     ({f"string.{PRICE}": "\u7279\u60e0 50 %"}, 'GetString leave. strRet= "\u7279\u60e0 50 %"'),
 ))
-def test_a_configuration_that_fails_or_lies(sandbox, settings, line):
+def test_the_window_works_with_wrong_answers_of_the_configuration(sandbox, settings, line):
     sandbox.configure(CONFIG, **settings)
     log = walk_through(sandbox).stderr
     assert any(sandbox.system.multibyte(allowed) in log for allowed in ((line,) if isinstance(line, str) else line))
@@ -97,7 +97,7 @@ def test_a_configuration_library_without_its_entry_ends_the_program(sandbox):
     assert sandbox.start().wait_exit() != 0
 
 
-def test_a_slow_library_only_delays(sandbox):
+def test_a_slow_library_only_delays_the_window(sandbox):
     sandbox.configure(TELEMETRY, delay_ms=3000)
     program = sandbox.start()
     window = program.ready()

@@ -140,7 +140,7 @@ OF_NO_EFFECT = {
 
 
 @pytest.mark.parametrize("files", OF_NO_EFFECT.values(), ids=OF_NO_EFFECT)
-def test_what_is_compiled_in_comes_first(sandbox, bundle, files):
+def test_compiled_in_files_win(sandbox, bundle, files):
     bundle({**files, **for_each_system("pic_question.png", picture(PLANTED, 132, 132))})
     program = sandbox.start()
     window = program.ready()
@@ -161,13 +161,13 @@ FOR_ONE_SYSTEM = {
 
 
 @pytest.mark.parametrize("path, content, area", FOR_ONE_SYSTEM.values(), ids=FOR_ONE_SYSTEM)
-def test_a_file_for_one_system_is_taken(sandbox, bundle, path, content, area):
+def test_a_file_for_one_system_wins(sandbox, bundle, path, content, area):
     bundle(for_each_system(path, content))
     window = sandbox.start().window()
     wait_mark(window, area)
 
 
-def test_settings_for_one_system_are_taken(sandbox, bundle):
+def test_settings_for_one_system_win(sandbox, bundle):
     files = {}
     for system in SYSTEMS:
         files.update(style(f"+{system}/qtquickcontrols2.conf"))
@@ -178,13 +178,13 @@ def test_settings_for_one_system_are_taken(sandbox, bundle):
     leave(sandbox, program, window)
 
 
-def test_a_file_for_the_users_locale_is_taken(sandbox, bundle):
+def test_a_file_for_the_users_locale_wins(sandbox, bundle):
     bundle({f"+{locale}/WinTitle.qml": marked("WinTitle.qml") for locale in LOCALES})
     window = sandbox.start().window()
     wait_mark(window, layout.TITLE_BAR)
 
 
-def test_a_directory_of_types_replaces_one(sandbox, bundle):
+def test_a_qmldir_replaces_a_type(sandbox, bundle):
     bundle({"qmldir": "WinTitle 1.0 Marked.qml\n", "Marked.qml": marked("WinTitle.qml")})
     window = sandbox.start().window()
     wait_mark(window, layout.TITLE_BAR)
@@ -213,13 +213,13 @@ def test_a_module_is_found_before_those_of_the_system(sandbox, bundle):
 
 @pytest.mark.parametrize("code, cleanup",
                          ((0, True), (1, False), (5, False), (-3, False), (-(1 << 31), False)))
-def test_a_page_may_hand_over_any_exit_code(sandbox, bundle, code, cleanup):
+def test_a_page_may_exit_with_any_code(sandbox, bundle, code, cleanup):
     bundle(for_each_system("HomePage.qml", leaving_with(code)))
     steps.expect_end(sandbox, sandbox.start(), cleanup)
 
 
 @pytest.mark.parametrize("factor, taken", (("2", False), ("2.25", True)))
-def test_a_picture_of_a_density_that_is_not_compiled_in_is_taken(sandbox, bundle, factor, taken):
+def test_an_image_of_a_density_that_is_not_compiled_in_wins(sandbox, bundle, factor, taken):
     bundle({"home_bg@3x.png": picture(MARK, 1920, 918)})
     window = sandbox.start(environment={"QT_SCALE_FACTOR": factor}).window()
     scale = float(factor)
@@ -230,7 +230,7 @@ def test_a_picture_of_a_density_that_is_not_compiled_in_is_taken(sandbox, bundle
     assert (window.screen.share(window.area(title), MARK) > 0.9) == taken
 
 
-def test_a_translation_for_the_users_locale_goes_before_the_products(sandbox, bundle):
+def test_a_translation_for_the_users_locale_wins_over_the_product_language(sandbox, bundle):
     def title():
         program = sandbox.start()
         window = program.ready()
@@ -252,7 +252,7 @@ def test_a_translation_for_the_users_locale_goes_before_the_products(sandbox, bu
 
 
 @pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")
-def test_one_that_breaks_the_interface_ends_the_program(sandbox, bundle):
+def test_a_bundle_that_breaks_the_interface_ends_the_program(sandbox, bundle):
     bundle(for_each_system("HomePage.qml", "this is not QML\n"))
     program = sandbox.start()
     assert program.wait_exit() == 0

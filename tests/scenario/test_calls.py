@@ -196,7 +196,7 @@ def console_shown(sandbox, program):
             if call.startswith("ShowWindow")]
 
 
-def test_a_whole_run(sandbox):
+def test_an_uninstallation_makes_these_calls(sandbox):
     sandbox.set_registry("German", oem="a channel", xurl_id="a link")
     working = sandbox.hold("uninstall.exe")
     (sandbox.temp / "clearKTR.bat").write_text("an older one", encoding="utf-8")
@@ -229,7 +229,7 @@ def test_a_whole_run(sandbox):
     sandbox.wait_noted("SkyrelWrapExe.exe", "end", pid=stranger)
 
 
-def test_cancelling(sandbox):
+def test_cancelling_makes_these_calls(sandbox):
     sandbox.set_registry("German", xurl_id="a link", xurl_key="Software\\TORVAN\\KTR_dd")
     program = relay.start(sandbox)
     program.ready().click(layout.CANCEL)
@@ -241,7 +241,7 @@ def test_cancelling(sandbox):
         [*PUBLISHES_ITS_WINDOW, *GIVES_UP_ITS_PLACE])
 
 
-def test_an_uninstaller_that_never_appears(sandbox):
+def test_an_uninstaller_that_never_appears_is_queried_25_times(sandbox):
     (sandbox.bin / "uninstall.exe").unlink()
     sandbox.configure("tasklist", note=1)
     program = relay.start(sandbox)
@@ -256,7 +256,7 @@ def test_an_uninstaller_that_never_appears(sandbox):
         *[ASKS_FOR_UNINSTALLER, "Sleep(200)"] * POLLS, *GIVES_UP_ITS_PLACE]
 
 
-def test_a_second_start(sandbox, program):
+def test_a_second_start_brings_the_window_to_the_front_with_these_calls(sandbox, program):
     window = program.ready()
     window.minimise()
     with sandbox.display.windows.bystander():
@@ -270,7 +270,7 @@ def test_a_second_start(sandbox, program):
 
 @pytest.mark.parametrize("handle, looks", [(0x7FFFFFF, ["IsWindow(stale) = 0"]), (0, [])],
                          ids=["stale", "none"])
-def test_a_second_start_without_a_window_to_show(sandbox, handle, looks):
+def test_a_second_start_without_a_window_ends(sandbox, handle, looks):
     with sandbox.holding_instance_lock():
         sandbox.write_handle(handle)
         second = relay.start(sandbox)

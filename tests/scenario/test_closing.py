@@ -134,7 +134,7 @@ TABLE = {
 @pytest.mark.parametrize(
     ("state", "path"), TABLE, ids=[f"{state.__name__}-{path}" for state, path in TABLE]
 )
-def test_close(sandbox, program, state, path):
+def test_the_window_closes_as_the_table_says(sandbox, program, state, path):
     expected = TABLE[state, path]
     go_on, reaches_the_end = state(sandbox, program)
     window = program.window()

@@ -39,14 +39,14 @@ def lay_out() -> Callable[[Path], None]:
     return lambda root: assemble(root, Path("/bin/sh").resolve())
 
 
-def test_a_wait_tells_what_was_awaited_and_what_was_seen_last() -> None:
+def test_a_timeout_names_the_condition_and_the_last_value() -> None:
     looks = iter([1, 2, 3])
     assert wait.until(lambda: next(looks), "a three", accept=lambda seen: seen == 3) == 3
     with pytest.raises(wait.TimedOut, match="waited 0.1 s for the impossible; last seen: 'no'"):
         wait.until(lambda: "no", "the impossible", 0.1, accept=lambda seen: seen == "yes")
 
 
-def test_a_wrong_colour_a_covered_place_and_a_missing_bar_are_seen(display: Display) -> None:
+def test_a_wrong_colour_a_covered_place_and_a_missing_bar_are_found(display: Display) -> None:
     with display.windows.bystander(Rect(300, 200, 640, 408)) as window:
         window.wait_colour(Point(10, 10), "#FFFFFF")
         with pytest.raises(wait.TimedOut, match="colour #FF0000 at .*last seen: '#FFFFFF'"):
@@ -57,12 +57,12 @@ def test_a_wrong_colour_a_covered_place_and_a_missing_bar_are_seen(display: Disp
                 window.click(Point(100, 200), deadline=0.1)
 
 
-def test_a_program_that_ends_before_its_window_comes_is_noticed(sandbox: Sandbox) -> None:
+def test_a_program_that_ends_before_it_shows_a_window_is_found(sandbox: Sandbox) -> None:
     with pytest.raises(wait.Doomed, match="status 7"):
         sandbox.start(["-c", "exit 7"]).window()
 
 
-def test_a_killed_display_takes_its_servers_with_it() -> None:
+def test_killing_the_display_command_ends_its_servers() -> None:
     holder = subprocess.Popen(
         [REPOSITORY / "tools" / "ktr", "display", "--", "sh", "-c", "echo $DISPLAY; read end"],
         stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
@@ -82,7 +82,7 @@ def test_a_killed_display_takes_its_servers_with_it() -> None:
         wait.until(lambda: not answers(), "the X server to end")
 
 
-def test_the_environment_holds_nothing_from_outside(
+def test_the_environment_has_nothing_from_outside(
     sandbox: Sandbox, monkeypatch: pytest.MonkeyPatch
 ) -> None:
     for name in ("QT_QUICK_CONTROLS_STYLE", "QT_SCALE_FACTOR"):
@@ -98,7 +98,7 @@ def test_the_environment_holds_nothing_from_outside(
     }
 
 
-def test_cleaning_up_ends_the_own_processes_and_no_others(
+def test_cleaning_up_ends_only_the_sandbox_s_own_processes(
     display: Display, lay_out: Callable[[Path], None]
 ) -> None:
     one, other = Sandbox(display, lay_out), Sandbox(display, lay_out)
@@ -116,7 +116,7 @@ def test_cleaning_up_ends_the_own_processes_and_no_others(
         other.cleanup()
 
 
-def test_the_journal_is_read_line_by_line(sandbox: Sandbox) -> None:
+def test_the_journal_is_parsed(sandbox: Sandbox) -> None:
     (sandbox.root / "journal.log").write_bytes(
         "uninstall.exe\tstart\tpid=12\targs=[/SP-][a%5Db]\tenv.A=set:ä%25%0A=\n"
         "x.DLL\tinfo\tpairs=[a=b=c][d=]\nhalf".encode()
@@ -133,7 +133,7 @@ def test_the_journal_is_read_line_by_line(sandbox: Sandbox) -> None:
         parse(b"no tabs\n")
 
 
-def test_what_changed_on_disk_is_found(sandbox: Sandbox) -> None:
+def test_changes_on_disk_are_found(sandbox: Sandbox) -> None:
     (sandbox.temp / "gone").write_text("1")
     (sandbox.home / "kept").write_text("1")
     (sandbox.home / "mode").write_text("1")
@@ -163,7 +163,7 @@ LEAVES = ("def test_it(sandbox):\n"
     (COMPLAINS.replace("oh dear", "load vantoronlineconfig.dll error!"), None),
     (LEAVES, "still running: .*/Dravik/bin/KTRUI.exe"),
 ], ids=["fails", "complains", "allowed otherwise", "allowed", "own log", "leaves a process"])
-def test_a_scenario_fails_with_evidence(tmp_path: Path, body: str, said: str | None) -> None:
+def test_a_failed_scenario_keeps_evidence(tmp_path: Path, body: str, said: str | None) -> None:
     (tmp_path / "test_inner.py").write_text(SHELL + body, encoding="utf-8")
     kept = tmp_path / "kept" / "test_inner.py_test_it"
     environment = {name: value for name, value in os.environ.items() if "PYTEST" not in name}

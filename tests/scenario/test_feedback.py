@@ -84,7 +84,7 @@ def test_page_3_sends_the_raw_text_first(sandbox, program):
 
 
 @pytest.mark.parametrize("reason", (3, 4))
-def test_submit_is_for_text_only(sandbox, program, reason):
+def test_submit_is_enabled_for_text_only(sandbox, program, reason):
     window = program.window()
     steps.choose(sandbox, window, reason)
     window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_DISABLED_BORDER)
@@ -106,7 +106,7 @@ def test_typing_stops_at_the_limit(sandbox, program, window):
     cancel(sandbox, program, window)
 
 
-def test_at_the_limit_typing_cuts_the_end_and_goes_there(sandbox, program, window):
+def test_typing_at_the_limit_cuts_the_end_and_moves_the_cursor_there(sandbox, program, window):
     paste_first(sandbox, window, NUMBERS[:LIMIT])
     assert copied(sandbox, window) == NUMBERS[:LIMIT]
     window.keyboard.key("Control_L", "Home")
@@ -122,7 +122,7 @@ def test_at_the_limit_typing_cuts_the_end_and_goes_there(sandbox, program, windo
 
 
 @pytest.mark.parametrize("keys", (("Control_L", "v"), ("Shift_L", "Insert")), ids="+".join)
-def test_pasting_from_elsewhere_stops_at_the_limit(sandbox, program, window, keys):
+def test_pasting_from_another_program_stops_at_the_limit(sandbox, program, window, keys):
     steps.write(window, "")
     with sandbox.display.clipboard.holding(NUMBERS):
         window.keyboard.key(*keys)
@@ -140,7 +140,7 @@ def test_the_middle_button_pastes_to_the_limit(sandbox, program, window):
 
 
 @pytest.mark.parametrize("held, inserted", ((690, 10), (699, 1), (700, 0)))
-def test_pasting_fills_up_what_is_left(sandbox, program, window, held, inserted):
+def test_pasting_fills_the_box_to_the_limit(sandbox, program, window, held, inserted):
     paste_first(sandbox, window, "x" * held)
     assert copied(sandbox, window) == "x" * held
     window.keyboard.key("Control_L", "End")
@@ -150,7 +150,7 @@ def test_pasting_fills_up_what_is_left(sandbox, program, window, held, inserted)
     cancel(sandbox, program, window)
 
 
-def test_pasting_the_own_text_again_and_again(sandbox, program, window):
+def test_pasting_repeatedly_stops_at_the_limit(sandbox, program, window):
     text = "0123456789abcdefghijklmnopqrstuvwxyz\n"
     steps.write(window, text)
     assert copied(sandbox, window) == text
@@ -161,7 +161,7 @@ def test_pasting_the_own_text_again_and_again(sandbox, program, window):
     cancel(sandbox, program, window)
 
 
-def test_any_language_goes_in_and_out(sandbox, program, window):
+def test_text_of_any_language_is_pasted_copied_and_sent(sandbox, program, window):
     text = "gr\u00f6\u00dfer \u2013 \u65e5\u672c\u8a9e \u0639\u0631\u0628\u064a \U0001f600\nend"
     paste_first(sandbox, window, text)
     assert copied(sandbox, window) == text
@@ -172,7 +172,7 @@ def test_any_language_goes_in_and_out(sandbox, program, window):
 # Mouse and keys --------------------------------------------------------------------------------
 
 
-def test_a_selection_is_replaced_by_what_is_typed(sandbox, program, window):
+def test_typing_replaces_a_selection(sandbox, program, window):
     steps.write(window, "some words")
     start = window.place(layout.Point(layout.FEEDBACK.left + 17, layout.FEEDBACK.top + 16))
     window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)  # the words have arrived
@@ -186,7 +186,7 @@ def test_a_selection_is_replaced_by_what_is_typed(sandbox, program, window):
     cancel(sandbox, program, window)
 
 
-def test_tab_leads_through_the_box_to_the_coupon(sandbox, program, window):
+def test_tab_moves_the_focus_from_the_box_to_submit_and_the_coupon(sandbox, program, window):
     steps.write(window, "x")
     window.keyboard.key("Tab")
     window.keyboard.key("Shift_L", "Tab")
@@ -201,7 +201,7 @@ def test_tab_leads_through_the_box_to_the_coupon(sandbox, program, window):
     cancel(sandbox, program, window)
 
 
-def test_shift_tab_leaves_the_box_for_cancel(sandbox, program, window):
+def test_shift_tab_moves_the_focus_from_the_box_to_cancel(sandbox, program, window):
     steps.write(window, "x")
     window.keyboard.key("Shift_L", "Tab")
     window.keyboard.key("space")
@@ -216,7 +216,7 @@ def test_escape_does_nothing_in_the_box(sandbox, program, window):
     cancel(sandbox, program, window)
 
 
-def test_the_link_leaves_the_text_as_it_is(sandbox, program, window):
+def test_the_link_keeps_the_text(sandbox, program, window):
     steps.write(window, "x")
     window.click(layout.FEEDBACK_LINK)
     steps.wait_event(sandbox, "Click_Text_Url")

@@ -28,7 +28,7 @@ def whole_machine(sandbox):
     sandbox.configure("tasklist", root=None)
 
 
-def test_the_product_counts_from_wherever_it_was_started(sandbox, elsewhere, program):
+def test_a_product_of_any_folder_counts(sandbox, elsewhere, program):
     product = elsewhere.spawn("KTRUI.exe")
     elsewhere.wait_noted("KTRUI.exe", "start")
     window = program.window()
@@ -46,7 +46,7 @@ def test_the_product_counts_from_wherever_it_was_started(sandbox, elsewhere, pro
     steps.expect_end(sandbox, program, cleanup=True)
 
 
-def test_an_uninstaller_counts_from_wherever_it_was_started(sandbox, elsewhere, program):
+def test_an_uninstaller_of_any_folder_counts(sandbox, elsewhere, program):
     sandbox.configure("uninstall.exe", run_ms=300)
     hold = elsewhere.hold("uninstall.exe")
     elsewhere.spawn("uninstall.exe", hold_file=hold)
@@ -63,7 +63,7 @@ def test_an_uninstaller_counts_from_wherever_it_was_started(sandbox, elsewhere, 
     steps.expect_end(sandbox, program, cleanup=True)
 
 
-def test_a_companion_counts_in_its_own_folder_only(sandbox, elsewhere, program):
+def test_only_the_companion_of_the_own_folder_is_ended(sandbox, elsewhere, program):
     hold = elsewhere.hold("SkyrelWrapExe.exe")
     elsewhere.spawn("SkyrelWrapExe.exe", hold_file=hold)
     elsewhere.wait_noted("SkyrelWrapExe.exe", "start")

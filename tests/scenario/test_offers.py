@@ -37,7 +37,7 @@ def leave(sandbox, program, window):
     ("", "", "uninstall__180"),
     ("\u00c9cole", "\u4e2d\u6587", "\u00c9cole__uninstall__180__\u4e2d\u6587"),
 ))
-def test_what_is_asked_for_while_the_window_loads(sandbox, oem, language, prefix):
+def test_loading_the_window_queries_the_configuration(sandbox, oem, language, prefix):
     sandbox.set_registry(language, oem, "5521")
     suffix = (oem or "").lower()
     sandbox.configure(CONFIG, **{f"string.{CART}": "https://a.example", f"string.{LANDING}": "x",
@@ -89,7 +89,7 @@ def test_a_coupon_opens_its_link(sandbox, reason, url, link):
     (None, None, ""),
     (None, "\u00e4 1", "?x-url=1-%C3%A4%201"),
 ))
-def test_the_identifier_of_the_download(sandbox, first, second, tail):
+def test_the_link_has_the_identifier_of_the_download(sandbox, first, second, tail):
     values = {("Software\\TORVAN\\KTR", "Language"): "English"}
     for key, text in (("WOW6432Node\\TORVAN\\KTR_dd", first), ("TORVAN\\KTR_dd", second)):
         if text is not None:
@@ -106,7 +106,7 @@ def test_the_identifier_of_the_download(sandbox, first, second, tail):
 
 
 @pytest.mark.parametrize("reason", (3, 4))
-def test_the_link_and_the_thank_you_coupon(sandbox, reason):
+def test_the_feedback_link_and_the_thank_you_coupon_open_the_same_offer(sandbox, reason):
     sandbox.set_registry("English", "acme", "5521")
     sandbox.configure(CONFIG, **{f"string.{LANDING}__acme": "https://b.example/thanks"})
     link = "https://b.example/thanks?x-url=1-5521"
@@ -139,7 +139,7 @@ def test_the_link_and_the_thank_you_coupon(sandbox, reason):
     leave(sandbox, program, window)
 
 
-def test_events_as_the_library_receives_them(sandbox, program):
+def test_the_library_receives_the_events(sandbox, program):
     window = program.window()
     steps.choose(sandbox, window, 1)
     steps.uninstall(window)
@@ -159,7 +159,7 @@ def test_events_as_the_library_receives_them(sandbox, program):
     steps.expect_end(sandbox, program, cleanup=True)
 
 
-def test_the_log_of_a_look_up(sandbox, program):
+def test_a_query_is_logged(sandbox, program):
     leave(sandbox, program, program.window())
     lines = program.stderr.splitlines()
     assert lines[:3] == [

@@ -83,7 +83,7 @@ def test_steps_from_start_to_exit(sandbox, cleanup):
 
 
 @pytest.mark.stderr_unchecked
-def test_a_second_start_does_nothing_but_look(sandbox):
+def test_a_second_start_only_looks_for_the_window(sandbox):
     with sandbox.holding_instance_lock():
         sandbox.write_handle(0)
         program, trace = start_traced(sandbox)

@@ -27,7 +27,7 @@ def go_to(sandbox, window, page):
 
 
 @pytest.mark.parametrize("reason", steps.REASONS)
-def test_a_reason_leads_to_its_page_for_good(sandbox, program, reason):
+def test_a_reason_opens_its_page_and_cannot_be_changed(sandbox, program, reason):
     window = program.window()
     assert steps.reasons_seen(window)
     steps.choose(sandbox, window, reason)
@@ -45,7 +45,7 @@ def test_a_reason_leads_to_its_page_for_good(sandbox, program, reason):
     steps.expect_end(sandbox, program, cleanup=True)
 
 
-def test_other_reasons_stand_last_at_every_start(sandbox):
+def test_other_reasons_are_last_at_every_start(sandbox):
     for start in range(1, 4):
         program = sandbox.start()
         window = program.ready()
@@ -56,7 +56,7 @@ def test_other_reasons_stand_last_at_every_start(sandbox):
         assert program.wait_exit() == 0
 
 
-def test_the_title_tells_the_page(sandbox):
+def test_each_page_has_its_title(sandbox):
     asking, answering, thanking = set(), {}, set()
     for reason in steps.REASONS:
         program = sandbox.start()
@@ -81,7 +81,7 @@ def test_the_title_tells_the_page(sandbox):
     (1, "space", False), (2, "Return", False), (3, "space", True), (4, "KP_Enter", False),
     (1, "Return", True), (4, "space", True),
 ))
-def test_a_reason_by_keyboard(sandbox, program, reason, key, from_the_end):
+def test_a_reason_is_chosen_by_keyboard(sandbox, program, reason, key, from_the_end):
     window = program.window()
     row = steps.row_of(window, reason)
     window.keyboard.key("Tab")
@@ -128,7 +128,7 @@ def test_escape_does_nothing_in_the_window(sandbox, program):
     (3, layout.FEEDBACK_LINK, "Click_Text_Url"),
 ))
 @pytest.mark.parametrize("configured", (True, False))
-def test_an_offer_leaves_its_page_as_it_is(sandbox, reason, place, activity, configured):
+def test_opening_an_offer_does_not_change_its_page(sandbox, reason, place, activity, configured):
     if not configured:
         sandbox.locate("vantoronlineconfig.dll").unlink()
         sandbox.set_registry("English")  # an identifier alone would make an address
@@ -151,7 +151,7 @@ def test_an_offer_leaves_its_page_as_it_is(sandbox, reason, place, activity, con
 
 
 @pytest.mark.parametrize("reason, key", ((2, "Return"), (4, "space")))
-def test_an_offer_by_keyboard(sandbox, program, reason, key):
+def test_an_offer_is_opened_by_keyboard(sandbox, program, reason, key):
     window = program.window()
     steps.choose(sandbox, window, reason)
     # On a feedback page the box comes first; its button is not for an empty one.
@@ -167,7 +167,7 @@ def test_an_offer_by_keyboard(sandbox, program, reason, key):
 
 
 @pytest.mark.parametrize("page", PAGES)
-def test_uninstalls_from_every_page(sandbox, program, page):
+def test_every_page_can_uninstall(sandbox, program, page):
     window = program.window()
     go_to(sandbox, window, page)
     steps.uninstall(window)
@@ -179,7 +179,7 @@ def test_uninstalls_from_every_page(sandbox, program, page):
 
 @pytest.mark.parametrize("way", (layout.TITLE_CLOSE, layout.CANCEL), ids=("close", "cancel"))
 @pytest.mark.parametrize("page", PAGES[1:])
-def test_leaves_without_a_trace_from_another_page(sandbox, program, page, way):
+def test_every_page_can_close_without_uninstalling(sandbox, program, page, way):
     window = program.window()
     go_to(sandbox, window, page)
     window.click(way)
@@ -200,7 +200,7 @@ def test_a_reason_can_be_given_while_the_uninstaller_runs(sandbox, program, page
     steps.expect_end(sandbox, program, cleanup=True)
 
 
-def test_a_reason_can_still_be_given_when_all_is_done(sandbox, program):
+def test_a_reason_can_be_given_after_the_uninstallation(sandbox, program):
     window = program.window()
     steps.uninstall(window)
     steps.wait_complete(window)

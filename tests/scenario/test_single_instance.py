@@ -25,7 +25,7 @@ def wait_in_front(sandbox, window):
         wait.until(lambda: window.active, "the window to be active")
 
 
-def test_brings_a_minimised_window_to_the_front(sandbox, program):
+def test_a_second_start_restores_a_minimised_window(sandbox, program):
     window = program.ready()
     handle = sandbox.read_handle()
     assert sandbox.system.publishes(handle, window)
@@ -41,7 +41,7 @@ def test_brings_a_minimised_window_to_the_front(sandbox, program):
     assert sandbox.instance_lock_held()
 
 
-def test_raises_a_covered_window(sandbox, program):
+def test_a_second_start_raises_a_covered_window(sandbox, program):
     window = program.ready()
     with sandbox.display.windows.bystander():
         assert not window.topmost
@@ -49,7 +49,7 @@ def test_raises_a_covered_window(sandbox, program):
         wait_in_front(sandbox, window)
 
 
-def test_before_the_window_exists_it_does_nothing_at_all(sandbox):
+def test_a_second_start_does_nothing_before_the_window_exists(sandbox):
     with sandbox.holding_instance_lock():
         before = sandbox.snapshot()
         second_start_ends(sandbox)
@@ -59,7 +59,7 @@ def test_before_the_window_exists_it_does_nothing_at_all(sandbox):
     sandbox.wait_noted("SkyrelWrap.DLL", "load")
 
 
-def test_a_new_start_works_when_the_first_has_ended(sandbox, program):
+def test_a_start_after_the_first_has_ended_opens_a_window(sandbox, program):
     program.window().click(layout.CANCEL)
     assert program.wait_exit() == 0
     again = sandbox.start()
@@ -67,7 +67,7 @@ def test_a_new_start_works_when_the_first_has_ended(sandbox, program):
     assert again.wait_exit() == 0
 
 
-def test_while_the_first_one_waits_for_the_task_list(sandbox, program):
+def test_a_second_start_ends_also_while_the_first_waits_for_tasklist(sandbox, program):
     """The first one answers nobody then, and a second start may have to wait with it."""
     window = program.ready()
     sandbox.configure("uninstall.exe", run_ms=1000)
@@ -108,7 +108,7 @@ def _raw(number: int) -> bytes:
 )
 # Wine's window messages keep the upper half of a handle, which the toolkit then does not know.
 @pytest.mark.stderr_allowed(r"windowsProc: No Qt Window found for event .*")
-def test_handle_file(sandbox, program, content, activates):
+def test_a_second_start_uses_the_handle_file(sandbox, program, content, activates):
     window = program.ready()
     if content is None:
         sandbox.handle_file.unlink()

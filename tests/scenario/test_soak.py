@@ -32,7 +32,7 @@ def write(name, heads, rows):
 
 @pytest.mark.timeout(600)
 @pytest.mark.parametrize("_round", range(ROUNDS))
-def test_great_storm(sandbox, _round):
+def test_of_many_starts_one_has_a_window(sandbox, _round):
     storm(sandbox)
 
 

@@ -23,7 +23,7 @@ VARIABLES = (
     ],
     ids=["set", "empty", "absent"],
 )
-def test_environment_as_the_uninstaller_sees_it(sandbox, given, seen):
+def test_the_uninstaller_inherits_an_environment_without_qt_paths(sandbox, given, seen):
     sandbox.configure("uninstall.exe", run_ms=500, env=",".join(VARIABLES))
     program = sandbox.start(environment={**given, "QT_AUTO_SCREEN_SCALE_FACTOR": "1"})
     window = program.ready()
@@ -65,7 +65,7 @@ def test_companions_of_other_folders_survive(sandbox, program):
     assert outside.wait_exit() == 0
 
 
-def test_nothing_is_left_on_disk_but_the_described_files(sandbox):
+def test_only_the_expected_files_are_left_on_disk(sandbox):
     before = sandbox.snapshot()
     program = sandbox.start()
     program.ready()
@@ -113,7 +113,7 @@ def test_no_graphics_driver_is_loaded(sandbox, program):
 @pytest.mark.parametrize("variable, folder", (
     ("QT_PLUGIN_PATH", "."), ("QT_QPA_PLATFORM_PLUGIN_PATH", "platforms"),
 ))
-def test_no_plug_in_of_another_toolkit_is_loaded(sandbox, variable, folder):
+def test_no_plug_in_of_another_qt_is_loaded(sandbox, variable, folder):
     foreign = sandbox.root / "elsewhere"
     # One that would work as well as the program's own
     own = next(Path("/usr/lib").glob("*/qt5/plugins/platforms/libqxcb.so"))
@@ -137,7 +137,7 @@ def ink_of_title(window):
     return picture.point(lambda value: 255 if value < 100 else 0).getbbox()
 
 
-def test_the_window_speaks_the_product_language(sandbox):
+def test_the_window_is_in_the_product_language(sandbox):
     drawn = {}
     for language in (None, "English", "German", "ChineseSimp", "Klingon"):
         sandbox.set_registry(language)
@@ -152,7 +152,7 @@ def test_the_window_speaks_the_product_language(sandbox):
 
 
 @pytest.mark.parametrize("row", range(4))
-def test_events_stay_english(sandbox, row):
+def test_events_are_in_english_in_every_language(sandbox, row):
     sandbox.set_registry("French")
     program = sandbox.start()
     window = program.ready()
@@ -162,7 +162,7 @@ def test_events_stay_english(sandbox, row):
     assert program.wait_exit() == 0
 
 
-def test_arabic_moves_nothing(sandbox):
+def test_arabic_does_not_mirror_the_layout(sandbox):
     sandbox.set_registry("Arabic")
     program = sandbox.start()
     window = program.ready()

@@ -59,7 +59,7 @@ def test_every_step_of_the_tour_is_seen(folder, language):
     shutil.rmtree(folder)
 
 
-def test_a_person_starts_the_sandbox_with_a_command_path_without_spaces(folder):
+def test_a_manual_start_puts_xdg_open_in_a_path_without_spaces(folder):
     # Qt starts xdg-open by a command line that it splits at spaces.
     program = folder / "program"
     program.write_text('#!/bin/sh\nxdg-open "an address"\ncommand -v xdg-open\n')
@@ -75,7 +75,7 @@ def test_a_person_starts_the_sandbox_with_a_command_path_without_spaces(folder):
 
 @pytest.mark.soak
 @pytest.mark.timeout(HOUR)
-def test_run_takes_the_tour_in_a_copy_of_the_sources_as_a_plain_user():
+def test_an_unprivileged_user_can_run_the_tour_in_a_copy_of_the_sources():
     # pytest's own folder is closed to other users.
     with tempfile.TemporaryDirectory(prefix="ktr-", dir="/tmp") as place:
         folder = Path(place) / FOLDER

@@ -11,7 +11,7 @@ from ktr.steps import (
 )
 
 
-def test_uninstalls_to_completion(sandbox, program):
+def test_an_uninstallation_completes(sandbox, program):
     hold = sandbox.hold("uninstall.exe")
     window = program.window()
     assert window.geometry.size == layout.CARD.size
@@ -37,7 +37,7 @@ def test_uninstalls_to_completion(sandbox, program):
     assert len(sandbox.journal("uninstall.exe", "start")) == 1
 
 
-def test_the_bar_holds_just_below_the_end_while_the_uninstaller_runs(sandbox, program):
+def test_the_bar_stays_just_below_its_end_while_the_uninstaller_runs(sandbox, program):
     hold = sandbox.hold("uninstall.exe")
     sandbox.configure("tasklist", note=1)
     window = program.window()
@@ -71,7 +71,7 @@ def test_the_uninstaller_may_appear_late(sandbox, program):
 
 # Wine says it when a program goes while it is being started.
 @pytest.mark.stderr_allowed(r"wine: failed to open .*tasklist\.exe.*")
-def test_without_a_task_list_nothing_is_seen_to_run(sandbox, program):
+def test_the_bar_completes_when_tasklist_is_removed_during_the_run(sandbox, program):
     # Gone in the middle of the run: no answer is the answer that the uninstaller has gone.
     window = program.window()
     hold = uninstall_held(sandbox, window)
@@ -82,7 +82,7 @@ def test_without_a_task_list_nothing_is_seen_to_run(sandbox, program):
     hold.unlink()
 
 
-def test_uninstall_cannot_be_pressed_while_the_warning_is_up(sandbox, program):
+def test_uninstall_cannot_be_pressed_while_the_warning_is_shown(sandbox, program):
     sandbox.spawn("KTRUI.exe")
     sandbox.wait_noted("KTRUI.exe", "start")
     window = program.window()
@@ -112,13 +112,13 @@ def clean_up(sandbox, program):
     return entry
 
 
-def test_clean_up_runs_the_copy_in_the_temp_directory(sandbox, program):
+def test_the_clean_up_runs_the_copy_in_the_temp_directory(sandbox, program):
     entry = clean_up(sandbox, program)
     assert entry.text("script") == sandbox.shown(sandbox.temp / "clearKTR.bat")
     assert entry.text("cwd") == sandbox.shown(sandbox.temp)
 
 
-def test_clean_up_runs_hidden_and_idle(sandbox, program):
+def test_the_clean_up_runs_hidden_and_idle(sandbox, program):
     entry = clean_up(sandbox, program)
     assert entry.text("nice") == "19"
     assert entry.text("policy") == "5"
@@ -140,7 +140,7 @@ def test_the_uninstaller_inherits_no_lock(sandbox, program):
     hold.unlink()
 
 
-def test_a_running_product_is_warned_about_and_may_be_closed(sandbox, program):
+def test_a_running_product_causes_a_warning_until_it_is_closed(sandbox, program):
     product = sandbox.spawn("KTRUI.exe")
     sandbox.wait_noted("KTRUI.exe", "start")
     sandbox.configure("uninstall.exe", run_ms=1000)
@@ -170,7 +170,7 @@ def test_a_running_product_is_warned_about_and_may_be_closed(sandbox, program):
     expect_end(sandbox, program, cleanup=True)
 
 
-def test_the_box_closes_by_keyboard_and_by_the_window_manager(sandbox, program):
+def test_keyboard_and_window_manager_close_the_box(sandbox, program):
     sandbox.spawn("KTRUI.exe")
     sandbox.wait_noted("KTRUI.exe", "start")
     window = program.window()
@@ -193,7 +193,7 @@ def test_the_box_closes_by_keyboard_and_by_the_window_manager(sandbox, program):
     expect_end(sandbox, program, cleanup=False)
 
 
-def test_a_product_of_another_letter_case_is_not_the_product(sandbox, program):
+def test_a_program_named_like_the_product_in_lower_case_does_not_count(sandbox, program):
     sandbox.spawn("KTRUI.exe", called="ktrui.exe")
     sandbox.wait_processes("ktrui.exe", 1)
     sandbox.configure("uninstall.exe", run_ms=500)
@@ -204,7 +204,7 @@ def test_a_product_of_another_letter_case_is_not_the_product(sandbox, program):
     expect_end(sandbox, program, cleanup=True)
 
 
-def test_without_an_uninstaller_only_a_system_close_ends_it(sandbox, program):
+def test_without_an_uninstaller_only_the_window_manager_closes_the_window(sandbox, program):
     (sandbox.bin / "uninstall.exe").unlink()
     sandbox.configure("tasklist", note=1)
     window = program.window()
@@ -222,7 +222,7 @@ def test_without_an_uninstaller_only_a_system_close_ends_it(sandbox, program):
     expect_end(sandbox, program, cleanup=False)
 
 
-def test_an_uninstaller_of_another_folder_holds_the_bar(sandbox, program):
+def test_an_uninstaller_of_another_folder_keeps_the_bar_from_completing(sandbox, program):
     sandbox.configure("uninstall.exe", run_ms=300)
     hold = sandbox.root / "hold" / "other"
     hold.touch()
@@ -239,7 +239,7 @@ def test_an_uninstaller_of_another_folder_holds_the_bar(sandbox, program):
     expect_end(sandbox, program, cleanup=True)
 
 
-def test_the_window_is_dragged_by_its_title_also_during_the_run(sandbox, program):
+def test_the_title_bar_drags_the_window_also_during_the_run(sandbox, program):
     window = program.window()
     before = window.geometry
     window.drag(layout.TITLE_GRIP, 120, 90)

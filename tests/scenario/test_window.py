@@ -17,7 +17,7 @@ def leave(sandbox, program):
     expect_end(sandbox, program, cleanup=False)
 
 
-def test_it_is_of_one_size(sandbox, program):
+def test_the_window_has_a_fixed_size(sandbox, program):
     window = program.window()
     place = window.geometry
     window.maximise()
@@ -57,7 +57,7 @@ def install_icon(sandbox, colour):
 
 
 @pytest.mark.parametrize("factor", [1.25, 1.5])
-def test_the_rings_of_the_reasons_are_closed_and_round_at_a_fractional_scale(sandbox, factor):
+def test_the_radio_buttons_are_closed_circles_at_a_fractional_scale(sandbox, factor):
     program = sandbox.start(environment={"QT_SCALE_FACTOR": str(factor)})
     window = program.window()
 
@@ -84,7 +84,7 @@ def test_the_rings_of_the_reasons_are_closed_and_round_at_a_fractional_scale(san
     expect_end(sandbox, program, cleanup=False)
 
 
-def test_its_icon_is_the_product_s(sandbox):
+def test_the_window_has_the_product_s_icon(sandbox):
     violet = (120, 20, 200)
     sizes = install_icon(sandbox, violet)
     program = sandbox.start()
@@ -94,7 +94,7 @@ def test_its_icon_is_the_product_s(sandbox):
     leave(sandbox, program)
 
 
-def test_a_link_is_of_the_link_colour(sandbox, program):
+def test_a_link_has_the_link_colour(sandbox, program):
     window = program.window()
     steps.choose(sandbox, window, 3)
     link = layout.FEEDBACK_LINK
@@ -104,7 +104,7 @@ def test_a_link_is_of_the_link_colour(sandbox, program):
     leave(sandbox, program)
 
 
-def test_a_lock_that_cannot_be_had_does_not_count(sandbox):
+def test_a_lock_file_that_cannot_be_opened_does_not_stop_the_program(sandbox):
     # A link that leads nowhere: neither taken nor forbidden.
     sandbox.system.lock_file(sandbox.root).symlink_to("/nowhere/at/all")
     program = sandbox.start()

@@ -18,7 +18,7 @@ SOURCES = REPOSITORY / "tests" / "package"
 
 @pytest.mark.parametrize("percent", [100, 125, 150, 200])
 @pytest.mark.parametrize("shadow", [True, False], ids=["shadow", "no shadow"])
-def test_the_window_follows_shadow_and_scale(sandbox, shadow, percent):
+def test_the_window_size_follows_shadow_and_scale(sandbox, shadow, percent):
     sandbox.system.set_drop_shadow(sandbox.root, shadow)
     sandbox.system.set_scale(sandbox.root, percent)
     program = sandbox.start()
@@ -69,7 +69,7 @@ def removed(sandbox):
     return not (sandbox.bin / "data").exists() and not (sandbox.bin / "KTRUI.exe").exists()
 
 
-def test_a_real_uninstaller_that_works_where_it_lies(sandbox):
+def test_the_bar_waits_for_a_real_uninstaller(sandbox):
     put_product_files(sandbox)
     (sandbox.bin / "uninstall.exe").unlink()
     make("in-place.nsi", sandbox.bin / "uninstall.exe")
@@ -85,7 +85,7 @@ def test_a_real_uninstaller_that_works_where_it_lies(sandbox):
     expect_end(sandbox, program, cleanup=True)
 
 
-def test_a_real_uninstaller_that_hands_over_to_a_copy_of_itself(sandbox):
+def test_the_bar_does_not_wait_for_the_copy_that_a_real_uninstaller_starts(sandbox):
     put_product_files(sandbox)
     (sandbox.bin / "uninstall.exe").unlink()
     make("handing-over.nsi", sandbox.bin / "writer.exe")
@@ -163,7 +163,7 @@ def elsewhere(sandbox, folder):
 
 
 @pytest.mark.parametrize("name", ["with blanks", "Ümläüte é"])
-def test_any_folder_that_the_code_page_has_is_as_good(sandbox_in, name):
+def test_a_folder_name_within_the_code_page_works(sandbox_in, name):
     sandbox = sandbox_in(name)
     program, added = run_through(sandbox)
     expect_end(sandbox, program, cleanup=True)
@@ -171,13 +171,13 @@ def test_any_folder_that_the_code_page_has_is_as_good(sandbox_in, name):
     assert [event[1] for event in steps.events(sandbox)] == ["Click_Uninstall"]
 
 
-def test_a_product_folder_may_have_what_the_interpreter_reads(sandbox_in, tmp_path):
+def test_a_product_folder_may_have_special_characters_of_cmd(sandbox_in, tmp_path):
     sandbox = sandbox_in("a & b (c) ^d!")
     program, _ = run_through(sandbox, **elsewhere(sandbox, tmp_path))
     expect_end(sandbox, program, cleanup=True)
 
 
-def test_a_temp_folder_beyond_the_code_page_costs_the_clean_up(sandbox):
+def test_a_temp_folder_beyond_the_code_page_prevents_the_clean_up(sandbox):
     folder = sandbox.temp / BEYOND_THE_CODE_PAGE
     folder.mkdir()
     _, added = run_through(sandbox, **elsewhere(sandbox, folder))
@@ -188,7 +188,7 @@ def test_a_temp_folder_beyond_the_code_page_costs_the_clean_up(sandbox):
 
 
 @pytest.mark.parametrize("name, similar", [("Łódź", "Lódz"), ("Дравик 中文", None)])
-def test_a_product_folder_beyond_the_code_page_costs_events_and_clean_up(
+def test_a_product_folder_beyond_the_code_page_prevents_events_and_clean_up(
         sandbox_in, tmp_path, name, similar):
     """Everything else works, and no folder of a similar name is taken for this one."""
     sandbox = sandbox_in(name)
