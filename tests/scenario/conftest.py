@@ -26,20 +26,20 @@ _KEPT = pytest.StashKey[Path]()
 def pytest_addoption(parser: pytest.Parser) -> None:
     parser.addoption(
         "--keep-failures-in", type=Path, default=REPOSITORY / "build" / "scenario-failures",
-        help="where the remains of failed scenarios are kept",
+        help="folder for the sandbox, screenshot and state of failed scenarios",
     )
     parser.addoption(
         "--record-in", type=Path, default=None,
-        help="where it is written down what each scenario made the program do",
+        help="folder for the records of what each scenario made the program do",
     )
 
 
-# Files of one of the two executables only are none of the other's tests.
+# Some files test only one of the two executables.
 collect_ignore = FILES_FOR_LINUX if is_windows() else FILES_FOR_WINDOWS
 
 
 def pytest_collection_modifyitems(items: list[pytest.Item]) -> None:
-    """Skips, with its reason, what the Windows executable is not asked for."""
+    """Skips, with the reason, the tests that do not run on the Windows executable."""
     for item in items:
         reason = reason_to_leave_out(item.nodeid) if is_windows() else None
         if reason:
@@ -55,13 +55,13 @@ def display() -> Iterator[Display]:
 
 @pytest.fixture(scope="session")
 def reasons(display: Display) -> None:
-    """For tests that choose a certain reason: how each of them looks."""
+    """For tests that choose a certain reason: learns how each of them looks."""
     steps.learn_reasons(display)
 
 
 @pytest.fixture
 def lay_out() -> Callable[[Path], None]:
-    """How a sandbox is filled; a test module overrides it to put something else there."""
+    """The function that fills a sandbox; a test module may override it."""
     return assemble
 
 
@@ -69,10 +69,10 @@ def lay_out() -> Callable[[Path], None]:
 def sandbox(
     request: pytest.FixtureRequest, display: Display, lay_out: Callable[[Path], None]
 ) -> Iterator[Sandbox]:
-    """A pretend installation for this test only, checked when the test is over.
+    """A sandbox for this test only, checked after the test.
 
-    Whoever still runs in it then, other than what the test started itself, is a fault, and so is
-    any unexpected line that a program printed on standard error.
+    The test fails if a process that it did not start itself still runs in the sandbox, or if a
+    program printed an unexpected line on standard error.
     """
     display.reset()
     installation = Sandbox(display, lay_out)
@@ -98,7 +98,7 @@ def sandbox(
 
 @pytest.fixture
 def program(sandbox: Sandbox) -> RunningProgram:
-    """The program, started, its window shown, active and painted."""
+    """The program, with its window shown, active and painted."""
     started = sandbox.start()
     started.ready()
     return started
@@ -106,7 +106,7 @@ def program(sandbox: Sandbox) -> RunningProgram:
 
 @pytest.hookimpl(hookwrapper=True)
 def pytest_runtest_makereport(item: pytest.Item, call: pytest.CallInfo[None]):
-    """Keeps what is left of a failed scenario while it is still to be seen, and says where."""
+    """Keeps the evidence of a failed scenario before its end, and reports the folder."""
     outcome = yield
     report = outcome.get_result()
     if not report.failed or call.when == "teardown":
@@ -114,19 +114,19 @@ def pytest_runtest_makereport(item: pytest.Item, call: pytest.CallInfo[None]):
     item.stash[_FAILED] = True
     if _SANDBOX in item.stash:
         try:
-            report.sections.append(("kept", f"remains of the scenario: {_keep(item)}"))
-        except Exception as error:  # The failure itself matters more than its remains.
-            report.sections.append(("kept", f"the remains could not be kept: {error!r}"))
+            report.sections.append(("kept", f"evidence of the scenario: {_keep(item)}"))
+        except Exception as error:  # The failure itself matters more than its evidence.
+            report.sections.append(("kept", f"the evidence could not be kept: {error!r}"))
 
 
 def _file_name(item: pytest.Item) -> str:
-    """A test's name as that of a file."""
+    """A test's name as a file name."""
     full_name = f"{item.path.name}::{item.nodeid.partition('::')[2]}"
     return re.sub(r"[^A-Za-z0-9_.-]+", "_", full_name).strip("_")[:120]
 
 
 def _keep(item: pytest.Item) -> Path:
-    """Keeps the remains of an item's sandbox, in a folder named after it, replacing older ones."""
+    """Keeps the evidence of a test in a folder named after it, replacing older evidence."""
     if _KEPT not in item.stash:
         folder = item.config.getoption("keep_failures_in") / _file_name(item)
         item.stash[_KEPT] = evidence.keep(item.stash[_SANDBOX], folder)
@@ -134,7 +134,7 @@ def _keep(item: pytest.Item) -> Path:
 
 
 def _unexpected_output(item: pytest.Item, installation: Sandbox) -> list[str]:
-    """The lines on standard error that nothing allows."""
+    """The unexpected lines on standard error."""
     if item.get_closest_marker("stderr_unchecked") is not None:
         return []
     further = [

@@ -1,4 +1,4 @@
-"""The in-house libraries missing, incomplete or lying: the window works all the same."""
+"""The in-house libraries missing, incomplete or wrong: the window still works."""
 
 import re
 
@@ -18,7 +18,7 @@ EXPORTS = re.findall(
 
 
 def walk_through(sandbox, with_events=True):
-    """Chooses a reason, clicks what answers it, and leaves; returns the program."""
+    """Chooses a reason, clicks its coupon, and cancels; returns the program."""
     program = sandbox.start()
     window = program.ready()
     if with_events:
@@ -33,7 +33,7 @@ def walk_through(sandbox, with_events=True):
 
 
 def remove_export(library, export):
-    """Gives an export another name of the same length, after which the table is still in order."""
+    """Renames an export to another name of the same length that keeps the table sorted."""
     whole, name = library.read_bytes(), export.encode()
     other = name[:-1] + bytes([name[-1] + 1])
     partial = whole.replace(b"\0%s\0" % name, b"\0%s\0" % other)
@@ -75,7 +75,7 @@ def test_the_window_works_without_a_library(sandbox, library):
     ({f"length.{PRICE}": 7}, 'GetString leave. strRet= "$19.95"'),
     ({f"fill.{PRICE}": "none"}, 'GetString leave. strRet= ""'),
     ({f"length.{PRICE}": 1 << 20}, 'GetString leave. strRet= "$19.95"'),
-    # There may be room for it or not.
+    # The allocation may succeed or fail.
     ({f"length.{PRICE}": (1 << 31) - 1},
      ('GetString leave. strRet= "$19.95"', f'"{PRICE} is too long! length:2147483648"')),
     ({f"string.{PRICE}": "x" * (1 << 20)}, 'GetString leave. strRet= "xxx'),
@@ -89,10 +89,10 @@ def test_the_window_works_with_wrong_answers_of_the_configuration(sandbox, setti
     assert any(sandbox.system.multibyte(allowed) in log for allowed in ((line,) if isinstance(line, str) else line))
 
 
-# A sanitizer has its own to say about it.
+# A sanitizer reports the crash.
 @pytest.mark.stderr_unchecked
 def test_a_configuration_library_without_its_entry_ends_the_program(sandbox):
-    # Its address is called as it was resolved. Known, and asked for.
+    # The program calls the unresolved address. Required: docs/security.md.
     remove_export(sandbox.locate(CONFIG), "create_config")
     assert sandbox.start().wait_exit() != 0
 

@@ -13,8 +13,8 @@ same path, what is compiled in wins. But Qt looks at some other paths first:
 - texts of `/i18n/qml_LOCALE.qm` for the user's locale win over the product's language.
 
 Everything else in a bundle is unused. What replaces a part can do all that the interface can.
-The tests find a bundle by its colours: what it replaces is `MARK` all over, and one picture is
-`PLANTED` in each bundle of the first table, so that a bundle that is not read fails there, too.
+The tests recognise a bundle by its colours: what it replaces is covered with `MARK`. Each bundle of
+the first table also has an image in `PLANTED`, so that a bundle that is not read fails there.
 """
 
 import io
@@ -31,58 +31,58 @@ MARK = "#FF00FF"
 PLANTED = "#00FF00"
 QML = REPOSITORY / "src" / "qml"
 SYSTEMS = ("unix", "windows")
-"""What the toolkit's file selectors call the two systems."""
+"""The names of the two systems in Qt's file selectors."""
 LOCALES = ("C", "en", "en_US")
-"""The user's locale in a sandbox, as the systems call it."""
+"""The names of the user's locale in a sandbox."""
 QUESTION = layout.Rect(layout.FRAME.right - 48 - 132, layout.FRAME.top, 132, layout.FRAME.height)
-"""Where the picture of the reasons' page stands."""
+"""The place of the image on the page of the reasons."""
 
 
 def marked(name):
-    """A file of the interface as it is, but with the mark over all that it draws."""
+    """A file of the interface, with the mark over everything that it draws."""
     text = (QML / name).read_text("utf-8")
     end = text.rindex("}")
     return f'{text[:end]}Rectangle {{ anchors.fill: parent; color: "{MARK}"; z: 99 }}\n}}\n'
 
 
 def marked_script():
-    """The interface's script with the mark for the colour of the filled button."""
+    """public.js with the mark as the colour of the filled button."""
     return (QML / "public.js").read_text("utf-8").replace(layout.CANCEL_NORMAL, MARK)
 
 
-def picture(colour, width=640, height=306):
-    """A picture of one colour, as the bytes of its file."""
+def image(colour, width=640, height=306):
+    """An image of one colour, as the bytes of its file."""
     content = io.BytesIO()
     Image.new("RGB", (width, height), colour).save(content, "png")
     return content.getvalue()
 
 
 def marked_label():
-    """A type of the toolkit's with the mark over it."""
+    """A Label, like that of Qt Quick Controls, with the mark over it."""
     return ("import QtQuick 2.14\n"
             f'Text {{ Rectangle {{ anchors.fill: parent; color: "{MARK}" }} }}\n')
 
 
 def for_each_system(path, content):
-    """A file in the places where it is taken in the place of another on one system only."""
+    """A file at the paths where it replaces another one on one system only."""
     return {f"+{system}/{path}": content for system in SYSTEMS}
 
 
 def module(folder):
-    """A module of the toolkit's in which there is a marked label."""
+    """A module of Qt's with a marked label in it."""
     where = f"qt-project.org/imports/{folder}"
     return {f"{where}/qmldir": "module QtGraphicalEffects\nLabel 1.0 Label.qml\n",
             f"{where}/Label.qml": marked_label()}
 
 
 def style(configuration):
-    """The toolkit's settings at a path, which choose a style with a marked label."""
+    """Settings of Qt Quick Controls at a path, which choose a style with a marked label."""
     return {configuration: "[Controls]\nStyle=:/marked\n", "marked/Label.qml": marked_label()}
 
 
 @pytest.fixture
 def bundle(sandbox, tmp_path):
-    """Puts a bundle beside the program: contents by resource path, made by Qt's own compiler."""
+    """Puts a bundle beside the program: contents by resource path, compiled with Qt's `rcc`."""
     def make(files):
         entries = []
         for number, (path, content) in enumerate(files.items()):
@@ -97,19 +97,19 @@ def bundle(sandbox, tmp_path):
 
 
 def wait_mark(window, area, share=0.5):
-    """Waits until so much of an area has the mark."""
+    """Waits until this share of an area has the mark."""
     wait.until(lambda: window.screen.share(window.area(area), MARK), f"the mark in {area}",
                accept=lambda seen: seen >= share)
 
 
 def leave(sandbox, program, window):
-    """Leaves by the button, which works whatever has been added."""
+    """Cancels, which works with every bundle."""
     window.click(layout.CANCEL)
     steps.expect_end(sandbox, program, cleanup=False)
 
 
 def leaving_with(code):
-    """A page that hands over an exit code as soon as it can."""
+    """A page that exits with a code as soon as it is loaded."""
     return ("import QtQuick 2.14\nItem {\n    signal uninstalling(var running)\n"
             f"    Timer {{ interval: 1; running: true; onTriggered: window.titleClose({code}) }}\n}}\n")
 
@@ -121,31 +121,31 @@ OF_NO_EFFECT = {
     "the page": {"HomePage.qml": marked("HomePage.qml")},
     "a control": {"WinTitle.qml": marked("WinTitle.qml")},
     "the script": {"public.js": marked_script()},
-    "a picture": {"home_bg.png": picture(MARK), "home_bg@2x.png": picture(MARK, 1280, 612)},
-    "the toolkit's settings": style("qtquickcontrols2.conf"),
-    # Modules that are installed have files of their own.
-    "a folder of the toolkit's own resources": {
+    "an image": {"home_bg.png": image(MARK), "home_bg@2x.png": image(MARK, 1280, 612)},
+    "the settings of Qt Quick Controls": style("qtquickcontrols2.conf"),
+    # Installed modules load their own files.
+    "a folder of Qt's own resources": {
         "qt-project.org/imports/QtQuick/Controls.2/Label.qml": marked_label(),
         "QtQuick/Controls/Button.qml": marked_label(),
     },
-    # Read before, when the application came into being. It would leave no module to be found.
-    "the toolkit's paths": {
+    # Read earlier, when the application object is created. It would hide all modules.
+    "the paths of Qt": {
         "qt/etc/qt.conf": "[Paths]\nPrefix=/nowhere\nPlugins=/nowhere\nQml2Imports=/nowhere\n"},
-    # Whatever compiled form lies beside a source belongs to a cache, which is turned off.
+    # A compiled file beside a source belongs to the QML disk cache, which is turned off.
     "a compiled form": {"Main.qmlc": b"qv4cdata", "public.jsc": b"qv4cdata"},
-    # No icon of the interface comes from a theme.
+    # The interface uses no icon from a theme.
     "an icon theme": {"icons/marked/index.theme": "[Icon Theme]\nName=marked\n",
-                      "icons/install_box.ico": picture(MARK, 16, 16)},
+                      "icons/install_box.ico": image(MARK, 16, 16)},
 }
 
 
 @pytest.mark.parametrize("files", OF_NO_EFFECT.values(), ids=OF_NO_EFFECT)
 def test_compiled_in_files_win(sandbox, bundle, files):
-    bundle({**files, **for_each_system("pic_question.png", picture(PLANTED, 132, 132))})
+    bundle({**files, **for_each_system("pic_question.png", image(PLANTED, 132, 132))})
     program = sandbox.start()
     window = program.ready()
     wait.until(lambda: window.screen.share(window.area(QUESTION), PLANTED),
-               "the picture that tells that the bundle is read", accept=lambda seen: seen > 0.3)
+               "the image that shows that the bundle is read", accept=lambda seen: seen > 0.3)
     assert window.screen.share(window.area(layout.CARD), MARK) == 0
     leave(sandbox, program, window)
 
@@ -156,7 +156,7 @@ FOR_ONE_SYSTEM = {
     "the page": ("HomePage.qml", marked("HomePage.qml"), layout.TITLE_LABEL),
     "a control": ("WinTitle.qml", marked("WinTitle.qml"), layout.TITLE_BAR),
     "the script": ("public.js", marked_script(), layout.CANCEL),
-    "a picture": ("home_bg.png", picture(MARK), layout.TITLE_BAR),
+    "an image": ("home_bg.png", image(MARK), layout.TITLE_BAR),
 }
 
 
@@ -200,13 +200,13 @@ def test_a_module_with_its_version_in_the_name_is_found_first(sandbox, bundle):
 
 def test_a_module_is_found_before_those_of_the_system(sandbox, bundle):
     bundle({**module("QtGraphicalEffects"),
-            **for_each_system("pic_question.png", picture(PLANTED, 132, 132))})
+            **for_each_system("pic_question.png", image(PLANTED, 132, 132))})
     program = sandbox.start()
     window = program.ready()
     wait.until(lambda: window.screen.share(window.area(QUESTION), PLANTED),
-               "the picture that tells that the bundle is read", accept=lambda seen: seen > 0.3)
+               "the image that shows that the bundle is read", accept=lambda seen: seen > 0.3)
     found = window.screen.share(window.area(layout.TITLE_LABEL), MARK) > 0.5
-    # One that lies beside the program is found before both.
+    # A module beside the program wins over both.
     assert found == (not sandbox.system.modules_beside_program)
     leave(sandbox, program, window)
 
@@ -220,7 +220,7 @@ def test_a_page_may_exit_with_any_code(sandbox, bundle, code, cleanup):
 
 @pytest.mark.parametrize("factor, taken", (("2", False), ("2.25", True)))
 def test_an_image_of_a_density_that_is_not_compiled_in_wins(sandbox, bundle, factor, taken):
-    bundle({"home_bg@3x.png": picture(MARK, 1920, 918)})
+    bundle({"home_bg@3x.png": image(MARK, 1920, 918)})
     window = sandbox.start(environment={"QT_SCALE_FACTOR": factor}).window()
     scale = float(factor)
     title = layout.Rect(0, 0, int(560 * scale), int(32 * scale))
@@ -248,7 +248,7 @@ def test_a_translation_for_the_users_locale_wins_over_the_product_language(sandb
     assert planted == title() != french
 
 
-# What a wrong one does --------------------------------------------------------------------------
+# A broken bundle --------------------------------------------------------------------------------
 
 
 @pytest.mark.stderr_allowed(r"QQmlApplicationEngine failed.*", r"qrc:/.*", r"\s.*")

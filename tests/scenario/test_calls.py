@@ -1,8 +1,8 @@
-r"""What the Windows executable asks of the system: which calls, in which order, with what.
+r"""The calls of the Windows executable to the system: which, in which order, with which arguments.
 
-The tables are what the program has agreed with Windows and with the product's setup; each line is a
-call. ROOT is the sandbox, `*` a place in memory; a call that begins with "Qt: " is made by the
-toolkit on the program's behalf. Things go by the names that `driver/relay.py` gives them.
+The tables are the contract with Windows and with the product's setup; each line is a call. ROOT is
+the sandbox and `*` an address; Qt makes the calls that begin with "Qt: ". The names of handles and
+processes come from `testkit/ktr/relay.py`.
 """
 
 import re
@@ -16,11 +16,11 @@ pytestmark = pytest.mark.stderr_unchecked  # The trace is written there.
 
 
 def table(text):
-    """The lines of a table; one that begins with a blank goes on with the one before."""
+    """The lines of a table; a line that begins with a space continues the one before."""
     return re.sub(r"\n +", " ", text.strip()).splitlines()
 
 
-# Every start, before everything else.
+# Every start begins like this.
 ALONE = table(r"""
 LoadLibraryA("ROOT\Dravik\bin\SkyrelWrap.DLL")
 GetProcAddress(telemetry, "SkyrelOpenSession")
@@ -42,7 +42,7 @@ GetProcAddress(telemetry, "SkyrelSetKeyValue")
 CreateMutexW(null, 1, "ktr_uninstall_version_2023_Ostrel_Torvan")
 """)
 
-# The first instance, until it builds its interface. The empty folder is deliberate.
+# The first instance, until it loads the interface. The empty folder is deliberate.
 TO_THE_INTERFACE = [*ALONE, *table(r"""
 GetLastError() = 0
 GetModuleFileNameW(null, *, 260)
@@ -57,7 +57,7 @@ RegCloseKey(opened)
 """)]
 REMOVES_AN_OLDER_SCRIPT = r'Qt: DeleteFileW("\\?\ROOT\tmp\clearKTR.bat")'
 
-# What the interface may ask for while it loads, in its own order and as often as it likes.
+# Reads while the interface loads, in any order and number.
 VERSION = r"""
 GetModuleFileNameW(null, *, 260)
 GetPrivateProfileStringW("main", "versionNo", "18.0", *, 100,
@@ -103,7 +103,7 @@ STARTS_UNINSTALLER = r'Qt: CreateProcessW(null, "ROOT\Dravik\bin\uninstall.exe  
 ASKS_FOR_UNINSTALLER = \
     r'Qt: CreateProcessW(null, "tasklist  /NH /FO CSV /FI "IMAGENAME eq uninstall.exe"")'
 
-# Of two companions only the one from the program's own folder is its own.
+# Only the companion from the program's own folder is ended.
 CLEANS_UP = table(r"""
 GetModuleFileNameW(null, *, 260)
 CreateToolhelp32Snapshot(0x2, 0)
@@ -151,15 +151,15 @@ SetForegroundWindow(window)
 AttachThreadInput(own-thread, its-thread, 0)
 """)
 
-# Whoever asks how often: one line says that it was asked until it was answered.
+# These calls are repeated until they get an answer; the tables list them once.
 UNTIL_ANSWERED = ("Process32NextW", ASKS_FOR_UNINSTALLER)
-# The path in the ANSI encoding is read wherever it is needed, and then once more in full, in wide
-# characters, to see whether the code page has all its letters.
+# The path in the ANSI code page is read wherever it is needed, and then again in UTF-16, to check
+# that the code page has all its letters.
 ANSI_PATH = {"GetModuleFileNameA(null, *, 260)", "GetModuleFileNameW(null, *, 32768)"}
 
 
 def calls_to_the_end(sandbox, program, named=None):
-    """All calls of a program that has ended; the last ones may be on their way to the trace."""
+    """All calls of a program that has ended; waits until the trace has the last one."""
     seen: list[str] = wait.until(
         lambda: relay.calls(sandbox, program, named=named), "the end in the trace",
         accept=lambda calls: calls[-1:] == ["exit(0)"])
@@ -170,7 +170,7 @@ def calls_to_the_end(sandbox, program, named=None):
 
 
 def assert_calls(calls, beginning, loading, end):
-    """The calls begin and end like this, and what lies between is what loading may ask for."""
+    """Asserts the calls at the beginning and at the end, and the reads of loading in between."""
     loaded = calls.index(end[0]) if end[0] in calls else len(calls)
     assert calls[:len(beginning)] == beginning
     assert reads(calls[len(beginning):loaded]) == {tuple(table(read)) for read in loading}
@@ -178,10 +178,10 @@ def assert_calls(calls, beginning, loading, end):
 
 
 def reads(calls):
-    """Calls that read something, each with those that belong to it."""
+    """Groups of calls that read one thing."""
     found: list[tuple[str, ...]] = []
     for call in calls:
-        # The second place of the link is looked at only when the first has failed.
+        # The second registry key of the link is opened only after the first has failed.
         other_place = r'"Software\TORVAN\KTR_dd"' in call
         begins = call.startswith(("RegOpenKeyExA", "GetModuleFileName", "SystemParameters"))
         if begins and not other_place or not found:
@@ -191,7 +191,7 @@ def reads(calls):
 
 
 def console_shown(sandbox, program):
-    """How the console of what the program has started was shown."""
+    """The calls that show the console of a program started by this one."""
     return [call for call in relay.calls(sandbox, program, relay.CONSOLE)
             if call.startswith("ShowWindow")]
 
@@ -222,7 +222,7 @@ def test_an_uninstallation_makes_these_calls(sandbox):
         [VERSION, SHADOW, LANGUAGE, CHANNEL, LINK],
         [*PUBLISHES_ITS_WINDOW, ASKS_FOR_THE_PRODUCT, STARTS_UNINSTALLER, ASKS_FOR_UNINSTALLER,
          *CLEANS_UP, *GIVES_UP_ITS_PLACE])
-    # The record that says so is only an address in the trace; this is what comes of it.
+    # The trace has only the address of STARTUPINFO; this is its effect.
     shown = wait.until(lambda: console_shown(sandbox, program), "the script's console")
     assert shown == ["ShowWindow(unknown window, 0)"], "hidden"
     elsewhere.unlink()

@@ -1,4 +1,4 @@
-"""Every way to close the window in every state: possible or not, with the clean-up or without."""
+"""Every way to close the window in every state: does it close, and does the clean-up run?"""
 
 import pytest
 
@@ -63,7 +63,7 @@ def running(sandbox, program):
 
 
 def failed_start(sandbox, program):
-    """The uninstaller was never seen."""
+    """The uninstaller never appeared."""
     sandbox.configure("uninstall.exe", mode="never")
     sandbox.configure("tasklist", hide="uninstall.exe", note=1)
     uninstall(program.window())
@@ -73,7 +73,7 @@ def failed_start(sandbox, program):
 
 
 def complete(sandbox, program):
-    """The uninstaller has gone."""
+    """The uninstaller has ended."""
     sandbox.configure("uninstall.exe", run_ms=500)
     uninstall(program.window())
     wait_complete(program.window())
@@ -81,21 +81,21 @@ def complete(sandbox, program):
 
 
 def wait_seen(program, state, window):
-    """Waits until the program has dealt with what has been done to its window so far."""
+    """Waits until the program has processed all input so far."""
     if state is running:
-        # Between two steps of the bar all events are processed.
+        # The program processes all events between two steps of the bar.
         for _ in range(2):
             wait_climbing(window, window.bar_fraction())
     elif state is box_up:
-        # The box blocks the window; both are served in turn.
+        # The box blocks the window; events of both are processed in order.
         program.box().drag(layout.BOX_TITLE_GRIP, 30, 20)
     else:
-        # In few steps: while it waits for the uninstaller, each costs one of its questions.
+        # Few steps: while the program waits for the uninstaller, each one costs one of its queries.
         window.drag(layout.TITLE_GRIP, 30, 20, steps=2)
 
 
 def expect_no_event_of_its_own(sandbox, state):
-    """Leaving is not reported: all that was is what led to the state."""
+    """Closing sends no event: the only events are those that led to the state."""
     pressed = [] if state is idle else [("UninstallPop", "Click_Uninstall", "")]
     assert events(sandbox) == pressed
 
@@ -106,8 +106,8 @@ PATHS = {
     "window manager": lambda window: window.close(),
 }
 
-# Does this path close the window in this state, and does the clean-up follow? Where it does not
-# close, the run goes on to its own end, and the clean-up follows when that end is "complete".
+# Does this way close the window in this state, and does the clean-up run? If the window stays, the
+# run continues to its end, and the clean-up runs if the uninstallation completed.
 CLOSES, CLOSES_AND_CLEANS, STAYS = "closes", "closes and cleans up", "stays"
 TABLE = {
     (idle, "title bar"): CLOSES,

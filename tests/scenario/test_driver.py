@@ -1,4 +1,4 @@
-"""The checks of the test kit can fail: each meets its fault. The program is a shell here."""
+"""Every check of the test kit can fail. A shell replaces the program here."""
 
 from __future__ import annotations
 
@@ -106,7 +106,7 @@ def test_cleaning_up_ends_only_the_sandbox_s_own_processes(
         spared, ended = other.spawn("KTRUI.exe"), one.spawn("KTRUI.exe")
         command = one.start(["-c", "exec sleep 600"])
         wait.until(lambda: [p for p in one.system.offspring(one.root) if p.name == "sleep"],
-                   "the program to become one of the system's")
+                   "the command to be among the system's processes")
         one.cleanup()
         assert ended.wait_exit() == command.wait_exit() == -signal.SIGKILL
         assert not one.root.exists()

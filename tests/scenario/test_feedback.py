@@ -1,4 +1,4 @@
-"""The feedback box: typing, the limit, pasting, and what is sent."""
+"""The feedback box: typing, its limit, pasting, and the event that is sent."""
 
 import json
 
@@ -11,7 +11,7 @@ pytestmark = pytest.mark.usefixtures("reasons")
 
 LIMIT = 700
 NUMBERS = "".join(f"{number:03} " for number in range(400))
-"""Text in which every place can be told from every other."""
+"""Text in which every position is unique."""
 BOX = layout.Point(layout.FEEDBACK.left + 100, layout.FEEDBACK.top + 20)
 
 
@@ -42,7 +42,7 @@ def cancel(sandbox, program, window):
 
 
 def copied(sandbox, window):
-    """What is in the box, as another application gets it: all is selected and copied."""
+    """The text of the box, selected and copied to the clipboard."""
     clipboard = sandbox.display.clipboard
     with clipboard.holding("older"):
         window.keyboard.key("Control_L", "a")
@@ -59,7 +59,7 @@ def paste_first(sandbox, window, text):
         window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)
 
 
-# What is typed ---------------------------------------------------------------------------------
+# Typing ----------------------------------------------------------------------------------------
 
 
 def test_words_are_sent_as_typed(sandbox, program, window):
@@ -110,15 +110,15 @@ def test_typing_at_the_limit_cuts_the_end_and_moves_the_cursor_there(sandbox, pr
     paste_first(sandbox, window, NUMBERS[:LIMIT])
     assert copied(sandbox, window) == NUMBERS[:LIMIT]
     window.keyboard.key("Control_L", "Home")
-    window.keyboard.type("a")  # goes in, the last character out, and the cursor to the end
-    window.keyboard.type("b")  # is one too many there
+    window.keyboard.type("a")  # is inserted, cuts the last character, and moves the cursor there
+    window.keyboard.type("b")  # is beyond the limit
     window.keyboard.key("BackSpace")
     window.keyboard.type("c")
     assert submit(sandbox, window) == "a" + NUMBERS[: LIMIT - 2] + "c"
     cancel(sandbox, program, window)
 
 
-# What is pasted --------------------------------------------------------------------------------
+# Pasting ---------------------------------------------------------------------------------------
 
 
 @pytest.mark.parametrize("keys", (("Control_L", "v"), ("Shift_L", "Insert")), ids="+".join)
@@ -177,7 +177,7 @@ def test_typing_replaces_a_selection(sandbox, program, window):
     start = window.place(layout.Point(layout.FEEDBACK.left + 17, layout.FEEDBACK.top + 16))
     window.wait_colour(layout.SUBMIT_EDGE, layout.SUBMIT_BORDER)  # the words have arrived
     window.keyboard.drag(start, layout.Point(start.x + 300, start.y))
-    # The toolkit keeps a move of the mouse back until it paints; a key would overtake it.
+    # Qt delays a mouse move until it paints; a key would overtake it.
     line = layout.Rect(layout.FEEDBACK.left + 16, layout.FEEDBACK.top + 8, 60, 16)
     wait.until(lambda: window.screen.share(window.area(line), layout.SELECTION),
                "the words to be selected", accept=lambda share: share > 0.3)

@@ -1,7 +1,7 @@
-"""What counts wherever on the machine it runs.
+"""Processes of other installations on the same machine.
 
-Everywhere else the task list keeps to the sandbox, so that scenarios can run side by side; here it
-lists what it lists on a real machine.
+In other scenarios `tasklist` lists only the processes of the sandbox, so that scenarios can run in
+parallel; here it lists all processes, as on a real machine.
 """
 
 import pytest
@@ -13,7 +13,7 @@ pytestmark = pytest.mark.machine_wide
 
 @pytest.fixture
 def elsewhere(display, lay_out):
-    """Another installation, in another place."""
+    """A second sandbox."""
     other = Sandbox(display, lay_out)
     try:
         yield other
@@ -24,7 +24,7 @@ def elsewhere(display, lay_out):
 
 @pytest.fixture(autouse=True)
 def whole_machine(sandbox):
-    """The task list lists every process."""
+    """Makes `tasklist` list every process."""
     sandbox.configure("tasklist", root=None)
 
 

@@ -1,4 +1,4 @@
-"""Offers: what the remote configuration is asked for, what is shown and opened, what is reported."""
+"""Offers: the queries to the remote configuration, the links that are opened, the events."""
 
 import json
 
@@ -13,13 +13,13 @@ CONFIG = "vantoronlineconfig.dll"
 
 
 def look_ups(sandbox):
-    """The keys and suffixes that were fetched so far."""
+    """The keys and suffixes of the queries so far."""
     return [(entry.text("key"), entry.text("suffix"))
             for entry in sandbox.journal(CONFIG, "get_string_value") if entry.text("buffer") == "given"]
 
 
 def opened(sandbox):
-    """The links that were opened so far."""
+    """The links opened so far."""
     return [entry.items("args")[0] for entry in sandbox.journal("xdg-open", "open")]
 
 
@@ -58,7 +58,7 @@ def test_loading_the_window_queries_the_configuration(sandbox, oem, language, pr
     assert sizes == ["4294967295"] * 4
     assert not sandbox.journal(CONFIG, "unexpected")
     leave(sandbox, program, window)
-    assert not sandbox.journal(CONFIG, "release_config"), "the program ends without it"
+    assert not sandbox.journal(CONFIG, "release_config"), "the program exits without releasing it"
 
 
 @pytest.mark.parametrize("reason, url, link", (
@@ -80,7 +80,7 @@ def test_a_coupon_opens_its_link(sandbox, reason, url, link):
     leave(sandbox, program, window)
 
 
-# What the key of 32-bit programs and the other one hold; None is no key, "" one without the value.
+# The value in the key of 32-bit programs and in the other key; None: no key, "": no value in it.
 @pytest.mark.parametrize("first, second, tail", (
     (None, "77", "?x-url=1-77"),
     ("88", "77", "?x-url=1-88"),
@@ -114,7 +114,7 @@ def test_the_feedback_link_and_the_thank_you_coupon_open_the_same_offer(sandbox,
     window = program.ready()
     before = look_ups(sandbox)
     steps.choose(sandbox, window, reason)
-    assert look_ups(sandbox) == before, "a feedback page asks only when its link is used"
+    assert look_ups(sandbox) == before, "a feedback page queries only when its link is used"
     window.click(layout.FEEDBACK_LINK)
     sandbox.wait_noted("xdg-open", "open")
     asked = [(OTHERS_PRICE, ""), (LANDING, "acme")]

@@ -1,4 +1,4 @@
-"""In which order the program touches the world, as the kernel sees it."""
+"""The order of the program's system calls from start to exit."""
 
 from __future__ import annotations
 
@@ -12,7 +12,7 @@ from ktr.steps import expect_end, uninstall, wait_complete
 
 TRACED = "openat,flock,chdir,kill,pidfd_send_signal,clone,clone3,fork,vfork,unlink,exit_group"
 
-# What each step is seen by; the first match counts. The telemetry library comes before all.
+# The system call that shows each step; the first match counts. The telemetry library comes first.
 STEPS = {
     "telemetry library": r'openat\(.*"ROOT/Dravik/bin/SkyrelWrap\.DLL"',
     "lock": r"flock\(\d+, LOCK_EX",
@@ -25,19 +25,19 @@ STEPS = {
     "handle file": r'openat\(.*"ROOT/Dravik/bin/hwndFile\.ini".*O_WRONLY',
     "companion ended": r"(kill|pidfd_send_signal)\(\d+, SIGKILL",
     "clean-up": r"(clone3?|v?fork)\((?!.*CLONE_THREAD)",
-    "lock given up": r"flock\(\d+, LOCK_UN",
+    "lock released": r"flock\(\d+, LOCK_UN",
     "handle file deleted": r'unlink\("ROOT/Dravik/bin/hwndFile\.ini"',
     "end": r"exit_group\(0",
 }
-# The toolkit reads in a thread of its own.
+# Qt reads in a thread of its own.
 NOT_BY_THE_MAIN_THREAD = {"user interface"}
-# Other programs are started before, too: the clean-up is the one after this.
+# Other programs are started earlier: the clean-up is the one after this step.
 ONLY_AFTER = {"clean-up": "companion ended"}
 ONLY_AFTER_UNINSTALLING = {"companion ended", "clean-up"}
 
 
 def steps_seen(trace: Path, sandbox, pid: int) -> list[str]:
-    """The steps in the order of their first appearance."""
+    """The steps, in the order of their first system call."""
     seen: list[str] = []
     text = trace.read_text(errors="replace").replace(str(sandbox.root), "ROOT")
     for line in text.splitlines():
@@ -50,7 +50,7 @@ def steps_seen(trace: Path, sandbox, pid: int) -> list[str]:
 
 
 def assert_steps(trace: Path, sandbox, program, expected: list[str]) -> None:
-    """These steps, in this order; the tracer writes the last ones after the program has ended."""
+    """Asserts these steps in this order; strace writes the last ones after the program's end."""
     seen: list[str] = wait.until(
         lambda: steps_seen(trace, sandbox, program.pid), "the end in the trace",
         accept=lambda found: "end" in found)
@@ -58,7 +58,7 @@ def assert_steps(trace: Path, sandbox, program, expected: list[str]) -> None:
 
 
 def start_traced(sandbox) -> tuple:
-    """The program under the eye of a tracer that is not in its way: it stays our child."""
+    """Starts the program under strace; with -D the program stays our child."""
     trace = sandbox.root / "logs" / "trace"
     return sandbox.start(under=[
         "/usr/bin/strace", "-D", "-f", "-qq", "-s", "400", "-e", f"trace={TRACED}",
@@ -66,7 +66,7 @@ def start_traced(sandbox) -> tuple:
     ]), trace
 
 
-@pytest.mark.stderr_unchecked  # The tracer's own remarks.
+@pytest.mark.stderr_unchecked  # strace prints there.
 @pytest.mark.parametrize("cleanup", [True, False], ids=["after uninstalling", "after cancel"])
 def test_steps_from_start_to_exit(sandbox, cleanup):
     sandbox.set_registry("German")
@@ -89,5 +89,5 @@ def test_a_second_start_only_looks_for_the_window(sandbox):
         program, trace = start_traced(sandbox)
         assert program.wait_exit() == 0
     assert_steps(trace, sandbox, program, ["telemetry library", "lock", "end"])
-    assert "hwndFile.ini" in trace.read_text(), "it has looked for the window"
-    assert sandbox.handle_file.exists(), "the file is not its own"
+    assert "hwndFile.ini" in trace.read_text(), "it has read the window's handle"
+    assert sandbox.handle_file.exists(), "it must not delete the first start's file"

@@ -1,4 +1,4 @@
-"""The way from the reasons to the page that answers one, and what is possible on every page."""
+"""From the reasons to the page that answers each, and what works on every page."""
 
 import json
 
@@ -12,7 +12,7 @@ PAGES = ("reasons", 1, 2, 3, 4, "thanks for 3", "thanks for 4")
 
 
 def go_to(sandbox, window, page):
-    """Takes the window to a page by mouse and keyboard."""
+    """Opens a page by mouse and keyboard."""
     if page == "reasons":
         return
     thanks = isinstance(page, str)
@@ -23,7 +23,7 @@ def go_to(sandbox, window, page):
         steps.wait_coupon(window)
 
 
-# To the pages ----------------------------------------------------------------------------------
+# Choosing a reason -----------------------------------------------------------------------------
 
 
 @pytest.mark.parametrize("reason", steps.REASONS)
@@ -35,8 +35,8 @@ def test_a_reason_opens_its_page_and_cannot_be_changed(sandbox, program, reason)
         assert not steps.reasons_seen(window)
     for row in range(4):
         window.click(layout.reason(row))
-    window.drag(layout.TITLE_GRIP, 20, 10)  # whoever answers this has seen the clicks
-    # On a coupon those clicks open it; nowhere do they choose once more.
+    window.drag(layout.TITLE_GRIP, 20, 10)  # the drag is processed after the clicks
+    # On a coupon those clicks open it; on no page do they choose another reason.
     assert len(steps.reasons_given(sandbox)) == 1
     steps.uninstall(window)
     steps.wait_event(sandbox, "Click_Uninstall")
@@ -72,7 +72,7 @@ def test_each_page_has_its_title(sandbox):
         window.click(layout.CANCEL)
         assert program.wait_exit() == 0
     assert len(asking) == 1
-    assert len(thanking) == 1, "one thank-you, whatever was answered"
+    assert len(thanking) == 1, "both feedback pages lead to the same title"
     assert answering[3] == answering[4]
     assert len({*asking, *answering.values(), *thanking}) == 5
 
@@ -86,22 +86,22 @@ def test_a_reason_is_chosen_by_keyboard(sandbox, program, reason, key, from_the_
     row = steps.row_of(window, reason)
     window.keyboard.key("Tab")
     if from_the_end:
-        for _ in range(6):  # there is nothing beyond the last row
+        for _ in range(6):  # the focus stops at the last row
             window.keyboard.key("Down")
         for _ in range(3 - row):
             window.keyboard.key("Up")
     else:
-        window.keyboard.key("Up")  # nor before the first
+        window.keyboard.key("Up")  # and at the first one
         for _ in range(row):
             window.keyboard.key("Down")
     window.keyboard.key(key)
     steps.wait_page(sandbox, window, reason)
-    # The keyboard goes on from the new page to the buttons: Uninstall is not far.
+    # The focus moves on from the new page to the buttons.
     for _ in range(3 if reason in (3, 4) else 2):
         window.keyboard.key("Tab")
     window.keyboard.key("Return")
     steps.wait_event(sandbox, "Click_Uninstall")
-    assert len(steps.reasons_given(sandbox)) == 1, "moving on has chosen nothing"
+    assert len(steps.reasons_given(sandbox)) == 1, "moving the focus chooses no reason"
     steps.wait_complete(window)
     window.click(layout.CANCEL)
     steps.expect_end(sandbox, program, cleanup=True)
@@ -131,7 +131,7 @@ def test_escape_does_nothing_in_the_window(sandbox, program):
 def test_opening_an_offer_does_not_change_its_page(sandbox, reason, place, activity, configured):
     if not configured:
         sandbox.locate("vantoronlineconfig.dll").unlink()
-        sandbox.set_registry("English")  # an identifier alone would make an address
+        sandbox.set_registry("English")  # an identifier alone would give a link
     program = sandbox.start()
     window = program.ready()
     steps.choose(sandbox, window, reason)
@@ -146,7 +146,7 @@ def test_opening_an_offer_does_not_change_its_page(sandbox, reason, place, activ
     steps.expect_end(sandbox, program, cleanup=False)
     if not configured:
         assert json.loads(event[2]) == {"url": ""}
-        assert not sandbox.leftovers()  # nobody is left who could still note a link
+        assert not sandbox.leftovers()  # no process is left that could still note a link
         assert not sandbox.journal("xdg-open")
 
 
@@ -154,7 +154,7 @@ def test_opening_an_offer_does_not_change_its_page(sandbox, reason, place, activ
 def test_an_offer_is_opened_by_keyboard(sandbox, program, reason, key):
     window = program.window()
     steps.choose(sandbox, window, reason)
-    # On a feedback page the box comes first; its button is not for an empty one.
+    # On a feedback page the box has the focus first; Submit is disabled while it is empty.
     for _ in range(2 if reason == 4 else 1):
         window.keyboard.key("Tab")
     window.keyboard.key(key)
@@ -163,7 +163,7 @@ def test_an_offer_is_opened_by_keyboard(sandbox, program, reason, key):
     steps.expect_end(sandbox, program, cleanup=False)
 
 
-# Uninstalling and leaving ----------------------------------------------------------------------
+# Uninstalling and closing ----------------------------------------------------------------------
 
 
 @pytest.mark.parametrize("page", PAGES)
@@ -177,12 +177,12 @@ def test_every_page_can_uninstall(sandbox, program, page):
     steps.expect_end(sandbox, program, cleanup=True)
 
 
-@pytest.mark.parametrize("way", (layout.TITLE_CLOSE, layout.CANCEL), ids=("close", "cancel"))
+@pytest.mark.parametrize("button", (layout.TITLE_CLOSE, layout.CANCEL), ids=("close", "cancel"))
 @pytest.mark.parametrize("page", PAGES[1:])
-def test_every_page_can_close_without_uninstalling(sandbox, program, page, way):
+def test_every_page_can_close_without_uninstalling(sandbox, program, page, button):
     window = program.window()
     go_to(sandbox, window, page)
-    window.click(way)
+    window.click(button)
     steps.expect_end(sandbox, program, cleanup=False)
     assert not sandbox.journal("uninstall.exe")
 

@@ -1,4 +1,4 @@
-"""One window at a time: what a second start does."""
+"""Single instance: what a second start does."""
 
 import struct
 
@@ -9,9 +9,9 @@ from ktr.steps import expect_end, uninstall, wait_complete
 
 
 def second_start_ends(sandbox):
-    """A second start ends with status 0 before it builds anything of the toolkit.
+    """A second start exits with 0 before it creates any Qt object.
 
-    A platform that does not exist would end it otherwise.
+    With this unknown platform plug-in Qt would abort it.
     """
     second = sandbox.start(environment={"QT_QPA_PLATFORM": "none of that name"})
     assert second.wait_exit() == 0
@@ -19,7 +19,7 @@ def second_start_ends(sandbox):
 
 
 def wait_in_front(sandbox, window):
-    """The window is the topmost one, and active where the system can make it so."""
+    """Waits until the window is on top, and active where the system can give it the focus."""
     wait.until(lambda: window.topmost, "the window to be on top")
     if sandbox.system.gives_focus:
         wait.until(lambda: window.active, "the window to be active")
@@ -36,7 +36,7 @@ def test_a_second_start_restores_a_minimised_window(sandbox, program):
         wait.until(lambda: window.active, "the window to be active")
         wait.until(lambda: window.topmost, "the window to be on top")
         assert "_NET_WM_STATE_ABOVE" not in window.states
-    # The first instance's file and lock are its own still.
+    # The first instance still has its handle file and its lock.
     assert sandbox.read_handle() == handle
     assert sandbox.instance_lock_held()
 
@@ -55,7 +55,7 @@ def test_a_second_start_does_nothing_before_the_window_exists(sandbox):
         second_start_ends(sandbox)
         assert not before.keys() ^ sandbox.snapshot().keys()
     assert not (sandbox.temp / "clearKTR.bat").exists()
-    # The telemetry library is loaded in every start all the same.
+    # Every start loads the telemetry library.
     sandbox.wait_noted("SkyrelWrap.DLL", "load")
 
 
@@ -68,16 +68,16 @@ def test_a_start_after_the_first_has_ended_opens_a_window(sandbox, program):
 
 
 def test_a_second_start_ends_also_while_the_first_waits_for_tasklist(sandbox, program):
-    """The first one answers nobody then, and a second start may have to wait with it."""
+    """The first one processes no events then, and the second start may have to wait for it."""
     window = program.ready()
     sandbox.configure("uninstall.exe", run_ms=1000)
     sandbox.configure("tasklist", note=1, hang=1)
     uninstall(window)
     sandbox.wait_noted("tasklist", "query")
-    sandbox.configure("tasklist", hang=None)  # from the next question on
+    sandbox.configure("tasklist", hang=None)  # from the next query on
     with sandbox.display.windows.bystander():
         second_start_ends(sandbox)
-        # Where the second start waited, the first one has lost its patience with the task list.
+        # If the second start had to wait, the first one has already stopped its query.
         for process in sandbox.system.offspring(sandbox.root):
             if process.name.startswith("tasklist"):
                 sandbox.system.end(process)
@@ -102,11 +102,11 @@ def _raw(number: int) -> bytes:
         pytest.param(lambda window: _raw(0), False, id="zero"),
         pytest.param(lambda window: _raw(0x7FFFFFF), False, id="stale"),
         pytest.param(lambda window: _raw(window + (1 << 32)),
-                     "where the upper half does not count", id="beyond 32 bits"),
+                     "where handles have 32 bits", id="beyond 32 bits"),
         pytest.param(None, False, id="missing"),
     ],
 )
-# Wine's window messages keep the upper half of a handle, which the toolkit then does not know.
+# Wine keeps the upper half of a handle in window messages, and Qt then finds no window for them.
 @pytest.mark.stderr_allowed(r"windowsProc: No Qt Window found for event .*")
 def test_a_second_start_uses_the_handle_file(sandbox, program, content, activates):
     window = program.ready()
@@ -116,12 +116,12 @@ def test_a_second_start_uses_the_handle_file(sandbox, program, content, activate
         sandbox.write_handle(content(sandbox.read_handle()))
     with sandbox.display.windows.bystander() as bystander:
         second_start_ends(sandbox)
-        if activates == "where the upper half does not count":
+        if activates == "where handles have 32 bits":
             activates = sandbox.system.handle_bits == 32
         if activates:
             wait_in_front(sandbox, window)
         else:
-            # The second start has ended: whatever it asked of the window manager came before this.
+            # The second start has ended, so all its requests to the window manager came before.
             sandbox.display.windows.settle()
             assert bystander.active and bystander.topmost
             assert not window.active

@@ -1,4 +1,4 @@
-"""What takes too long for every change: great storms, many runs, a long one. `./test --soak`."""
+"""Soak tests, too long for every change: many starts, many runs, a long run. `./test --soak`."""
 
 import csv
 import os
@@ -12,19 +12,19 @@ from ktr.resources import Usage, clients, peak_memory, resources
 from ktr.target import is_windows
 from test_storm import storm
 
-# What these look at belongs to Wine there.
+# Under Wine these would measure Wine.
 pytestmark = [pytest.mark.soak, pytest.mark.skipif(is_windows(), reason="looks at this system")]
 
 ROUNDS, RUNS = 20, 200
 TEN_MINUTES = 600.0
 GROWTH_KB = 512
-"""What allocators may add in ten minutes without anything being kept."""
+"""The growth in ten minutes that allocators cause without a leak."""
 FIGURES = Path(os.environ.get("KTR_SOAK_FIGURES", "build/soak"))
-"""Where the samples go, as tables."""
+"""The folder for the tables of samples."""
 
 
 def write(name, heads, rows):
-    """Writes a table of figures."""
+    """Writes a table of samples."""
     FIGURES.mkdir(parents=True, exist_ok=True)
     with open(FIGURES / f"{name}.csv", "w", encoding="utf-8", newline="") as file:
         csv.writer(file).writerows([heads, *rows])
@@ -45,7 +45,7 @@ def test_cancelled_runs_leave_nothing(sandbox):
         peak = peak_memory(program.pid)
         window.click(layout.CANCEL)
         assert program.wait_exit() == 0
-        # Its companion was not ended: it goes by itself.
+        # Cancel does not end the companion: it ends by itself.
         sandbox.wait_processes("SkyrelWrapExe.exe", 0)
         ends = sandbox.journal("SkyrelWrapExe.exe", "end")
         assert len(ends) == number + 1
@@ -70,14 +70,14 @@ def test_a_long_run_needs_no_more_at_its_end(sandbox, program):
         usage = Usage.of(program.pid)
         samples.append((round(since), usage.own, usage.handles, usage.threads,
                         resources(sandbox.display)))
-        # It answers between two questions to the task list.
+        # The window can be dragged between two queries.
         window.drag(layout.TITLE_GRIP, 10 if len(samples) % 2 else -10, 0)
         assert 0.985 < window.bar_fraction() < 1.0
         time.sleep(5)
     write("long run", ("second", "own memory, KB", "handles", "threads", "X resources"), samples)
     half = samples[len(samples) // 2:]
     assert max(sample[1] for sample in half) <= samples[0][1] + GROWTH_KB
-    # A question to the task list has pipes of its own while it runs.
+    # A query has pipes while it runs.
     assert min(sample[2] for sample in half) <= min(sample[2] for sample in samples[:5])
     assert {sample[3] for sample in half} <= {sample[3] for sample in samples[:5]}
     hold.unlink()

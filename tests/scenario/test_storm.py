@@ -1,4 +1,4 @@
-"""Many starts at once, and one after the other: one window each time, and nothing is left."""
+"""Many starts at once: exactly one window, and nothing is left."""
 
 import pytest
 
@@ -7,11 +7,11 @@ from ktr.target import is_windows
 
 STARTS, ROUNDS = (10, 1) if is_windows() else (50, 2)
 LONG = 300.0
-"""Seconds for fifty programs that start at once on two cores."""
+"""Seconds that fifty programs may take to start at once on two cores."""
 
 
 def at_once(sandbox, count):
-    """Starts the program so often that all begin together."""
+    """Starts the program several times, all at the same moment."""
     gate = sandbox.root / "gate"
     behind_the_gate = ("/bin/sh", "-c",
                        f'while [ ! -e "{gate}" ]; do sleep 0.05; done; exec "$0" "$@"')
@@ -21,7 +21,7 @@ def at_once(sandbox, count):
 
 
 def storm(sandbox):
-    """Exactly one of many starts gets a window; the others end with 0."""
+    """Exactly one of many starts gets a window; the others exit with 0."""
     started = at_once(sandbox, STARTS)
     most = 0
 

@@ -1,4 +1,4 @@
-"""Environment, companions, files: what the program touches besides its window."""
+"""What the program changes besides its window: environment, companions, files."""
 
 import shutil
 from pathlib import Path
@@ -115,7 +115,7 @@ def test_no_graphics_driver_is_loaded(sandbox, program):
 ))
 def test_no_plug_in_of_another_qt_is_loaded(sandbox, variable, folder):
     foreign = sandbox.root / "elsewhere"
-    # One that would work as well as the program's own
+    # This plug-in would work, so only its path tells whether it was loaded.
     own = next(Path("/usr/lib").glob("*/qt5/plugins/platforms/libqxcb.so"))
     (foreign / "platforms").mkdir()
     shutil.copy(own, foreign / "platforms")
@@ -130,7 +130,7 @@ def test_no_plug_in_of_another_qt_is_loaded(sandbox, variable, folder):
 
 
 def ink_of_title(window):
-    """How wide the title is drawn."""
+    """The bounding box of the drawn title."""
     area = layout.Rect(
         layout.TITLE_LABEL.left, layout.TITLE_LABEL.top, layout.TITLE_LABEL.width, 24)
     picture = window.screen.screenshot(window.area(area)).convert("L")
@@ -146,7 +146,7 @@ def test_the_window_is_in_the_product_language(sandbox):
         drawn[language] = ink_of_title(window)
         window.click(layout.CANCEL)
         assert program.wait_exit() == 0
-    # Without a translation the source texts stand there.
+    # Without a translation the window shows the source texts.
     assert drawn[None] == drawn["English"] == drawn["Klingon"]
     assert len({drawn["English"], drawn["German"], drawn["ChineseSimp"]}) == 3
 
@@ -156,7 +156,7 @@ def test_events_are_in_english_in_every_language(sandbox, row):
     sandbox.set_registry("French")
     program = sandbox.start()
     window = program.ready()
-    number = steps.choose_row(sandbox, window, row)  # by the English text in the event
+    number = steps.choose_row(sandbox, window, row)  # found by the English text of the event
     assert (number == 4) == (row == 3)
     window.click(layout.CANCEL)
     assert program.wait_exit() == 0

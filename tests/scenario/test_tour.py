@@ -1,7 +1,7 @@
-"""The guided tour and the start for a person, from a folder with spaces and non-ASCII letters.
+"""The guided tour and the manual start, in a folder with spaces and non-ASCII letters.
 
-Three languages are run for every change: the right-to-left one, an Asian one, and one with a long
-text on the "Submit" button. `./test --soak` runs the others, and `./run` in a copy of the sources.
+Every change runs three languages: the right-to-left one, an Asian one, and one with a long text on
+the "Submit" button. `./test --soak` runs the others, and `./run` in a copy of the sources.
 """
 
 import csv
@@ -18,7 +18,7 @@ from ktr.journal import parse
 
 FOLDER = "a b ü"
 FOR_EVERY_CHANGE = ("Arabic", "ChineseSimp", "Turkish")
-NOBODY = 65534
+UNPRIVILEGED = 65534
 HOUR = 3600
 
 
@@ -32,7 +32,7 @@ def languages():
 
 
 def run(*command, **options):
-    """Runs a command without a display; it must succeed. Returns its output."""
+    """Runs a command without a display, which must succeed; returns its output."""
     environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
     done = subprocess.run(
         list(map(str, command)), env=options.pop("env", environment), text=True, check=False,
@@ -43,7 +43,7 @@ def run(*command, **options):
 
 @pytest.fixture
 def folder(tmp_path):
-    """A folder with the name in question; only a failed test keeps it."""
+    """A folder with spaces and a non-ASCII letter; only a failed test keeps it."""
     place = tmp_path / FOLDER
     place.mkdir()
     return place
@@ -60,7 +60,7 @@ def test_every_step_of_the_tour_is_seen(folder, language):
 
 
 def test_a_manual_start_puts_xdg_open_in_a_path_without_spaces(folder):
-    # Qt starts xdg-open by a command line that it splits at spaces.
+    # Qt starts xdg-open with a command line that it splits at spaces.
     program = folder / "program"
     program.write_text('#!/bin/sh\nxdg-open "an address"\ncommand -v xdg-open\n')
     program.chmod(0o755)
@@ -76,7 +76,7 @@ def test_a_manual_start_puts_xdg_open_in_a_path_without_spaces(folder):
 @pytest.mark.soak
 @pytest.mark.timeout(HOUR)
 def test_an_unprivileged_user_can_run_the_tour_in_a_copy_of_the_sources():
-    # pytest's own folder is closed to other users.
+    # Other users cannot read pytest's own folder.
     with tempfile.TemporaryDirectory(prefix="ktr-", dir="/tmp") as place:
         folder = Path(place) / FOLDER
         copy, home = folder / "copy", folder / "home"
@@ -84,8 +84,8 @@ def test_an_unprivileged_user_can_run_the_tour_in_a_copy_of_the_sources():
         home.mkdir()
         as_user = {}
         if os.geteuid() == 0:
-            as_user = {"user": NOBODY, "group": NOBODY, "extra_groups": []}
-            run("chown", "-R", f"{NOBODY}:{NOBODY}", place)
+            as_user = {"user": UNPRIVILEGED, "group": UNPRIVILEGED, "extra_groups": []}
+            run("chown", "-R", f"{UNPRIVILEGED}:{UNPRIVILEGED}", place)
         output = run(copy / "run", cwd=copy, **as_user,
                      env={"PATH": "/usr/local/bin:/usr/bin:/bin", "HOME": str(home)})
         assert output.endswith("Every step was seen.\n")

@@ -1,4 +1,4 @@
-"""The main job: the product is uninstalled while the user watches."""
+"""Uninstalling: the uninstaller, the progress bar, the warning, the clean-up."""
 
 import os
 
@@ -29,7 +29,7 @@ def test_an_uninstallation_completes(sandbox, program):
     hold.unlink()
     sandbox.wait_noted("uninstall.exe", "end")
     wait_complete(window)
-    # The uninstall button has gone: its place is white.
+    # The uninstall button is hidden: its place is white.
     window.wait_colour(layout.face(layout.UNINSTALL), layout.WHITE)
     assert program.running
     window.click(layout.CANCEL)
@@ -46,7 +46,7 @@ def test_the_bar_stays_just_below_its_end_while_the_uninstaller_runs(sandbox, pr
     assert climbed < 0.5
     wait_climbing(window, 0.985)
     asked = len(sandbox.journal("tasklist", "query"))
-    wait.until(lambda: len(sandbox.journal("tasklist", "query")) > asked + 5, "five more questions")
+    wait.until(lambda: len(sandbox.journal("tasklist", "query")) > asked + 5, "five more queries")
     assert 0.985 < window.bar_fraction() < 1.0
     hold.unlink()
     wait_complete(window)
@@ -59,7 +59,7 @@ def test_the_uninstaller_may_appear_late(sandbox, program):
     sandbox.configure("tasklist", hide="uninstall.exe", note=1)
     window = program.window()
     uninstall(window)
-    wait.until(lambda: questions(sandbox), "three questions in vain",
+    wait.until(lambda: questions(sandbox), "three queries without the uninstaller",
                accept=lambda count: count >= 3)
     sandbox.configure("tasklist", hide=None)
     wait_climbing(window)
@@ -69,10 +69,10 @@ def test_the_uninstaller_may_appear_late(sandbox, program):
     expect_end(sandbox, program, cleanup=True)
 
 
-# Wine says it when a program goes while it is being started.
+# Wine prints this when a program is removed while it is being started.
 @pytest.mark.stderr_allowed(r"wine: failed to open .*tasklist\.exe.*")
 def test_the_bar_completes_when_tasklist_is_removed_during_the_run(sandbox, program):
-    # Gone in the middle of the run: no answer is the answer that the uninstaller has gone.
+    # Without `tasklist` the uninstaller counts as ended.
     window = program.window()
     hold = uninstall_held(sandbox, window)
     sandbox.locate("tasklist").unlink()
@@ -89,7 +89,7 @@ def test_uninstall_cannot_be_pressed_while_the_warning_is_shown(sandbox, program
     uninstall(window)
     box = program.box()
     uninstall(window)
-    # The box answers a drag, so it has seen what came before.
+    # The box has moved, so the program has processed the click before.
     box.drag(layout.BOX_TITLE_GRIP, 20, 10)
     assert len(program.windows()) == 2
     box.click(layout.BOX_OK)
@@ -100,7 +100,7 @@ def test_uninstall_cannot_be_pressed_while_the_warning_is_shown(sandbox, program
 
 
 def clean_up(sandbox, program):
-    """Uninstalls and closes; how the clean-up script was started."""
+    """Uninstalls and closes; returns the journal entry of the clean-up script."""
     sandbox.configure("uninstall.exe", run_ms=1000)
     window = program.window()
     uninstall(window)
@@ -134,7 +134,7 @@ def test_the_uninstaller_inherits_no_lock(sandbox, program):
     assert entry.items("fds") == []
     program.window().close()
     assert program.wait_exit() == 0
-    # The uninstaller lives on, and the lock is free.
+    # The uninstaller still runs, and the lock is free.
     assert sandbox.processes("uninstall.exe")
     assert not sandbox.instance_lock_held()
     hold.unlink()
@@ -152,7 +152,7 @@ def test_a_running_product_causes_a_warning_until_it_is_closed(sandbox, program)
 
     box.click(layout.BOX_OK)
     box.wait_gone()
-    # Nothing has changed: idle, both buttons enabled, and it can be tried again.
+    # The window is idle again: both buttons are enabled, and the user can retry.
     window.hover(layout.TITLE_GRIP)
     window.wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
     window.wait_colour(layout.face(layout.UNINSTALL), layout.UNINSTALL_NORMAL)
@@ -214,7 +214,7 @@ def test_without_an_uninstaller_only_the_window_manager_closes_the_window(sandbo
     assert window.bar_fraction() == 0.0
     window.click(layout.CANCEL)
     window.click(layout.TITLE_CLOSE)
-    # A window that answers a drag has seen the clicks before it.
+    # The window has moved, so the program has processed the clicks before.
     window.drag(layout.TITLE_GRIP, 40, 30)
     assert program.running
     assert window.bar_fraction() == 0.0
@@ -244,12 +244,12 @@ def test_the_title_bar_drags_the_window_also_during_the_run(sandbox, program):
     before = window.geometry
     window.drag(layout.TITLE_GRIP, 120, 90)
     assert window.geometry == before.moved(120, 90)
-    # The enabled close button is no grip.
+    # The enabled close button does not drag.
     window.drag(layout.TITLE_CLOSE, 60, 60, follows=False)
     assert program.running
     hold = uninstall_held(sandbox, window)
     moved = window.geometry
-    # Nor is the disabled one; the drag by the bar that follows shows that its press has been seen.
+    # Nor does the disabled one; after the drag by the bar its press has been processed.
     window.drag(layout.TITLE_CLOSE, 70, 70, follows=False)
     window.drag(layout.TITLE_GRIP, -50, -40)
     assert window.geometry == moved.moved(-50, -40)

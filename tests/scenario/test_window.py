@@ -1,5 +1,4 @@
-"""The window as the desktop sees it, and what the start shrugs off."""
-
+"""The window on the desktop: its size, icon and colours."""
 
 import pytest
 from PIL import Image
@@ -32,7 +31,7 @@ def test_the_window_has_a_fixed_size(sandbox, program):
 
 
 def test_a_compositor_changes_nothing(sandbox):
-    # Shadows are for systems whose windows have them, and no Linux system is one of those.
+    # Only on Windows does the program draw a shadow.
     connection = sandbox.display.connection
     owner = sandbox.display.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
     selection = connection.intern_atom("_NET_WM_CM_S0")
@@ -49,7 +48,7 @@ def test_a_compositor_changes_nothing(sandbox):
 
 
 def install_icon(sandbox, colour):
-    """Puts an icon of one colour where the product's is; returns the sizes that it has."""
+    """Replaces the product's icon by one of one colour; returns its sizes."""
     sizes = [(16, 16), (32, 32), (48, 48)]
     Image.new("RGB", (48, 48), colour).save(
         sandbox.root / "Dravik" / "res" / "install_box.ico", sizes=sizes)
@@ -71,7 +70,7 @@ def test_the_radio_buttons_are_closed_circles_at_a_fractional_scale(sandbox, fac
         area = layout.Rect(centre.x - reach, centre.y - reach, 2 * reach + 1, 2 * reach + 1)
         picture = window.screen.screenshot(window.area(area)).convert("L")
         radii = []
-        # From the white centre to the light background there is a grey line in between.
+        # Between the white centre and the light background there is a grey line.
         for x, y in ((-1, 0), (1, 0), (0, -1), (0, 1)):
             line = [picture.getpixel((reach + x * step, reach + y * step))
                     for step in range(reach + 1)]
@@ -105,7 +104,7 @@ def test_a_link_has_the_link_colour(sandbox, program):
 
 
 def test_a_lock_file_that_cannot_be_opened_does_not_stop_the_program(sandbox):
-    # A link that leads nowhere: neither taken nor forbidden.
+    # A dangling link: the lock is neither held nor denied.
     sandbox.system.lock_file(sandbox.root).symlink_to("/nowhere/at/all")
     program = sandbox.start()
     leave(sandbox, program)

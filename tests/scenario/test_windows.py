@@ -1,4 +1,4 @@
-"""What only the Windows executable can show: its shadow, real uninstallers, the ANSI code page."""
+"""Only for the Windows executable: its shadow, real uninstallers, the ANSI code page."""
 
 import shutil
 import subprocess
@@ -42,7 +42,7 @@ def test_the_window_size_follows_shadow_and_scale(sandbox, shadow, percent):
 
     wait_colour(layout.face(layout.CANCEL), layout.CANCEL_NORMAL)
     if shadow:
-        # Round the card is nothing but its shadow, which has faded at the edge of the window.
+        # The shadow fades from the card to the edge of the window.
         middle = size[1] // 2
         edge, beside_card, card = (window.opacity(layout.Point(x, middle)) for x in (
             0, scaled(layout.Point(-2, 0)).x, scaled(layout.Point(2, 0)).x))
@@ -53,19 +53,19 @@ def test_the_window_size_follows_shadow_and_scale(sandbox, shadow, percent):
 
 
 def make(source, into):
-    """Makes a real uninstaller."""
+    """Builds a real uninstaller."""
     subprocess.run(["makensis", "-V2", f"-DOUT={into}", str(SOURCES / source)], check=True,
                    capture_output=True)
 
 
 def put_product_files(sandbox):
-    """Files that the real uninstallers know."""
+    """Creates the files that the real uninstallers remove."""
     (sandbox.bin / "data" / "more").mkdir(parents=True)
     (sandbox.bin / "data" / "more" / "file").write_text("x", encoding="utf-8")
 
 
 def removed(sandbox):
-    """Whether the uninstaller has removed what it knows."""
+    """Whether the uninstaller has removed its files."""
     return not (sandbox.bin / "data").exists() and not (sandbox.bin / "KTRUI.exe").exists()
 
 
@@ -77,9 +77,9 @@ def test_the_bar_waits_for_a_real_uninstaller(sandbox):
     window = program.ready()
     uninstall(window)
     wait_climbing(window)
-    assert not removed(sandbox), "the bar climbs while it works"
+    assert not removed(sandbox), "the bar must climb while the uninstaller works"
     wait_complete(window)
-    # It was complete only when the uninstaller had gone.
+    # The bar completes only after the uninstaller has ended.
     assert (sandbox.bin / "uninstall.ended").exists() and removed(sandbox)
     window.click(layout.CANCEL)
     expect_end(sandbox, program, cleanup=True)
@@ -96,13 +96,13 @@ def test_the_bar_does_not_wait_for_the_copy_that_a_real_uninstaller_starts(sandb
     program = sandbox.start()
     window = program.ready()
     uninstall(window)
-    # Its name may be gone before anybody has asked for it: then it counts as one that never appeared
-    # and only the system closes the window. Else the bar is at its end before the work is.
+    # The original may end before the first query: then it counts as one that never appeared, and
+    # only the window manager closes the window. Otherwise the bar completes before the copy's work.
     complete = wait.until(
         lambda: ("complete" if steps.complete_text_seen(window) else "")
         or ("never seen" if steps.questions(sandbox) >= steps.POLLS else ""),
-        "the end of the bar, or the last question for it") == "complete"
-    wait.until(lambda: (sandbox.bin / "uninstall.ended").exists(), "the copy to be done")
+        "the end of the bar, or the last query") == "complete"
+    wait.until(lambda: (sandbox.bin / "uninstall.ended").exists(), "the copy to end")
     assert removed(sandbox)
     if complete:
         window.click(layout.CANCEL)
@@ -111,15 +111,15 @@ def test_the_bar_does_not_wait_for_the_copy_that_a_real_uninstaller_starts(sandb
     expect_end(sandbox, program, cleanup=complete)
 
 
-# Folders whose names are more than letters of English ---------------------------------------------
+# Folders with non-ASCII names -------------------------------------------------------------------
 
 BEYOND_THE_CODE_PAGE = "Дравик 中文"
-"""The library, the launches and some reads take texts in the ANSI code page, which has none of it."""
+"""Letters that the ANSI code page lacks; the library and CreateProcessA take ANSI text."""
 
 
 @pytest.fixture
 def sandbox_in(display):
-    """Makes a sandbox in a folder of a given name."""
+    """Creates a sandbox in a folder of a given name."""
     display.reset()
     base = Path(tempfile.mkdtemp(prefix="ktr-"))
     made = []
@@ -138,7 +138,7 @@ def sandbox_in(display):
 
 
 def run_through(sandbox, **variables):
-    """A whole uninstallation, up to the end of the program."""
+    """Uninstalls, up to the end of the program."""
     before = sandbox.snapshot()
     program = sandbox.start(environment=variables)
     window = program.ready()
@@ -148,7 +148,7 @@ def run_through(sandbox, **variables):
     assert program.wait_exit() == 0
     assert not sandbox.instance_lock_held()
     assert sandbox.read_handle() is None
-    # The uninstaller has done its work, whatever the folder is called, and nobody has done more.
+    # Only the uninstaller has removed files, in a folder of any name.
     difference = compare(before, sandbox.snapshot())
     assert sorted(difference.removed) == [
         f"Dravik/bin/{name}" for name in
@@ -158,11 +158,11 @@ def run_through(sandbox, **variables):
 
 
 def elsewhere(sandbox, folder):
-    """The variables that make a folder the one for temporary files."""
+    """The variables that set the temp directory."""
     return dict.fromkeys(("TEMP", "TMP"), sandbox.shown(folder))
 
 
-@pytest.mark.parametrize("name", ["with blanks", "Ümläüte é"])
+@pytest.mark.parametrize("name", ["with spaces", "Ümläüte é"])
 def test_a_folder_name_within_the_code_page_works(sandbox_in, name):
     sandbox = sandbox_in(name)
     program, added = run_through(sandbox)
@@ -190,7 +190,7 @@ def test_a_temp_folder_beyond_the_code_page_prevents_the_clean_up(sandbox):
 @pytest.mark.parametrize("name, similar", [("Łódź", "Lódz"), ("Дравик 中文", None)])
 def test_a_product_folder_beyond_the_code_page_prevents_events_and_clean_up(
         sandbox_in, tmp_path, name, similar):
-    """Everything else works, and no folder of a similar name is taken for this one."""
+    """Everything else works, and no folder with a similar name is used instead."""
     sandbox = sandbox_in(name)
     if similar:
         decoy = sandbox.root.with_name(similar)
