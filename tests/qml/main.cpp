@@ -1,6 +1,6 @@
 #include "app/appearance.h"
 #include "app/language.h"
-#include "fake_world.h"
+#include "controller_fixture.h"
 #include "language_switch.h"
 #include "ui_probe.h"
 
@@ -33,7 +33,7 @@ public Q_SLOTS:
     }
 
 private:
-    FakeWorld fake_;
+    ControllerFixture fake_;
     UiProbe probe_;
     LanguageSwitch languages_;
 };

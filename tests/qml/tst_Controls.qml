@@ -83,7 +83,7 @@ InterfaceTest {
     function labelOf(button) { return findChild(button, "buttonLabel") }
 
     // The properties that no reference image shows.
-    function test_properties_data() {
+    function test_defaultProperties_data() {
         return [
             { tag: "ZoRoundButton", properties: { properties: Public.nrpInfo } },
             { tag: "ZoRoundButtonLegacy", properties: { properties: Public.rplInfo } },
@@ -96,15 +96,15 @@ InterfaceTest {
         ]
     }
 
-    function test_properties(row) {
+    function test_defaultProperties(row) {
         compareAll(make(row.tag, {}), row.properties)
     }
 
     // What activates -----------------------------------------------------------------------------
 
-    function test_mouseAndTouch_data() { return activated }
+    function test_mouseAndTouchActivate_data() { return activated }
 
-    function test_mouseAndTouch(row) {
+    function test_mouseAndTouchActivate(row) {
         var control = makeActivated(row)
         var x = control.width / 2
         var y = control.height / 2
@@ -127,9 +127,9 @@ InterfaceTest {
         compare(activations(row), 0)
     }
 
-    function test_keyboard_data() { return activated }
+    function test_theKeyboardActivates_data() { return activated }
 
-    function test_keyboard(row) {
+    function test_theKeyboardActivates(row) {
         var control = makeActivated(row)
         var frame = findChild(control, row.frame || "focusFrame")
         mouseClick(control)
@@ -220,21 +220,21 @@ InterfaceTest {
         compare(createTemporaryObject(ofFixedWidth, test).width, 100)
     }
 
-    function test_tablesMayLackEntries() {
+    function test_propertyTablesMayBeIncomplete() {
         var button = make("ZoRoundButton", { properties: {} })
         compareAll(button, { bgColor: "#00000000", bgBorderWidth: 0, bgOpacity: 1, bgRadius: 6,
                              bgBorderColor: "#00000000" })
         compare(button.enabledValue(undefined), undefined)
     }
 
-    function test_theFilledLookIsNotDeclared() {
+    function test_theFilledTableIsSetOnCompletion() {
         var button = make("ZoDefaultRoundButton", { properties: Public.nrpInfo_submit })
         compare(button.properties, Public.drpInfo)
         button.properties = Public.nrpInfo_submit
         compare(button.bgBorderWidth, 1, "but it can be changed later")
     }
 
-    function test_aStaticButtonHasNoHand() {
+    function test_aStaticButtonHasAnArrowCursor() {
         var button = make("ZoRoundButton", { text: "Go", staticButton: true })
         mouseMove(button, 50, 14)
         tryCompare(button, "hovered", true)
@@ -287,7 +287,7 @@ InterfaceTest {
         compare(notes(), ["toggled true"].concat(clicked, clicked))
     }
 
-    function test_aGroupOfRadioButtons() {
+    function test_arrowKeysMoveWithinAGroupOfRadioButtons() {
         var entries = named(createTemporaryObject(groupFixture, test), /^entry/)
         keyClick(Qt.Key_Tab)
         ;[[Qt.Key_Down, 1], [Qt.Key_Down, 2], [Qt.Key_Down, 2], [Qt.Key_Up, 1], [Qt.Key_Up, 0],
@@ -305,7 +305,7 @@ InterfaceTest {
 
     // The progress bar ---------------------------------------------------------------------------
 
-    function test_aBarPassesThroughNumbersBetween() {
+    function test_theBarIsAnimated() {
         var bar = make("ZoProgressBar", { width: 300 })
         var seen = []
         var fill = findChild(bar, "progressFill")
@@ -323,7 +323,7 @@ InterfaceTest {
         compare([fill.width, findChild(bar, "progressTrack").width], [200, 200])
     }
 
-    function test_theAnimationOfABar() {
+    function test_theAnimationOfTheBarHasItsDurationAndEasing() {
         var bar = make("ZoProgressBar", { width: 300 })
         var behaviors = probe.below(bar, "QQuickBehavior")
         compare(behaviors.length, 1, "the fill's width is not animated once more")

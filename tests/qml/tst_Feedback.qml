@@ -93,12 +93,12 @@ InterfaceTest {
         compare(border(), focused)
     }
 
-    function test_anotherActiveWindowLeavesTheLook_data() {
+    function test_anotherActiveWindowKeepsTheBorder_data() {
         return [{ tag: "another window", made: otherWindow },
                 { tag: "message box", made: messageBox }]
     }
 
-    function test_anotherActiveWindowLeavesTheLook(row) {
+    function test_anotherActiveWindowKeepsTheBorder(row) {
         mouseClick(box, 100, 20)
         tryCompare(box, "activeFocus", true)
         var other = row.made.createObject(null)
@@ -111,21 +111,21 @@ InterfaceTest {
 
     // At its edges, where bars would scroll, and above the button. To Qt an item includes its far
     // edge.
-    function test_thePlacesThatFocusTheText_data() {
+    function test_clicksInTheFrameFocusTheText_data() {
         return [[0, 0], [575, 0], [0, 155], [575, 155], [570, 60], [300, 107], [40, 146],
                 [300, 157]]
             .map((at) => ({ tag: at.join(), at: at, inside: at[1] < 156 }))
             .concat({ tag: "tap", at: [100, 20], inside: true, act: tap })
     }
 
-    function test_thePlacesThatFocusTheText(row) {
+    function test_clicksInTheFrameFocusTheText(row) {
         compare([frame.width, frame.height], [576, 156])
         ;(row.act || mouseClick)(page, row.at[0], row.at[1])
         tryCompare(box, "activeFocus", row.inside)
         compare(border(), row.inside ? focused : noBorder)
     }
 
-    function test_aPressFocusesAtOnceAndBringsTheLookBack() {
+    function test_aPressFocusesAtOnceAndAClickRestoresTheBorder() {
         mousePress(page, 40, 146)
         compare([box.activeFocus].concat(border()), [true].concat(focused))
         mouseRelease(page, 40, 146)
@@ -151,7 +151,7 @@ InterfaceTest {
         compare(view.contentY, 0)
     }
 
-    function test_theLimit_data() {
+    function test_theLimitCutsTheText_data() {
         return [699, 700, 701, 7000].map((length) => ({
             tag: length, given: letters(length), kept: letters(Math.min(length, 700)), limit: 700
         })).concat({ tag: "lines", given: new Array(500).join("a\n"), limit: 700,
@@ -161,7 +161,7 @@ InterfaceTest {
                      limit: 700 })
     }
 
-    function test_theLimit(row) {
+    function test_theLimitCutsTheText(row) {
         compare(page.maxLength, 700)
         page.maxLength = row.limit
         box.text = row.given
@@ -170,7 +170,7 @@ InterfaceTest {
     }
 
     // What the limit cuts stays cut, and what was there before can still be taken back.
-    function test_typingAtTheLimit() {
+    function test_typingAtTheLimitCutsTheEnd() {
         box.forceActiveFocus()
         box.text = letters(699)
         box.cursorPosition = 699
@@ -216,7 +216,7 @@ InterfaceTest {
         compare([box.text, box.cursorPosition], ["x" + letters(50, "y") + letters(649), 700])
     }
 
-    function test_pasteWithAClipboard_data() {
+    function test_pasteWithAClipboardObjectStopsAtTheLimit_data() {
         return [
             { tag: "fits", held: 10, pasted: 20, result: 30 },
             { tag: "one below the limit", held: 650, pasted: 49, result: 699 },
@@ -236,7 +236,7 @@ InterfaceTest {
         ]
     }
 
-    function test_pasteWithAClipboard(row) {
+    function test_pasteWithAClipboardObjectStopsAtTheLimit(row) {
         var stage = withClipboard.createObject(page.parent)
         look(stage)
         stage.clipboardText = letters(row.pasted, "y")
@@ -260,7 +260,7 @@ InterfaceTest {
 
     // The button ---------------------------------------------------------------------------------
 
-    function test_submitIsForText() {
+    function test_submitIsEnabledForTextOnly() {
         compare([submit.text, submit.enabled], ["Submit", false])
         mouseClick(submit)
         submit.forceActiveFocus()
@@ -274,7 +274,7 @@ InterfaceTest {
         compare(submit.enabled, false)
     }
 
-    function test_submitting_data() {
+    function test_submitSendsTheWholeText_data() {
         return [{ tag: "mouse", act: () => mouseClick(submit) },
                 { tag: "touch", act: () => tap(submit, 50, 14) },
                 { tag: "keyboard", act: () => {
@@ -283,7 +283,7 @@ InterfaceTest {
                 } }]
     }
 
-    function test_submitting(row) {
+    function test_submitSendsTheWholeText(row) {
         box.text = "  \"{}\" & <b>\n"
         box.forceActiveFocus()
         box.cursorPosition = box.length
@@ -302,7 +302,7 @@ InterfaceTest {
                       { url: url })].concat(url ? "open " + url : [])
     }
 
-    function test_theLinkAsksForItsOfferEachTime() {
+    function test_theLinkQueriesItsOfferEachTime() {
         // The first type has an offer of its own.
         ;[[3, "https://a.example/"], [1, "https://a.example/%1"], [4, "https://b.example/%1?x=1&y"],
           [4, ""]].forEach((round) => {

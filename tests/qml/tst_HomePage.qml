@@ -52,7 +52,7 @@ InterfaceTest {
         compare(state(), [true, true, true, false, false, true])
     }
 
-    function test_uninstallButtonIsForTheEndsOfTheBarOnly() {
+    function test_uninstallButtonIsEnabledAtZeroOnlyAndHiddenAtTheEnd() {
         uninstallMgr.valProgress = 50
         tryCompare(bar(), "value", 50)
         compare(part("uninstallButton").enabled, false)
@@ -65,7 +65,7 @@ InterfaceTest {
         compare([part("uninstallButton").enabled, part("uninstallButton").visible], [true, false])
     }
 
-    function test_uninstallButtonIsNotForAlmostNothing() {
+    function test_uninstallButtonIsDisabledBetweenZeroAndOne() {
         var seen = { true: 0, false: 0 }
         // Held here: the bar still moves when the window is on its way out.
         var shown = bar()
@@ -88,7 +88,7 @@ InterfaceTest {
         compare(seen[true], 0)
     }
 
-    function test_run() {
+    function test_uninstallationRunsToTheEnd() {
         var announced = []
         var pageAt = {}
         part("homePage").uninstalling.connect((running) => {
@@ -131,7 +131,7 @@ InterfaceTest {
         compare(state(), [false, true, true, true, false, false])
     }
 
-    function test_beyondTheEndIsCompleteToo() {
+    function test_progressAbove100IsComplete() {
         uninstallMgr.valProgress = 150
         tryCompare(part("progressLabel"), "text", "Unistall complete!")
         compare(state().slice(4), [false, false])
@@ -165,7 +165,7 @@ InterfaceTest {
         compare(part("uninstallButton").enabled, false)
     }
 
-    function test_runningProduct() {
+    function test_runningProductCausesAWarning() {
         // Each try is reported.
         for (var tries = 0; tries < 2; ++tries) {
             fake.running = ["KTRUI.exe"]

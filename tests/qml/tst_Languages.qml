@@ -45,12 +45,12 @@ InterfaceTest {
         fake.today = new Date(2026, 11, 30)
     }
 
-    function test_fits_data() {
+    function test_everyTextFits_data() {
         verify(languages.table.length > 0, "there is a table of the languages")
         return languages.table.map((row) => ({ tag: row.name, language: row }))
     }
 
-    function test_fits(row) {
+    function test_everyTextFits(row) {
         complaints = []
         texts = 0
         panes = 0

@@ -13,12 +13,12 @@ InterfaceTest {
         fake.dropShadow = shown
     }
 
-    function test_window_data() {
+    function test_theWindowHasItsSizeAndLayers_data() {
         return [{ tag: "no shadow", shadow: false, offset: 0, width: 640, height: 408 },
                 { tag: "shadow", shadow: true, offset: 15, width: 670, height: 438 }]
     }
 
-    function test_window(row) {
+    function test_theWindowHasItsSizeAndLayers(row) {
         setShadow(row.shadow)
         openMain()
         compareAll(main, {
@@ -37,7 +37,7 @@ InterfaceTest {
         compare(fake.asked.filter((asked) => asked === "shadow?").length, 1, "asked once")
     }
 
-    function test_codeComesBeforeTheClose_data() {
+    function test_theExitCodeIsSetBeforeTheWindowCloses_data() {
         var cross = "closeButton", cancel = "cancelButton"
         return [
             { tag: "title bar, not started", button: cross, exitCode: -2, expected: -2 },
@@ -50,7 +50,7 @@ InterfaceTest {
         ]
     }
 
-    function test_codeComesBeforeTheClose(row) {
+    function test_theExitCodeIsSetBeforeTheWindowCloses(row) {
         openMain()
         main.exitCode = row.exitCode
         var codeAtHiding = null
@@ -63,14 +63,14 @@ InterfaceTest {
         compare(fake.calls("setExitCode"), [String(row.expected)])
     }
 
-    function test_systemCloseHandsNothingOver() {
+    function test_aSystemCloseSetsNoExitCode() {
         openMain()
         probe.closeBySystem(main)
         tryCompare(main, "visible", false)
         compare(fake.calls("setExitCode"), [])
     }
 
-    function test_whatDoesNotClose() {
+    function test_escapeDoubleClickAndTheDisabledButtonDoNotClose() {
         openMain()
         keyClick(Qt.Key_Escape)
         mouseDoubleClickSequence(part("titleBar"), 100, 16)
@@ -85,7 +85,7 @@ InterfaceTest {
     }
 
     // The whole bar is the handle: its corners, its last row, and next to the close button.
-    function test_drag_data() {
+    function test_theWholeTitleBarDrags_data() {
         var handle = [[100, 16], [0, 0], [639, 0], [0, 31], [639, 31], [615, 16], [633, 16],
                       [624, 7],
                       [624, 25]].map((at) => ({ tag: at.join(","), at: at, moves: true }))
@@ -96,7 +96,7 @@ InterfaceTest {
         ])
     }
 
-    function test_drag(row) {
+    function test_theWholeTitleBarDrags(row) {
         openMain()
         var button = row.button || Qt.LeftButton
         var bar = part("titleBar")

@@ -71,7 +71,7 @@ InterfaceTest {
 
     // From page to page --------------------------------------------------------------------------
 
-    function test_fromTheStart() {
+    function test_theWindowStartsWithTheReasons() {
         compare(loading, ["", "1", "2", "tag", "text", "text", "text", "text"])
         compare(names(home.listPages), pageNames)
         compare([home.currentPage, shownNumbers(), title()], [0, [0], titles[0]])
@@ -95,7 +95,7 @@ InterfaceTest {
         compare(images(), [true, true, true])
     }
 
-    function test_switching() {
+    function test_switchingShowsThePageAndItsTitle() {
         // Neither of the last two is a page; the last one has no title either.
         ;[1, 2, 3, 4, 5, 9, 1].forEach((number) => {
             home.switchPage(number)
@@ -107,9 +107,9 @@ InterfaceTest {
 
     // What is sent before the page goes, the page before its title, the title before the coupon. A
     // feedback is thanked for with the offer of that moment, not of any other type.
-    function test_feedback_data() { return numbered([3, 4]) }
+    function test_submittingLeadsToTheThankYouCoupon_data() { return numbered([3, 4]) }
 
-    function test_feedback(row) {
+    function test_submittingLeadsToTheThankYouCoupon(row) {
         var text = " it's \"bad\"\n"
         home.switchPage(row.number)
         fake.defaultText = late
@@ -154,7 +154,7 @@ InterfaceTest {
         return event("UninstallPop", "Result_Question_Why_Unistall", { answer: reasons[number] })
     }
 
-    function test_everyReasonIsThere() {
+    function test_everyReasonIsListed() {
         compare(page(0).listReson, reasons)
         compare(names(entries()).sort(), ["reason1", "reason2", "reason3", "reason4"])
         ;[[3, 1, 2, 4], [2, 3, 4], [4], []].forEach((list) => {
@@ -165,7 +165,7 @@ InterfaceTest {
         compare(fake.calls("getReasonList").length, 0, "read once")
     }
 
-    function test_choosing_data() {
+    function test_choosingAReasonOpensItsPage_data() {
         return [
             { tag: "mouse", act: (entry) => mouseClick(entry) },
             { tag: "assistive tool", act: (entry) => verify(probe.pressAccessible(entry)) },
@@ -183,7 +183,7 @@ InterfaceTest {
         } })))
     }
 
-    function test_choosing(row) {
+    function test_choosingAReasonOpensItsPage(row) {
         // Events are for readers of one language, whatever the window speaks.
         page(0).listReson = ["", "Trop cher", "Utile", "Inutile", "Autre"]
         ;[1, 2, 3, 4].forEach((number) => {
@@ -225,7 +225,7 @@ InterfaceTest {
                       { url: url })].concat(url ? "open " + url : [])
     }
 
-    function test_offers_data() {
+    function test_theCouponShowsTheOffer_data() {
         return [
             { tag: "whole", offered: coupon, price: "$19.95", expired: "12/31/2026",
               url: coupon.url },
@@ -238,7 +238,7 @@ InterfaceTest {
         ]
     }
 
-    function test_offers(row) {
+    function test_theCouponShowsTheOffer(row) {
         openCoupon(coupon)
         openCoupon(row.offered)
         compare(couponTexts(), [row.price || "", "Validity period: " + (row.expired || ""),
@@ -248,7 +248,7 @@ InterfaceTest {
         compare(shownNumbers(), [1])
     }
 
-    function test_activatingACoupon_data() {
+    function test_activatingACouponOpensItsLink_data() {
         return [[20, 30], [20, 85], [20, 172], [420, 100], [575, 190], [300, 5]].map((at) => ({
             tag: at.join(), act: () => mouseClick(page(1), at[0], at[1])
         })).concat(keys.map((row) => ({ tag: row.tag, act: () => {
@@ -265,13 +265,13 @@ InterfaceTest {
         } }, { tag: "assistive tool", act: () => probe.pressAccessible(inPage(1, "offerLink")) })
     }
 
-    function test_activatingACoupon(row) {
+    function test_activatingACouponOpensItsLink(row) {
         openCoupon(coupon)
         row.act()
         compare(fake.asked, followed(coupon.url))
     }
 
-    function test_aClickEndsWhereItBegan() {
+    function test_onlyALeftClickWithinTheCouponActivates() {
         openCoupon(coupon)
         mousePress(page(1), 50, 50)
         mouseMove(page(1), 50, -90)
@@ -315,11 +315,11 @@ InterfaceTest {
         return main.activeFocusItem
     }
 
-    function test_tabGoesInReadingOrder_data() {
+    function test_tabFollowsTheReadingOrder_data() {
         return pageNames.map((name, number) => ({ tag: name, number: number }))
     }
 
-    function test_tabGoesInReadingOrder(row) {
+    function test_tabFollowsTheReadingOrder(row) {
         home.switchPage(row.number)
         var text = inPage(row.number, "feedbackText")
         if (text) {
@@ -344,7 +344,7 @@ InterfaceTest {
         compare([main.visible, text ? text.text : "x"].concat(fake.asked), [true, "x"])
     }
 
-    function test_disabledButtonsAreNoStops() {
+    function test_tabSkipsDisabledButtons() {
         mouseClick(part("uninstallButton"))
         home.switchPage(3)
         inPage(3, "feedbackText").forceActiveFocus()
@@ -353,7 +353,7 @@ InterfaceTest {
                 "neither Submit nor the last row nor the title bar")
     }
 
-    function test_thePageGivesTheKeyboardOn_data() {
+    function test_theFocusMovesToTheNewPage_data() {
         return [
             { tag: "forwards to a coupon", number: 1, step: tab, name: "offerLink" },
             { tag: "forwards to a feedback", number: 3, step: tab, name: "feedbackText" },
@@ -362,7 +362,7 @@ InterfaceTest {
         ]
     }
 
-    function test_thePageGivesTheKeyboardOn(row) {
+    function test_theFocusMovesToTheNewPage(row) {
         mouseClick(inPage(0, "reason" + row.number))
         compare(home.listPages[row.number].activeFocus, true)
         var mark = inPage(row.number, "focusMark")
@@ -371,7 +371,7 @@ InterfaceTest {
         compare(mark.visible, row.name === "offerLink")
     }
 
-    function test_theFeedbackGivesTheKeyboardOn() {
+    function test_theFocusMovesFromTheFeedbackToTheCoupon() {
         home.switchPage(4)
         inPage(4, "feedbackText").text = "x"
         inPage(4, "submitButton").forceActiveFocus()
@@ -381,13 +381,13 @@ InterfaceTest {
         compare(inPage(2, "focusMark").visible, true)
     }
 
-    function test_aPageWithoutTheKeyboardTakesNone() {
+    function test_switchingPagesKeepsTheFocusOnAButton() {
         part("cancelButton").forceActiveFocus()
         home.switchPage(1)
         compare([part("cancelButton").activeFocus, home.listPages[1].activeFocus], [true, false])
     }
 
-    function test_leavingForAPageThatDoesNotExist() {
+    function test_tabWorksAfterSwitchingToAnUnknownPage() {
         inPage(0, "reason1").forceActiveFocus()
         home.switchPage(9)
         verify(tab() !== null)

@@ -34,7 +34,7 @@ InterfaceTest {
         return named(inBox("buttonRow"), /^button\d/).filter((button) => button.visible)
     }
 
-    function test_fields_data() {
+    function test_theCallerSetsTheFields_data() {
         var none = { title: "", mainTitle: "", subTitle: "", icon: "qrc:/ico_info48.png",
                      height: 240 }
         var given = { title: "Warning", mainTitle: "Main", subTitle: "Sub",
@@ -53,7 +53,7 @@ InterfaceTest {
         ]
     }
 
-    function test_fields(row) {
+    function test_theCallerSetsTheFields(row) {
         ask(row.info, () => {
             compareAll(box, row.expected)
             compareAll(box, { width: 480, modality: Qt.ApplicationModal, transientParent: stage,
@@ -67,7 +67,7 @@ InterfaceTest {
     }
 
     // Keys that close are only pressed: by the time of the release, the window is gone.
-    function test_ways_data() {
+    function test_everyWayToCloseEndsTheWait_data() {
         return [
             { tag: "first button", act: () => mouseClick(buttons()[0]) },
             { tag: "last button", act: () => mouseClick(buttons()[2]) },
@@ -108,7 +108,7 @@ InterfaceTest {
     }
 
     // Whatever closes the box: the wait ends once and only then, with -1 unless a result was set.
-    function test_ways(row) {
+    function test_everyWayToCloseEndsTheWait(row) {
         var expected = row.answer || -1
         var answer = ask({ buttons: ["Yes", "No", "Cancel"] }, () => {
             tryVerify(() => buttons()[2].x > 300)
@@ -133,7 +133,7 @@ InterfaceTest {
         compare(ask({ buttons: ["OK"] }, () => box.close()), -1)
     }
 
-    function test_buttonsTwice() {
+    function test_buttonsCanBeReplaced() {
         ask({ buttons: ["One", "Two"] }, () => {
             box.setButtons(["Three"])
             compare(buttons().map((button) => button.text), ["Three"])
@@ -142,7 +142,7 @@ InterfaceTest {
         })
     }
 
-    function test_blocksTheMainWindow() {
+    function test_theBoxBlocksTheMainWindow() {
         ask({}, () => {
             probe.click(stage, 5, 5)
             box.close()
@@ -152,7 +152,7 @@ InterfaceTest {
         compare(stage.clicks, 1)
     }
 
-    function test_parent() {
+    function test_theParentOwnsTheBox() {
         var item = createTemporaryQmlObject("import QtQuick 2.14; Item {}", stage.contentItem)
         ;[item, undefined].forEach((parent) => {
             ask({}, () => {
@@ -162,7 +162,7 @@ InterfaceTest {
         })
     }
 
-    function test_overABlurredWindow() {
+    function test_theBoxOverABlurredWindowHasRoundCorners() {
         stage.blur = 8
         ask({}, () => {
             compare([box.radius].concat(notes()), [4, "notifyPopup  true"])

@@ -65,7 +65,7 @@ InterfaceTest {
                                               Public.drpInfo.bgColor.normal) ? "!" : ""))
     }
 
-    function test_properties() {
+    function test_defaultProperties() {
         popup = stage.makePopup()
         compareAll(popup, {
             modality: Qt.ApplicationModal, flags: Qt.FramelessWindowHint | Qt.Window, title: "",
@@ -147,7 +147,7 @@ InterfaceTest {
         compare(popup.shouted.text, "changed")
     }
 
-    function test_buttons() {
+    function test_buttonsCanBeReplacedAndRemoved() {
         show()
         compare(inPopup("buttonRow").visible, false)
         popup.buttons = ["One", "Two", "Three"]
@@ -164,7 +164,7 @@ InterfaceTest {
         compare(inPopup("buttonRow").visible, true)
     }
 
-    function test_theKeyboard() {
+    function test_theKeyboardReachesTheButtonsOnly() {
         show()
         keyClick(Qt.Key_Escape)
         keyClick(Qt.Key_Return)
@@ -184,7 +184,7 @@ InterfaceTest {
         compare(notes(), ["buttonClicked 1", "buttonClicked 1", "buttonClicked 0"])
     }
 
-    function test_place() {
+    function test_thePopupIsCentredWhenItOpens() {
         stage.x = 400
         stage.y = 300
         show()

@@ -20,7 +20,7 @@ InterfaceTest {
     }
 
     // Function, arguments, result.
-    function test_texts_data() {
+    function test_functionsReturnTheirTexts_data() {
         return [
             ["makeJsonAttr", [[]], ""], ["makeJsonAttr", [undefined], ""],
             ["makeJsonAttr", [null], ""],
@@ -45,12 +45,12 @@ InterfaceTest {
                              text: row[2] }))
     }
 
-    function test_texts(row) {
+    function test_functionsReturnTheirTexts(row) {
         compare(row.make.apply(null, row.args), row.text)
     }
 
     // Function, attribute and source as they are given, and as they are sent.
-    function test_events_data() {
+    function test_functionsSendTheirEvents_data() {
         var list = [{ key: "k", value: "v" }]
         return [
             ["sendUserInfoEx", []], ["sendUserInfoEx", [null, null]], ["sendUserInfoEx", ["", ""]],
@@ -69,17 +69,17 @@ InterfaceTest {
                              attribute: row[2], source: row[3] }))
     }
 
-    function test_events(row) {
+    function test_functionsSendTheirEvents(row) {
         row.send.apply(null, ["W", "A"].concat(row.args))
         compare(fake.asked, [event("W", "A", row.attribute, row.source)])
     }
 
     // Unquoted in a link: nothing in it may end the attribute.
-    function test_homePageIsAnAddress() {
+    function test_homePageIsAUrl() {
         verify(/^https:\/\/[^\s>"']*[^\s>"'\/]$/.test(home), home)
     }
 
-    function test_whatNoImageShows() {
+    function test_tablesThatNoImageShows() {
         compare([Public.winShadowColor, Public.winShadowBlur], ["#48475963", 8])
         ;["rpInfo", "nrpInfo", "drpInfo", "rplInfo"].forEach((name) => {
             for (var state in Public[name].borderColor) {

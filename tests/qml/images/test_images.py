@@ -37,7 +37,7 @@ def taken(tmp_path_factory) -> Path:
 
 
 @pytest.mark.parametrize(("scale", "name"), REFERENCES)
-def test_image(taken, scale, name):
+def test_a_state_looks_like_its_reference_image(taken, scale, name):
     actual, reference = by_reference(taken / scale).get(name), folder(scale) / name
     assert actual, f"no scene has this name any more: {reference}"
     comparison = Comparison(actual, reference)
@@ -82,7 +82,7 @@ CHANGES = {
 
 @pytest.mark.parametrize("change", CHANGES)
 @pytest.mark.parametrize("name", ["reasons", "link"])
-def test_a_change_is_seen_but_for_rounding(tmp_path, name, change):
+def test_a_change_is_found_unless_it_is_rounding(tmp_path, name, change):
     reference = folder("1") / f"{name}.png"
     with Image.open(reference) as image:
         CHANGES[change](image.convert("RGB")).save(tmp_path / "changed.png")

@@ -45,7 +45,7 @@ private:
 
 /// The fake environment of the controller, as `fake`: tests set what it answers and read what the
 /// controller asked for. Publishes the real controller, with this environment, as `uninstallMgr`.
-class FakeWorld : public QObject, public FakeEnvironment
+class ControllerFixture : public QObject, public FakeEnvironment
 {
     Q_OBJECT
     // What the environment answers
