@@ -1,7 +1,7 @@
 import QtQuick 2.14
 import QtTest 1.15
 
-// What the test files share: the real window, states of a control, and what reached the fakes.
+// The base of all tests: opens the real window, brings controls into states, reads the queries.
 TestCase {
     id: test
 
@@ -20,7 +20,7 @@ TestCase {
     width: 640
     height: 400
 
-    // Acts inside the nested wait of a message box, as soon as that has the keyboard.
+    // Runs `insideBox` in the nested event loop of a message box, once the box is active.
     Timer {
         id: boxWatch
         interval: 5
@@ -40,17 +40,17 @@ TestCase {
         }
     }
 
-    // Otherwise a wait without an end lasts until the time limit of the whole file.
+    // Without it an endless wait would last until the time limit of the whole file.
     Timer {
         id: guard
         interval: 20000
         onTriggered: {
-            test.problem = new Error("the wait goes on after the box has gone")
+            test.problem = new Error("the wait continues after the box has closed")
             uninstallMgr.popMsgBox(false)
         }
     }
 
-    // Hook: runs before each test.
+    // Test files override it: it runs before each test.
     function prepare() {}
 
     function init() {
@@ -88,13 +88,12 @@ TestCase {
         }
     }
 
-    // An item of the window, or of one of its pages.
+    // Finds an item of the window, or of one of its pages.
     function part(name, page) {
         return findChild(page ? findChild(main.contentItem, page) : main.contentItem, name)
     }
 
-    // Does something that opens a message box, and `act` while it waits; `act` has to close the
-    // box.
+    // Calls `open`, which shows a message box, and `act` while it waits; `act` must close the box.
     function withBox(open, act) {
         insideBox = act
         boxWatch.start()
@@ -107,14 +106,14 @@ TestCase {
         return result
     }
 
-    // Destroys a window and waits: until it is gone it could be collected as garbage, and then all
-    // its bindings complain.
+    // Destroys a window and waits for it: if the garbage collector came first, all its bindings
+    // would cause warnings.
     function remove(object) {
         object.destroy()
         wait(0)
     }
 
-    // Every item below `item` whose objectName matches, in the order in which they are drawn.
+    // Every item below `item` whose objectName matches, in drawing order.
     function named(item, pattern) {
         var found = []
         for (var i = 0; i < item.children.length; ++i) {
@@ -129,7 +128,7 @@ TestCase {
         return items.map(function(item) { return item.objectName })
     }
 
-    // Compares properties with a table of them; a colour is a text.
+    // Compares properties with a table of them; colours are compared as texts.
     function compareAll(object, expected) {
         for (var name in expected) {
             var isText = typeof expected[name] === "string"
@@ -139,7 +138,7 @@ TestCase {
 
     function notes() { return fake.askedOf("note") }
 
-    // A usage event as the fake world records it; the attribute is a text, or what becomes JSON.
+    // A usage event as `fake` records it; the attribute is a text, or an object to write as JSON.
     function event(window, activity, attribute, source) {
         var text = typeof attribute === "object" ? JSON.stringify(attribute) : attribute || ""
         return "event [" + [window, activity, text, source || ""].join("][") + "]"
@@ -153,8 +152,8 @@ TestCase {
         tryVerify(function() { return probe.cursorShape(item) === shape })
     }
 
-    // Brings a control into a state, such as "disabled while hovered", with the real pointer.
-    // Disabling takes the mouse away from a control, but not a key that is held down.
+    // Brings a control into a state, such as "disabled while hovered", with pointer and keyboard.
+    // A disabled control loses the mouse grab, but not a key that is held down.
     function enter(control, state) {
         var pointer = state.split(" while ").pop()
         var disabled = state.indexOf("disabled") === 0
@@ -177,7 +176,7 @@ TestCase {
         }
         if (disabled) {
             control.enabled = false
-            verify(pointer === "disabled" || control[pointer], "it is " + state)
+            verify(pointer === "disabled" || control[pointer], "the control is " + state)
         }
     }
 

@@ -3,8 +3,8 @@ import QtQuick.Window 2.14
 import "qrc:/"
 import "qrc:/public.js" as Public
 
-// A main window for pop-ups, which find it by its id `window`, with the hooks that other programs
-// of the family have.
+// A main window for pop-ups, which find it by its id `window`. It has the hooks for pop-ups that
+// other programs of the product family have.
 Window {
     id: window
 

@@ -13,7 +13,7 @@
 #include <memory>
 #include <utility>
 
-/// The real controller, which also reports every call that comes from QML: its name and arguments.
+/// The real controller, which also reports the name and arguments of every call from QML.
 class ObservedMgr final : public CUninstallMgr
 {
 public:
@@ -31,7 +31,7 @@ public:
             const QMetaMethod method = metaObject()->method(id);
             QStringList arguments;
             for (int i = 0; i < method.parameterCount(); ++i) {
-                // The result is the first value.
+                // values[0] is the result.
                 arguments.append(QVariant(method.parameterType(i), values[i + 1]).toString());
             }
             observer_(QString::fromLatin1(method.name()), arguments.join(QLatin1Char(',')));
@@ -43,24 +43,24 @@ private:
     Observer observer_;
 };
 
-/// The fake environment of the controller, as `fake`: tests set what it answers and read what the
-/// controller asked for. Publishes the real controller, with this environment, as `uninstallMgr`.
+/// Publishes the real controller as `uninstallMgr`, and its fake environment as `fake`: tests set
+/// the environment's answers and read the controller's queries to it.
 class ControllerFixture : public QObject, public FakeEnvironment
 {
     Q_OBJECT
-    // What the environment answers
+    // The environment's answers
     Q_PROPERTY(QStringList running MEMBER running)
     Q_PROPERTY(QString kernelVersion MEMBER kernelVersion)
     Q_PROPERTY(bool dropShadow MEMBER dropShadow)
     Q_PROPERTY(bool configured MEMBER configured)
     Q_PROPERTY(QString defaultText MEMBER defaultText)
     Q_PROPERTY(QDate today MEMBER today)
-    // What the controller asked for, in order, and the exit code that it holds
+    // The controller's queries, in order, and its exit code
     Q_PROPERTY(QVariantList asked READ asked)
     Q_PROPERTY(int exitCode READ exitCode)
 
 public:
-    /// Publishes into this context from now on, a controller included.
+    /// Publishes both in this context, and creates the controller.
     void publish(QQmlContext *into)
     {
         context_ = into;
@@ -68,7 +68,7 @@ public:
         reset();
     }
 
-    /// Forgets what was set and asked, and replaces the controller by a new one.
+    /// Resets all answers and queries, and replaces the controller by a new one.
     Q_INVOKABLE void reset()
     {
         static_cast<FakeEnvironment &>(*this) = FakeEnvironment();
@@ -76,7 +76,7 @@ public:
         onAsked = [this](const QString &entry) {
             Q_EMIT asking(entry);
         };
-        // The old one goes last: bindings still refer to it.
+        // Destroy the old one last: bindings still refer to it.
         std::unique_ptr<CUninstallMgr> controller = std::make_unique<ObservedMgr>(
             Environment(), [this](const QString &operation, const QString &arguments) {
                 calls_.append(operation + QLatin1Char(' ') + arguments);
@@ -85,27 +85,27 @@ public:
         std::swap(controller_, controller);
     }
 
-    /// Forgets what was asked so far.
+    /// Forgets the queries so far.
     Q_INVOKABLE void forget()
     {
         Forget();
         calls_.clear();
     }
 
-    /// Adds "note" and a text of the test's own, to show its place among what was asked.
+    /// Adds "note" and a text to the queries, to show the order of both.
     Q_INVOKABLE void note(const QString &text)
     {
         Note(text);
     }
 
-    /// What was asked and begins with this word, without the word.
+    /// The queries that begin with this word, without the word.
     Q_INVOKABLE QStringList askedOf(const QString &word) const
     {
         return After(word, Asked());
     }
 
-    /// The arguments, separated by commas, of each call of an operation of `uninstallMgr` from
-    /// QML. Only for what reaches no environment, such as the type of an offer.
+    /// The arguments, separated by commas, of each call from QML to an operation of `uninstallMgr`.
+    /// Use it only for calls that cause no query, such as one with the type of an offer.
     Q_INVOKABLE QStringList calls(const QString &operation) const
     {
         return After(operation, calls_);
@@ -113,7 +113,7 @@ public:
 
     QVariantList asked() const
     {
-        // Not as QStringList: QML would show the list of the moment of reading, not of asking.
+        // Not as QStringList: QML reads that one again at each access, and so sees later queries.
         return {Asked().begin(), Asked().end()};
     }
 
@@ -123,7 +123,7 @@ public:
     }
 
 Q_SIGNALS:
-    /// The controller asks for something and waits for the answer.
+    /// Emitted before the environment answers a query.
     void asking(const QString &entry);
 
 private:

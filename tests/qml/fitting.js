@@ -1,10 +1,10 @@
-// Whether the texts of a window have the room that they need.
+// Checks whether the texts of a window fit.
 .pragma library
 
-// What a button keeps free on either side of its text.
+// The horizontal padding of a button's text.
 var padding = 4
 
-// Every item that shows below `item` for which `wanted` holds.
+// Every visible item below `item` that `wanted` accepts.
 function shown(item, wanted) {
     var found = []
     for (var i = 0; i < item.children.length; ++i) {
@@ -16,7 +16,7 @@ function shown(item, wanted) {
     return found
 }
 
-// Every text that shows below `item`, whatever kind of item draws it.
+// Every visible text below `item`, of any type.
 function texts(item) {
     return shown(item, function(child) {
         return child.truncated !== undefined && child.lineCount !== undefined && child.text !== ""
@@ -31,18 +31,18 @@ function isRectangle(item) {
     return item.radius !== undefined && item.border !== undefined
 }
 
-// Those whose edge is to be seen on any ground.
+// Rectangles with a visible edge.
 function isRounded(item) {
     return isRectangle(item) && item.radius > 0
 }
 
-// What letters must not touch: pictures, but for the one behind the whole page, and push buttons.
-function isInTheWay(item) {
+// Texts must not overlap push buttons and images, except the background image.
+function isObstacle(item) {
     return isButton(item) || (item.paintedWidth !== undefined && item.source !== undefined
                               && String(item.source).indexOf("home_bg.png") < 0)
 }
 
-// Where the letters of a text are, in the coordinates of its window.
+// The rectangle of a text's letters, in the coordinates of its window.
 function letters(text) {
     var across = text.width - text.leftPadding - text.rightPadding - text.contentWidth
     var down = text.height - text.topPadding - text.bottomPadding - text.contentHeight
@@ -80,7 +80,7 @@ function complaintsAbout(text, others, root) {
     var own = letters(text)
     var above = ancestors(text.parent)
     if (text.truncated) {
-        found.push("is cut")
+        found.push("is truncated")
     }
     if (text.lineCount > (text.wrapMode === 0 /* NoWrap */ ? 1 : 2)) {
         found.push("takes " + text.lineCount + " lines")
@@ -92,22 +92,22 @@ function complaintsAbout(text, others, root) {
         }
         var bounds = item.clip || isButton(item) || isRectangle(item) || item === root
         if (bounds && !within(own, rect)) {
-            found.push("leaves " + item + ": " + own + ", " + rect)
+            found.push("does not fit into " + item + ": " + own + ", " + rect)
         }
     })
     others.texts.forEach(function(other) {
         if (other !== text && meet(own, letters(other))) {
-            found.push("runs into: " + other.text)
+            found.push("overlaps: " + other.text)
         }
     })
     others.obstacles.forEach(function(item) {
         if (above.indexOf(item) < 0 && meet(own, place(item))) {
-            found.push("runs into " + item + ": " + own + ", " + place(item))
+            found.push("overlaps " + item + ": " + own + ", " + place(item))
         }
     })
     others.rounded.forEach(function(item) {
         if (meet(own, place(item)) && !within(own, place(item))) {
-            found.push("runs over the edge of " + item + ": " + own + ", " + place(item))
+            found.push("overlaps the edge of " + item + ": " + own + ", " + place(item))
         }
     })
     return found.map(function(complaint) {
@@ -115,22 +115,22 @@ function complaintsAbout(text, others, root) {
     })
 }
 
-// What does not fit below the content item of a window, each in words.
+// A message for each text or button below `root` that does not fit.
 function complaints(root) {
     var buttons = shown(root, isButton)
     var others = {
-        texts: texts(root), obstacles: shown(root, isInTheWay), rounded: shown(root, isRounded)
+        texts: texts(root), obstacles: shown(root, isObstacle), rounded: shown(root, isRounded)
     }
     var found = others.texts.reduce(function(sofar, text) {
         return sofar.concat(complaintsAbout(text, others, root))
     }, [])
     buttons.forEach(function(button, index) {
         if (!within(place(button), place(button.parent))) {
-            found.push(button.text + " -- the button leaves its row")
+            found.push(button.text + " -- the button does not fit into its row")
         }
         buttons.slice(index + 1).forEach(function(other) {
             if (meet(place(button), place(other))) {
-                found.push(button.text + " -- the button runs into: " + other.text)
+                found.push(button.text + " -- the button overlaps: " + other.text)
             }
         })
     })

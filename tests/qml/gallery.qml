@@ -3,8 +3,8 @@ import QtQuick.Window 2.14
 import QtTest 1.15
 import "qrc:/public.js" as Public
 
-// Saves an image of every state of the interface below the folder that KTR_GALLERY names: each pane
-// as a whole window, its further states as the part that they change, and each control on its own.
+// Saves a screenshot of every state of the interface below the folder in KTR_GALLERY: each pane as
+// a window, its further states as the part that changes, and each control.
 InterfaceTest {
     id: test
 
@@ -14,8 +14,8 @@ InterfaceTest {
     readonly property var states: ["normal", "hovered", "pressed", "pressed by a key", "disabled",
                                    "disabled while hovered", "disabled while pressed", "focused"]
 
-    // A table whose values under `enabled` and `disabled` are split by state, and one that only has
-    // some of them, no border width and no radius.
+    // A table with values for each state under `enabled` and `disabled`, and one with only some of
+    // them, without border width and radius.
     readonly property var strong: ["#C02020", "#20C020", "#2020C0", "#C0C020"]
     readonly property var dark: ["#400000", "#004000", "#000040", "#404000"]
     readonly property var splitTable: table({ enabled: { normal: 0.9, pressed: 0.5 },
@@ -38,7 +38,7 @@ InterfaceTest {
         bgColorOnPress: "#0000FF", bgColorOnChecked: "#FFFF00", btnRadius: 8
     })
 
-    // Each in every state: title, type, properties, and those set when it is complete.
+    // Controls to show in every state: title, type, initial properties, properties set afterwards.
     readonly property var controls: [
         ["light button", "ZoRoundButton", { text: "Uninstall" }],
         ["rpInfo button", "ZoRoundButton", { text: "Uninstall", properties: Public.rpInfo }],
@@ -58,7 +58,7 @@ InterfaceTest {
         ["checked radio", "ZoRadioButton", { text: "I have other reasons", height: 19,
                                              checked: true }]
     ]
-    // Each in one state.
+    // Controls to show in one state.
     readonly property var looks: [
         ["long button", "ZoRoundButton", { text: "A text that needs more room than that", lp: 30,
                                            rp: 6,
@@ -129,7 +129,7 @@ InterfaceTest {
     }
 
     function initTestCase() {
-        verify(folder !== "", "KTR_GALLERY names the folder for the images")
+        verify(folder !== "", "KTR_GALLERY must name the folder for the screenshots")
         probe.holdStill()
     }
 
@@ -144,7 +144,7 @@ InterfaceTest {
         verify(probe.save(what, path + "-" + name + ".png"), name)
     }
 
-    // What all of these items cover together.
+    // A screenshot of the rectangle around all of these items.
     function shotOf(items, name) {
         var rects = items.map(function(item) {
             return item.mapToItem(main.contentItem, 0, 0, item.width, item.height)
@@ -254,7 +254,7 @@ InterfaceTest {
             button.forceActiveFocus(Qt.TabFocusReason)
             shotOf(buttons, "keyboard on " + button.text)
         })
-        // It would have the keyboard again as soon as it is enabled.
+        // Otherwise it would get the focus again as soon as it is enabled.
         part("cancelButton").focus = false
         mouseClick(part("uninstallButton"))
         mouseMove(main.contentItem, 300, 200)

@@ -13,19 +13,19 @@
 
 #include <algorithm>
 
-/// Lets a test of the interface speak the product's languages one after the other, as `languages`:
-/// what it creates afterwards speaks the last one chosen.
+/// Switches the language of the interface, as `languages` in QML: components created afterwards use
+/// the new language.
 class LanguageSwitch : public QObject
 {
     Q_OBJECT
-    /// The rows of translations/languages.csv, in its order, each a map by the titles of its
-    /// columns; empty when it cannot be read.
+    /// The rows of translations/languages.csv, each as a map with the column titles as keys; empty
+    /// when the file cannot be read.
     Q_PROPERTY(QVariantList table READ table CONSTANT)
 
 public:
-    /// Chooses the language of a row of the table: its compiled translation from the folder that
-    /// KTR_TRANSLATIONS names (otherwise the build's), its layout direction, and its font behind
-    /// the ordinary one. False when there is no such translation.
+    /// Switches to the language of a row of the table: loads the translation from the folder in
+    /// KTR_TRANSLATIONS (by default the build's), sets the layout direction, and adds its font as
+    /// the fallback. False when there is no such translation.
     Q_INVOKABLE bool speak(const QVariantMap &row)
     {
         speakSource();
@@ -41,7 +41,7 @@ public:
         const QString layout = row.value(QStringLiteral("layout")).toString();
         QGuiApplication::setLayoutDirection(
             layout == QLatin1String("right-to-left") ? Qt::RightToLeft : Qt::LeftToRight);
-        // Chinese, Japanese and Korean share characters that each draws in its own way.
+        // Chinese, Japanese and Korean share characters, each with glyphs of its own.
         QFont font = QGuiApplication::font();
         font.setFamilies(
             {QStringLiteral("Open Sans"), row.value(QStringLiteral("font")).toString()});
@@ -49,14 +49,14 @@ public:
         return true;
     }
 
-    /// Back to the source texts.
+    /// Switches back to the source texts.
     Q_INVOKABLE void speakSource()
     {
         QCoreApplication::removeTranslator(&translator_);
         QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     }
 
-    /// The characters of a text for which neither its font nor one behind that has a glyph.
+    /// The characters of a text for which neither its font nor a fallback has a glyph.
     Q_INVOKABLE QString withoutGlyph(const QString &text, const QFont &font) const
     {
         QString missing;
@@ -92,8 +92,7 @@ public:
     }
 
 private:
-    // Every run of the text as it would be drawn consists of glyphs; number 0 is the box for a
-    // missing one.
+    // Glyph 0 of a font is the box for a missing glyph.
     static bool HasGlyphs(const QString &character, const QFont &font)
     {
         QTextLayout layout(character, font);

@@ -10,8 +10,7 @@
 #include <QQmlEngine>
 #include <QtQuickTest>
 
-/// Prepares the run of a test file: every engine gets the real controller in a fake environment,
-/// the probe and the languages.
+/// Gives every QML engine the real controller in a fake environment, the probe and the languages.
 class TestSetup : public QObject
 {
     Q_OBJECT
@@ -20,7 +19,7 @@ public Q_SLOTS:
     void applicationAvailable()
     {
         QAccessible::setActive(true);
-        // As in the program: both decide how texts and links look.
+        // As in the program: both change how texts and links look.
         ApplyApplicationFont();
         ApplyLinkColour();
     }
@@ -38,12 +37,12 @@ private:
     LanguageSwitch languages_;
 };
 
-/// Runs the test file given with -input. Every warning ends the run at once, as a failure.
+/// Runs the test file given with -input. Every warning aborts the run.
 int main(int argc, char **argv)
 {
     qputenv("QT_FATAL_WARNINGS", "1");
     qputenv("QT_FATAL_CRITICALS", "1");
-    // As in the program, for images at scales between the whole ones.
+    // As in the program, for screenshots at fractional scales.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     TestSetup setup;

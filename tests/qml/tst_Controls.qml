@@ -4,12 +4,12 @@ import QtTest 1.15
 import "qrc:/"
 import "qrc:/public.js" as Public
 
-// The controls on their own: what they take as properties, what activates them, and how they tell.
-// The reference images show what they look like.
+// Single controls: their properties, what activates them, and their signals. Reference images check
+// their looks.
 InterfaceTest {
     id: test
 
-    // What a click activates, by type.
+    // The controls that a click activates.
     readonly property var activated: [
         { tag: "ZoRoundButton", properties: { text: "Go" }, role: Accessible.Button },
         { tag: "ZoRoundButtonLegacy", properties: { text: "Go" }, role: Accessible.Button },
@@ -71,7 +71,7 @@ InterfaceTest {
         return control
     }
 
-    // How often it was activated since the last time this was asked.
+    // How often it was activated since the last call of this function.
     function activations(row) {
         var found = notes()
         fake.forget()
@@ -100,7 +100,7 @@ InterfaceTest {
         compareAll(make(row.tag, {}), row.properties)
     }
 
-    // What activates -----------------------------------------------------------------------------
+    // Activation ---------------------------------------------------------------------------------
 
     function test_mouseAndTouchActivate_data() { return activated }
 
@@ -174,7 +174,7 @@ InterfaceTest {
         compare([seen.role, seen.name], [row.role, row.noStop ? "" : "Go"])
         verify(row.noStop || seen.focusable)
         verify(probe.pressAccessible(control))
-        // Choosing a radio button this way toggles it, which is no click.
+        // The action toggles a radio button without `clicked`.
         compare(activations(row), row.tag === "ZoRadioButton" ? 0 : 1)
         if (row.role === Accessible.Button) {
             control.enabled = false
@@ -296,7 +296,7 @@ InterfaceTest {
             compare(entries.map((entry) => entry.activeFocus).indexOf(true), step[1])
         })
         compare(findChild(entries[0], "focusFrame").visible, true)
-        compare(notes(), [], "moving on chooses nothing")
+        compare(notes(), [], "moving the focus chooses no entry")
         mouseClick(entries[0])
         mouseClick(entries[2])
         compare(entries.map((entry) => entry.checked), [false, false, true])
@@ -326,7 +326,7 @@ InterfaceTest {
     function test_theAnimationOfTheBarHasItsDurationAndEasing() {
         var bar = make("ZoProgressBar", { width: 300 })
         var behaviors = probe.below(bar, "QQuickBehavior")
-        compare(behaviors.length, 1, "the fill's width is not animated once more")
+        compare(behaviors.length, 1, "the fill's width is not animated again")
         bar.value = 1 // the animation exists from the first change on
         compareAll(behaviors[0].animation, { duration: 400 })
         compare(behaviors[0].animation.easing.type, Easing.OutQuart)

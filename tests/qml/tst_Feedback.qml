@@ -3,7 +3,7 @@ import QtQuick.Window 2.14
 import QtTest 1.15
 import "qrc:/"
 
-// The box for feedback: its frame, its text with the limit, its button, and the link below.
+// The feedback box: its frame, its text and limit, its button, and the link below.
 InterfaceTest {
     id: test
 
@@ -35,7 +35,7 @@ InterfaceTest {
         }
     }
 
-    // A page that finds an object `clipboard` round it.
+    // A page with an object `clipboard` in its context.
     Component {
         id: withClipboard
         Item {
@@ -109,8 +109,8 @@ InterfaceTest {
         remove(other)
     }
 
-    // At its edges, where bars would scroll, and above the button. To Qt an item includes its far
-    // edge.
+    // At the edges, where scroll bars would be, and above the button. In Qt an item includes its
+    // right and bottom edge.
     function test_clicksInTheFrameFocusTheText_data() {
         return [[0, 0], [575, 0], [0, 155], [575, 155], [570, 60], [300, 107], [40, 146],
                 [300, 157]]
@@ -145,7 +145,7 @@ InterfaceTest {
         compare(view.contentY, 0)
         box.cursorPosition = box.length
         tryVerify(() => view.contentY > 0)
-        // And by its bar, which now has something to scroll.
+        // The scroll bar works, too.
         mouseDrag(page, page.width - 3, submit.y - 10, 0, -submit.y, Qt.LeftButton, Qt.NoModifier,
                   10)
         compare(view.contentY, 0)
@@ -169,7 +169,7 @@ InterfaceTest {
         compare(box.cursorPosition, row.given === row.kept ? 0 : row.limit)
     }
 
-    // What the limit cuts stays cut, and what was there before can still be taken back.
+    // Undo does not restore the letters that the limit cut, but undoes earlier input.
     function test_typingAtTheLimitCutsTheEnd() {
         box.forceActiveFocus()
         box.text = letters(699)
@@ -177,7 +177,7 @@ InterfaceTest {
         keyClick(Qt.Key_Y)
         keyClick(Qt.Key_Y)
         compare([box.text, box.cursorPosition], [letters(699) + "y", 700])
-        // In the middle: the last letter is cut, and the cursor goes to the end.
+        // In the middle: the limit cuts the last letter, and the cursor moves to the end.
         box.cursorPosition = 10
         keyClick(Qt.Key_Y)
         compare([box.text, box.cursorPosition], [letters(10) + "y" + letters(689), 700])
@@ -198,7 +198,7 @@ InterfaceTest {
         verify(box.selectedText.length > 3, box.selectedText)
     }
 
-    // The system's own clipboard has the same text, for the ordinary paste.
+    // The system clipboard gets the same text, for Qt's own paste.
     function paste(held, pasted, select) {
         box.forceActiveFocus()
         box.text = letters(Math.min(pasted, 700), "y")
@@ -226,7 +226,7 @@ InterfaceTest {
             { tag: "none left", held: 700, pasted: 5, result: 700 },
             { tag: "much into nothing", held: 0, pasted: 2000, result: 700 },
             { tag: "nothing at the limit", held: 700, pasted: 0, result: 700 },
-            // The ordinary paste replaces what is selected; the one up to the limit inserts.
+            // Qt's own paste replaces the selection; the page's paste up to the limit inserts.
             { tag: "over a selection, below the limit", held: 650, pasted: 49, result: 694,
               end: 10 },
             { tag: "over a selection, at the limit", held: 650, pasted: 50, result: 700, end: 10,
@@ -250,7 +250,7 @@ InterfaceTest {
             compare(box.text, letters(at) + letters(added, "y") + letters(kept - at))
             compare(box.cursorPosition, at + added)
         }
-        // The letter alone is a letter.
+        // Without Ctrl, V is a letter.
         box.text = ""
         keyClick("v")
         keyClick("V", Qt.ShiftModifier)
@@ -287,7 +287,7 @@ InterfaceTest {
         box.text = "  \"{}\" & <b>\n"
         box.forceActiveFocus()
         box.cursorPosition = box.length
-        keyClick(Qt.Key_Return) // another line, nothing more
+        keyClick(Qt.Key_Return) // only adds a line
         keyClick(Qt.Key_B)
         compare(fake.asked, [])
         row.act()

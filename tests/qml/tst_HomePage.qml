@@ -1,7 +1,7 @@
 import QtQuick 2.14
 import QtTest 1.15
 
-// The home page: its frame of title, progress and buttons, and the run of the uninstallation.
+// The home page: title, progress bar and buttons, and the uninstallation from start to end.
 InterfaceTest {
     id: test
 
@@ -11,7 +11,7 @@ InterfaceTest {
 
     name: "HomePage"
 
-    // Acts while the uninstaller is being started.
+    // Calls `insideStart` while the uninstaller is being started.
     Connections {
         target: fake
         function onAsking(entry) {
@@ -30,8 +30,8 @@ InterfaceTest {
     function bar() { return part("progressBar") }
     function start() { mouseClick(part("uninstallButton")) }
 
-    // What is enabled of Uninstall, Cancel and the cross, and what shows of label, bar and
-    // Uninstall.
+    // Whether Uninstall, Cancel and the close button are enabled, and whether label, bar and
+    // Uninstall are visible.
     function state() {
         return ["uninstallButton", "cancelButton", "closeButton"].map((name) => part(name).enabled)
             .concat(["progressLabel", "progressBar",
@@ -58,7 +58,7 @@ InterfaceTest {
         compare(part("uninstallButton").enabled, false)
         uninstallMgr.valProgress = 0
         tryCompare(bar(), "value", 0)
-        // Exactly 0, which comes a little after what a comparison takes for 0.
+        // It is enabled at exactly 0, a little after the value that tryCompare accepts as 0.
         tryCompare(part("uninstallButton"), "enabled", true)
         uninstallMgr.valProgress = 100
         tryVerify(() => bar().value === 100)
@@ -67,7 +67,7 @@ InterfaceTest {
 
     function test_uninstallButtonIsDisabledBetweenZeroAndOne() {
         var seen = { true: 0, false: 0 }
-        // Held here: the bar still moves when the window is on its way out.
+        // A local reference: the bar still moves while the window closes.
         var shown = bar()
         var button = part("uninstallButton")
         function look() {
@@ -76,8 +76,8 @@ InterfaceTest {
             }
         }
         shown.valueChanged.connect(look)
-        // The way to 1 may be one leap on a busy machine.
-        for (var way = 0; way < 20 && seen[true] + seen[false] === 0; ++way) {
+        // On a busy machine the animation to 1 may be a single step.
+        for (var attempt = 0; attempt < 20 && seen[true] + seen[false] === 0; ++attempt) {
             uninstallMgr.valProgress = 1
             tryCompare(bar(), "value", 1)
             uninstallMgr.valProgress = 0
@@ -94,7 +94,7 @@ InterfaceTest {
         part("homePage").uninstalling.connect((running) => {
             announced.push(running)
             fake.note("uninstalling " + running)
-            // Without the cross: the title bar follows this announcement.
+            // Without the close button: the title bar handles this signal later.
             pageAt[running] = state().filter((_, i) => i !== 2).concat(texts())
         })
         var inside = null
@@ -113,7 +113,7 @@ InterfaceTest {
         compare(state(), [false, false, false, true, true, true])
         fake.forget()
         tryVerify(() => fake.asked.length > 2)
-        compare(uninstallMgr.valProgress, 99, "it waits for the uninstaller's end")
+        compare(uninstallMgr.valProgress, 99, "the bar waits for the uninstaller's end")
 
         var atTheEnd = null
         uninstallMgr.sigValProgressChanged.connect(() => {
@@ -121,9 +121,9 @@ InterfaceTest {
         })
         fake.running = []
         tryCompare(announced, "length", 2)
-        compare(atTheEnd, [100, true], "complete only when the bar has got there")
+        compare(atTheEnd, [100, true], "complete only after the bar has reached 100")
         compare(bar().value, 100)
-        // Each announcement comes when the page shows it already.
+        // Each signal is sent after the page has changed.
         compare(pageAt[true],
                 [false, false, true, true, true, "Unistalling\u2026", "Uninstall", "Cancel"])
         compare(pageAt[false],
@@ -153,7 +153,7 @@ InterfaceTest {
         compare(fake.exitCode, 0)
     }
 
-    // The click's assignment stays, so a start that fails leaves the button disabled for good.
+    // The click replaces the binding of `enabled`: after a failed start the button stays disabled.
     function test_failedStartLeavesEverythingDisabled() {
         insideStart = start
         start()
@@ -166,7 +166,7 @@ InterfaceTest {
     }
 
     function test_runningProductCausesAWarning() {
-        // Each try is reported.
+        // Each attempt sends an event.
         for (var tries = 0; tries < 2; ++tries) {
             fake.running = ["KTRUI.exe"]
             fake.forget()

@@ -2,8 +2,8 @@ import QtQuick 2.14
 import QtTest 1.15
 import "fitting.js" as Fitting
 
-// Every text of every language has the room that it needs where it stands, and a glyph for each of
-// its characters. With KTR_GALLERY set, saves an image of each pane below that folder instead.
+// Every text fits in every language, and has a glyph for each of its characters. With KTR_GALLERY
+// set, saves a screenshot of each pane below that folder instead.
 InterfaceTest {
     id: test
 
@@ -33,7 +33,7 @@ InterfaceTest {
         shown.forEach((text) => {
             var missing = languages.withoutGlyph(text.text, text.font)
             if (missing !== "") {
-                faults.push(text.text + " -- no font of this machine has " + missing)
+                faults.push(text.text + " -- no installed font has " + missing)
             }
         })
         texts += shown.length
@@ -46,7 +46,7 @@ InterfaceTest {
     }
 
     function test_everyTextFits_data() {
-        verify(languages.table.length > 0, "there is a table of the languages")
+        verify(languages.table.length > 0, "the table of languages can be read")
         return languages.table.map((row) => ({ tag: row.name, language: row }))
     }
 
@@ -55,7 +55,7 @@ InterfaceTest {
         texts = 0
         panes = 0
         language = row.language.name
-        verify(languages.speak(row.language), "there is a translation")
+        verify(languages.speak(row.language), "the translation can be loaded")
         openMain(uninstallMgr.getReasonList().sort())
         var page = part("homePage")
         visit(main, "reasons")
@@ -83,7 +83,7 @@ InterfaceTest {
         tryCompare(bar, "visible", false)
         visit(main, "complete")
         closeMain()
-        // The first one is above the picture, and it may be any but the last.
+        // Any reason but the last may be first, where the image limits its width.
         openMain([2, 1, 3, 4])
         visit(main, "reasons in another order")
         compare(panes, 9)

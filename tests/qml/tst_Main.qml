@@ -2,7 +2,7 @@ import QtQuick 2.14
 import QtQuick.Window 2.14
 import QtTest 1.15
 
-// The main window and its title bar: size, layers, and which exit code each way out hands over.
+// The main window and its title bar: size, layers, dragging, and the exit codes.
 InterfaceTest {
     id: test
 
@@ -59,7 +59,7 @@ InterfaceTest {
         ;(row.press || mouseClick)(part(row.button))
         tryCompare(main, "visible", false)
         compare(codeAtHiding, row.expected)
-        compare(fake.asked, [], "no usage event, no question")
+        compare(fake.asked, [], "no usage event, no query")
         compare(fake.calls("setExitCode"), [String(row.expected)])
     }
 
@@ -84,7 +84,7 @@ InterfaceTest {
         compare(part("closeButton").enabled, true)
     }
 
-    // The whole bar is the handle: its corners, its last row, and next to the close button.
+    // The whole bar drags: its corners, its last row, and next to the close button.
     function test_theWholeTitleBarDrags_data() {
         var handle = [[100, 16], [0, 0], [639, 0], [0, 31], [639, 31], [615, 16], [633, 16],
                       [624, 7],

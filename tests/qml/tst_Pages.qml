@@ -1,8 +1,8 @@
 import QtQuick 2.14
 import QtTest 1.15
 
-// The pages in the real window: the reasons, the coupons, the way from page to page and where the
-// keyboard goes. The box for feedback has tests of its own.
+// The pages in the real window: the reasons, the coupons, switching pages, and the keyboard focus.
+// tst_Feedback.qml tests the feedback box.
 InterfaceTest {
     id: test
 
@@ -25,11 +25,11 @@ InterfaceTest {
         "", "The price is too expensive", "The product has solved my problem",
         "The product doesn't solve my problem", "I have other reasons"
     ]
-    // The tab stops of each page after the first; those of the last row follow. The title bar has
-    // none.
+    // The tab stops of each page but the first, without the two buttons at the bottom. The title
+    // bar has none.
     readonly property var feedback: ["feedbackText", "submitButton", "offerLink"]
     readonly property var stops: [[], ["offerLink"], ["offerLink"], feedback, feedback]
-    // Of every key another text, and of prices and links at any time.
+    // The fake answers each key with another text; tests change the pattern in between.
     readonly property string early: "https://early.example/%1"
     readonly property string late: "https://late.example/%1"
     readonly property var coupon: ({
@@ -62,7 +62,7 @@ InterfaceTest {
         return numbers.map((number) => ({ tag: "page " + number, number: number }))
     }
 
-    // The offer that the controller gives for a type at present; asking leaves no trace.
+    // The controller's current offer of a type; leaves no queries in the record.
     function offer(type) {
         var given = uninstallMgr.getPreferentialLink(type)
         fake.forget()
@@ -90,13 +90,13 @@ InterfaceTest {
         compare([page(3).currentPage, page(4).currentPage], [3, 4])
         var images = () => named(home, /^(reason|coupon)Image$/)
                                .map((image) => image.Accessible.ignored)
-        compare(images(), [true], "of the hidden pages nothing has been created")
+        compare(images(), [true], "hidden pages are not created")
         ;[1, 2].forEach(home.switchPage)
         compare(images(), [true, true, true])
     }
 
     function test_switchingShowsThePageAndItsTitle() {
-        // Neither of the last two is a page; the last one has no title either.
+        // 5 and 9 are no pages; 9 has no title either.
         ;[1, 2, 3, 4, 5, 9, 1].forEach((number) => {
             home.switchPage(number)
             compare([home.currentPage, shownNumbers()], [number, number < 5 ? [number] : []])
@@ -105,8 +105,8 @@ InterfaceTest {
         compare(fake.asked, [])
     }
 
-    // What is sent before the page goes, the page before its title, the title before the coupon. A
-    // feedback is thanked for with the offer of that moment, not of any other type.
+    // Order: the events, the page, its title, the coupon. The thank-you coupon has the current
+    // offer of its own type.
     function test_submittingLeadsToTheThankYouCoupon_data() { return numbered([3, 4]) }
 
     function test_submittingLeadsToTheThankYouCoupon(row) {
@@ -147,7 +147,7 @@ InterfaceTest {
 
     // Reasons ------------------------------------------------------------------------------------
 
-    // In the order in which they stand there.
+    // In the order of the window.
     function entries() { return named(page(0), /^reason\d$/) }
 
     function chosen(number) {
@@ -178,13 +178,13 @@ InterfaceTest {
             for (var steps = entries().indexOf(entry); steps > 0; --steps) {
                 keyClick(Qt.Key_Down)
             }
-            compare(fake.asked, [], "moving on chooses nothing")
+            compare(fake.asked, [], "moving the focus chooses no reason")
             keyClick(row.key)
         } })))
     }
 
     function test_choosingAReasonOpensItsPage(row) {
-        // Events are for readers of one language, whatever the window speaks.
+        // Events are in English in every language.
         page(0).listReson = ["", "Trop cher", "Utile", "Inutile", "Autre"]
         ;[1, 2, 3, 4].forEach((number) => {
             if (row.tag === "mouse" || number === 2) {
@@ -197,7 +197,7 @@ InterfaceTest {
                 fake.forget()
                 home.switchPage(0)
                 mouseClick(entry)
-                compare(shownNumbers(), [0], "the chosen one again does nothing")
+                compare(shownNumbers(), [0], "choosing the same reason again does nothing")
             }
         })
         compare(entries().filter((entry) => entry.checked).length, 1)
@@ -282,8 +282,8 @@ InterfaceTest {
         mouseClick(page(1), 50, 50)
         mouseClick(page(1), 50, 50)
         compare(fake.asked, followed(coupon.url).concat(followed(coupon.url)),
-                "as often as one likes")
-        compare(inPage(1, "focusMark").visible, false, "the mouse leaves no mark")
+                "any number of times")
+        compare(inPage(1, "focusMark").visible, false, "a click shows no focus mark")
     }
 
     function test_theCursorOfACoupon() {
@@ -325,12 +325,12 @@ InterfaceTest {
         if (text) {
             text.text = "x"
         }
-        // The reasons in the order that the controller gave them.
+        // The reasons are in the controller's order.
         var order = (row.number ? stops[row.number] : names(named(home, /^reason\d$/)))
             .concat("uninstallButton", "cancelButton")
         var found = order.map(tab)
         compare(names(found), order)
-        // Row after row, and in a row from left to right; the coupon fills the page.
+        // From top to bottom, and in a row from left to right; the coupon fills the page.
         for (var n = 1; n < found.length; ++n) {
             var before = found[n - 1].mapToItem(null, 0, 0)
             var here = found[n].mapToItem(null, 0, 0)
@@ -366,7 +366,7 @@ InterfaceTest {
         mouseClick(inPage(0, "reason" + row.number))
         compare(home.listPages[row.number].activeFocus, true)
         var mark = inPage(row.number, "focusMark")
-        compare(mark.visible, false, "no mark for the mouse")
+        compare(mark.visible, false, "a click shows no focus mark")
         compare(row.step().objectName, row.name)
         compare(mark.visible, row.name === "offerLink")
     }

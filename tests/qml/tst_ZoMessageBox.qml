@@ -1,8 +1,8 @@
 import QtQuick 2.14
 import QtTest 1.15
 
-// The message box: what it takes from its caller, and how the caller's wait ends. The reference
-// images show what it looks like.
+// The message box: the fields that its caller sets, and how the caller's wait ends. Reference
+// images check its looks.
 InterfaceTest {
     id: test
 
@@ -20,7 +20,7 @@ InterfaceTest {
         stage = createTemporaryObject(stageFixture, test)
     }
 
-    // Shows a box and lets `act`, which has to close it, work on it meanwhile.
+    // Shows a box and calls `act`, which must close it.
     function ask(info, act, parent) {
         return withBox(() => stage.showBox(info, parent), (shown) => {
             box = shown
@@ -47,7 +47,7 @@ InterfaceTest {
             { tag: "fields null", info: { title: null, icon: null, height: null, buttons: null },
               expected: none },
             { tag: "given", info: Object.assign({ defaultIdx: 1 }, given), expected: given },
-            // An empty icon is assigned; an empty height, which is no number, is ignored.
+            // An empty icon is assigned; an empty height is not a number and is ignored.
             { tag: "fields empty", info: { icon: "", height: "" },
               expected: { icon: "", height: 240 } }
         ]
@@ -66,7 +66,7 @@ InterfaceTest {
         })
     }
 
-    // Keys that close are only pressed: by the time of the release, the window is gone.
+    // Only key presses: the window is destroyed before the release.
     function test_everyWayToCloseEndsTheWait_data() {
         return [
             { tag: "first button", act: () => mouseClick(buttons()[0]) },
@@ -107,7 +107,7 @@ InterfaceTest {
         ]
     }
 
-    // Whatever closes the box: the wait ends once and only then, with -1 unless a result was set.
+    // The wait ends exactly once, when the box closes, with -1 unless a result was set.
     function test_everyWayToCloseEndsTheWait(row) {
         var expected = row.answer || -1
         var answer = ask({ buttons: ["Yes", "No", "Cancel"] }, () => {
@@ -123,13 +123,13 @@ InterfaceTest {
         ask({ buttons: ["OK"] }, () => {
             keyClick(Qt.Key_A)
             keyClick(Qt.Key_Space)
-            probe.repeatKey(box, Qt.Key_Return) // still held down from opening the box
+            probe.repeatKey(box, Qt.Key_Return) // the key that opened the box is still held down
             probe.repeatKey(box, Qt.Key_Escape)
             wait(0)
             compare(box.visible, true)
             keyPress(Qt.Key_Escape)
         })
-        // And a second box after the first.
+        // A second box works after the first.
         compare(ask({ buttons: ["OK"] }, () => box.close()), -1)
     }
 

@@ -3,8 +3,8 @@ import QtTest 1.15
 import "qrc:/"
 import "qrc:/public.js" as Public
 
-// The pop-up window: how it opens, moves and closes, and its buttons. The reference images show
-// what it looks like.
+// The pop-up window: how it opens, moves and closes, and its buttons. Reference images check its
+// looks.
 InterfaceTest {
     id: test
 
@@ -42,7 +42,7 @@ InterfaceTest {
     function show(properties) {
         popup = stage.makePopup(properties)
         popup.open()
-        // The window system has answered.
+        // Wait for the window system.
         tryVerify(() => popup.active && popup.contentItem.width === popup.width)
         fake.forget()
     }
@@ -54,7 +54,7 @@ InterfaceTest {
 
     function inPopup(name) { return findChild(popup.contentItem, name) }
 
-    // Removed buttons are still children for a moment; hidden ones do not count.
+    // Without removed buttons, which are hidden and stay children for a moment.
     function buttons() {
         return named(inPopup("buttonRow"), /^button\d/).filter((button) => button.visible)
     }
@@ -108,7 +108,7 @@ InterfaceTest {
         mousePress(button, 4, 4)
         mouseMove(button, 40, 4)
         mouseRelease(button, 40, 4)
-        compare(popup.x, x, "and it is no handle to drag the window by")
+        compare(popup.x, x, "and it does not drag the window")
         compare(notes(), [])
         popup.busy = false
         mouseClick(button)
@@ -168,10 +168,10 @@ InterfaceTest {
         show()
         keyClick(Qt.Key_Escape)
         keyClick(Qt.Key_Return)
-        compare([popup.visible].concat(notes()), [true], "they close message boxes only")
+        compare([popup.visible].concat(notes()), [true], "these keys close message boxes only")
         popup.buttons = ["Yes", "No"]
         tryVerify(() => buttons()[1].x + buttons()[1].width === 600 - 32)
-        // Not the close button: Tab and Space must not close the window.
+        // The close button is no tab stop: Tab and Space must not close the window.
         buttons().concat(buttons()[0]).forEach((stop) => {
             keyClick(Qt.Key_Tab)
             compare([stop.activeFocus, findChild(stop, "focusFrame").visible], [true, true],
@@ -191,19 +191,19 @@ InterfaceTest {
         compare([popup.x, popup.y], [400 + (640 - 600) / 2, 300 + (408 - 240) / 2])
         stage.x = 360
         wait(0)
-        compare(popup.x, 420, "it does not follow")
+        compare(popup.x, 420, "an open pop-up does not follow the window")
         popup.visible = false
         popup.open()
-        compare(popup.x, 380, "but is centred each time")
-        compare(notes(), ["notifyPopup  false", "notifyPopup  true"], "the main window is told")
+        compare(popup.x, 380, "it is centred each time it opens")
+        compare(notes(), ["notifyPopup  false", "notifyPopup  true"], "the main window is notified")
         popup = stage.makePopup({ centerInParent: true, x: 7, y: 9 })
         popup.open()
         compare([popup.x, popup.y], [7, 9])
     }
 
-    // Also when the user goes to another window while the pop-up appears.
+    // Also when the user activates another window while the pop-up appears.
     function test_asksForActivation() {
-        // Without an owner: one that the test's own window owns is active whenever that is.
+        // Without an owner: a window of the test's window is active whenever that one is.
         var other = stageFixture.createObject(null)
         other.requestActivate()
         tryCompare(other, "active", true)

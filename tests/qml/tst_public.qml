@@ -2,7 +2,7 @@ import QtQuick 2.14
 import QtTest 1.15
 import "qrc:/public.js" as Public
 
-// The functions of public.js, and what no reference image shows of its tables.
+// The functions of public.js, and the values in its tables that no reference image shows.
 InterfaceTest {
     id: test
 
@@ -49,7 +49,7 @@ InterfaceTest {
         compare(row.make.apply(null, row.args), row.text)
     }
 
-    // Function, attribute and source as they are given, and as they are sent.
+    // Function; attribute and source as passed; attribute and source as sent.
     function test_functionsSendTheirEvents_data() {
         var list = [{ key: "k", value: "v" }]
         return [
@@ -74,7 +74,7 @@ InterfaceTest {
         compare(fake.asked, [event("W", "A", row.attribute, row.source)])
     }
 
-    // Unquoted in a link: nothing in it may end the attribute.
+    // Links contain it without quotes, so no character may end the attribute.
     function test_homePageIsAUrl() {
         verify(/^https:\/\/[^\s>"']*[^\s>"'\/]$/.test(home), home)
     }

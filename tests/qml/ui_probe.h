@@ -15,22 +15,22 @@
 #include <QTouchDevice>
 #include <QtTest>
 
-/// What QML itself cannot see, for tests as `probe`: cursor shapes, the accessible tree, other
-/// windows of the program, and the system's way of closing one.
+/// What QML itself cannot access, as `probe`: cursor shapes, the accessibility tree, other windows
+/// of the program, and closing one as the system does.
 class UiProbe : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The cursor that the window of `item` shows at present.
+    /// The current cursor of the window of `item`.
     Q_INVOKABLE int cursorShape(QObject *itemOrWindow) const
     {
         const QWindow *window = WindowOf(itemOrWindow);
         return window != nullptr ? window->cursor().shape() : -1;
     }
 
-    /// role (QAccessible::Role), name, description, focusable and checked of an item as assistive
-    /// tools see it; empty when they do not see it at all.
+    /// role (QAccessible::Role), name, description, focusable and checked of an item in the
+    /// accessibility tree; empty when it is not in there.
     Q_INVOKABLE QVariantMap accessible(QObject *item) const
     {
         QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(item);
@@ -44,7 +44,7 @@ public:
                 {QStringLiteral("checked"), bool(seen->state().checked)}};
     }
 
-    /// Carries out the "Press" action as an assistive tool does; false when there is none.
+    /// Performs the accessibility action "Press"; false when the item has none.
     Q_INVOKABLE bool pressAccessible(QObject *item) const
     {
         QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(item);
@@ -57,7 +57,7 @@ public:
         return true;
     }
 
-    /// The visible windows of the program that are application-modal: pop-ups.
+    /// The pop-ups: visible application-modal windows of the program.
     Q_INVOKABLE QVariantList popups() const
     {
         QVariantList found;
@@ -70,17 +70,16 @@ public:
         return found;
     }
 
-    /// Keeps what is not the interface's out of its images, for good: the text cursor stops
-    /// blinking, and the pointer goes to the corner of the display, where no window of ours
-    /// reaches.
+    /// Makes screenshots reproducible: stops the blinking of the text cursor, and moves the pointer
+    /// to the corner of the display, outside all windows.
     Q_INVOKABLE void holdStill() const
     {
         QGuiApplication::styleHints()->setCursorFlashTime(0);
         QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     }
 
-    /// Saves what a window, or an item with some pixels round it, shows at present; false when it
-    /// cannot be written.
+    /// Saves a screenshot of a window, or of an item with a few pixels around it; false when that
+    /// fails.
     Q_INVOKABLE bool save(QObject *itemOrWindow, const QString &path) const
     {
         auto *window = qobject_cast<QQuickWindow *>(WindowOf(itemOrWindow));
@@ -109,14 +108,14 @@ public:
         return QDir().mkpath(QFileInfo(path).path()) && image.save(path);
     }
 
-    /// A variable of the environment; empty when it is not set.
+    /// An environment variable; empty when it is not set.
     Q_INVOKABLE QString environment(const QString &name) const
     {
         return qEnvironmentVariable(name.toUtf8().constData());
     }
 
-    /// Objects below another one that need not be items, such as animations, by the beginning of
-    /// their class name.
+    /// All descendants whose class name begins with `className`, including objects that are no
+    /// items, such as animations.
     Q_INVOKABLE QVariantList below(QObject *object, const QString &className) const
     {
         QVariantList found;
@@ -129,33 +128,32 @@ public:
         return found;
     }
 
-    /// The object that owns another one, which need not be an item; null when there is none.
+    /// The QObject parent, which need not be an item; null when there is none.
     Q_INVOKABLE QObject *ownerOf(QObject *object) const
     {
         return object != nullptr ? object->parent() : nullptr;
     }
 
-    /// Closes a window as a window manager does.
+    /// Closes a window as the window manager does.
     Q_INVOKABLE void closeBySystem(QObject *window) const
     {
         WindowOf(window)->QWindow::close();
     }
 
-    /// Sends a key event that says it is a repetition of a held key.
+    /// Sends an auto-repeat key event.
     Q_INVOKABLE void repeatKey(QObject *itemOrWindow, int key) const
     {
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
         QCoreApplication::sendEvent(WindowOf(itemOrWindow), &press);
     }
 
-    /// A click at a place in the window that passes through the window system, so that it does not
-    /// reach a window which another one blocks.
+    /// Clicks in a window by way of the window system, so that a modal window blocks the click.
     Q_INVOKABLE void click(QObject *window, int x, int y) const
     {
         QTest::mouseClick(WindowOf(window), Qt::LeftButton, Qt::NoModifier, QPoint(x, y));
     }
 
-    /// A touch at a place in the window: begin, and end at the same place.
+    /// Taps at a place in the window: a touch press and release.
     Q_INVOKABLE void tap(QObject *itemOrWindow, qreal x, qreal y) const
     {
         static QTouchDevice *const device = QTest::createTouchDevice();

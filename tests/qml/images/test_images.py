@@ -1,4 +1,4 @@
-"""Every state of the interface looks as its reference image does."""
+"""Every state of the interface looks like its reference image."""
 
 import fcntl
 import os
@@ -21,7 +21,7 @@ pytestmark = pytest.mark.timeout(300)
 
 @pytest.fixture(scope="session")
 def taken(tmp_path_factory) -> Path:
-    """The folder of the images, by scale; taken once, by the first of all workers to ask."""
+    """The folder of the screenshots, by scale; the first worker takes them for all."""
     base = tmp_path_factory.getbasetemp()
     into = (base.parent if "PYTEST_XDIST_WORKER" in os.environ else base) / "images"
     done = into.with_suffix(".taken")
@@ -39,7 +39,7 @@ def taken(tmp_path_factory) -> Path:
 @pytest.mark.parametrize(("scale", "name"), REFERENCES)
 def test_a_state_looks_like_its_reference_image(taken, scale, name):
     actual, reference = by_reference(taken / scale).get(name), folder(scale) / name
-    assert actual, f"no scene has this name any more: {reference}"
+    assert actual, f"no screenshot for this reference image: {reference}"
     comparison = Comparison(actual, reference)
     if comparison.complaint:
         place = FAILURES / scale / reference.stem
@@ -58,7 +58,7 @@ def test_every_image_has_a_reference(taken, scale):
 
 
 def recoloured(image: Image.Image) -> Image.Image:
-    """With its most frequent colour off by three units in one channel."""
+    """Changes the most frequent colour by three units in one channel."""
     _, (red, green, blue) = max(image.getcolors(1 << 24))
     mask = ImageChops.difference(image, Image.new("RGB", image.size, (red, green, blue)))
     same = mask.convert("L", (1, 1, 1, 0)).point(lambda value: 0 if value else 255)
@@ -66,7 +66,7 @@ def recoloured(image: Image.Image) -> Image.Image:
 
 
 def dotted(image: Image.Image) -> Image.Image:
-    """With one grey pixel too many."""
+    """Adds one grey pixel."""
     image.putpixel((image.width // 3, image.height - 12), (200, 200, 200))
     return image
 
@@ -76,7 +76,7 @@ CHANGES = {
     "one pixel too many": dotted,
     "a row down": lambda image: ImageChops.offset(image, 0, 1),
     "a row less": lambda image: image.crop((0, 0, image.width, image.height - 1)),
-    "rounded otherwise": lambda image: image.point(lambda value: max(0, value - 2)),
+    "rounding": lambda image: image.point(lambda value: max(0, value - 2)),
 }
 
 
@@ -87,4 +87,4 @@ def test_a_change_is_found_unless_it_is_rounding(tmp_path, name, change):
     with Image.open(reference) as image:
         CHANGES[change](image.convert("RGB")).save(tmp_path / "changed.png")
     seen = Comparison(tmp_path / "changed.png", reference).complaint
-    assert bool(seen) == (change != "rounded otherwise")
+    assert bool(seen) == (change != "rounding")
