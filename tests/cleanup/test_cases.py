@@ -10,7 +10,7 @@ from machine import Machine
 
 
 @pytest.mark.parametrize("case", CASES, ids=str)
-def test_case(machine: Machine, case: Case) -> None:
+def test_the_script_removes_what_the_case_says(machine: Machine, case: Case) -> None:
     assert wrong_after_call(machine, case) == []
 
 

@@ -105,7 +105,7 @@ public:
     }
 
     /// The arguments, separated by commas, of each call from QML to an operation of `uninstallMgr`.
-    /// Use it only for calls that cause no query, such as one with the type of an offer.
+    /// Use it only for arguments that no query shows, such as the type of an offer.
     Q_INVOKABLE QStringList calls(const QString &operation) const
     {
         return After(operation, calls_);

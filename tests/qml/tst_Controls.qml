@@ -156,9 +156,9 @@ InterfaceTest {
         compare(activations(row), 0)
     }
 
-    function test_cursor_data() { return activated.filter((row) => !row.noStop) }
+    function test_theCursorIsAHandOverButtonsAndLinks_data() { return activated.filter((row) => !row.noStop) }
 
-    function test_cursor(row) {
+    function test_theCursorIsAHandOverButtonsAndLinks(row) {
         var control = makeActivated(row)
         mouseMove(control, control.width / 2, control.height / 2)
         tryCursor(control, row.tag === "ZoRadioButton" ? Qt.ArrowCursor : Qt.PointingHandCursor)
@@ -185,7 +185,7 @@ InterfaceTest {
 
     // Push buttons -------------------------------------------------------------------------------
 
-    function test_label() {
+    function test_theLabelFollowsTheProperties() {
         var button = make("ZoRoundButton", { text: "<b>a</b> & b", semiBold: true,
                                              fontPixcelSize: 17 })
         var label = labelOf(button)
@@ -203,7 +203,7 @@ InterfaceTest {
         compare(String(labelOf(button).color), "#654321")
     }
 
-    function test_width() {
+    function test_aButtonIsWideEnoughForItsText() {
         function needed(text) {
             metrics.text = text
             return metrics.boundingRect.width + 2 * 4
@@ -248,7 +248,7 @@ InterfaceTest {
 
     // Links --------------------------------------------------------------------------------------
 
-    function test_link() {
+    function test_aLinkIsActivatedOnItsTextOnly() {
         var label = make("ZoLinkLabel", { originalText: "One" })
         compare(label.text, Public.makeLink("One"))
         label.originalText = "Other"

@@ -47,7 +47,7 @@ InterfaceTest {
         return fake.askedOf("start").map((start) => start.replace(/^.*\/(?=uninstall)/, ""))
     }
 
-    function test_idle() {
+    function test_theIdlePageShowsBothButtonsAndNoBar() {
         compare(texts(), ["Unistalling\u2026", "Uninstall", "Cancel"])
         compare(state(), [true, true, true, false, false, true])
     }
@@ -137,11 +137,11 @@ InterfaceTest {
         compare(state().slice(4), [false, false])
     }
 
-    function test_closingAfterCompletion_data() {
+    function test_theButtonsCloseAfterCompletionOnly_data() {
         return [{ tag: "cancelButton" }, { tag: "closeButton" }]
     }
 
-    function test_closingAfterCompletion(row) {
+    function test_theButtonsCloseAfterCompletionOnly(row) {
         fake.running = ["uninstall.exe"]
         start()
         mouseClick(part(row.tag))

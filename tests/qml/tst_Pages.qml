@@ -229,7 +229,7 @@ InterfaceTest {
         return [
             { tag: "whole", offered: coupon, price: "$19.95", expired: "12/31/2026",
               url: coupon.url },
-            { tag: "as it stands", offered: { price: "%1 & %2", expired: "%1 \u0661", url: "" },
+            { tag: "placeholders", offered: { price: "%1 & %2", expired: "%1 \u0661", url: "" },
               price: "%1 & %2", expired: "%1 \u0661" },
             { tag: "empty", offered: {} }, { tag: "undefined", offered: { price: undefined } },
             { tag: "null", offered: { price: null, expired: null, url: null } },

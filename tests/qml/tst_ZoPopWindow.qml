@@ -76,7 +76,7 @@ InterfaceTest {
         compare([ZoPopWindow.NONEBUTTON, ZoPopWindow.CLOSEBUTTON, ZoPopWindow.MAXBUTTON], [0, 1, 2])
     }
 
-    function test_closing_data() {
+    function test_everyWayToCloseDestroysThePopup_data() {
         return [
             { tag: "mouse", act: () => mouseClick(inPopup("closeButton")),
               first: ["closeClicked"] },
@@ -87,7 +87,7 @@ InterfaceTest {
         ]
     }
 
-    function test_closing(row) {
+    function test_everyWayToCloseDestroysThePopup(row) {
         show({ title: "Warning" })
         compare(probe.accessible(inPopup("closeButton")).name, "Close")
         row.act()
@@ -115,12 +115,12 @@ InterfaceTest {
         tryGone()
     }
 
-    function test_drag_data() {
+    function test_theTitleBarDragsThePopup_data() {
         return [[50, 10], [0, 0], [597, 0], [0, 30], [597, 30], [565, 15], [583, 15]]
             .map((at) => ({ tag: at.join(","), x: at[0], y: at[1] }))
     }
 
-    function test_drag(row) {
+    function test_theTitleBarDragsThePopup(row) {
         show()
         var bar = inPopup("popupTitleBar")
         var x = popup.x

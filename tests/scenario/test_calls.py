@@ -21,7 +21,7 @@ def table(text):
 
 
 # Every start begins like this.
-ALONE = table(r"""
+EVERY_START = table(r"""
 LoadLibraryA("ROOT\Dravik\bin\SkyrelWrap.DLL")
 GetProcAddress(telemetry, "SkyrelOpenSession")
 GetProcAddress(telemetry, "SkyrelCloseSession")
@@ -43,7 +43,7 @@ CreateMutexW(null, 1, "ktr_uninstall_version_2023_Ostrel_Torvan")
 """)
 
 # The first instance, until it loads the interface. The empty folder is deliberate.
-TO_THE_INTERFACE = [*ALONE, *table(r"""
+BEFORE_THE_INTERFACE = [*EVERY_START, *table(r"""
 GetLastError() = 0
 GetModuleFileNameW(null, *, 260)
 SetCurrentDirectoryW("")
@@ -71,12 +71,12 @@ RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR", 0, 0x20019, *) = 0
 RegQueryValueExA(opened, "Language", null, null, *, *) = 0
 RegCloseKey(opened)
 """
-CHANNEL = r"""
+OEM = r"""
 RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR\Version", 0, 0x20019, *) = 0
 RegQueryValueExA(opened, "OEM", null, null, *, *) = 0
 RegCloseKey(opened)
 """
-NO_CHANNEL = r"""
+NO_OEM = r"""
 RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\TORVAN\KTR\Version", 0, 0x20019, *) = 2
 """
 LINK = r"""
@@ -125,7 +125,7 @@ SetPriorityClass(child, 0x40)
 SetProcessPriorityBoost(child, 1)
 """)
 
-GIVES_UP_ITS_PLACE = table(r"""
+RELEASES_AND_EXITS = table(r"""
 ReleaseMutex(mutex)
 CloseHandle(mutex)
 DeleteFileA("ROOT\Dravik\bin\hwndFile.ini")
@@ -133,7 +133,7 @@ exit(0)
 """)
 
 # A start that is not the first.
-LOOKS_FOR_THE_FIRST = [*ALONE, *table(r"""
+BEGINS_AS_SECOND_START = [*EVERY_START, *table(r"""
 GetLastError() = 183
 CloseHandle(mutex)
 fopen("ROOT\Dravik\bin\hwndFile.ini", "rb")
@@ -214,14 +214,14 @@ def test_an_uninstallation_makes_these_calls(sandbox):
     assert program.wait_exit() == 0
     companion = sandbox.journal("SkyrelWrapExe.exe", "start")[1].number("pid")
 
-    staging = TO_THE_INTERFACE.index(next(one for one in TO_THE_INTERFACE if "CopyFileW" in one))
+    staging = next(at for at, call in enumerate(BEFORE_THE_INTERFACE) if "CopyFileW" in call)
     assert_calls(
         calls_to_the_end(sandbox, program, {("process", stranger): "stranger",
                                             ("process", companion): "companion"}),
-        [*TO_THE_INTERFACE[:staging], REMOVES_AN_OLDER_SCRIPT, *TO_THE_INTERFACE[staging:]],
-        [VERSION, SHADOW, LANGUAGE, CHANNEL, LINK],
+        [*BEFORE_THE_INTERFACE[:staging], REMOVES_AN_OLDER_SCRIPT, *BEFORE_THE_INTERFACE[staging:]],
+        [VERSION, SHADOW, LANGUAGE, OEM, LINK],
         [*PUBLISHES_ITS_WINDOW, ASKS_FOR_THE_PRODUCT, STARTS_UNINSTALLER, ASKS_FOR_UNINSTALLER,
-         *CLEANS_UP, *GIVES_UP_ITS_PLACE])
+         *CLEANS_UP, *RELEASES_AND_EXITS])
     # The trace has only the address of STARTUPINFO; this is its effect.
     shown = wait.until(lambda: console_shown(sandbox, program), "the script's console")
     assert shown == ["ShowWindow(unknown window, 0)"], "hidden"
@@ -236,9 +236,9 @@ def test_cancelling_makes_these_calls(sandbox):
     assert program.wait_exit() == 0
     assert_calls(
         calls_to_the_end(sandbox, program),
-        TO_THE_INTERFACE,
-        [VERSION, SHADOW, LANGUAGE, NO_CHANNEL, LINK_OF_ANOTHER_SETUP],
-        [*PUBLISHES_ITS_WINDOW, *GIVES_UP_ITS_PLACE])
+        BEFORE_THE_INTERFACE,
+        [VERSION, SHADOW, LANGUAGE, NO_OEM, LINK_OF_ANOTHER_SETUP],
+        [*PUBLISHES_ITS_WINDOW, *RELEASES_AND_EXITS])
 
 
 def test_an_uninstaller_that_never_appears_is_queried_25_times(sandbox):
@@ -253,7 +253,7 @@ def test_an_uninstaller_that_never_appears_is_queried_25_times(sandbox):
     calls = calls_to_the_end(sandbox, program)
     assert calls[calls.index(ASKS_FOR_THE_PRODUCT):] == [
         ASKS_FOR_THE_PRODUCT, STARTS_UNINSTALLER,
-        *[ASKS_FOR_UNINSTALLER, "Sleep(200)"] * POLLS, *GIVES_UP_ITS_PLACE]
+        *[ASKS_FOR_UNINSTALLER, "Sleep(200)"] * POLLS, *RELEASES_AND_EXITS]
 
 
 def test_a_second_start_brings_the_window_to_the_front_with_these_calls(sandbox, program):
@@ -263,7 +263,7 @@ def test_a_second_start_brings_the_window_to_the_front_with_these_calls(sandbox,
         second = relay.start(sandbox)
         assert second.wait_exit() == 0
     calls = calls_to_the_end(sandbox, second, {("window", sandbox.read_handle()): "window"})
-    assert calls == [*LOOKS_FOR_THE_FIRST, *BRINGS_IT_TO_THE_FRONT, "exit(0)"]
+    assert calls == [*BEGINS_AS_SECOND_START, *BRINGS_IT_TO_THE_FRONT, "exit(0)"]
     window.close()
     assert program.wait_exit() == 0
 
@@ -276,4 +276,4 @@ def test_a_second_start_without_a_window_ends(sandbox, handle, looks):
         second = relay.start(sandbox)
         assert second.wait_exit() == 0
     calls = calls_to_the_end(sandbox, second, {("window", handle): "stale"})
-    assert calls == [*LOOKS_FOR_THE_FIRST, *looks, "exit(0)"]
+    assert calls == [*BEGINS_AS_SECOND_START, *looks, "exit(0)"]

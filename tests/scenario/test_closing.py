@@ -152,5 +152,5 @@ def test_the_window_closes_as_the_table_says(sandbox, program, state, path):
     expect_end(sandbox, program, cleanup=expected == CLOSES_AND_CLEANS)
     expect_no_event_of_its_own(sandbox, state)
     if state is running:
-        assert sandbox.processes("uninstall.exe"), "the uninstaller lives on"
+        assert sandbox.processes("uninstall.exe"), "the uninstaller still runs"
         go_on()

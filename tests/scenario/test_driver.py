@@ -162,7 +162,7 @@ LEAVES = ("def test_it(sandbox):\n"
     ("@pytest.mark.stderr_allowed('oh .*')\n" + COMPLAINS, None),
     (COMPLAINS.replace("oh dear", "load vantoronlineconfig.dll error!"), None),
     (LEAVES, "still running: .*/Dravik/bin/KTRUI.exe"),
-], ids=["fails", "complains", "allowed otherwise", "allowed", "own log", "leaves a process"])
+], ids=["fails", "complains", "another line allowed", "allowed", "program log", "leaves a process"])
 def test_a_failed_scenario_keeps_evidence(tmp_path: Path, body: str, said: str | None) -> None:
     (tmp_path / "test_inner.py").write_text(SHELL + body, encoding="utf-8")
     kept = tmp_path / "kept" / "test_inner.py_test_it"

@@ -68,7 +68,7 @@ def start_traced(sandbox) -> tuple:
 
 @pytest.mark.stderr_unchecked  # strace prints there.
 @pytest.mark.parametrize("cleanup", [True, False], ids=["after uninstalling", "after cancel"])
-def test_steps_from_start_to_exit(sandbox, cleanup):
+def test_the_steps_from_start_to_exit_keep_their_order(sandbox, cleanup):
     sandbox.set_registry("German")
     sandbox.configure("uninstall.exe", run_ms=300)
     program, trace = start_traced(sandbox)

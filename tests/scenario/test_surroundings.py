@@ -133,8 +133,8 @@ def ink_of_title(window):
     """The bounding box of the drawn title."""
     area = layout.Rect(
         layout.TITLE_LABEL.left, layout.TITLE_LABEL.top, layout.TITLE_LABEL.width, 24)
-    picture = window.screen.screenshot(window.area(area)).convert("L")
-    return picture.point(lambda value: 255 if value < 100 else 0).getbbox()
+    grey = window.screen.screenshot(window.area(area)).convert("L")
+    return grey.point(lambda value: 255 if value < 100 else 0).getbbox()
 
 
 def test_the_window_is_in_the_product_language(sandbox):

@@ -68,11 +68,11 @@ def test_the_radio_buttons_are_closed_circles_at_a_fractional_scale(sandbox, fac
     for row in range(4):
         centre = scaled(layout.ring(row))
         area = layout.Rect(centre.x - reach, centre.y - reach, 2 * reach + 1, 2 * reach + 1)
-        picture = window.screen.screenshot(window.area(area)).convert("L")
+        grey = window.screen.screenshot(window.area(area)).convert("L")
         radii = []
         # Between the white centre and the light background there is a grey line.
         for x, y in ((-1, 0), (1, 0), (0, -1), (0, 1)):
-            line = [picture.getpixel((reach + x * step, reach + y * step))
+            line = [grey.getpixel((reach + x * step, reach + y * step))
                     for step in range(reach + 1)]
             assert line[0] == 255 and line[-1] > 225 and min(line) < 215, (row, x, y, line)
             ink = [max(0, line[-1] - value) for value in line]
