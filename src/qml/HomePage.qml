@@ -187,6 +187,8 @@ Item {
         font.pixelSize: 14
         color: Public.pageTextColor
         visible: false
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 
     ZoProgressBar {

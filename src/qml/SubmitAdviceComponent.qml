@@ -61,9 +61,10 @@ FocusScope {
         anchors.top: frame.top
         anchors.bottom: submitBtn.top
         clip: true
-        // A bar that has nothing to scroll is not to be seen, but takes the clicks at its edge.
-        ScrollBar.vertical.interactive: ScrollBar.vertical.size < 1
-        ScrollBar.horizontal.interactive: ScrollBar.horizontal.size < 1
+        Accessible.ignored: true
+        // A bar with nothing to scroll is transparent but takes clicks, and screen readers read it.
+        ScrollBar.vertical.visible: ScrollBar.vertical.size < 1
+        ScrollBar.horizontal.visible: ScrollBar.horizontal.size < 1
 
         TextArea {
             id: adviceText

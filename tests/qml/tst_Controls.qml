@@ -173,12 +173,18 @@ InterfaceTest {
         var seen = probe.accessible(control)
         compare([seen.role, seen.name], [row.role, row.noStop ? "" : "Go"])
         verify(row.noStop || seen.focusable)
+        var button = row.role === Accessible.Button
         verify(probe.pressAccessible(control))
-        // The action toggles a radio button without `clicked`.
-        compare(activations(row), row.tag === "ZoRadioButton" ? 0 : 1)
-        if (row.role === Accessible.Button) {
-            control.enabled = false
+        // The action toggles a radio button without `clicked`. A button clicks after the action.
+        compare(activations(row), button || row.tag === "ZoRadioButton" ? 0 : 1)
+        wait(0)
+        compare(activations(row), button ? 1 : 0)
+        // It must be enabled when pressed and when it clicks.
+        for (var atPress of button ? [true, false] : []) {
+            control.enabled = atPress
             probe.pressAccessible(control)
+            control.enabled = !atPress
+            wait(0)
             compare(activations(row), 0)
         }
     }

@@ -15,17 +15,17 @@ FocusScope {
 
     signal clicked()
 
+    function accessiblePressAction() {
+        clicked()
+    }
+
     activeFocusOnTab: true
     implicitWidth: face.item ? face.item.implicitWidth : 0
     implicitHeight: face.item ? face.item.implicitHeight : 0
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: {
-        if (enabled) {
-            clicked()
-        }
-    }
+    Accessible.onPressAction: accessiblePressAction()
 
     Keys.onPressed: {
         if (event.key === Qt.Key_Space && !event.isAutoRepeat) {
