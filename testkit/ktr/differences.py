@@ -4,9 +4,10 @@ One table for the whole suite: `file::scenario` to the reason. Every other scena
 executables with the same expectations.
 """
 
-# Tests of the test kit with a Linux program; Linux system calls; the tour of `./run`; other
+# AT-SPI; tests of the test kit with a Linux program; Linux system calls; the tour of `./run`; other
 # installations, which under Wine have prefixes of their own and cannot see each other's processes.
-FILES_FOR_LINUX = ["test_driver.py", "test_machine_wide.py", "test_order.py", "test_tour.py"]
+FILES_FOR_LINUX = ["test_accessibility.py", "test_driver.py", "test_machine_wide.py",
+                   "test_order.py", "test_tour.py"]
 # The drop shadow, real uninstallers, the calls of Windows.
 FILES_FOR_WINDOWS = ["test_windows.py", "test_calls.py"]
 
