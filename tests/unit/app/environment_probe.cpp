@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QGuiApplication>
+#include <QProcessEnvironment>
 #include <QQuickWindow>
 
 #include <cstdio>
@@ -16,15 +17,14 @@ void Say(const char *what, const QString &value)
 
 } // namespace
 
-int main(int argc, char **argv)
+int main()
 {
     PrepareEnvironment();
     Say("working directory", QDir::currentPath());
     Say("library paths", ';' + QCoreApplication::libraryPaths().join(';') + ';');
-    for (int argument = 1; argument < argc; ++argument) {
-        const char *const name = argv[argument];
-        Say(name,
-            qEnvironmentVariableIsSet(name) ? '[' + qEnvironmentVariable(name) + ']' : "unset");
+    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &name : environment.keys()) {
+        Say(qPrintable(name), '[' + environment.value(name) + ']');
     }
     Say("scaling", QString::number(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling)));
     Say("high-density pixmaps",

@@ -11,24 +11,15 @@ namespace {
 
 using Variables = QMap<QString, QString>;
 
-// The folder of the program, and every variable that it changes or reads.
-const QStringList kNames = {"QT_PLUGIN_PATH",
-                            "QML2_IMPORT_PATH",
-                            "QT_QPA_PLATFORM_PLUGIN_PATH",
-                            "QT_QUICK_CONTROLS_CONF",
-                            "QT_QUICK_CONTROLS_FALLBACK_STYLE",
-                            "QT_QUICK_CONTROLS_STYLE",
-                            "QT_AUTO_SCREEN_SCALE_FACTOR",
-                            "QML_DISABLE_DISK_CACHE",
-                            "QML_FORCE_DISK_CACHE",
-                            "QT_QUICK_BACKEND"};
-
-// What the probe found after preparing its environment in a process of its own.
+// What the probe found after preparing its environment in a process of its own. A variable that is
+// not set has no entry.
 Variables Probe(const Variables &given, const QString &program = ENVIRONMENT_PROBE)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &name : kNames) {
-        environment.remove(name);
+    for (const QString &name : environment.keys()) {
+        if (name.startsWith("QT_") || name.startsWith("QML")) {
+            environment.remove(name);
+        }
     }
     for (auto it = given.begin(); it != given.end(); ++it) {
         environment.insert(it.key(), it.value());
@@ -36,7 +27,7 @@ Variables Probe(const Variables &given, const QString &program = ENVIRONMENT_PRO
     QProcess probe;
     probe.setProcessEnvironment(environment);
     probe.setWorkingDirectory(QDir::rootPath());
-    probe.start(program, kNames);
+    probe.start(program, QStringList());
     EXPECT_TRUE(probe.waitForFinished(60000));
     EXPECT_EQ(probe.readAllStandardError(), QByteArray());
     Variables report;
@@ -82,22 +73,22 @@ TEST(Environment, WorksInADirectoryWithSpacesAndNonAsciiLetters)
 TEST(Environment, ForeignQtPathsAreRemovedButEmptyOnesAreLeft)
 {
     ExpectFacts({{"QT_PLUGIN_PATH", "/a"}, {"QML2_IMPORT_PATH", "/b"}},
-                {{"QT_PLUGIN_PATH", "unset"}, {"QML2_IMPORT_PATH", "unset"}});
+                {{"QT_PLUGIN_PATH", ""}, {"QML2_IMPORT_PATH", ""}});
     ExpectFacts({{"QT_PLUGIN_PATH", ""}, {"QML2_IMPORT_PATH", ""}},
                 {{"QT_PLUGIN_PATH", "[]"}, {"QML2_IMPORT_PATH", "[]"}});
 }
 
 TEST(Environment, OtherVariablesOfQtHaveNoEffect)
 {
-    const Variables own = {{"QT_PLUGIN_PATH", "unset"},
-                           {"QML2_IMPORT_PATH", "unset"},
-                           {"QT_QPA_PLATFORM_PLUGIN_PATH", "unset"},
-                           {"QT_QUICK_CONTROLS_CONF", "unset"},
-                           {"QT_QUICK_CONTROLS_FALLBACK_STYLE", "unset"},
-                           {"QT_QUICK_CONTROLS_STYLE", "unset"},
+    const Variables own = {{"QT_PLUGIN_PATH", ""},
+                           {"QML2_IMPORT_PATH", ""},
+                           {"QT_QPA_PLATFORM_PLUGIN_PATH", ""},
+                           {"QT_QUICK_CONTROLS_CONF", ""},
+                           {"QT_QUICK_CONTROLS_FALLBACK_STYLE", ""},
+                           {"QT_QUICK_CONTROLS_STYLE", ""},
                            {"QT_AUTO_SCREEN_SCALE_FACTOR", SET_TO_NOTHING},
                            {"QML_DISABLE_DISK_CACHE", "[1]"},
-                           {"QML_FORCE_DISK_CACHE", "unset"},
+                           {"QML_FORCE_DISK_CACHE", ""},
                            {"scaling", "1"},
                            {"high-density pixmaps", "1"},
                            {"pass-through", "1"},

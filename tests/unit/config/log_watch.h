@@ -1,7 +1,11 @@
 #pragma once
 
+#include "tests/unit/platform/support/system.h"
+
 #include <QString>
 #include <QStringList>
+
+#include <utility>
 
 /// Collects the debug log while it lives.
 class LogWatch
@@ -10,22 +14,15 @@ public:
     LogWatch()
     {
         Lines().clear();
-        before_ = qInstallMessageHandler(
+        const auto before = qInstallMessageHandler(
             [](QtMsgType, const QMessageLogContext &, const QString &line) { Lines() << line; });
+        end_ = contract::AtEnd([before] { qInstallMessageHandler(before); });
     }
-    ~LogWatch()
-    {
-        qInstallMessageHandler(before_);
-    }
-    LogWatch(const LogWatch &) = delete;
-    LogWatch &operator=(const LogWatch &) = delete;
 
-    /// The lines since this was asked last.
+    /// The lines since the last call.
     static QStringList NewLines()
     {
-        const QStringList lines = Lines();
-        Lines().clear();
-        return lines;
+        return std::exchange(Lines(), {});
     }
 
 private:
@@ -35,5 +32,5 @@ private:
         return lines;
     }
 
-    QtMessageHandler before_ = nullptr;
+    contract::Held end_;
 };

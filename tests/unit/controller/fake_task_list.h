@@ -5,31 +5,26 @@
 #include <filesystem>
 #include <string>
 
-/// The fake for the system's task list, as a copy that answers what a test wants.
+/// A copy of the `tasklist` fake, a program called `name` in `folder`, that lives with the object.
 class FakeTaskList
 {
 public:
-    /// Makes the copy: a program called `name` in `folder`.
     FakeTaskList(const std::filesystem::path &folder, const std::string &name)
         : program_(folder / (name + contract::ProgramExtension()))
     {
         std::filesystem::copy_file(
             FAKE_TASKLIST, program_, std::filesystem::copy_options::overwrite_existing);
+        removal_ = contract::AtEnd([program = program_] {
+            std::error_code ignored; // its folder may have gone before
+            std::filesystem::remove(program, ignored);
+            std::filesystem::remove(program.string() + ".txt", ignored);
+        });
     }
-    /// Removes it.
-    ~FakeTaskList()
-    {
-        std::error_code ignored; // its folder may have gone before
-        std::filesystem::remove(program_, ignored);
-        std::filesystem::remove(SettingsFile(), ignored);
-    }
-    FakeTaskList(const FakeTaskList &) = delete;
-    FakeTaskList &operator=(const FakeTaskList &) = delete;
 
-    /// Tells it what to do from now on; testkit/fakes/tasklist.cpp says what there is.
+    /// Replaces its settings, which testkit/fakes/tasklist.cpp lists.
     void Tell(const std::string &settings) const
     {
-        contract::WriteFile(SettingsFile(), settings);
+        contract::WriteFile(program_.string() + ".txt", settings);
     }
 
     const std::filesystem::path &Program() const
@@ -38,10 +33,6 @@ public:
     }
 
 private:
-    std::filesystem::path SettingsFile() const
-    {
-        return program_.string() + ".txt";
-    }
-
     std::filesystem::path program_;
+    contract::Held removal_;
 };

@@ -131,13 +131,13 @@ int main(int argc, char **argv)
     int number = 1;
     const auto done = [&] {
         PumpMessages();
-        if (const auto text = Message(mailbox, number, "command").Read()) {
+        if (const auto text = ReadMessage(MessageFile(mailbox, number, "command"))) {
             Lines command;
             std::istringstream lines(*text);
             for (std::string line; std::getline(lines, line);) {
                 command.push_back(line);
             }
-            Message(mailbox, number++, "answer").Write(Execute(command));
+            WriteMessage(MessageFile(mailbox, number++, "answer"), Execute(command));
         }
         return exitCode.has_value() || !std::filesystem::exists(mailbox);
     };

@@ -5,25 +5,22 @@
 #include <stdexcept>
 
 namespace contract {
-namespace {
 
-constexpr const char *kEnd = "(end of message)";
+static constexpr const char *kEnd = "(end of message)";
 
-} // namespace
-
-Message::Message(const std::filesystem::path &mailbox, int number, const std::string &kind)
-    : file_(mailbox / (std::to_string(number) + '.' + kind))
+std::filesystem::path MessageFile(const std::string &mailbox, int number, const char *kind)
 {
+    return std::filesystem::path(mailbox) / (std::to_string(number) + '.' + kind);
 }
 
-void Message::Write(const std::string &content) const
+void WriteMessage(const std::filesystem::path &file, const std::string &content)
 {
-    WriteFile(file_, content + kEnd);
+    WriteFile(file, content + kEnd);
 }
 
-std::optional<std::string> Message::Read() const
+std::optional<std::string> ReadMessage(const std::filesystem::path &file)
 {
-    const std::string content = ReadFile(file_);
+    const std::string content = ReadFile(file);
     const std::size_t end = content.rfind(kEnd);
     return end != std::string::npos ? std::optional(content.substr(0, end)) : std::nullopt;
 }
@@ -56,14 +53,14 @@ void Child::Send(const Lines &command)
     for (const std::string &line : command) {
         text += line + '\n';
     }
-    Message(folder_.Path(), ++commands_, "command").Write(text);
+    WriteMessage(MessageFile(Mailbox(), ++commands_, "command"), text);
 }
 
 std::string Child::AwaitAnswer() const
 {
     std::optional<std::string> answer;
-    const Message message(folder_.Path(), commands_, "answer");
-    WaitUntil([&] { return (answer = message.Read()).has_value(); });
+    const auto file = MessageFile(Mailbox(), commands_, "answer");
+    WaitUntil([&] { return (answer = ReadMessage(file)).has_value(); });
     return answer.value_or(kNoAnswer);
 }
 

@@ -16,22 +16,14 @@ namespace contract {
 /// Lines of a command; the first one is its name. child/main.cpp lists the commands.
 using Lines = std::vector<std::string>;
 
-/// A file through which a test and a child process talk: the test numbers its commands, the child
-/// answers each one. A child that was started detached has no pipe to the test.
-class Message
-{
-public:
-    Message(const std::filesystem::path &mailbox, int number, const std::string &kind);
-    void Write(const std::string &content) const;
-    /// The complete message; no value while there is none.
-    std::optional<std::string> Read() const;
-
-private:
-    std::filesystem::path file_;
-};
-
-/// The environment variable with the folder in which a child finds its messages.
+/// The environment variable with the folder of the files through which a test and a child talk: the
+/// test numbers its commands, the child answers each one. A detached child has no pipe to the test.
 inline constexpr const char *kMailboxVariable = "CONTRACT_MAILBOX";
+/// The file of a "command" or an "answer".
+std::filesystem::path MessageFile(const std::string &mailbox, int number, const char *kind);
+void WriteMessage(const std::filesystem::path &file, const std::string &content);
+/// The complete message; no value while there is none.
+std::optional<std::string> ReadMessage(const std::filesystem::path &file);
 
 /// The helper program beside the test program.
 std::filesystem::path ChildProgram();

@@ -24,7 +24,7 @@ protected:
 
     void ExpectExisting()
     {
-        EXPECT_TRUE(Create()) << "a handle all the same";
+        EXPECT_TRUE(Create()) << "another instance gets a handle, too";
         EXPECT_EQ(error_, platform::kErrorAlreadyExists);
     }
 
