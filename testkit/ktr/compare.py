@@ -11,18 +11,12 @@ import html
 import json
 from pathlib import Path
 
+from ktr import page
 from ktr.differences import reason_to_differ
 
 NOTHING_TO_COMPARE = 77
 """The status with which a test of CTest counts as skipped."""
 ASPECTS = ("events", "configuration", "processes", "files", "exit")
-STYLE = """
-body { font: 14px sans-serif; margin: 24px; background: #f4f4f6; color: #202124; }
-table { border-collapse: collapse; background: #fff; }
-td, th { border: 1px solid #dadce0; padding: 6px 10px; text-align: left; vertical-align: top; }
-.differs { background: #fce8e6; } .known { background: #fef7e0; }
-img { width: 320px; display: block; } pre { white-space: pre-wrap; margin: 4px 0; max-width: 50em; }
-"""
 
 
 def records_in(folder: Path) -> dict[str, dict[str, list[str]]]:
@@ -45,22 +39,14 @@ def cell(left: list[str], right: list[str], reason: str | None) -> str:
 
 
 def screenshot(folder: Path, side: str, name: str) -> str:
-    """A screenshot that links to its full size; an empty cell if the window was not used."""
-    if not (folder / side / f"{name}.png").exists():
-        return "<td>no window was used</td>"
-    source = html.escape(f"{side}/{name}.png")
-    return f'<td><a href="{source}"><img src="{source}" alt=""></a></td>'
-
-
-def only(folder: Path, name: str, side: str) -> str:
-    """A list's entry for a scenario of one system, with its screenshot if there is one."""
-    image = f"{side.lower()}/{name}.png"
-    shown = f'<img src="{html.escape(image)}" alt="">' if (folder / image).exists() else ""
-    return f"<li>{html.escape(name)}: {side} only{shown}</li>"
+    """A screenshot that links to its full size; without one if the window was not used."""
+    file = folder / side / f"{name}.png"
+    if not file.exists():
+        return "no window was used"
+    return f'<a href="{html.escape(f"{side}/{name}.png")}">{page.image(file, folder)}</a>'
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("folder", type=Path, help="has the records in its folders linux and windows")
 
 
@@ -71,26 +57,24 @@ def run(options: argparse.Namespace) -> int:
     if not linux or not windows:
         print(f"There are no records in {folder}/linux or {folder}/windows: run the scenarios of both.")
         return NOTHING_TO_COMPARE
-    rows, faults = [], []
-    both = [name for name in linux if name in windows]
-    for name in both:
-        cells = []
+    rows, alone, faults = [], [], []
+    for name in sorted(linux.keys() | windows.keys()):
+        images = {side: screenshot(folder, side, name) for side in ("linux", "windows")}
+        if name not in linux or name not in windows:
+            side = "linux" if name in linux else "windows"
+            alone.append(f"<li>{html.escape(name)}: {side.title()} only, {images[side]}</li>")
+            continue
+        row = f"<tr><td>{html.escape(name)}</td>"
         for aspect in ASPECTS:
+            left, right = linux[name][aspect], windows[name][aspect]
             reason = reason_to_differ(name, aspect)
-            cells.append(cell(linux[name][aspect], windows[name][aspect], reason))
-            if linux[name][aspect] != windows[name][aspect] and not reason:
+            row += cell(left, right, reason)
+            if left != right and not reason:
                 faults.append(f"{name}: {aspect}")
-        rows.append(f"<tr><td>{html.escape(name)}</td>{''.join(cells)}"
-                    f"{screenshot(folder, 'linux', name)}"
-                    f"{screenshot(folder, 'windows', name)}</tr>")
+        rows.append(row + "".join(f"<td>{shown}</td>" for shown in images.values()) + "</tr>")
     heads = "".join(f"<th>{head}</th>" for head in ("scenario", *ASPECTS, "Linux", "Windows"))
-    alone = [only(folder, name, "Linux" if name in linux else "Windows")
-             for name in sorted(linux.keys() ^ windows.keys())]
-    (folder / "index.html").write_text(
-        f"<!DOCTYPE html>\n<meta charset=\"utf-8\"><title>UninstallUI on both systems</title>\n"
-        f"<style>{STYLE}</style>\n<table><tr>{heads}</tr>\n" + "\n".join(rows)
-        + f"</table>\n<ul>{''.join(alone)}</ul>\n", "utf-8")
+    page.write(folder / "index.html", "both systems",
+               "\n".join([f"<table><tr>{heads}</tr>", *rows, f"</table>\n<ul>{''.join(alone)}</ul>"]))
     print(*(f"differs: {fault}\n" for fault in faults), sep="", end="")
-    print(f"{len(both)} scenarios side by side, {len(alone)} on one system only: {folder}/index.html")
+    print(f"{len(rows)} scenarios side by side, {len(alone)} on one system only: {folder}/index.html")
     return 1 if faults else 0
-

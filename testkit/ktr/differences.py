@@ -56,9 +56,7 @@ RECORDED_DIFFERENTLY = {
 
 def reason_to_leave_out(node: str) -> str | None:
     """Why a test, by its node identifier, is not for the Windows executable; None if it is."""
-    file, _, name = node.rpartition("/")[2].partition("::")
-    name = name.partition("[")[0]
-    return ONLY_ON_LINUX.get(f"{file}::{name}")
+    return ONLY_ON_LINUX.get(node.partition("[")[0].rpartition("/")[2])
 
 
 def reason_to_differ(name: str, aspect: str) -> str | None:

@@ -18,26 +18,20 @@ def keep(sandbox: Sandbox, folder: Path) -> Path:
     The folder is replaced. Returns it.
     """
     shutil.rmtree(folder, ignore_errors=True)
-    folder.mkdir(parents=True)
+    windows = sandbox.display.windows
     sandbox.display.screen.save(folder / "screen.png")
-    windows = sandbox.display.windows.stacking()
     lines = ["processes:", *map(str, sandbox.system.offspring(sandbox.root)),
-             "windows, the topmost last:", *map(repr, windows),
-             f"active: {sandbox.display.windows.active()!r}",
+             "windows, the topmost last:", *map(repr, windows.stacking()),
+             f"active: {windows.active()!r}",
              "started:", *map(repr, (*sandbox.programs, *sandbox.fakes))]
     (folder / "state.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
-    shutil.copytree(
-        sandbox.root, folder / "sandbox", symlinks=True, dirs_exist_ok=True,
-        ignore_dangling_symlinks=True, ignore=_left_out,
-    )
+    shutil.copytree(sandbox.root, folder / "sandbox", symlinks=True, ignore=_left_out)
     return folder
 
 
 def _left_out(directory: str, names: list[str]) -> list[str]:
     """Sockets, pipes and the like, which cannot be copied, and what is the same in every run."""
-    paths = [(name, Path(directory, name)) for name in names]
     return [
-        name for name, path in paths
+        path.name for path in (Path(directory, name) for name in names)
         if not (path.is_symlink() or path.is_file() or path.is_dir())
-        or name == WINE_PREFIX or path.is_file() and path.stat().st_size > _LARGE
-    ]
+        or path.name == WINE_PREFIX or path.is_file() and path.stat().st_size > _LARGE]

@@ -19,34 +19,19 @@ from collections.abc import Sequence
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from ktr import references
+from ktr import page, references
 from ktr.installation import REPOSITORY as ROOT
 
 BUILD = ROOT / "build" / "linux-debug"
 SCALES = ("1", "1.25", "1.5", "2")
 LANGUAGE_SCALES = ("1", "2")
-SCENES = ROOT / "tests" / "qml" / "gallery.qml"
-LANGUAGE_SCENES = ROOT / "tests" / "qml" / "tst_Languages.qml"
-LANGUAGE_FONTS = ROOT / "tests" / "qml" / "language-fonts.conf"
+QML = ROOT / "tests" / "qml"
 SCREEN = "1600x1200"
 """Holds the window with its shadow at the largest scale."""
 
-STYLE = """
-body { font: 14px sans-serif; margin: 24px; background: #f4f4f6; color: #202124; }
-section { margin-bottom: 40px; }
-nav { position: sticky; top: 0; padding: 8px 0; background: #f4f4f6; }
-figure { display: inline-block; margin: 8px 16px 8px 0; vertical-align: top; }
-figcaption { margin-bottom: 4px; color: #5f6368; }
-img { border: 1px solid #dadce0; background: repeating-conic-gradient(#fff 0 25%, #eee 0 50%)
-      0 0 / 16px 16px; }
-"""
 
-
-def take(runner: Path, scale: str, into: Path, scenes: Path = SCENES, **more: str) -> None:
-    """Runs scenes that take screenshots on a virtual display at one scale.
-
-    The names are variables of the environment, for other ones than usual.
-    """
+def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str, str]) -> None:
+    """Runs scenes that take screenshots on a virtual display at one scale."""
     with tempfile.TemporaryDirectory(prefix="ktr-gallery-") as private:
         # Fonts, themes, desktop and scale of the user would all be visible.
         environment = {name: os.environ[name] for name in ("PATH", "TMPDIR") if name in os.environ}
@@ -56,43 +41,33 @@ def take(runner: Path, scale: str, into: Path, scenes: Path = SCENES, **more: st
             "QML_DISABLE_DISK_CACHE": "1", "QT_QPA_PLATFORM": "xcb", "QT_QUICK_BACKEND": "software",
             "QT_SCALE_FACTOR": scale, "XDG_RUNTIME_DIR": private,
             # Qt complains when the window manager knows a closed window no longer.
-            "QT_LOGGING_RULES": "qt.qpa.xcb.warning=false", **more,
+            "QT_LOGGING_RULES": "qt.qpa.xcb.warning=false", **variables,
         })
-        run = subprocess.run(
-            [ROOT / "tools" / "ktr", "display", "--size", SCREEN, "--", runner, "-input", scenes],
+        done = subprocess.run(
+            [ROOT / "tools" / "ktr", "display", "--size", SCREEN, "--", runner, "-input",
+             QML / scenes],
             env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-            timeout=600, check=False,
-        )
-    if run.returncode != 0:
-        sys.exit(f"{run.stdout}\nktr gallery: the screenshots at scale {scale} could not be taken "
+            timeout=600, check=False)
+    if done.returncode != 0:
+        sys.exit(f"{done.stdout}\nktr gallery: the screenshots at scale {scale} could not be taken "
                  f"(above is why)")
 
 
-def take_all(runner: Path, scales: Sequence[str], into: Path) -> None:
-    """Takes the screenshots at all scales in parallel, each on a display of its own."""
+def take_all(runner: Path, scales: Sequence[str], into: Path, scenes: str = "gallery.qml",
+             **variables: str) -> None:
+    """Takes the screenshots at all scales in parallel, each on a display of its own.
+
+    The variables change the environment.
+    """
     with ThreadPoolExecutor(os.cpu_count()) as threads:
-        list(threads.map(lambda scale: take(runner, scale, into), scales))
+        list(threads.map(lambda scale: take(runner, scale, into, scenes, variables), scales))
 
 
-def take_languages(runner: Path, translations: Path, into: Path) -> None:
-    """Takes the panes in every language, at the scales of these, into one folder for each scale."""
-    with ThreadPoolExecutor(os.cpu_count()) as threads:
-        list(threads.map(lambda scale: take(
-            runner, scale, into, LANGUAGE_SCENES, FONTCONFIG_FILE=str(LANGUAGE_FONTS),
-            KTR_TRANSLATIONS=str(translations)), LANGUAGE_SCALES))
-
-
-def title(screenshot: Path) -> str:
-    """A screenshot's title: its file name without the number that orders it."""
-    return screenshot.stem.split("-", 1)[1]
-
-
-def figures_of(folder: Path, page: Path) -> list[str]:
+def figures_of(folder: Path, into: Path) -> list[str]:
     """The screenshots of a folder, for a page in another one above it."""
-    # Pixel for pixel, whatever the scale of the reader's display.
-    return [f"<figure><figcaption>{html.escape(title(image))}</figcaption>"
-            f'<img src="{html.escape(image.relative_to(page).as_posix())}" alt="" loading="lazy">'
-            "</figure>" for image in sorted(folder.glob("*.png"))]
+    # The title is the file name without the number that orders it.
+    return [f"<figure><figcaption>{html.escape(image.stem.split('-', 1)[1])}</figcaption>"
+            f"{page.image(image, into)}</figure>" for image in sorted(folder.glob("*.png"))]
 
 
 def write_languages(into: Path) -> int:
@@ -111,10 +86,8 @@ def write_languages(into: Path) -> int:
             count += len(figures)
             sections.append(f"<div>{''.join(figures)}</div>")
         sections.append("</section>")
-    (into / "languages.html").write_text(
-        f'<!DOCTYPE html>\n<meta charset="utf-8"><title>UninstallUI: every language</title>\n'
-        f'<style>{STYLE}</style>\n<nav><a href="index.html">Every state</a> &middot; '
-        f'{" ".join(links)}</nav>\n' + "\n".join(sections) + "\n", "utf-8")
+    nav = f'<nav><a href="index.html">Every state</a> &middot; {" ".join(links)}</nav>'
+    page.write(into / "languages.html", "every language", "\n".join([nav, *sections]))
     return count
 
 
@@ -127,12 +100,11 @@ def write_index(into: Path, scales: Sequence[str], languages: bool) -> int:
         sections.append(f'<section id="x{scale}"><h2>Scale {scale}</h2>\n' + "\n".join(figures)
                         + "</section>")
     links = " ".join(f'<a href="#x{scale}">{scale}</a>' for scale in scales)
-    (into / "index.html").write_text(
-        f"<!DOCTYPE html>\n<meta charset=\"utf-8\"><title>UninstallUI: every state</title>\n"
-        f'<style>{STYLE}</style>\n<nav>Scale {links} &middot; '
-        + ('<a href="languages.html">every language</a> &middot; ' if languages else "") +
-        '<a href="../side-by-side/index.html">both executables side by side</a>, at all scales '
-        '(./test --scenario --windows)</nav>\n' + "\n".join(sections) + "\n", "utf-8")
+    nav = (f"<nav>Scale {links} &middot; "
+           + ('<a href="languages.html">every language</a> &middot; ' if languages else "")
+           + '<a href="../side-by-side/index.html">both executables side by side</a>, at all scales '
+           "(./test --scenario --windows)</nav>")
+    page.write(into / "index.html", "every state", "\n".join([nav, *sections]))
     return count
 
 
@@ -167,7 +139,6 @@ def built_runner() -> Path:
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("--runner", type=Path, help="the interface's test program (default: built)")
     parser.add_argument("--into", type=Path, default=ROOT / "build" / "gallery",
                         help="folder, replaced as a whole (default: %(default)s)")
@@ -190,7 +161,9 @@ def run(options: argparse.Namespace) -> int:
     count = write_index(into, options.scales, options.translations is not None)
     print(f"{count} screenshots: {into}/index.html")
     if options.translations is not None:
-        take_languages(runner, options.translations.resolve(), into / "languages")
+        take_all(runner, LANGUAGE_SCALES, into / "languages", "tst_Languages.qml",
+                 FONTCONFIG_FILE=str(QML / "language-fonts.conf"),
+                 KTR_TRANSLATIONS=str(options.translations.resolve()))
         count = min(count, write_languages(into))
         print(f"every language: {into}/languages.html")
     return 0 if count else 1

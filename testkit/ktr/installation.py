@@ -20,14 +20,12 @@ _MARK = "sandbox.mark"
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("--build", type=Path, required=True, help="the build directory")
     parser.add_argument("--into", type=Path, required=True, help="the folder of the sandbox")
     parser.add_argument("--language", default="English", help="the product's language")
 
 
 def run(options: argparse.Namespace) -> int:
-    """The command."""
     assemble(options.into, language=options.language, build=options.build)
     return 0
 
@@ -37,12 +35,14 @@ def build_directory() -> Path:
     return Path(os.environ.get("KTR_BUILD") or REPOSITORY / "build" / "linux-debug").resolve()
 
 
-def assemble(
-    into: Path, program: Path | None = None, language: str = "English", build: Path | None = None
-) -> None:
+def assemble(into: Path, program: Path | None = None, language: str = "English",
+             build: Path | None = None) -> None:
     """Makes a sandbox; `program` replaces the program of the build."""
     place = into.resolve()
-    _refuse_unless_replaceable(place)
+    if place.exists() and not place.is_dir():
+        raise RuntimeError(f"{place} is not a folder; nothing was changed")
+    if place.exists() and not (place / _MARK).is_file() and any(place.iterdir()):
+        raise RuntimeError(f"{place} is no sandbox (it has no {_MARK}); nothing was changed")
     token = uuid.uuid4().hex
     tree = place.with_name(f"{place.name}.new-{token}")
     old = place.with_name(f"{place.name}.old-{token}")
@@ -124,12 +124,3 @@ def _link(source: str, target: str) -> None:
         os.link(source, target)
     except OSError:  # another file system
         shutil.copy2(source, target)
-
-
-def _refuse_unless_replaceable(place: Path) -> None:
-    if not place.exists():
-        return
-    if not place.is_dir():
-        raise RuntimeError(f"{place} is not a folder; nothing was changed")
-    if not (place / _MARK).is_file() and any(place.iterdir()):
-        raise RuntimeError(f"{place} is no sandbox (it has no {_MARK}); nothing was changed")

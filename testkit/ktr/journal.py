@@ -18,11 +18,9 @@ class Entry:
     fields: dict[str, str]
 
     def text(self, key: str) -> str:
-        """A detail as text; `KeyError` if it is missing."""
         return unquote(self.fields[key])
 
     def number(self, key: str) -> int:
-        """A detail as a number."""
         return int(self.text(key))
 
     def items(self, key: str) -> list[str]:
@@ -38,14 +36,9 @@ class Entry:
 
     def matches(self, image: str | None = None, event: str | None = None, **texts: object) -> bool:
         """Whether image, event and details match; None matches any."""
-        return (
-            image in (None, self.image)
-            and event in (None, self.event)
-            and all(
-                key in self.fields and self.text(key) == str(value)
-                for key, value in texts.items()
-            )
-        )
+        return (image in (None, self.image) and event in (None, self.event)
+                and all(key in self.fields and self.text(key) == str(value)
+                        for key, value in texts.items()))
 
 
 def parse(content: bytes) -> list[Entry]:

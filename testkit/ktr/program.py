@@ -4,15 +4,13 @@ from __future__ import annotations
 
 import subprocess
 from pathlib import Path
-from typing import TYPE_CHECKING, Callable
+from typing import Callable
 
 from ktr import layout, wait
 from ktr.display import Display
+from ktr.system import Native
 from ktr.window import Window
 from ktr.xserver import die_with_parent
-
-if TYPE_CHECKING:
-    from ktr.system import Native
 
 _PAINTED = (layout.CANCEL_NORMAL, layout.CANCEL_HOVERED)
 """How the filled button looks, the pointer being elsewhere or just there."""
@@ -21,31 +19,23 @@ _PAINTED = (layout.CANCEL_NORMAL, layout.CANCEL_HOVERED)
 class Started:
     """A running or ended process with its output in files of its own."""
 
-    def __init__(
-        self, command: list[str], environment: dict[str, str], directory: Path, log: Path
-    ) -> None:
-        self.command = command
-        self.environment = environment
-        self.stdout_file = log.with_name(log.name + ".out")
-        self.stderr_file = log.with_name(log.name + ".err")
+    def __init__(self, command: list[str], environment: dict[str, str], directory: Path, log: Path
+                 ) -> None:
+        self._name = Path(command[0]).name
+        self._stdout = log.with_name(log.name + ".out")
+        self._stderr = log.with_name(log.name + ".err")
         self._killed = False
-        with open(self.stdout_file, "wb") as out, open(self.stderr_file, "wb") as err:
+        with open(self._stdout, "wb") as out, open(self._stderr, "wb") as err:
             self._process = subprocess.Popen(
                 command, env=environment, cwd=directory, stdin=subprocess.DEVNULL,
-                stdout=out, stderr=err, preexec_fn=die_with_parent,
-            )
+                stdout=out, stderr=err, preexec_fn=die_with_parent)
+        self.pid = self._process.pid
 
     def __repr__(self) -> str:
-        return f"<{Path(self.command[0]).name} {self.pid}, {self.ending}>"
-
-    @property
-    def pid(self) -> int:
-        """The process id."""
-        return self._process.pid
+        return f"<{self._name} {self.pid}, {self.ending}>"
 
     @property
     def running(self) -> bool:
-        """Whether it has not ended yet."""
         return self._process.poll() is None
 
     @property
@@ -58,21 +48,20 @@ class Started:
     @property
     def stdout(self) -> str:
         """What it, and processes that inherited its standard output, have written so far."""
-        return self.stdout_file.read_text(encoding="utf-8", errors="replace")
+        return self._stdout.read_text(encoding="utf-8", errors="replace")
 
     @property
     def stderr(self) -> str:
         """The same for standard error."""
-        return self.stderr_file.read_text(encoding="utf-8", errors="replace")
+        return self._stderr.read_text(encoding="utf-8", errors="replace")
 
     def wait_exit(self, deadline: float = wait.DEADLINE) -> int:
         """Waits until it ends; returns its status, negative for a signal."""
         try:
             return self._process.wait(deadline)
         except subprocess.TimeoutExpired:
-            raise wait.TimedOut(
-                f"waited {deadline:g} s for {self!r} to end; its standard error: {self.stderr!r}"
-            ) from None
+            raise wait.TimedOut(f"waited {deadline:g} s for {self!r} to end; "
+                                f"its standard error: {self.stderr!r}") from None
 
     def kill(self) -> None:
         """Ends it at once; no effect on one that has ended."""
@@ -84,10 +73,8 @@ class Started:
 class RunningProgram(Started):
     """The program under test."""
 
-    def __init__(
-        self, command: list[str], environment: dict[str, str], directory: Path, log: Path,
-        display: Display, system: "Native",
-    ) -> None:
+    def __init__(self, command: list[str], environment: dict[str, str], directory: Path, log: Path,
+                 display: Display, system: Native) -> None:
         super().__init__(command, environment, directory, log)
         self.display = display
         self._system = system
@@ -114,16 +101,14 @@ class RunningProgram(Started):
         box.wait_colour(layout.face(layout.BOX_OK), _PAINTED, deadline)
         return box
 
-    def _wait_window(
-        self, choose: Callable[[list[Window]], list[Window]], what: str, deadline: float
-    ) -> Window:
+    def _wait_window(self, choose: Callable[[list[Window]], list[Window]], what: str,
+                     deadline: float) -> Window:
         def look() -> list[Window]:
             chosen = choose(self.windows())
             if not chosen and not self.running:
                 raise wait.Doomed(f"{self!r} before {what} came; standard error: {self.stderr!r}")
             return chosen
 
-        shown: list[Window] = wait.until(
-            look, what, deadline, accept=lambda seen: bool(seen) and seen[0].visible
-        )
+        shown: list[Window] = wait.until(look, what, deadline,
+                                         accept=lambda seen: bool(seen) and seen[0].visible)
         return shown[0]

@@ -7,6 +7,7 @@ from __future__ import annotations
 
 import json
 import re
+from contextlib import suppress
 from pathlib import Path
 
 from ktr import tree
@@ -50,7 +51,9 @@ class Recorder:
                        if entry.event == "SkyrelSendInfo"],
             "configuration": [self._line(entry) for entry in entries
                               if "config" in entry.image and entry.event != "load"],
-            "processes": self._processes(entries),
+            "processes": sorted(self._line(entry) for entry in entries
+                                if entry.event in ("start", "end") and entry.image not in _OFTEN)
+                         + sorted({self._line(entry) for entry in entries if entry.image in _OFTEN}),
             "files": sorted(line for kind, paths in vars(change).items()
                             for line in (self._plain(f"{kind} {path}") for path in paths)
                             if not _SETTINGS.fullmatch(line)),
@@ -65,19 +68,11 @@ class Recorder:
 
     def _look(self, window: Window) -> None:
         """Keeps a screenshot of the main window, with windows that cover it."""
-        program = next((one for one in self._sandbox.programs
-                        if one.running and window in one.windows()), None)
-        if program is not None:
-            try:
-                self._screenshot = program.windows()[0].screenshot()
-            except ValueError:
-                pass  # Partly off the screen: the previous screenshot shows more.
-
-    def _processes(self, entries: list[Entry]) -> list[str]:
-        told = [self._line(entry) for entry in entries
-                if entry.event in ("start", "end") and entry.image not in _OFTEN]
-        often = {self._line(entry) for entry in entries if entry.image in _OFTEN}
-        return sorted(told) + sorted(often)
+        for program in self._sandbox.programs:
+            if program.running and window in program.windows():
+                # Partly off the screen, the previous screenshot shows more.
+                with suppress(ValueError):
+                    self._screenshot = program.windows()[0].screenshot()
 
     def _line(self, entry: Entry) -> str:
         fields = [f"{key}={entry.text(key)}" for key in entry.fields if not _ONLY_HERE.fullmatch(key)]

@@ -3,7 +3,7 @@
 from __future__ import annotations
 
 import re
-from functools import cached_property
+from functools import cached_property, reduce
 from pathlib import Path
 
 from PIL import Image, ImageChops
@@ -56,9 +56,7 @@ class Comparison:
     def _off(self) -> Image.Image:
         """By how much each pixel is off, in its worst channel, where that is too much; otherwise 0."""
         bands = ImageChops.difference(self._actual, self._reference).split()
-        worst = bands[0]
-        for band in bands[1:]:
-            worst = ImageChops.lighter(worst, band)
+        worst = reduce(ImageChops.lighter, bands)
         return worst.point([0] * (TOLERANCE + 1) + list(range(TOLERANCE + 1, 256)))
 
     @property

@@ -5,7 +5,7 @@ from __future__ import annotations
 import shutil
 import struct
 import tempfile
-from contextlib import AbstractContextManager, ExitStack, contextmanager
+from contextlib import AbstractContextManager, ExitStack, contextmanager, suppress
 from pathlib import Path
 from typing import Callable, Iterable, Iterator
 
@@ -14,7 +14,7 @@ from ktr.display import Display
 from ktr.installation import assemble, configure
 from ktr.journal import Entry, parse
 from ktr.program import RunningProgram, Started
-from ktr.system import Native, Process, RegistryValue
+from ktr.system import Process, RegistryValue
 from ktr.target import system_under_test
 
 FOLDERS = ("Dravik", "home", "tmp", "run")
@@ -27,15 +27,10 @@ class Sandbox:
     `cleanup` ends what runs in it and removes a temporary one.
     """
 
-    def __init__(
-        self,
-        display: Display,
-        lay_out: Callable[[Path], None] = assemble,
-        system: Native | None = None,
-        root: Path | None = None,
-    ) -> None:
+    def __init__(self, display: Display, lay_out: Callable[[Path], None] = assemble,
+                 root: Path | None = None) -> None:
         self.display = display
-        self.system = system or system_under_test()
+        self.system = system_under_test()
         # Short, since the program's own paths have a limit, and real, since /proc tells real paths.
         self._temporary = root is None
         self._end = ExitStack()
@@ -53,6 +48,9 @@ class Sandbox:
         self.bin = self.root / "Dravik" / "bin"
         self.home = self.root / "home"
         self.temp = self.root / "tmp"
+        self.program_file = self.bin / self.system.program_name
+        self.handle_file = self.bin / "hwndFile.ini"
+        """Where the program publishes its window."""
         self.before_start: Callable[[], None] = lambda: None
         """Called before the program is started."""
         self.programs: list[RunningProgram] = []
@@ -75,11 +73,9 @@ class Sandbox:
                     return file
         raise FileNotFoundError(f"nothing is called {name} in {self.root}")
 
-    def set_registry(
-        self, language: RegistryValue = None, oem: RegistryValue = None,
-        xurl_id: RegistryValue = None,
-        xurl_key: str = "Software\\WOW6432Node\\TORVAN\\KTR_dd",
-    ) -> None:
+    def set_registry(self, language: RegistryValue = None, oem: RegistryValue = None,
+                     xurl_id: RegistryValue = None,
+                     xurl_key: str = "Software\\WOW6432Node\\TORVAN\\KTR_dd") -> None:
         """What the product's setup has recorded; None leaves the value out."""
         self.system.write_registry(self.bin, {
             ("Software\\TORVAN\\KTR", "Language"): language,
@@ -94,9 +90,8 @@ class Sandbox:
         self.configure(name, hold_file=file)
         return file
 
-    def spawn(
-        self, name: str, inside: bool = True, called: str | None = None, **settings: object
-    ) -> Started:
+    def spawn(self, name: str, inside: bool = True, called: str | None = None, **settings: object
+              ) -> Started:
         """Starts a fake from the test rather than from the program.
 
         `inside` the program directory, or in a folder elsewhere; `called` another name (in another
@@ -107,28 +102,20 @@ class Sandbox:
         if executable != source:
             shutil.copy2(source, executable)
         configure(executable, **settings)
-        started = Started(
-            self.system.command(executable, []), self.environment(), self.root,
-            self._log(executable.name),
-        )
+        started = Started(self.system.command(executable, []), self.environment(), self.root,
+                          self._log(executable.name))
         self.fakes.append(started)
         return started
 
     # The program -------------------------------------------------------------------------------
 
-    @property
-    def program_file(self) -> Path:
-        """The executable under test."""
-        return self.bin / self.system.program_name
-
     def environment(self) -> dict[str, str]:
         """The whole environment of every program that is started here."""
         return self.system.environment(self.root, self.display.name, self._tools)
 
-    def start(
-        self, arguments: Iterable[str] = (), environment: dict[str, str | None] | None = None,
-        under: Iterable[str] = (),
-    ) -> RunningProgram:
+    def start(self, arguments: Iterable[str] = (),
+              environment: dict[str, str | None] | None = None, under: Iterable[str] = ()
+              ) -> RunningProgram:
         """Starts the program; `environment` adds variables, or removes those given as None.
 
         `under` is the command line of a program that executes the program, as `nice` does.
@@ -139,84 +126,59 @@ class Sandbox:
         program = RunningProgram(
             [*under, *self.system.command(self.program_file, list(arguments))],
             {name: value for name, value in variables.items() if value is not None},
-            self.root, self._log(self.program_file.name), self.display, self.system,
-        )
+            self.root, self._log(self.program_file.name), self.display, self.system)
         self.programs.append(program)
         return program
 
     # What has happened -------------------------------------------------------------------------
 
-    def journal(
-        self, image: str | None = None, event: str | None = None, **texts: object
-    ) -> list[Entry]:
+    def journal(self, image: str | None = None, event: str | None = None, **texts: object
+                ) -> list[Entry]:
         """What the fakes have noted so far, or those entries that match."""
-        try:
-            content = (self.root / "journal.log").read_bytes()
-        except FileNotFoundError:
-            content = b""
-        return [entry for entry in parse(content) if entry.matches(image, event, **texts)]
+        file = self.root / "journal.log"
+        entries = parse(file.read_bytes()) if file.exists() else []
+        return [entry for entry in entries if entry.matches(image, event, **texts)]
 
     def forget_journal(self) -> None:
         """Empties the journal; no fake may be writing."""
         (self.root / "journal.log").unlink(missing_ok=True)
 
-    def wait_for_journal(
-        self, wanted: Callable[[Entry], object], what: str,
-        deadline: float = wait.DEADLINE,
-    ) -> Entry:
-        """Waits for the first entry that `wanted` accepts."""
-        entries: list[Entry] = wait.until(
-            self.journal, f"{what} in the journal", deadline,
-            accept=lambda seen: any(wanted(entry) for entry in seen),
-        )
-        return next(entry for entry in entries if wanted(entry))
+    def wait_noted(self, image: str, event: str, deadline: float = wait.DEADLINE, **texts: object
+                   ) -> Entry:
+        """Waits for the first entry with this image, event and details."""
+        def matching(entries: list[Entry]) -> list[Entry]:
+            return [entry for entry in entries if entry.matches(image, event, **texts)]
 
-    def wait_noted(
-        self, image: str, event: str, deadline: float = wait.DEADLINE, **texts: object
-    ) -> Entry:
-        """Waits for an entry by its image, event and details."""
-        return self.wait_for_journal(
-            lambda entry: entry.matches(image, event, **texts),
-            f"{image} {event} {texts or ''}".strip(), deadline,
-        )
+        what = f"{image} {event} {texts or ''}".strip()
+        return matching(wait.until(self.journal, f"{what} in the journal", deadline, matching))[0]
 
     def processes(self, name: str | None = None) -> list[Process]:
         """The running processes of this sandbox, or those of one exact image name."""
         found = self.system.processes(self.root)
         return [process for process in found if name in (None, process.name)]
 
-    def wait_processes(
-        self, name: str, count: int, deadline: float = wait.DEADLINE
-    ) -> list[Process]:
+    def wait_processes(self, name: str, count: int, deadline: float = wait.DEADLINE
+                       ) -> list[Process]:
         """Waits until so many processes of that image name run."""
-        return wait.until(
-            lambda: self.processes(name), f"{count} processes {name}", deadline,
-            accept=lambda seen: len(seen) == count,
-        )
+        return wait.until(lambda: self.processes(name), f"{count} processes {name}", deadline,
+                          accept=lambda seen: len(seen) == count)
 
     def shown(self, path: Path) -> str:
         """A path as the programs in the sandbox write it."""
         return self.system.shown(path)
 
     def snapshot(self, folders: tuple[str, ...] = FOLDERS) -> tree.Tree:
-        """What lies in the installation and in the user's folders, for `tree.compare`."""
+        """What the folders hold, for `tree.compare`."""
         return tree.snapshot(self.root, folders)
 
     # The instance's lock and handle ------------------------------------------------------------
 
-    @property
-    def handle_file(self) -> Path:
-        """Where the program publishes its window."""
-        return self.bin / "hwndFile.ini"
-
     def read_handle(self) -> int | None:
         """The published window identifier; None without a file. Other sizes than 8 fail."""
         try:
-            content = self.handle_file.read_bytes()
+            return int(struct.unpack("<Q", self.handle_file.read_bytes())[0])
         except FileNotFoundError:
             return None
-        handle: int = struct.unpack("<Q", content)[0]
-        return handle
 
     def write_handle(self, content: int | bytes) -> None:
         """Replaces the handle file by a number in its form, or by any bytes."""
@@ -240,14 +202,9 @@ class Sandbox:
 
     def leftovers(self, deadline: float = 20.0) -> list[Process]:
         """Processes that still run here after a while to end by themselves."""
-        try:
-            wait.until(
-                lambda: self.system.offspring(self.root), "no process to be left", deadline,
-                accept=lambda seen: not seen,
-            )
-        except wait.TimedOut:
-            return self.system.offspring(self.root)
-        return []
+        with suppress(wait.TimedOut):
+            wait.until(lambda: not self.system.offspring(self.root), "no process", deadline)
+        return self.system.offspring(self.root)
 
     def cleanup(self) -> None:
         """Ends every process of this sandbox and removes it."""

@@ -9,7 +9,7 @@ from __future__ import annotations
 import fcntl
 import os
 import signal
-from contextlib import contextmanager
+from contextlib import contextmanager, suppress
 from dataclasses import dataclass
 from pathlib import Path
 from typing import TYPE_CHECKING, Iterator, Union
@@ -37,7 +37,6 @@ class Process:
 
     @property
     def name(self) -> str:
-        """The image name."""
         return self.executable.name
 
     def __str__(self) -> str:
@@ -52,6 +51,9 @@ class Raw:
     data: bytes
 
 
+REGISTRY_FILE = "Windows Registry Editor Version 5.00\n\n"
+"""How a registry file begins."""
+
 RegistryValue = Union[str, Raw, None]
 """What a registry value holds: a text or something else; None is no value."""
 
@@ -61,26 +63,18 @@ class Native:
 
     program_name = "UninstallUI"
     executable_suffix = ""
-    commands = "tools"
-    """The sandbox folder that leads the search path for system commands."""
-    empty_variable = "empty"
-    """What happens to a variable that the program sets to an empty value."""
-    has_lock_file = True
-    """Whether the single-instance lock is a file, which stays."""
+    commands = "tools"  # the sandbox folder that leads the search path for system commands
+    empty_variable = "empty"  # what happens to a variable that the program sets to an empty value
+    has_lock_file = True  # whether the single-instance lock is a file, which stays
     has_execute_bit = True
-    """Whether files have an execute bit."""
-    gives_focus = True
-    """Whether a window that another program brings to the front gets the focus, too."""
-    modules_beside_program = False
-    """Whether Qt's QML modules lie beside the program rather than in the system."""
-    handle_bits = 64
-    """How many bits of a window handle are significant."""
+    gives_focus = True  # whether a window that another program brings to the front gets the focus
+    modules_beside_program = False  # whether Qt's QML modules lie there, not in the system
+    handle_bits = 64  # how many bits of a window handle are significant
+    terminated = -signal.SIGKILL  # the status of a process that another one has terminated
+    # A command that drops the rights of root, so that file permissions count.
     without_privileges = (
         ("/usr/bin/setpriv", "--bounding-set=-dac_override,-dac_read_search")
         if os.geteuid() == 0 else ())
-    """A command that drops the rights of root, so that file permissions count."""
-    terminated = -signal.SIGKILL
-    """The status of a process that another one has terminated."""
 
     def prepare(self, root: Path) -> None:
         """Prepares a new sandbox beyond its files: nothing to do."""
@@ -106,7 +100,7 @@ class Native:
         """A text after conversion to the system's multibyte encoding and back."""
         return text
 
-    def publishes(self, handle: int | None, window: "Window") -> bool:
+    def publishes(self, handle: int | None, window: Window) -> bool:
         """Whether a published handle is that of a window."""
         return handle == window.identifier
 
@@ -115,11 +109,7 @@ class Native:
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
         """Replaces the registry with these values under the local machine; None is left out."""
-        lines = ["Windows Registry Editor Version 5.00", ""]
-        for (key, name), value in values.items():
-            if value is not None:
-                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"={exported(value)}', ""]
-        (program / "registry.reg").write_text("\n".join(lines), encoding="utf-8")
+        (program / "registry.reg").write_text(REGISTRY_FILE + machine_values(values), "utf-8")
 
     def command(self, executable: Path, arguments: list[str]) -> list[str]:
         """The command line that starts an executable."""
@@ -130,9 +120,8 @@ class Native:
 
         `tools` replaces the sandbox's own folder at the front of PATH.
         """
-        passed = {name: os.environ[name] for name in PASSED_THROUGH if name in os.environ}
         return {
-            **passed,
+            **{name: os.environ[name] for name in PASSED_THROUGH if name in os.environ},
             "PATH": f"{tools or root / 'tools'}:/usr/local/bin:/usr/bin:/bin",
             "LD_LIBRARY_PATH": f"{root}/config",
             "HOME": f"{root}/home",
@@ -150,7 +139,7 @@ class Native:
 
     def processes(self, root: Path) -> list[Process]:
         """All processes whose executable lies below a directory, by the real path."""
-        return [process for process, _ in all_processes() if _below(process.executable, root)]
+        return [process for process, _ in all_processes() if root in process.executable.parents]
 
     def offspring(self, root: Path) -> list[Process]:
         """All processes that belong to the sandbox at `root`.
@@ -160,15 +149,13 @@ class Native:
         their environment gives them away.
         """
         return [process for process, details in all_processes()
-                if _below(process.executable, root)
+                if root in process.executable.parents
                 or variable_of(details, "XDG_RUNTIME_DIR") == f"{root}/run"]
 
     def end(self, process: Process) -> None:
         """Ends a process at once; one that has gone already is fine."""
-        try:
+        with suppress(ProcessLookupError):
             os.kill(process.pid, signal.SIGKILL)
-        except ProcessLookupError:
-            pass
 
     def lock_file(self, root: Path) -> Path:
         """The file whose lock stands for the named mutex."""
@@ -203,8 +190,16 @@ class Native:
             os.close(descriptor)
 
 
-def exported(value: str | Raw) -> str:
-    """A registry value as the registry's editor exports it."""
+def machine_values(values: dict[tuple[str, str], RegistryValue]) -> str:
+    """Values under the local machine in a registry file; None is left out."""
+    return "".join(f'[HKEY_LOCAL_MACHINE\\{key}]\n"{name}"={exported(value)}\n\n'
+                   for (key, name), value in values.items() if value is not None)
+
+
+def exported(value: RegistryValue) -> str:
+    """A registry value as the registry's editor exports it; None removes it."""
+    if value is None:
+        return "-"
     if isinstance(value, Raw):
         return f"hex({value.kind:x}):" + ",".join(f"{byte:02x}" for byte in value.data)
     return '"' + value.replace("\\", "\\\\").replace('"', '\\"') + '"'
@@ -228,7 +223,3 @@ def variable_of(process: psutil.Process, name: str) -> str:
         return str(process.environ().get(name, ""))
     except (psutil.Error, OSError):
         return ""
-
-
-def _below(path: Path, root: Path) -> bool:
-    return root in path.parents

@@ -11,13 +11,13 @@ import shutil
 import subprocess
 from contextlib import contextmanager
 from pathlib import Path, PureWindowsPath
-from typing import Iterator
+from typing import IO, Iterator, cast
 
 from ktr import prefix, wait
 from ktr.installation import build_directory
 from ktr.system import (
-    MUTEX, Native, Process, RegistryValue, all_processes, exported, variable_of,
-)
+    MUTEX, REGISTRY_FILE, Native, Process, Raw, RegistryValue, all_processes, exported,
+    machine_values, variable_of)
 
 WINE_PREFIX = "prefix"
 """The folder of a sandbox in which Wine keeps its system."""
@@ -45,18 +45,18 @@ class Wine(Native):
     def prepare(self, root: Path) -> None:
         """Makes the prefix of a sandbox that has just been laid out."""
         values = root / "Dravik" / "bin" / "registry.reg"
-        text = values.read_text(encoding="utf-8")
+        temporary = self.shown(root / "tmp")
+        self._import(root, values.read_text(encoding="utf-8").removeprefix(REGISTRY_FILE)
+                     + _user_values("Environment", {
+                         "TEMP": temporary, "TMP": temporary,
+                         "KTR_NOTE": self.shown(root / "tools" / "note.exe"),
+                         # Without a console, messages would go to the debugger.
+                         "QT_FORCE_STDERR_LOGGING": "1"})
+                     # A program that crashes ends, without a dialog about it.
+                     + _user_values("Software\\Wine\\WineDbg", {"ShowCrashDialog": Raw(4, bytes(4))})
+                     # The system's own font is not free; Wine would take one with serifs.
+                     + _user_values("Software\\Wine\\Fonts\\Replacements", {"Segoe UI": "Open Sans"}))
         values.unlink()
-        self._import(root, text + "\n[HKEY_CURRENT_USER\\Environment]\n" + "".join(
-            f'"{name}"={exported(self.shown(root / "tmp"))}\n' for name in ("TEMP", "TMP"))
-            + f'"KTR_NOTE"={exported(self.shown(root / "tools" / "note.exe"))}\n'
-            # Without a console, messages would go to the debugger.
-            + '"QT_FORCE_STDERR_LOGGING"="1"\n'
-            # A program that crashes ends, without a dialog about it.
-            + '\n[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\n"ShowCrashDialog"=dword:00000000\n'
-            # A free font like the system's own, which is not; else Wine would take one with serifs.
-            + '\n[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\n'
-            '"Segoe UI"="Open Sans"\n')
 
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
         """Sets variables that Wine keeps from its programs for those that start from now on.
@@ -64,80 +64,54 @@ class Wine(Native):
         Wine drops Qt's variables, which it takes for another system's, and has folders
         for temporary files of its own.
         """
-        kept = {name: value or None for name, value in variables.items()
-                if name.startswith("QT_") or name in ("TEMP", "TMP")}
+        kept: dict[str, RegistryValue] = {
+            name: value or None for name, value in variables.items()
+            if name.startswith("QT_") or name in ("TEMP", "TMP")}
         if kept:
             self.set_user_values(root, "Environment", kept)
 
-    def set_user_values(self, root: Path, key: str, values: dict[str, str | None]) -> None:
-        """Sets texts in a key below the current user; None removes one."""
-        self._import(root, "Windows Registry Editor Version 5.00\n\n"
-                     f"[HKEY_CURRENT_USER\\{key}]\n" + "".join(
-                         f'"{name}"=' + (exported(value) if value is not None else "-") + "\n"
-                         for name, value in values.items()))
+    def set_user_values(self, root: Path, key: str, values: dict[str, RegistryValue]) -> None:
+        """Sets values of a key below the current user; None removes one."""
+        self._import(root, _user_values(key, values))
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
-        """Replaces the product's values under the local machine; None is left out."""
-        lines = [f"[-HKEY_LOCAL_MACHINE\\{key}]" for key in _KEYS]
-        for (key, name), value in values.items():
-            if value is not None:
-                lines += [f"[HKEY_LOCAL_MACHINE\\{key}]", f'"{name}"={exported(value)}']
-        self._import(program.parents[1], "Windows Registry Editor Version 5.00\n\n"
-                     + "\n".join(lines) + "\n")
+        removed = "".join(f"[-HKEY_LOCAL_MACHINE\\{key}]\n" for key in _KEYS)
+        self._import(program.parents[1], removed + machine_values(values))
 
     def set_drop_shadow(self, root: Path, shown: bool) -> None:
         """The user's setting whether windows and menus have a shadow."""
-        mask = "10,00,06,80" if shown else "10,00,02,80"
-        self._import(root, "Windows Registry Editor Version 5.00\n\n"
-                     "[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"
-                     f'"UserPreferencesMask"=hex:{mask}\n')
+        mask = bytes((0x10, 0, 6 if shown else 2, 0x80))
+        self.set_user_values(root, "Control Panel\\Desktop", {"UserPreferencesMask": Raw(3, mask)})
 
     def set_scale(self, root: Path, percent: int) -> None:
         """The user's setting of how large everything is on the screen."""
-        self._import(root, "Windows Registry Editor Version 5.00\n\n"
-                     "[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"
-                     f'"LogPixels"=dword:{96 * percent // 100:08x}\n')
+        dots = (96 * percent // 100).to_bytes(4, "little")
+        self.set_user_values(root, "Control Panel\\Desktop", {"LogPixels": Raw(4, dots)})
 
     def command(self, executable: Path, arguments: list[str]) -> list[str]:
-        """The command line that starts an executable."""
         return ["/usr/bin/wine", str(executable), *arguments]
 
     def environment(self, root: Path, display: str, tools: Path | None = None) -> dict[str, str]:
-        """The whole environment of a program in the sandbox at `root`; nothing else leaks in.
-
-        `tools` replaces the sandbox's own folder at the front of PATH.
-        """
-        return {
-            "PATH": f"{tools or root / 'tools'}:/usr/local/bin:/usr/bin:/bin",
-            "HOME": f"{root}/home",
-            "XDG_RUNTIME_DIR": f"{root}/run",
-            "DISPLAY": display,
-            **prefix.SETTINGS,
-            "WINEPREFIX": str(_prefix(root)),
-        }
+        native = super().environment(root, display, tools)
+        kept = {name: native[name] for name in ("PATH", "HOME", "XDG_RUNTIME_DIR", "DISPLAY")}
+        return {**kept, **prefix.SETTINGS, "WINEPREFIX": str(_prefix(root))}
 
     def shown(self, path: Path) -> str:
-        """A path as the programs of the system write it."""
         return "Z:" + str(path).replace("/", "\\")
 
     def hide_modules(self, program: Path) -> None:
-        """Keeps Qt from finding its QML modules: removes those beside the program."""
         shutil.rmtree(program / "QtQuick" / "Controls.2")
 
     def empty_from_outside(self, name: str) -> str:
-        """What a program sees of a variable that is set to nothing for it."""
         return "unset" if name.startswith("QT_") else "empty"
 
     def multibyte(self, text: str) -> str:
-        """A text after its way through the ANSI code page."""
         return text.encode("cp1252", "replace").decode("cp1252")
 
     def publishes(self, handle: int | None, window: object) -> bool:
-        """Whether a published handle may be that of a window: X11 does not know Windows' handles."""
-        return handle is not None and handle != 0
+        return bool(handle)  # X11 does not know the handles of Windows.
 
     def processes(self, root: Path) -> list[Process]:
-        """All processes of the prefix whose executable lies below a directory."""
         return [process for process in self.offspring(root)
                 if root in process.executable.parents
                 and _prefix(root) not in process.executable.parents]
@@ -148,7 +122,6 @@ class Wine(Native):
                 if not _is_wines_own(root, executable)]
 
     def finish(self, root: Path) -> None:
-        """Ends what Wine itself still runs for the sandbox."""
         if _prefix(root).exists():
             subprocess.run(["/usr/bin/wineserver", "-k"], env=self.environment(root, ""),
                            check=False, capture_output=True, timeout=60)
@@ -156,23 +129,19 @@ class Wine(Native):
                        accept=lambda left: not left)
 
     def instance_lock_held(self, root: Path) -> bool:
-        """Whether a process has the single-instance mutex."""
         return self._mutex(root, "probe").wait(wait.DEADLINE) == 1
 
     @contextmanager
     def holding_instance_lock(self, root: Path) -> Iterator[None]:
-        """Holds the single-instance mutex as an instance without a window would."""
         with self._mutex(root, "hold") as holder:
-            if not holder.stdin or not holder.stdout \
-                    or holder.stdout.readline().strip() != b"held":
+            if cast(IO[bytes], holder.stdout).readline().strip() != b"held":
                 raise RuntimeError("the mutex could not be held")
             try:
                 yield
             finally:
-                holder.stdin.close()
-                holder.wait(wait.DEADLINE)
+                holder.communicate(timeout=wait.DEADLINE)
 
-    def _mutex(self, root: Path, what: str) -> "subprocess.Popen[bytes]":
+    def _mutex(self, root: Path, what: str) -> subprocess.Popen[bytes]:
         tool = build_directory() / "tests" / "package" / "mutex.exe"
         return subprocess.Popen(
             self.command(tool, [what, MUTEX]), env=self.environment(root, ""), cwd=root,
@@ -181,17 +150,22 @@ class Wine(Native):
     def _import(self, root: Path, text: str) -> None:
         file = root / "run" / "import.reg"
         file.parent.mkdir(exist_ok=True)
-        file.write_text(text, encoding="utf-16")
+        file.write_text(REGISTRY_FILE + text, encoding="utf-16")
         prefix.make(str(_prefix(root)))
         environment = {**os.environ, **prefix.SETTINGS, "WINEPREFIX": str(_prefix(root))}
         environment.pop("DISPLAY", None)
         prefix.start_server(environment)
-        done = subprocess.run(["/usr/bin/wine", "regedit", "/S", self.shown(file)],
-                              env=environment, capture_output=True, text=True, timeout=120,
-                              check=False)
+        done = subprocess.run(self.command(Path("regedit"), ["/S", self.shown(file)]),
+                              env=environment, capture_output=True, text=True, timeout=120)
         file.unlink()
         if done.returncode != 0:
             raise RuntimeError(f"the registry could not be written: {done.stderr}")
+
+
+def _user_values(key: str, values: dict[str, RegistryValue]) -> str:
+    """Values of a key below the current user in a registry file."""
+    return f"\n[HKEY_CURRENT_USER\\{key}]\n" + "".join(
+        f'"{name}"={exported(value)}\n' for name, value in values.items())
 
 
 def _prefix(root: Path) -> Path:
