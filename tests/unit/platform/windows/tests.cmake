@@ -1,6 +1,7 @@
 ktr_add_contract_test(platform_windows_test
     windows/handle_test.cpp
     windows/launch_test.cpp
+    windows/named_mutex_test.cpp
     windows/paths_test.cpp
     windows/processes_test.cpp
     windows/replaced_import.h)
