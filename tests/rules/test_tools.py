@@ -149,3 +149,18 @@ def test_a_step_over_its_budget_is_listed_but_passes(tmp_path: Path) -> None:
                           check=False)
     over = done.stdout.partition("over:\n")[2].splitlines()
     assert [line.split()[0] for line in over] == ["slow"], done.stderr
+
+
+@pytest.mark.parametrize("case, counts", (
+    ('status="run"/>', "1 passed, 0 failed, 0 skipped"),
+    ('status="fail"/>', "0 passed, 1 failed, 0 skipped"),
+    ('status="notrun"><skipped message="SKIP_RETURN_CODE=77"/></testcase>',
+     "0 passed, 0 failed, 1 skipped"),
+    ('status="notrun"><skipped message="Unable to find executable: x"/></testcase>',
+     "0 passed, 1 failed, 0 skipped"),
+))
+def test_the_summary_counts_a_test(tmp_path: Path, case: str, counts: str) -> None:
+    (tmp_path / "all.xml").write_text(f'<testsuite><testcase name="one" {case}</testsuite>')
+    done = run(TOOLS / "test-summary", tmp_path)
+    assert done.stdout.splitlines()[-1] == counts
+    assert done.returncode == (counts[0] == "0")
