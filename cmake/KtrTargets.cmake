@@ -21,7 +21,7 @@ endif()
 
 # Code coverage, for tools/coverage.
 function(ktr_target_counters target)
-    # Several threads count, and several processes write to one file in the build directory.
+    # Threads update counters atomically; processes share one file in the build directory.
     target_compile_options(${target} PRIVATE --coverage -O0 -fprofile-update=atomic
         -fprofile-abs-path)
     target_link_options(${target} PRIVATE --coverage)
@@ -50,7 +50,7 @@ function(ktr_target_defaults target)
         # The program supports Windows 7 and later, as its manifest says.
         target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0601
             _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
-        # Guarded stacks, and no traces of the machine that built it.
+        # Stack protector; no paths of the build machine.
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong>
             "$<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>")

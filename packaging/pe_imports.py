@@ -1,4 +1,4 @@
-"""What a Windows program or library asks for."""
+"""The imports of a PE file."""
 
 from __future__ import annotations
 
@@ -8,7 +8,7 @@ import pefile
 
 
 def imports_of(file: Path) -> set[str]:
-    """The names, in lower case, of the DLLs that it imports, also of those loaded on demand."""
+    """The names, in lower case, of the DLLs that it imports, including delay-loaded ones."""
     image = pefile.PE(str(file), fast_load=True)
     image.parse_data_directories([
         pefile.DIRECTORY_ENTRY["IMAGE_DIRECTORY_ENTRY_IMPORT"],

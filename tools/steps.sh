@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# For sourcing: runs the steps of ./run and ./test quietly, says how long each took, and shows a
-# step's output only when it failed.
+# For sourcing: runs the steps of a script quietly, prints how long each took, and shows a step's
+# output only if it failed.
 
 steps_dir=build/logs
 mkdir -p "$steps_dir"

@@ -10,10 +10,10 @@ struct CleanupScript
     QString staged; ///< in the temp directory
 };
 
-/// Where the script of the program in `programDir` (forward slashes) lies and goes.
+/// Source and staged path of the script, for the program in `programDir` (forward slashes).
 CleanupScript LocateCleanupScript(const QString &programDir);
 
-/// Copies the script to its staged place, over an older copy. A missing script leaves none.
+/// Copies the script to its staged path. Replaces an older copy; without a source, removes it.
 void StageCleanupScript(const CleanupScript &script);
 
 /// The command line that removes what is left of the product: the staged script, unquoted, and the

@@ -17,7 +17,7 @@ void EnterProgramDirectory()
 {
     const std::wstring executable = platform::ExecutablePathWide(platform::kPathCapacity);
     const std::size_t cut = executable.rfind(platform::kNativeSeparatorWide);
-    // Deliberately without effect: what is handed over is what remains at the cut, not before it.
+    // Deliberately has no effect: it passes the empty rest after the cut, not the path before it.
     platform::ChangeDirectory(cut == std::wstring::npos ? nullptr : L"");
 
     const QString directory =

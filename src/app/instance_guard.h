@@ -1,9 +1,9 @@
 #pragma once
 
-/// Takes the lock of the one running instance. True when another instance has it, also one whose
-/// lock may not be opened; this process holds nothing then. A lock that cannot be taken for any
-/// other reason counts as "no other instance". Main thread.
+/// Tries to own the single-instance mutex. True if another instance has it, or if it may not be
+/// opened; this process then holds nothing. Any other failure counts as "no other instance". Main
+/// thread.
 bool CheckAlreadyRunning();
 
-/// Gives the lock up. No effect when this process does not hold it. Main thread.
+/// Releases the mutex. No effect if this process does not hold it. Main thread.
 void ReleaseInstanceMutex();

@@ -51,10 +51,10 @@ void LoadTranslation(QTranslator *translator, QQmlApplicationEngine *engine)
     if (!QFileInfo::exists(file)) {
         return;
     }
-    // A damaged file is installed like any other: it translates nothing.
+    // load() fails for a damaged file; installing the empty translator changes nothing.
     translator->load(file);
     QCoreApplication::installTranslator(translator);
-    // Again: installTranslator() makes Qt take the layout direction that the file names.
+    // installTranslator() applies the layout direction of the file; set ours again.
     QGuiApplication::setLayoutDirection(direction);
     engine->retranslate();
 }

@@ -8,6 +8,6 @@ class QTranslator;
 void ApplyApplicationFont();
 
 /// Sets the layout direction by the product's language and installs the translation of that
-/// language, if there is one beside the program. Without a `translator` nothing happens. Both are
-/// the caller's and live on. GUI thread, before the interface is loaded.
+/// language, if there is one beside the program. Does nothing if `translator` is null. The
+/// caller owns both and keeps them alive. GUI thread, before the interface is loaded.
 void LoadTranslation(QTranslator *translator, QQmlApplicationEngine *engine);

@@ -17,8 +17,7 @@
 
 #include <cstdlib>
 
-// The telemetry library is loaded already: its binding is built before main, in every start. What
-// only one step uses (font, icon, URL) lives in the function of that step.
+// The telemetry library is loaded already: its binding is built before main, in every start.
 int RunProgram(int argc, char **argv)
 {
     if (CheckAlreadyRunning()) {
@@ -51,8 +50,8 @@ int RunProgram(int argc, char **argv)
 
     QGuiApplication::exec();
 
-    // What the user interface decided counts, not the loop's result: a load that failed and a
-    // window that the system closed leave a code that launches nothing.
+    // Use the code that the user interface set, not exec()'s: after a failed load, or a close by
+    // the system, it is not 0, and nothing is launched.
     if (uninstallMgr.getExitCode() == 0) {
         KillTelemetryHelper();
         LaunchCleanupCommand(CleanupCommand(cleanupScript, programDir));
@@ -60,7 +59,6 @@ int RunProgram(int argc, char **argv)
     ReleaseInstanceMutex();
     RemoveWindowHandleFile();
     QCoreApplication::quit();
-    // Ends here, so that nothing above is destroyed: there is no orderly way out of a half-dead
-    // engine that would be worth the user's wait.
+    // exit() skips the destruction of the QML engine, which would only delay the exit.
     std::exit(0);
 }

@@ -7,7 +7,7 @@
 void LoadMainWindow(QQmlApplicationEngine *engine)
 {
     const QUrl mainUrl(QStringLiteral("qrc:/Main.qml"), QUrl::TolerantMode);
-    // Queued: the loop that this ends does not run yet when a load fails.
+    // Queued: exit() has no effect before exec() runs.
     QObject::connect(
         engine,
         &QQmlApplicationEngine::objectCreated,

@@ -59,7 +59,7 @@ void KillTelemetryHelper()
 void LaunchCleanupCommand(const QString &command)
 {
     const QByteArray ansi = command.toLocal8Bit();
-    // With a letter that the code page lacks, the script would be told of another folder.
+    // A character outside the code page would be replaced, and the script would get another path.
     if (QString::fromLocal8Bit(ansi) != command) {
         return;
     }

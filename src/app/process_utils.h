@@ -20,7 +20,7 @@ bool KillProcessInDir(const std::wstring &name, const std::wstring &dir);
 /// Ends the telemetry library's companion processes that were started from the program directory.
 void KillTelemetryHelper();
 
-/// How the clean-up is launched: without a window and without getting into the user's way.
+/// How the clean-up is launched: hidden, with idle priority, without priority boost.
 inline constexpr platform::LaunchOptions kCleanupLaunch = {
     platform::ShowWindow::Hidden, platform::PriorityClass::Idle, false};
 

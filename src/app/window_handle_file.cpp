@@ -15,7 +15,6 @@ namespace {
 
 using HandleBytes = std::array<char, sizeof(platform::WindowHandle)>;
 
-// Closes the file again before anything is done with the window.
 platform::WindowHandle PublishedWindowHandle()
 {
     std::ifstream file(GetHwndFilePath(), std::ios::binary);
@@ -33,7 +32,7 @@ std::string HwndFilePathOf(const std::string &executable)
 
 std::string GetHwndFilePath()
 {
-    // A file in another folder with a similar name is not ours to write or to delete.
+    // An inexact path may name another folder: do not write or delete there.
     if (!platform::IsExecutableFolderExact(platform::kPathCapacity)) {
         return {};
     }

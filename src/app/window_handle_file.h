@@ -12,7 +12,7 @@ class QQmlApplicationEngine;
 /// Empty when the ANSI encoding cannot name the executable.
 std::string GetHwndFilePath();
 
-/// The same for any executable's path; one without a directory is taken for the directory.
+/// The same for any executable's path; a path without a separator is taken for the directory.
 std::string HwndFilePathOf(const std::string &executable);
 
 /// Writes the native handle of the engine's first window to the file; no file without a window.

@@ -10,7 +10,7 @@
 /// Where offers come from: the remote configuration and the facts about the installed product.
 struct OfferSources
 {
-    /// Whether there is a configuration to ask.
+    /// Whether the configuration client exists.
     std::function<bool()> configured;
     /// The configured text of a key; empty when there is none.
     std::function<QString(const QString &key)> text;
@@ -22,12 +22,12 @@ struct OfferSources
     std::function<QString()> versionNo;
     std::function<QDate()> today;
 
-    /// The real ones.
+    /// The production implementation.
     static OfferSources System();
 };
 
-/// The version tag: the word that selects this program's group of configured values, and the
-/// product's version without its dots.
+/// The version tag, such as "uninstall__180": this program's configuration group, and the product's
+/// version without its dots.
 std::string ConfigVersionTag(const QString &versionNo);
 
 /// The offer of a type: "expired" always, "price" and "url" for the types 1 to 4.

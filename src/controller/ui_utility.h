@@ -4,7 +4,7 @@
 
 class CVantorConfigInstance;
 
-/// Process-wide companion of the controller that hands out the shared remote configuration.
+/// Gives the controller access to the process-wide configuration client.
 class UIUtility : public QObject
 {
     Q_OBJECT

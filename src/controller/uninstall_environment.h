@@ -8,13 +8,13 @@
 
 #include <functional>
 
-/// What the controller asks of the world around it. The program takes `System()`; a test replaces
-/// what it wants to watch.
+/// System services that the controller uses. The program takes `System()`; a test replaces what it
+/// wants to watch.
 struct UninstallEnvironment
 {
     /// Whether a process with this image name runs.
     std::function<bool(const QString &imageName)> isProcessRunning;
-    /// Starts a program of its own life; a failure shows only in the task list.
+    /// Starts a detached process; a failure is not reported.
     std::function<void(const QString &program, const QStringList &arguments)> startDetached;
     /// Sleeps on the calling thread without processing events.
     std::function<void(unsigned long milliseconds)> sleep;
@@ -32,6 +32,6 @@ struct UninstallEnvironment
         sendUsageEvent;
     OfferSources offers;
 
-    /// The real world.
+    /// The production implementation.
     static UninstallEnvironment System();
 };

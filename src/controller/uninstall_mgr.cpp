@@ -26,7 +26,7 @@ CUninstallMgr::CUninstallMgr(UninstallEnvironment environment)
 
 void CUninstallMgr::doUninstall()
 {
-    // The working directory, not the executable's: start-up has made them agree.
+    // The working directory, not the executable's: PrepareEnvironment() makes them the same.
     const QString uninstaller = QDir::cleanPath(
         QStringLiteral("%1/%2").arg(QDir::currentPath(), QLatin1String(kUninstallerName)));
     environment_.startDetached(uninstaller,
@@ -113,8 +113,8 @@ int CUninstallMgr::popMsgBox(bool b, int exitCode, QWindow *parent)
         loop.exit(exitCode);
         return -1;
     }
-    // exec() would also return -1, but Qt would warn. isRunning() does not tell: after exit() it is
-    // false, while events that are already queued can still get here before exec() returns.
+    // A second exec() would also return -1, but with a Qt warning. isRunning() is no check: it is
+    // false between exit() and the return of exec(), when queued events can still get here.
     if (!waiting_.insert(window).second) {
         return -1;
     }

@@ -26,7 +26,7 @@ public:
     /// Tests pass an environment of their own.
     explicit CUninstallMgr(UninstallEnvironment environment = UninstallEnvironment::System());
 
-    /// Starts the product's uninstaller silently and the progress with it. Returns when the
+    /// Starts the product's uninstaller silently, then the progress timer. Returns when the
     /// uninstaller has been seen in the task list, or after 25 polls without it, in which case the
     /// progress stays where it is; processes events between the polls.
     Q_INVOKABLE void doUninstall();
@@ -34,10 +34,11 @@ public:
     /// Reason codes in the order in which to show them: 1 to 3 shuffled, then 4.
     Q_INVOKABLE QVariantList getReasonList();
 
-    /// Remembers the exit code as it is.
+    /// Stores the exit code.
     Q_INVOKABLE void setExitCode(int exitCode);
 
-    /// The offer of a type (1 to 4) with "expired", "price" and "url"; empty without configuration.
+    /// The offer of a type (1 to 4) with "expired", "price" and "url". Empty only if
+    /// the configuration client could not be created; without its library, price and url are empty.
     Q_INVOKABLE QVariantMap getPreferentialLink(int type);
 
     /// Opens the link in the user's default handler; an empty text does nothing.

@@ -2,7 +2,7 @@
 
 /// The value at which the progress waits while the uninstaller still runs.
 inline constexpr int kProgressHold = 99;
-/// The value that says that the uninstaller has gone.
+/// The value after the uninstaller has ended.
 inline constexpr int kProgressEnd = 100;
 
 /// The progress after one tick, from the progress `value` before it. Nothing is clamped.

@@ -2,7 +2,6 @@
 
 #include <QString>
 
-/// Whether a system with this kernel version text is one that draws the shadow of a frameless
-/// window well: first part 10 or more, or else last part 10240 or more. False for a text without
-/// parts.
+/// Whether this kernel version is Windows 10 or later: its first part is 10 or more, or its last
+/// part 10240 or more. False for a text without parts.
 bool KernelQualifiesForShadow(const QString &kernelVersion);

@@ -6,19 +6,20 @@
 
 namespace platform {
 
-/// Codes of the last error on which a start decides, with the numbers that Windows gives them.
+/// Last-error codes that tell whether another instance runs, with the numbers of Windows.
 inline constexpr std::uint32_t kErrorNone = 0;
 inline constexpr std::uint32_t kErrorAccessDenied = 5;
 inline constexpr std::uint32_t kErrorAlreadyExists = 183;
 
-/// A mutex that processes of one user session find by name. Having a handle on it and owning it are
-/// two things: `Create` asks to own it, but gives a handle also when another process owns it. Empty
-/// by default; the handle is closed at the end of the object's life.
+/// A mutex that processes of one user session find by name. A handle does not imply ownership:
+/// `Create` asks to own it, but also returns a handle if another process owns it. Empty by default;
+/// the destructor closes the handle.
 class NamedMutex
 {
 public:
     /// Creates the mutex and owns it, or opens it when it exists; `error` becomes the last error of
-    /// that very call. Empty when the call gave no handle. The name takes no part of a path.
+    /// that very call. Empty when the call gave no handle. The name must not contain a path
+    /// separator.
     static NamedMutex Create(const std::wstring &name, std::uint32_t &error);
 
     explicit operator bool() const
@@ -26,7 +27,7 @@ public:
         return state_ != nullptr;
     }
 
-    /// Gives the ownership up; the handle stays. No effect when empty.
+    /// Releases the ownership; the handle stays. No effect when empty.
     void Release();
 
     /// Closes the handle; the object is empty then. No effect when empty. Keeps the last error.

@@ -36,7 +36,7 @@ public:
     }
 
     /// Full path of the executable. No value when the system does not tell it or when it does not
-    /// fit into `capacity` characters with its terminating zero.
+    /// fit into `capacity` characters with its NUL.
     std::optional<std::wstring> ImagePath(std::size_t capacity) const;
 
     /// Ends the process at once with `exitCode` (which Linux cannot pass on). No effect when empty

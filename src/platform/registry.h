@@ -22,11 +22,11 @@ public:
     }
 
     /// Copies the data of a value, whatever its type, into `buffer`: text in the ANSI encoding
-    /// with its terminating zero, if the value has one. False, with nothing to be relied on in the
-    /// buffer, when there is no such value or its data is longer than `capacity` bytes.
+    /// with its NUL, if the value has one. False if there is no such value or its data is longer
+    /// than `capacity` bytes; the content of the buffer is then unspecified.
     bool Query(const std::string &name, char *buffer, std::size_t capacity) const;
 
-    /// The data of a value of any length up to its first zero byte; no value when there is none.
+    /// The data of a value of any length up to its first NUL; no value when there is none.
     std::optional<std::string> Text(const std::string &name) const;
 
 private:

@@ -5,7 +5,7 @@
 /// Text primitives that differ between systems.
 namespace platform {
 
-/// The separator at which the system's own paths are cut and joined.
+/// The native path separator.
 extern const char kNativeSeparator;
 extern const wchar_t kNativeSeparatorWide;
 

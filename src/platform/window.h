@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// A native window handle in the form in which it is handed from process to process.
+/// A native window handle as stored in hwndFile.ini.
 using WindowHandle = std::uint64_t;
 
 /// Whether `window` is an existing window, of whatever process.

@@ -6,12 +6,12 @@ import QtQuick.Shapes 1.15
 import "public.js" as Public
 import "."
 
-// The only page of the window: the reasons with their answers, and the uninstallation with its
-// progress. Its own pages fill the content area; one of them is visible at a time.
+// The content of the window: pages, of which one is visible at a time, and the uninstallation with
+// its progress.
 Item {
     id: home
 
-    // By the number of the page; the last one follows a feedback and belongs to no page.
+    // By page number; the last title is the thanks for a feedback and has no page.
     property var listTitleTxt: [
         //: Heading over the list of reasons. Two lines of about 60 letters at most.
         qsTr("Please tell us why you want to uninstall Dravik:"),
@@ -74,7 +74,7 @@ Item {
         Public.sendUserInfoEx("UninstallPop", "Result_Question_What_Problem", { "answer": text })
     }
 
-    // A feedback is answered with the coupon of its own page, shown where "solved" shows its own.
+    // Shows the coupon for the feedback page's offer type on solvedPage.
     function thank(offerType) {
         switchPage(2)
         titleLabel.text = listTitleTxt[5]
@@ -109,7 +109,7 @@ Item {
         anchors.bottom: uninstallLabel.top
         anchors.bottomMargin: 5
 
-        // Right after a switch the page itself has the keyboard, which is no stop of the Tab key.
+        // After switchPage() the page's FocusScope has the focus, which is not a tab stop.
         Keys.onTabPressed: home.leaveShownPage(true)
         Keys.onBacktabPressed: home.leaveShownPage(false)
         Component.onCompleted: {
@@ -201,7 +201,7 @@ Item {
         anchors.bottomMargin: 14
         value: uninstallMgr.valProgress
         visible: false
-        // The animated value: complete is what the user has seen the bar reach.
+        // `value` is animated: 100 means that the bar looks full.
         onValueChanged: {
             if (value >= 100) {
                 uninstallLabel.color = "#10A91D"

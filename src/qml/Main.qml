@@ -5,8 +5,8 @@ import QtQuick.Layouts 1.15
 import "."
 
 // The one window: a frameless card with a drawn title bar and, where the system draws shadows, a
-// shadow of its own round it. Every way out through the interface hands an exit code over first; a
-// close by the system hands over none, so there is no onClosing here.
+// shadow of its own round it. Closing through the interface sets an exit code first; closing by the
+// system sets none, hence no onClosing.
 ApplicationWindow {
     id: window
 
@@ -50,7 +50,7 @@ ApplicationWindow {
         border.bottom: window.burOffset
         horizontalTileMode: BorderImage.Stretch
         verticalTileMode: BorderImage.Stretch
-        // Nothing is decoded where no shadow is drawn.
+        // Do not decode the image if no shadow is drawn.
         source: visible ? "qrc:/pic_shadow.png" : ""
         visible: window.burOffset > 0
     }

@@ -22,7 +22,7 @@ FocusScope {
         //: 55 letters.
         qsTr("I have other reasons")
     ]
-    // The same in usage events, which never depend on the language.
+    // The same reasons in usage events, always English.
     readonly property var answers: [
         "",
         "The price is too expensive",
@@ -35,7 +35,7 @@ FocusScope {
         id: reasonGroup
     }
 
-    // Below the texts: a long one runs over its edge.
+    // Drawn below the Column: a long reason overlaps the image.
     Image {
         objectName: "reasonImage"
         anchors.right: parent.right

@@ -19,7 +19,7 @@ FocusScope {
             frame.border.color = "#7AAAFF"
             frame.border.width = 2
         } else {
-            // Deliberately without "#": no name of a colour, so it draws black.
+            // Deliberately invalid (no "#"): Qt draws black.
             frame.border.color = "FFFFFF"
             frame.border.width = 1
         }
@@ -91,8 +91,8 @@ FocusScope {
             // frame stays blue after Tab to Submit.
             onFocusChanged: root.frameFocus(focus)
 
-            // The cut comes back here once more, with a text that fits. It begins a new history:
-            // nothing that is undone can be longer.
+            // Assigning `text` calls this handler again and clears the undo history, so undo cannot
+            // exceed the limit.
             onTextChanged: {
                 if (length > root.maxLength) {
                     text = text.substring(0, root.maxLength)
@@ -109,8 +109,8 @@ FocusScope {
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
-            // Whether the paste has been dealt with; otherwise the ordinary one follows. Without a
-            // `clipboard` to look at, it is left to that and to the length limit.
+            // Whether the paste was handled. Without a `clipboard` object, the ordinary paste and the
+            // length limit apply.
             function pasteToTheLimit() {
                 if (typeof clipboard === "undefined") {
                     return false

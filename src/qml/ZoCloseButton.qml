@@ -1,8 +1,8 @@
 import QtQuick 2.12
 import "."
 
-// The cross in a title bar, with an area behind it: a disabled button lets presses fall through to
-// what lies beneath, and here they must not drag.
+// The close button of a title bar. The area behind it keeps presses on the disabled button from
+// dragging the window.
 MouseArea {
     property alias buttonEnabled: button.enabled
 

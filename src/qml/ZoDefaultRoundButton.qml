@@ -8,7 +8,7 @@ ZoRoundButtonLegacy {
 
     readonly property var tableGradient: properties.gradient
 
-    // An empty stop keeps the gradient's colours defined while the table has none.
+    // Transparent while the table has no gradient.
     function stopColor(position) {
         if (!tableGradient) {
             return "#00000000"

@@ -2,8 +2,7 @@ import QtQuick 2.12
 import QtQuick.Window 2.12
 import "."
 
-// A modal pop-up: open() returns when the box is closed. It deliberately
-// does not tell which button was used.
+// A modal pop-up: open() returns when the box is closed, deliberately always -1.
 ZoPopWindow {
     id: box
 

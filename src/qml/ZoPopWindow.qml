@@ -33,7 +33,7 @@ Window {
     property alias radius: background.radius
     property alias titleRightMargin: titleBar.closeRightMargin
 
-    // For ZoMessageBox, whose imports are fixed and public.js is not one.
+    // For ZoMessageBox, which must not import public.js (tests/rules/test_rules.py).
     readonly property color textColor: Public.winTextColor
     readonly property int borderw: haveBorder ? Public.winBorderWidth : 0
 
@@ -49,7 +49,7 @@ Window {
     }
 
     // Rebuilds the button row from a list of texts. The old buttons stay children of the row until
-    // the event loop runs again, hence the detour over visible and the last button's own variable.
+    // the event loop runs again, so hide them first and remember the last new button.
     function setButtons(list) {
         for (var old = row.children.length - 1; old > 0; --old) {
             row.children[old].visible = false
@@ -70,7 +70,7 @@ Window {
         row.visible = list.length > 0
     }
 
-    // Keys that no control inside has used; message boxes close on some of them.
+    // Called for keys that no child accepted; ZoMessageBox overrides it.
     function keyPressed(event) {
     }
 
@@ -107,8 +107,8 @@ Window {
         }
         tellMainWindow(visible)
     }
-    // The window manager only hides a window; a waiting caller is released by destruction. The
-    // event is called `close` here too.
+    // Qt only hides the window here. Destroying it ends ZoMessageBox's wait. `popupwin.` is needed:
+    // `close` is the event here.
     onClosing: popupwin.close()
     Component.onDestruction: tellMainWindow(false)
 

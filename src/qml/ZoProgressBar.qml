@@ -36,7 +36,8 @@ Item {
         width: root.value * track.width / 100
         height: track.height
         radius: track.radius
-        // Public.accentColor, repeated: the imports of this file are fixed and public.js is not one.
+        // Public.accentColor, repeated: this file must not import public.js
+        // (tests/rules/test_rules.py).
         color: "#1F6FFF"
     }
 }

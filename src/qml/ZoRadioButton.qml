@@ -40,7 +40,7 @@ RadioButton {
         }
     }
 
-    // The next button of the group in its order; the ends are ends, nothing goes round.
+    // The next button of the group; does not wrap around.
     function focusNeighbour(forward) {
         var buttons = ButtonGroup.group ? ButtonGroup.group.buttons : []
         for (var i = 0; i < buttons.length; ++i) {
@@ -87,7 +87,7 @@ RadioButton {
             objectName: "radioLabel"
             anchors.verticalCenter: parent.verticalCenter
             width: control.width - leftPadding
-            // Never at the other end, as a text that runs right to left would be by itself.
+            // A right-to-left text would otherwise be aligned at the right.
             horizontalAlignment: Text.AlignLeft
             leftPadding: control.indicator.width + 8
             text: control.text
@@ -99,7 +99,7 @@ RadioButton {
 
         ZoFocusFrame {
             x: label.leftPadding - 4
-            // The padding of Qt Quick Controls leaves the content less than a line of text.
+            // The control's padding makes the content item lower than a line of text.
             y: -control.topPadding
             width: label.contentWidth + 8
             height: control.height

@@ -23,7 +23,7 @@ ZoPushButton {
     property real lp: 0
     property bool staticButton: false
 
-    // Derived buttons hook in here when they hold the label's colour themselves.
+    // ZoRoundButtonLegacy binds this to its own property.
     property color labelColor: enabledOr(properties.textColor, "#000000")
 
     readonly property bool hasBorder: properties.borderWidth !== undefined
@@ -113,7 +113,7 @@ ZoPushButton {
         text: root.text
         font.pixelSize: root.fontPixcelSize
         font.weight: root.semiBold ? Font.Medium : Font.Normal
-        // Rather than on the button's own text, which changes before the measure has.
+        // Not on the button's text, which changes before the metrics do.
         onMetricsChanged: root.reCalcWidth()
     }
 

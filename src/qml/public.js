@@ -4,7 +4,7 @@
 // Deliberately no ".pragma library": the functions reach `uninstallMgr` and `window` through the
 // file that imports them.
 
-// The blue of the family: what is filled or framed, and what asks for a click
+// Brand blue: filled buttons, frames, links
 var accentColor = "#1F6FFF"
 
 // Text on the pages
@@ -65,13 +65,13 @@ function isAbsent(value) {
     return !isGiven(value) || value === ""
 }
 
-// The text under `key` of a map; the empty text when there is none.
+// The string under `key` of a map; the empty string if there is none.
 function textOf(map, key) {
     var value = isAbsent(map) ? undefined : map[key]
     return isAbsent(value) ? "" : String(value)
 }
 
-// What Space and Enter do to a control without a click of its own: one action per press of the key.
+// Calls action() once per press of Space, Return or Enter.
 function activateByKey(event, action) {
     var activates = event.key === Qt.Key_Space || event.key === Qt.Key_Return
             || event.key === Qt.Key_Enter
@@ -82,7 +82,7 @@ function activateByKey(event, action) {
 }
 
 // Sends one usage event whose attribute is JSON: `param` is an object, or its JSON text. Text that
-// is not JSON goes out unchanged rather than not at all.
+// is not JSON is sent unchanged.
 function sendUserInfoEx(window, action, param, source) {
     uninstallMgr.sendUserInfo(window, action, isAbsent(param) ? "" : compactJson(param),
                               isAbsent(source) ? "" : source)
@@ -119,10 +119,9 @@ function makeJsonAttr(list) {
     return "{" + entries.join(",") + "}"
 }
 
-// Shows a message box and returns only when it has gone, always with -1. Fields of `info`, all
-// optional: title, mainTitle, subTitle, buttons, icon, height. An empty field counts: an empty icon
-// is a box without one; only an empty height, which is no number, is ignored. A `defaultIdx` is
-// tolerated and has no effect: the first button is always the default one.
+// Shows a message box and blocks until it is closed; returns -1. Fields of `info`, all optional:
+// title, mainTitle, subTitle, buttons, icon, height. An empty icon hides it, an empty height is
+// ignored. `defaultIdx` has no effect: the first button is always the default one.
 function showMessageBox(info, parent) {
     var component = Qt.createComponent("qrc:/ZoMessageBox.qml")
     var box = component.createObject(parent ? parent : window, { visible: true })

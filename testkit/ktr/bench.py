@@ -1,6 +1,6 @@
 """Measures the program beside floors of the same run: a window with each control of Qt's that it
 uses, the same with the program's images, icon and libraries, the program with Qt's default
-renderer, and the bare question of a tick. Status 0 only if each ratio is within its aim.
+renderer, and the bare query of a tick. Status 0 only if each ratio is within its aim.
 
 The Windows executable under Wine has no other renderer, and neither valgrind nor the tick runs
 there: its ratios are those of processor time and memory, and the wake-ups when idle.
@@ -172,7 +172,7 @@ class Bench:
                 starts("first frame to default renderer", lambda start: start.first_frame,
                        DEFAULT, 0.65),
                 starts("memory to default renderer", lambda start: start.peak, DEFAULT, 0.42),
-                ratio("tick to its question", self.ticks["tick"], self.ticks["query"], 1.05),
+                ratio("tick to its query", self.ticks["tick"], self.ticks["query"], 1.05),
             ]
         return found
 

@@ -7,7 +7,7 @@
 
 QString ReadNativeSetting(const QString &key, const QString &name, const QString &fallback)
 {
-    // QSettings creates a key that it may write and does not find.
+    // QSettings would create a missing key if it may write.
     if (!platform::RegistryKey::OpenLocalMachine(key.toLocal8Bit().toStdString())) {
         return fallback;
     }

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// Calls `function` and puts `errno` back after it.
+/// Calls `function` and restores `errno`.
 template<class Function> void KeepErrno(Function function)
 {
     const int lastError = errno;
@@ -16,7 +16,7 @@ template<class Function> void KeepErrno(Function function)
     errno = lastError;
 }
 
-/// Deletes what a class hides behind its pointer, since freeing memory may change `errno`.
+/// Deletes a pimpl and keeps `errno`, which freeing memory may change.
 template<class State> void DeleteState(State *state)
 {
     KeepErrno([state] { delete state; });
@@ -27,7 +27,7 @@ struct DescriptorTraits
     using Type = int;
     static int Empty()
     {
-        return -1; // 0 is a descriptor like any other
+        return -1; // 0 is a valid descriptor
     }
     static void Close(int descriptor)
     {

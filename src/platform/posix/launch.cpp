@@ -37,7 +37,7 @@ void ResetSignals()
     for (int signal = 1; signal < NSIG; ++signal) {
         struct sigaction standard = {};
         standard.sa_handler = SIG_DFL;
-        ::sigaction(signal, &standard, nullptr); // some cannot be changed
+        ::sigaction(signal, &standard, nullptr); // fails for SIGKILL and SIGSTOP
     }
     sigset_t none;
     ::sigemptyset(&none);
@@ -72,7 +72,7 @@ void CloseInherited(int descriptorLimit)
         constexpr int kLowest = 19;
         const sched_param none = {};
         ::setpriority(PRIO_PROCESS, 0, kLowest);
-        ::sched_setscheduler(0, SCHED_IDLE, &none); // knows no boost either
+        ::sched_setscheduler(0, SCHED_IDLE, &none); // has no boost either
     }
     ::execve(start.program.c_str(), start.arguments.data(), environ);
     ::_exit(kNothingStarted);

@@ -12,8 +12,8 @@ namespace {
 constexpr wchar_t kEscapeBase = 0xDC00;
 constexpr wchar_t kEscapeLast = 0xDCFF;
 
-/// The environment's encoding, for the calling thread, as long as it lives. The global locale is no
-/// help: it is "C" until somebody calls `setlocale`, which is long after the first use here.
+/// Switches the calling thread to the environment's locale while it exists. The global locale is
+/// "C" until `setlocale` is called, which is long after the first use here.
 class ScopedEnvironmentLocale
 {
 public:
@@ -31,7 +31,7 @@ public:
     ScopedEnvironmentLocale &operator=(ScopedEnvironmentLocale &&) = delete;
 
 private:
-    // The locale then names no encoding. File names are UTF-8 all the same, also for Qt.
+    // The C locale is ASCII only; treat file names as UTF-8, as Qt does.
     static bool KnowsAsciiOnly(locale_t locale)
     {
         return std::string_view(::nl_langinfo_l(CODESET, locale)) == "ANSI_X3.4-1968";

@@ -13,8 +13,7 @@
 namespace platform {
 namespace {
 
-// Whatever is neither a lack of permission nor another owner. A plain `errno` would not do: its 5
-// means something else.
+// For every failure except missing permission and another owner. Not `errno`: 5 is EIO there.
 constexpr std::uint32_t kErrorGeneralFailure = 31;
 
 std::string LockFilePath(const std::string &name)
@@ -24,9 +23,8 @@ std::string LockFilePath(const std::string &name)
     return std::string(set ? folder : "/tmp") + '/' + name + ".lock";
 }
 
-/// The lock on an open file. It is given up before the file is closed: a process that was forked a
-/// moment ago and has not yet become another program still shares the descriptor, and closing ours
-/// alone would leave it the lock.
+/// The lock on an open file. It is released before the file is closed: a child between fork and
+/// exec shares the descriptor, and closing only ours would leave the child holding the lock.
 struct LockTraits : DescriptorTraits
 {
     static void Close(int descriptor)
@@ -37,10 +35,10 @@ struct LockTraits : DescriptorTraits
 using FileLock = Owner<LockTraits>;
 
 /// Opens the lock file and creates it only when it is absent: in a shared folder the kernel may
-/// refuse to open somebody else's existing file with the wish to create it.
+/// refuse to open another user's file with O_CREAT (fs.protected_regular).
 FileDescriptor OpenLockFile(const std::string &path)
 {
-    // Not blocking, so that a pipe of that name cannot hold the start up.
+    // Not blocking, so that a FIFO of that name cannot block the start.
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
     constexpr int kAttempts = 8; // the file may appear between the two calls
@@ -51,7 +49,7 @@ FileDescriptor OpenLockFile(const std::string &path)
         }
         file = FileDescriptor(::open(path.c_str(), kFlags | O_CREAT | O_EXCL, kMode));
         if (file) {
-            // Never deleted, so a strict mask must not lock other users out for good.
+            // The file is never deleted, so undo a restrictive umask for other users.
             ::fchmod(file.Get(), kMode);
             return file;
         }

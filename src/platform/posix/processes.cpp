@@ -21,7 +21,7 @@ FileDescriptor OpenProcessFolder(ProcessId id)
     return FileDescriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
-/// Folders of processes have a number for a name; 0 for the others.
+/// Process id of a `/proc` entry; 0 if its name is not a number.
 ProcessId ProcessIdOf(std::string_view folderName)
 {
     ProcessId id = 0;
@@ -31,7 +31,7 @@ ProcessId ProcessIdOf(std::string_view folderName)
 }
 
 /// Signals the process whose `/proc` folder is open, which a re-used identifier cannot redirect.
-/// Only a kernel that does not know the call leaves the identifier as the second-best way.
+/// Falls back to kill() if the kernel lacks the call.
 bool Signal(int processFolder, ProcessId id, int signal)
 {
     if (::syscall(SYS_pidfd_send_signal, processFolder, signal, nullptr, 0U) == 0) {
@@ -43,7 +43,7 @@ bool Signal(int processFolder, ProcessId id, int signal)
     return ::kill(static_cast<pid_t>(id), signal) == 0;
 }
 
-/// A process that has ended but whose parent has not asked for its status still has its folder.
+/// A zombie still has its `/proc` folder.
 bool HasEnded(int processFolder)
 {
     return !ReadExeLink(processFolder) && (errno == ENOENT || errno == ESRCH);
@@ -61,7 +61,7 @@ void VisitProcesses(const std::function<void(const ProcessEntry &entry)> &visit)
         const ProcessId id = ProcessIdOf(item->d_name);
         const FileDescriptor process = id != 0 ? OpenProcessFolder(id) : FileDescriptor();
         const auto path = process ? ReadExeLink(process.Get()) : std::nullopt;
-        // No path: a kernel thread, one that has just ended, or one that we may not look at.
+        // No path: a kernel thread, one that has just ended, or one that we may not inspect.
         if (path) {
             visit({id, ToWide(FileNameOf(*path))});
         }

@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 
-// Longer than any path that the kernel tells.
+// Longer than any path that the kernel returns.
 constexpr std::size_t kLongestPath = 4097;
 
 std::string RegistryFile()

@@ -8,7 +8,7 @@ namespace platform {
 
 /// The part below HKEY_LOCAL_MACHINE of a registry in the export syntax of the Windows registry
 /// editor. Names are in lower case, since their case does not count; data is what the registry
-/// would hand out, text with its terminating zero.
+/// would hand out, text with its NUL.
 using RegistryValues = std::map<std::string, std::string>;
 using RegistryKeys = std::map<std::string, RegistryValues>;
 
@@ -16,8 +16,8 @@ using RegistryKeys = std::map<std::string, RegistryValues>;
 std::string ToLowerAscii(std::string_view text);
 
 /// Reads an export: UTF-8, with or without byte order mark, any line ends, comments. A section
-/// makes its ancestors exist, a later value replaces an earlier one. What cannot be read is left
-/// out, deletions included.
+/// creates its parent keys, a later value replaces an earlier one. Deletions and what cannot be
+/// parsed are ignored.
 RegistryKeys ParseRegistry(std::string_view text);
 
 } // namespace platform

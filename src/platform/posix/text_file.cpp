@@ -10,7 +10,7 @@ std::string ReadTextFile(const std::string &path)
 {
     constexpr std::uintmax_t kLongest = 16U << 20U;
     std::error_code error;
-    // Anything else could keep the reader waiting for ever.
+    // A FIFO or a device could block forever.
     if (!std::filesystem::is_regular_file(path, error) ||
         std::filesystem::file_size(path, error) > kLongest) {
         return {};

@@ -23,7 +23,8 @@ struct ConnectionTraits
     using Type = xcb_connection_t *;
     static Type Empty()
     {
-        return nullptr; // never given: without a display the connection is one in error
+        return nullptr; // xcb_connect() never returns null; a failed connection is in an error
+                        // state
     }
     static void Close(Type connection)
     {

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// Calls `function` and puts the thread's last error back after it.
+/// Calls `function` and restores the thread's last error.
 template<class Function> void KeepLastError(Function function)
 {
     const DWORD lastError = ::GetLastError();
@@ -14,14 +14,14 @@ template<class Function> void KeepLastError(Function function)
     ::SetLastError(lastError);
 }
 
-/// Deletes what a class hides behind its pointer, since freeing memory may change the last error.
+/// Deletes a pimpl and keeps the last error, which freeing memory may change.
 template<class State> void DeleteState(State *state)
 {
     KeepLastError([state] { delete state; });
 }
 
-/// Most calls that fail give null; some give -1 instead, and each would take the other's empty
-/// value for a handle.
+/// Win32 has two invalid values: null (CreateMutex, OpenProcess) and INVALID_HANDLE_VALUE
+/// (snapshots).
 struct ObjectTraits
 {
     using Type = HANDLE;
@@ -55,7 +55,7 @@ struct RegistryTraits
 };
 
 using ObjectHandle = Owner<ObjectTraits>;     ///< mutexes, processes
-using SnapshotHandle = Owner<SnapshotTraits>; ///< toolhelp snapshots, files
+using SnapshotHandle = Owner<SnapshotTraits>; ///< toolhelp snapshots
 using RegistryHandle = Owner<RegistryTraits>; ///< registry keys
 
 } // namespace platform

@@ -26,7 +26,8 @@ void LaunchDetached(const std::string &commandLine,
                      workingDirectory.c_str(),
                      &startup,
                      &process);
-    // Also after a failure, with the null handle of the zero-filled record. The handles stay open.
+    // After a failure, hProcess is null and these calls fail harmlessly. The handles are never
+    // closed: the program exits next.
     if (options.priority == PriorityClass::Idle) {
         ::SetPriorityClass(process.hProcess, IDLE_PRIORITY_CLASS);
     }

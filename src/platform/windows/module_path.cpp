@@ -7,8 +7,8 @@
 namespace platform {
 namespace {
 
-/// Reads into a zero-filled buffer and takes what stands before the first zero: the call itself may
-/// fill the buffer to its last place.
+/// Reads into a zero-filled buffer and cuts at the first NUL: GetModuleFileName may fill the buffer
+/// without one.
 template<class Text, class Read> Text ReadBounded(std::size_t capacity, Read read)
 {
     if (capacity == 0) {

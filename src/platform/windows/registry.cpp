@@ -38,7 +38,7 @@ std::optional<std::string> RegistryKey::Text(const std::string &name) const
             ERROR_SUCCESS) {
         return std::nullopt;
     }
-    // One more, so that data without a terminating zero has one.
+    // One more, so that data without a NUL gets one.
     std::string text(size + 1, '\0');
     if (!Query(name, text.data(), size)) {
         return std::nullopt;

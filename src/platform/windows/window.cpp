@@ -17,8 +17,8 @@ bool WindowExists(WindowHandle window)
     return ::IsWindow(ToNative(window)) != FALSE;
 }
 
-// No result is looked at. Top-most and back again puts the window above all others without leaving
-// it there.
+// Errors are ignored. HWND_TOPMOST, then HWND_NOTOPMOST, raises the window without leaving it
+// top-most.
 void BringToFront(WindowHandle window)
 {
     constexpr UINT kOnlyOrder = SWP_NOSIZE | SWP_NOMOVE;

@@ -26,8 +26,8 @@ std::string Utf8(const std::string &ansi)
     return Utf8(QString::fromLocal8Bit(ansi.c_str()));
 }
 
-// The value of a key, or the default. A length that cannot be true is treated like one that is too
-// long: no memory for it.
+// The value of a key, or the default. An implausible length counts as a failed
+// allocation.
 QString Fetch(VantorConfig *config, const QString &key, const std::string &suffix, QString value)
 {
     const std::string name = Utf8(key);
@@ -47,9 +47,8 @@ QString Fetch(VantorConfig *config, const QString &key, const std::string &suffi
         return value;
     }
     const std::int64_t size = length + 1;
-    // Of any size, and without an exception when there is no room. All zero, so that a library that
-    // fills less than it said, or nothing, leaves a text; of a size that was a lie the system hands
-    // out only what is touched.
+    // calloc: no exception on failure, and zero-filled in case the library writes less than it
+    // announced. The system commits only the pages that are touched.
     const std::unique_ptr<char, decltype(&std::free)> buffer(
         static_cast<char *>(size > 0 ? std::calloc(static_cast<std::size_t>(size), 1) : nullptr),
         std::free);
@@ -58,7 +57,7 @@ QString Fetch(VantorConfig *config, const QString &key, const std::string &suffi
         return value;
     }
     query(buffer.get(), static_cast<std::uint32_t>(size));
-    // A library that fills all of it leaves none.
+    // Terminate the string if the library filled the whole buffer.
     buffer.get()[length] = '\0';
     if (*buffer == '\0') {
         return value;

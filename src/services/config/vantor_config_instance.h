@@ -8,7 +8,7 @@
 #include <string>
 
 /// The client of the remote configuration, whose library is loaded at run time. Without library or
-/// object every look-up answers its default. Every step writes a line to the debug log. GUI thread,
+/// object every look-up returns its default. Every step writes a line to the debug log. GUI thread,
 /// but for `Instance`.
 class CVantorConfigInstance
 {

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kTextCapacity = 260;
 constexpr std::size_t kVersionCapacity = 100;
 
-// Data that fills the buffer has no terminating zero, so the end of the buffer is one too.
+// Data that fills the buffer has no NUL, so the string also ends at the buffer's end.
 std::string ReadText(const RegistryKey &key, const char *name)
 {
     std::array<char, kTextCapacity> buffer = {};
@@ -54,7 +54,7 @@ std::wstring GetConfigVersionNo()
 
 std::wstring ConfigVersionNoOf(const std::wstring &executable)
 {
-    // Deliberately beneath the executable's own name, where ordinarily no file can be.
+    // Deliberately below the executable's own name, where a file cannot normally exist.
     const std::wstring file = executable + platform::kNativeSeparatorWide + L"config.ini";
     return platform::ReadProfileText(L"main", L"versionNo", L"18.0", kVersionCapacity, file);
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// What the product's setup recorded about the installation. Every call reads afresh; what cannot
+/// What the product's setup recorded about the installation. Every call reads again; what cannot
 /// be read gives the default. Texts are in the system's ANSI encoding. Any thread.
 
 /// The distribution channel; empty when there is none.

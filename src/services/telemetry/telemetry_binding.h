@@ -27,9 +27,9 @@ enum SkyrelExport : std::size_t
 class TelemetryBinding
 {
 public:
-    /// Loads the library from the program directory and resolves its entry points. Needs nothing
-    /// that static initialisation could still owe, since the process's binding is built before
-    /// `main`; building it again on the same object clears the table and loads again.
+    /// Loads the library from the program directory and resolves its entry points. Must not use
+    /// other static objects: the process's binding is built during static initialisation. Building
+    /// it again on the same object clears the table and loads again.
     TelemetryBinding();
     ~TelemetryBinding() = default;
     TelemetryBinding(const TelemetryBinding &) = delete;
@@ -37,12 +37,12 @@ public:
     TelemetryBinding(TelemetryBinding &&) = delete;
     TelemetryBinding &operator=(TelemetryBinding &&) = delete;
 
-    /// Loads "SkyrelWrap.DLL" from the executable's directory. False when the path cannot be had
-    /// in the ANSI encoding or with the file name reaches 260 bytes, and as
-    /// `LoadTelemetryLibrary` says.
+    /// Loads "SkyrelWrap.DLL" from the executable's directory. False if the path is not
+    /// expressible in the ANSI encoding, is 260 bytes or longer with the file name, or loading
+    /// fails.
     bool LoadTelemetryFromModuleDir();
 
-    /// Where the library of the program at `executable` lies; empty as said above.
+    /// Path of the library of the program at `executable`; empty in the first two of these cases.
     static std::string LibraryPathOf(const std::string &executable);
 
     /// Loads the library at `path` (ANSI encoding) and resolves all entry points. True only when
@@ -51,8 +51,8 @@ public:
     bool LoadTelemetryLibrary(const char *path);
 
     /// Sends two to five pairs, each a name and its value, in their order; one send of the process
-    /// at a time. Returns the library's result, or 0 without a send when a text is null or the
-    /// library cannot send. Texts are zero-terminated UTF-16. Any thread.
+    /// at a time. Returns the library's result, or 0 without a send if a string is null or the
+    /// library cannot send. Strings are NUL-terminated UTF-16. Any thread.
     template<typename... Texts>
     std::int32_t SendTelemetryPairs(bool flag,
                                     const char16_t *sendTypeName,

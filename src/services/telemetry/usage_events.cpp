@@ -18,7 +18,7 @@ QString AsJsonDocument(const QString &attribute)
     return QString::fromUtf8(QJsonDocument(wrapper).toJson(QJsonDocument::Compact));
 }
 
-// Sends the pairs if they have this number of texts. Names and values take turns.
+// The variadic call needs the argument count at compile time; does nothing for any other count.
 template<std::size_t... kText>
 void SendTexts(TelemetryBinding &binding,
                const UsageEventPairs &pairs,

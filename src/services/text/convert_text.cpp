@@ -19,6 +19,6 @@ QByteArray Encoded(const QString &text, const QString &encoding)
 
 std::string ConvertText(const QString &text, const QString &encoding)
 {
-    // Without a length: what follows a zero byte is not wanted.
+    // Without a length: deliberately cut at the first NUL.
     return Encoded(text, encoding).constData();
 }

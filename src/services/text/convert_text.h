@@ -4,6 +4,6 @@
 
 #include <string>
 
-/// `text` as 8-bit text up to its first zero byte. `encoding`, in any letter case: "Local8Bit" is
+/// `text` as 8-bit text up to its first NUL. `encoding`, case-insensitive: "Local8Bit" is
 /// the system's ANSI encoding, "Latin" is Latin-1, everything else UTF-8. Any thread.
 std::string ConvertText(const QString &text, const QString &encoding);
