@@ -217,6 +217,11 @@ def test_every_code_folder_is_described_in_a_readme(folder):
         assert f"`{part}/" in text, f"{name(place)}/README.md does not say what {part}/ is"
 
 
+def test_the_test_kit_never_asserts():
+    for path in sources("testkit", "*.py"):
+        assert not re.search(r"^\s*assert\b", path.read_text("utf-8"), re.MULTILINE), name(path)
+
+
 def test_the_program_has_no_branch_for_tests():
     wrong = re.compile(r"\b(TESTING|UNIT_TEST|KTR_TEST\w*)\b|argv\[")
     for layer in MAY_INCLUDE:
