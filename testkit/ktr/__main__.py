@@ -1,7 +1,5 @@
 """The commands of the test kit."""
 
-from __future__ import annotations
-
 import sys
 
 # Each command's module has `arguments(parser)` and `run(options)`, which returns the exit status.

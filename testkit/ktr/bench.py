@@ -6,8 +6,6 @@ The Windows executable under Wine has no other renderer, and neither valgrind no
 there: its ratios are those of processor time and memory, and the wake-ups when idle.
 """
 
-from __future__ import annotations
-
 import argparse
 import os
 import re
@@ -20,7 +18,7 @@ from contextlib import contextmanager
 from dataclasses import dataclass, field
 from pathlib import Path
 from statistics import median, quantiles
-from typing import Callable, Iterator, Sequence
+from typing import Iterator, Sequence
 
 from ktr import layout, wait
 from ktr.display import Display
@@ -36,18 +34,12 @@ CONTROLS = "window with each control"
 CONTENT = "the same with images, icon, libraries"
 DEFAULT = "UninstallUI, Qt's default renderer"
 
-_MARK = colour(layout.CANCEL_NORMAL)
-"""A colour that every contender paints last."""
-_QUIET = 0.3
-"""Seconds without painting before the next start may begin."""
-_STANDS = 2.0
-"""Seconds without painting after which a slow window is complete."""
-_SLOW = 300.0
-"""Seconds for a start under valgrind, which takes fifty times as long."""
-_COUNTS = 3
-"""How often instructions are counted; the counts hardly differ."""
-_IDLE = 5.0
-"""Seconds for which the idle program is watched."""
+_MARK = colour(layout.CANCEL_NORMAL)  # every contender paints this colour last
+_QUIET = 0.3  # seconds without painting before the next start may begin
+_STANDS = 2.0  # seconds without painting after which a slow window is complete
+_SLOW = 300.0  # seconds for a start under valgrind, which takes fifty times as long
+_COUNTS = 3  # how often instructions are counted; the counts hardly differ
+_IDLE = 5.0  # seconds for which the idle program is watched
 _TICKS = 50
 
 
@@ -78,32 +70,6 @@ class Contender:
                     system.end(process)
 
 
-@dataclass(frozen=True)
-class Start:
-    """One start: seconds to the first frame, processor time and megabytes until then."""
-
-    first_frame: float
-    cpu: float
-    peak: float
-
-
-@dataclass(frozen=True)
-class Ratio:
-    """Ratios of values from the same rounds, and the greatest median allowed."""
-
-    title: str
-    values: Sequence[float]
-    aim: float
-
-    @property
-    def kept(self) -> bool:
-        """Whether it is within its aim."""
-        return median(self.values) <= self.aim
-
-    def __str__(self) -> str:
-        return f"{self.title} {median(self.values):.2f} of {self.aim:g}"
-
-
 class Bench:
     """All figures of one run."""
 
@@ -127,9 +93,8 @@ class Bench:
             # No scene graph has this name, so Qt takes its default.
             self.contenders.append(Contender(DEFAULT, sandbox, sandbox.program_file,
                                              variables={"QT_QUICK_BACKEND": "opengl"}))
-        self.starts: dict[str, list[Start]] = defaultdict(list)
-        self.instructions: dict[str, list[int]] = {}
-        self.ticks: dict[str, list[float]] = defaultdict(list)
+        self.figures: dict[tuple[str, str], list[float]] = defaultdict(list)
+        """By what was measured and the title."""
         self.wake_ups: list[int] = []
 
     def run(self, rounds: int) -> None:
@@ -137,74 +102,68 @@ class Bench:
         for number in range(rounds + 1):
             _say(f"starts: round {number} of {rounds}")
             for contender in self.contenders:
-                with self._start(contender) as (_, start):
-                    if number:
-                        self.starts[contender.title].append(start)
+                with self._start(contender) as (_, figures):
+                    for what, value in zip(("first", "cpu", "peak"), figures):
+                        if number:
+                            self.figures[what, contender.title].append(value)
         _say("idle")
         self.wake_ups = [self._idle() for _ in range(_COUNTS)]
         if self._wine:
             return
         for contender in self.contenders[:3]:
             _say(f"instructions: {contender.title}")
-            self.instructions[contender.title] = [self._count(contender) for _ in range(_COUNTS)]
+            self.figures["instructions", contender.title] = [
+                self._count(contender) for _ in range(_COUNTS)]
         self._run_ticks(rounds)
 
-    def ratios(self) -> list[Ratio]:
-        """The ratios that have aims."""
-        def starts(title: str, what: Callable[[Start], float], floor: str, aim: float) -> Ratio:
-            pairs = zip(self.starts[PROGRAM], self.starts[floor])
-            return Ratio(title, [what(own) / what(other) for own, other in pairs], aim)
-
-        found = [
-            starts("processor time to same content", lambda start: start.cpu, CONTENT, 1.15),
-            starts("memory to each control", lambda start: start.peak, CONTROLS, 1.15),
-            Ratio("wake-ups when idle", self.wake_ups, 0),
-        ]
+    def ratios(self) -> list[tuple[str, float, float]]:
+        """The ratios that have aims: the title, the median, the greatest median allowed."""
+        wanted = [("processor time to same content", "cpu", PROGRAM, CONTENT, 1.15),
+                  ("memory to each control", "peak", PROGRAM, CONTROLS, 1.15)]
         if not self._wine:
-            def ratio(
-                title: str, own: Sequence[float], other: Sequence[float], aim: float
-            ) -> Ratio:
-                return Ratio(title, [a / b for a, b in zip(own, other)], aim)
-
-            found += [
-                ratio("instructions to same content", self.instructions[PROGRAM],
-                      self.instructions[CONTENT], 1.10),
-                starts("first frame to default renderer", lambda start: start.first_frame,
-                       DEFAULT, 0.65),
-                starts("memory to default renderer", lambda start: start.peak, DEFAULT, 0.42),
-                ratio("tick to its query", self.ticks["tick"], self.ticks["query"], 1.05),
-            ]
-        return found
+            wanted += [("instructions to same content", "instructions", PROGRAM, CONTENT, 1.10),
+                       ("first frame to default renderer", "first", PROGRAM, DEFAULT, 0.65),
+                       ("memory to default renderer", "peak", PROGRAM, DEFAULT, 0.42),
+                       ("tick to its query", "ticks", "tick", "query", 1.05)]
+        # Of the same round, or of the same count.
+        ratios = [("wake-ups when idle", median(self.wake_ups), 0.0)]
+        for title, what, own, floor, aim in wanted:
+            pairs = zip(self.figures[what, own], self.figures[what, floor])
+            ratios.append((title, median(a / b for a, b in pairs), aim))
+        return ratios
 
     def table(self) -> str:
         """All figures: medians, with quartiles in brackets."""
-        lines = [f"{'':40}{'first frame, ms':>20}{'processor, ms':>20}{'memory, MB':>22}"
-                 f"{'million instructions':>24}"]
-        for title, starts in self.starts.items():
-            counted = self.instructions.get(title)
-            lines.append(
-                f"{title:40}{_spread([1000 * start.first_frame for start in starts]):>20}"
-                f"{_spread([1000 * start.cpu for start in starts]):>20}"
-                f"{_spread([start.peak for start in starts], 1):>22}"
-                f"{_spread([count / 1e6 for count in counted]) if counted else '':>24}")
+        columns = (("first frame, ms", "first", 1000, 0), ("processor, ms", "cpu", 1000, 0),
+                   ("memory, MB", "peak", 1, 1), ("million instructions", "instructions", 1e-6, 0))
+        lines = [f"{'':40}" + "".join(f"{head:>24}" for head, *_ in columns)]
+        for title in (contender.title for contender in self.contenders):
+            spreads = [_spread([factor * value for value in self.figures[what, title]], digits)
+                       for _, what, factor, digits in columns]
+            lines.append(f"{title:40}" + "".join(f"{spread:>24}" for spread in spreads))
         lines += [f"{title}: {_spread(values)} microseconds of processor time"
-                  for title, values in self.ticks.items()]
+                  for (what, title), values in self.figures.items() if what == "ticks"]
         return "\n".join(lines)
 
     @contextmanager
-    def _start(self, contender: Contender) -> Iterator[tuple[Started, Start]]:
-        """Starts a contender and waits for its first frame."""
+    def _start(self, contender: Contender) -> Iterator[tuple[Started, tuple[float, float, float]]]:
+        """Starts a contender and waits for its first frame.
+
+        Gives the seconds to it, and the processor time and the megabytes until then.
+        """
         self._watch.wait_quiet(_QUIET)
         began = time.monotonic()
         with contender.started() as started:
+            # What clock_getcpuclockid(3) gives: all threads, exact to less than a microsecond.
+            clock = (~started.pid << 3) | 2
             try:
                 painted, (cpu, peak) = self._watch.wait_colour(
-                    _MARK, lambda: (_cpu_time(started.pid), peak_memory(started.pid)),
+                    _MARK, lambda: (time.clock_gettime(clock), peak_memory(started.pid)),
                     wait.DEADLINE)
             except (TimeoutError, OSError, StopIteration):
                 raise RuntimeError(
                     f"{contender.title} has shown nothing: {started!r}\n{started.stderr}") from None
-            yield started, Start(painted - began, cpu, peak)
+            yield started, (painted - began, cpu, peak)
 
     def _count(self, contender: Contender) -> int:
         """The instructions that a contender executes until its window is complete."""
@@ -240,13 +199,12 @@ class Bench:
                     [_built("measure_tick"), mode, str(_TICKS)], cwd=self._sandbox.bin, text=True,
                     env=self._sandbox.environment(), capture_output=True, check=True)
                 # Its own processor time and that of the tasklist process.
-                self.ticks[mode].append(sum(map(float, done.stdout.split()[:2])))
+                self.figures["ticks", mode].append(sum(map(float, done.stdout.split()[:2])))
         hold.unlink()
         uninstaller.wait_exit()
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("--wine", action="store_true", help="the Windows executable")
     parser.add_argument("--runs", type=int, default=20, help="starts of each (20)")
 
@@ -267,9 +225,10 @@ def run(options: argparse.Namespace) -> int:
             sandbox.cleanup()
     print(bench.table())
     ratios = bench.ratios()
-    missed = [ratio.title for ratio in ratios if not ratio.kept]
+    missed = [title for title, value, aim in ratios if value > aim]
     verdict = f"NOT within the aims: {', '.join(missed)}" if missed else "all within the aims"
-    print(f"\n{'; '.join(map(str, ratios))}: {verdict}")
+    listed = "; ".join(f"{title} {value:.2f} of {aim:g}" for title, value, aim in ratios)
+    print(f"\n{listed}: {verdict}")
     return 1 if missed else 0
 
 
@@ -281,11 +240,6 @@ def _built(name: str) -> Path:
     return file
 
 
-def _cpu_time(pid: int) -> float:
-    """Seconds of processor time of all its threads, exact to less than a microsecond."""
-    return time.clock_gettime((~pid << 3) | 2)  # what clock_getcpuclockid(3) gives
-
-
 def _switches(pid: int) -> int:
     """How often its threads have waited or been interrupted."""
     return sum(int(times) for task in Path(f"/proc/{pid}/task").iterdir()
@@ -294,11 +248,10 @@ def _switches(pid: int) -> int:
 
 def _spread(values: Sequence[float], digits: int = 0) -> str:
     if len(values) < 2:
-        return f"{values[0]:.{digits}f}"
+        return "".join(f"{value:.{digits}f}" for value in values)
     low, _, high = quantiles(values, n=4, method="inclusive")
     return f"{median(values):.{digits}f} ({low:.{digits}f} to {high:.{digits}f})"
 
 
 def _say(text: str) -> None:
-    """Reports progress on standard error."""
     print(text, file=sys.stderr, flush=True)

@@ -1,7 +1,5 @@
 """What other applications put on the clipboard, and what they find there, by xclip."""
 
-from __future__ import annotations
-
 import subprocess
 from contextlib import contextmanager
 from typing import IO, Iterator, cast

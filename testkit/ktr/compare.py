@@ -4,8 +4,6 @@ Writes index.html into the folder of the records: a row for each scenario, with 
 of the window. Fails if the two executables behaved differently.
 """
 
-from __future__ import annotations
-
 import argparse
 import html
 import json
@@ -14,8 +12,6 @@ from pathlib import Path
 from ktr import page
 from ktr.differences import reason_to_differ
 
-NOTHING_TO_COMPARE = 77
-"""The status with which a test of CTest counts as skipped."""
 ASPECTS = ("events", "configuration", "processes", "files", "exit")
 
 
@@ -47,7 +43,7 @@ def screenshot(folder: Path, side: str, name: str) -> str:
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    parser.add_argument("folder", type=Path, help="has the records in its folders linux and windows")
+    parser.add_argument("folder", type=Path, help="has the records in linux/ and windows/")
 
 
 def run(options: argparse.Namespace) -> int:
@@ -55,8 +51,8 @@ def run(options: argparse.Namespace) -> int:
     folder: Path = options.folder
     linux, windows = records_in(folder / "linux"), records_in(folder / "windows")
     if not linux or not windows:
-        print(f"There are no records in {folder}/linux or {folder}/windows: run the scenarios of both.")
-        return NOTHING_TO_COMPARE
+        print(f"No records in {folder}/linux or {folder}/windows: run the scenarios of both.")
+        return 77  # CTest counts the test as skipped.
     rows, alone, faults = [], [], []
     for name in sorted(linux.keys() | windows.keys()):
         images = {side: screenshot(folder, side, name) for side in ("linux", "windows")}
@@ -73,8 +69,9 @@ def run(options: argparse.Namespace) -> int:
                 faults.append(f"{name}: {aspect}")
         rows.append(row + "".join(f"<td>{shown}</td>" for shown in images.values()) + "</tr>")
     heads = "".join(f"<th>{head}</th>" for head in ("scenario", *ASPECTS, "Linux", "Windows"))
-    page.write(folder / "index.html", "both systems",
-               "\n".join([f"<table><tr>{heads}</tr>", *rows, f"</table>\n<ul>{''.join(alone)}</ul>"]))
+    page.write(folder / "index.html", "both systems", "\n".join(
+        [f"<table><tr>{heads}</tr>", *rows, f"</table>\n<ul>{''.join(alone)}</ul>"]))
     print(*(f"differs: {fault}\n" for fault in faults), sep="", end="")
-    print(f"{len(rows)} scenarios side by side, {len(alone)} on one system only: {folder}/index.html")
+    print(f"{len(rows)} scenarios side by side, {len(alone)} on one system only: "
+          f"{folder}/index.html")
     return 1 if faults else 0

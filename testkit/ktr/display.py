@@ -23,7 +23,7 @@ class Display:
     def __init__(self) -> None:
         self._server = Server()
         self.name = self._server.name
-        self.before_act: Callable[[Window], None] | None = None
+        self.before_act: Callable[[Window], object] = lambda window: None
         """Called with a window that is about to be clicked or closed."""
         self.connection: Any = xdisplay.Display(self.name)
         # Requests without a reply may fail: their window has gone, which is fine.

@@ -1,15 +1,10 @@
 """What a failed test leaves behind."""
 
-from __future__ import annotations
-
 import shutil
 from pathlib import Path
 
 from ktr.sandbox import Sandbox
 from ktr.wine import WINE_PREFIX
-
-_LARGE = 5_000_000
-"""Larger files are libraries that are the same in every run."""
 
 
 def keep(sandbox: Sandbox, folder: Path) -> Path:
@@ -30,8 +25,8 @@ def keep(sandbox: Sandbox, folder: Path) -> Path:
 
 
 def _left_out(directory: str, names: list[str]) -> list[str]:
-    """Sockets, pipes and the like, which cannot be copied, and what is the same in every run."""
+    """What cannot be copied, such as sockets, and Wine and large libraries, which never change."""
     return [
         path.name for path in (Path(directory, name) for name in names)
         if not (path.is_symlink() or path.is_file() or path.is_dir())
-        or path.name == WINE_PREFIX or path.is_file() and path.stat().st_size > _LARGE]
+        or path.name == WINE_PREFIX or path.is_file() and path.stat().st_size > 5_000_000]

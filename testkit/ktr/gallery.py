@@ -5,8 +5,6 @@ With --references it takes them as the reference images of tests/qml/images/ ins
 there is named, what did not stays unchanged.
 """
 
-from __future__ import annotations
-
 import argparse
 import csv
 import html
@@ -26,12 +24,10 @@ BUILD = ROOT / "build" / "linux-debug"
 SCALES = ("1", "1.25", "1.5", "2")
 LANGUAGE_SCALES = ("1", "2")
 QML = ROOT / "tests" / "qml"
-SCREEN = "1600x1200"
-"""Holds the window with its shadow at the largest scale."""
 
 
 def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str, str]) -> None:
-    """Runs scenes that take screenshots on a virtual display at one scale."""
+    """Takes the screenshots of one scale, on a display that holds the window at the largest."""
     with tempfile.TemporaryDirectory(prefix="ktr-gallery-") as private:
         # Fonts, themes, desktop and scale of the user would all be visible.
         environment = {name: os.environ[name] for name in ("PATH", "TMPDIR") if name in os.environ}
@@ -44,8 +40,8 @@ def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str,
             "QT_LOGGING_RULES": "qt.qpa.xcb.warning=false", **variables,
         })
         done = subprocess.run(
-            [ROOT / "tools" / "ktr", "display", "--size", SCREEN, "--", runner, "-input",
-             QML / scenes],
+            [ROOT / "tools" / "ktr", "display", "--size", "1600x1200", "--", runner,
+             "-input", QML / scenes],
             env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
             timeout=600, check=False)
     if done.returncode != 0:
@@ -72,10 +68,9 @@ def figures_of(folder: Path, into: Path) -> list[str]:
 
 def write_languages(into: Path) -> int:
     """Writes languages.html: each language with its panes; returns the number of screenshots."""
-    with open(ROOT / "src" / "translations" / "languages.csv", encoding="utf-8", newline="") as table:
-        languages = list(csv.DictReader(table))
+    table = (ROOT / "src" / "translations" / "languages.csv").read_text("utf-8")
     sections, links, count = [], [], 0
-    for row in languages:
+    for row in csv.DictReader(table.splitlines()):
         name = html.escape(row["name"])
         links.append(f'<a href="#{name}">{name}</a>')
         facts = html.escape(f"{row['english_name']}, {row['code']}, {row['layout']}, "
@@ -97,13 +92,13 @@ def write_index(into: Path, scales: Sequence[str], languages: bool) -> int:
     for scale in scales:
         figures = figures_of(into / scale, into)
         count += len(figures)
-        sections.append(f'<section id="x{scale}"><h2>Scale {scale}</h2>\n' + "\n".join(figures)
-                        + "</section>")
+        sections.append("\n".join([f'<section id="x{scale}"><h2>Scale {scale}</h2>', *figures,
+                                   "</section>"]))
     links = " ".join(f'<a href="#x{scale}">{scale}</a>' for scale in scales)
     nav = (f"<nav>Scale {links} &middot; "
            + ('<a href="languages.html">every language</a> &middot; ' if languages else "")
-           + '<a href="../side-by-side/index.html">both executables side by side</a>, at all scales '
-           "(./test --scenario --windows)</nav>")
+           + '<a href="../side-by-side/index.html">both executables side by side</a>, at all '
+           "scales (./test --scenario --windows)</nav>")
     page.write(into / "index.html", "every state", "\n".join([nav, *sections]))
     return count
 

@@ -7,8 +7,6 @@ from dataclasses import dataclass, replace
 
 @dataclass(frozen=True)
 class Point:
-    """A position."""
-
     x: int
     y: int
 
@@ -51,7 +49,6 @@ class Rect:
         return replace(self, left=self.left + dx, top=self.top + dy)
 
     def contains(self, point: Point) -> bool:
-        """Whether the point lies inside."""
         return self.left <= point.x < self.right and self.top <= point.y < self.bottom
 
 

@@ -1,7 +1,5 @@
 """Real pointer and keyboard events, as if they came from the devices."""
 
-from __future__ import annotations
-
 from typing import Any, Callable, Iterable
 
 from Xlib import XK, X
@@ -19,20 +17,17 @@ class Input:
     def __init__(self, connection: Any, settle: Callable[[], None]) -> None:
         self._connection = connection
         self._settle = settle
-        self._buttons: set[int] = set()
-        self._keys: set[int] = set()
+        self._down: set[tuple[int, int]] = set()
+        """The events that release what is pressed."""
 
     def move(self, x: int, y: int) -> None:
         """Moves the pointer there at once."""
         self._fake(X.MotionNotify, 0, x, y)
 
     def press(self, button: int = LEFT) -> None:
-        """Presses a pointer button and keeps it down."""
-        self._buttons.add(button)
         self._fake(X.ButtonPress, button)
 
     def release(self, button: int = LEFT) -> None:
-        self._buttons.discard(button)
         self._fake(X.ButtonRelease, button)
 
     def click(self, x: int, y: int, button: int = LEFT) -> None:
@@ -73,11 +68,8 @@ class Input:
         `key("Escape")` is one key, `key("Alt_L", "F4")` a combination. An unknown name raises
         `ValueError`.
         """
-        self._press([code for name in names for code in self._codes(XK.string_to_keysym(name), name)])
-
-    def alt_f4(self) -> None:
-        """The window manager's key for closing the active window."""
-        self.key("Alt_L", "F4")
+        self._press([code for name in names
+                     for code in self._codes(XK.string_to_keysym(name), name)])
 
     def type(self, text: str) -> None:
         """Types ASCII text; line ends and tabs are typed as their keys."""
@@ -87,23 +79,15 @@ class Input:
             self._press(self._codes(keysym, character))
 
     def release_all(self) -> None:
-        """Releases every button and key that is still pressed."""
-        for button in tuple(self._buttons):
-            self.release(button)
-        for code in tuple(self._keys):
-            self._key_up(code)
+        for kind, detail in tuple(self._down):
+            self._fake(kind, detail)
 
     def _press(self, codes: list[int]) -> None:
         """Presses keys in turn and releases them in reverse."""
         for code in codes:
-            self._keys.add(code)
             self._fake(X.KeyPress, code)
         for code in reversed(codes):
-            self._key_up(code)
-
-    def _key_up(self, code: int) -> None:
-        self._keys.discard(code)
-        self._fake(X.KeyRelease, code)
+            self._fake(X.KeyRelease, code)
 
     def _codes(self, keysym: int, name: str) -> list[int]:
         """The key codes for a keysym: Shift if necessary, and the key."""
@@ -115,5 +99,9 @@ class Input:
         raise ValueError(f"the keyboard has no key for {name!r}")
 
     def _fake(self, kind: int, detail: int, x: int = 0, y: int = 0) -> None:
+        # The number of a release follows that of its press.
+        if kind in (X.KeyPress, X.ButtonPress):
+            self._down.add((kind + 1, detail))
+        self._down.discard((kind, detail))
         xtest.fake_input(self._connection, kind, detail, x=x, y=y)
         self._connection.sync()

@@ -4,8 +4,6 @@ Several may be made at the same time, each in a folder of its own. An older one 
 replaced; a folder that is none is refused.
 """
 
-from __future__ import annotations
-
 import argparse
 import os
 import shlex

@@ -1,7 +1,5 @@
 """The journal: what the fakes have done."""
 
-from __future__ import annotations
-
 import re
 from dataclasses import dataclass
 from urllib.parse import unquote
@@ -30,10 +28,6 @@ class Entry:
             raise ValueError(f"{key}={raw} is not a list")
         return [unquote(item) for item in _ITEM.findall(raw)]
 
-    def pairs(self, key: str = "pairs") -> dict[str, str]:
-        """A detail that is a list of `name=value`."""
-        return dict(item.partition("=")[::2] for item in self.items(key))
-
     def matches(self, image: str | None = None, event: str | None = None, **texts: object) -> bool:
         """Whether image, event and details match; None matches any."""
         return (image in (None, self.image) and event in (None, self.event)
@@ -44,14 +38,12 @@ class Entry:
 def parse(content: bytes) -> list[Entry]:
     """The entries of a journal; a last line that is still being written is left out."""
     whole = content[: content.rfind(b"\n") + 1].decode("utf-8")
-    return [_parse_line(line) for line in whole.split("\n") if line]
-
-
-def _parse_line(line: str) -> Entry:
-    parts = line.split("\t")
-    if len(parts) < 2:
-        raise ValueError(f"not a line of a journal: {line!r}")
-    fields = dict(part.partition("=")[::2] for part in parts[2:])
-    image = unquote(parts[0])
-    # A command of the system has a suffix on Windows only.
-    return Entry("tasklist" if image == "tasklist.exe" else image, parts[1], fields)
+    entries = []
+    for line in filter(None, whole.split("\n")):
+        image, *parts = line.split("\t")
+        if not parts:
+            raise ValueError(f"not a line of a journal: {line!r}")
+        # A command of the system has a suffix on Windows only.
+        entries.append(Entry("tasklist" if image == "tasklist.exe" else unquote(image), parts[0],
+                             dict(part.partition("=")[::2] for part in parts[1:])))
+    return entries

@@ -4,8 +4,6 @@ The numbers hold for a main window without a drop-shadow margin. With one, every
 `shadow_margin(width)`; `Window.place` adds it. Nothing else in the tests knows a position.
 """
 
-from __future__ import annotations
-
 from ktr.geometry import Point, Rect
 
 # Main window -----------------------------------------------------------------------------------
@@ -70,9 +68,8 @@ def shadow_margin(width: int) -> int:
 # Message box -----------------------------------------------------------------------------------
 
 BOX = Rect(0, 0, 480, 240)
-BOX_TITLE_BAR = Rect(1, 1, BOX.width - 2, 31)
 BOX_TITLE_GRIP = Point(200, 16)
-BOX_CLOSE = Rect(BOX_TITLE_BAR.right - 16 - 16, BOX_TITLE_BAR.top + (31 - 16) // 2, 16, 16)
+BOX_CLOSE = Rect(BOX.right - 1 - 16 - 16, 1 + (31 - 16) // 2, 16, 16)
 BOX_OK = Rect(BOX.right - 32 - 100, BOX.bottom - 20 - 28, 100, 28)
 
 

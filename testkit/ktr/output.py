@@ -1,7 +1,5 @@
 """What a program may print on standard error."""
 
-from __future__ import annotations
-
 import re
 from typing import Iterable
 

@@ -1,7 +1,5 @@
 """HTML pages with screenshots."""
 
-from __future__ import annotations
-
 import html
 from pathlib import Path
 
@@ -22,7 +20,6 @@ pre { white-space: pre-wrap; margin: 4px 0; max-width: 50em; }
 
 
 def write(file: Path, title: str, body: str) -> None:
-    """Writes a page."""
     file.write_text(f'<!DOCTYPE html>\n<meta charset="utf-8"><title>UninstallUI: {title}</title>\n'
                     f"<style>{_STYLE}</style>\n{body}\n", "utf-8")
 

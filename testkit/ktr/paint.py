@@ -1,7 +1,5 @@
 """Waits for painting on a display, by damage events instead of polling."""
 
-from __future__ import annotations
-
 import select
 import time
 from typing import Any, Callable, TypeVar

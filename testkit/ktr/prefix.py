@@ -28,12 +28,10 @@ SETTINGS = {
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("program", nargs="+", help="the program and its arguments, after --")
 
 
 def run(options: argparse.Namespace) -> NoReturn:
-    """The command."""
     become(options.program)
 
 
@@ -44,7 +42,13 @@ def become(program: list[str]) -> NoReturn:
         make(prefix)
         os.environ.update(SETTINGS, WINEPREFIX=prefix)
         if kit := os.environ.get("KTR_QT_KIT"):
-            _find_kit(kit)
+            # The DLLs of Qt and those of the compiler's run-time.
+            import subprocess
+
+            library = subprocess.check_output(
+                ["x86_64-w64-mingw32-g++-posix", "-print-file-name=libstdc++-6.dll"], text=True)
+            folders = (f"{kit}/bin", os.path.dirname(library), "/usr/x86_64-w64-mingw32/lib")
+            os.environ["WINEPATH"] = ";".join(f"Z:{folder}" for folder in folders)
         start_server(os.environ)
         os.execvp("wine", ["wine", *program])
     except (RuntimeError, OSError) as error:
@@ -67,16 +71,6 @@ def start_server(environment: Mapping[str, str]) -> None:
         # starts, it would end that one, too.
         quiet("wineserver", "-p30")
         quiet("wine", "cmd", "/c", "exit")
-
-
-def _find_kit(kit: str) -> None:
-    """Lets programs find Qt's DLLs and those of the compiler's run-time."""
-    import subprocess
-
-    library = subprocess.check_output(
-        ["x86_64-w64-mingw32-g++-posix", "-print-file-name=libstdc++-6.dll"], text=True)
-    folders = (f"{kit}/bin", os.path.dirname(library), "/usr/x86_64-w64-mingw32/lib")
-    os.environ["WINEPATH"] = ";".join(f"Z:{folder}" for folder in folders)
 
 
 def make(prefix: str) -> None:

@@ -1,14 +1,11 @@
 """A program that was started in a sandbox: the program under test, or a fake."""
 
-from __future__ import annotations
-
 import subprocess
 from pathlib import Path
 from typing import Callable
 
 from ktr import layout, wait
 from ktr.display import Display
-from ktr.system import Native
 from ktr.window import Window
 from ktr.xserver import die_with_parent
 
@@ -52,7 +49,6 @@ class Started:
 
     @property
     def stderr(self) -> str:
-        """The same for standard error."""
         return self._stderr.read_text(encoding="utf-8", errors="replace")
 
     def wait_exit(self, deadline: float = wait.DEADLINE) -> int:
@@ -74,15 +70,13 @@ class RunningProgram(Started):
     """The program under test."""
 
     def __init__(self, command: list[str], environment: dict[str, str], directory: Path, log: Path,
-                 display: Display, system: Native) -> None:
+                 display: Display) -> None:
         super().__init__(command, environment, directory, log)
         self.display = display
-        self._system = system
 
     def windows(self) -> list[Window]:
         """Its windows that the window manager has, the oldest first."""
-        owners = self._system.owners(self.pid)
-        return [window for window in self.display.windows.all() if window.pid in owners]
+        return [window for window in self.display.windows.all() if window.pid == self.pid]
 
     def window(self, deadline: float = wait.DEADLINE) -> Window:
         """Waits until the first window is shown; gives up if the program ends before."""

@@ -3,8 +3,6 @@
 The records of two executables are compared by `ktr compare`.
 """
 
-from __future__ import annotations
-
 import json
 import re
 from contextlib import suppress
@@ -23,7 +21,7 @@ _ONLY_HERE = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..
 _SETTINGS = re.compile(r"\w+ Dravik/bin/(registry\.reg|tasklist\.txt|[^/]+\.(exe|dll)\.txt)", re.I)
 """Files that a test writes for the fakes."""
 _OFTEN = ("tasklist", "SkyrelWrapExe.exe")
-"""Asked, or started by each load of the library, as often as time allows: that it was is what counts."""
+"""Started as often as time allows: only that they were counts."""
 
 
 class Recorder:
@@ -38,7 +36,7 @@ class Recorder:
 
     def save(self, folder: Path, name: str) -> None:
         """Writes the record, and the last screenshot of the window."""
-        self._sandbox.display.before_act = None
+        self._sandbox.display.before_act = lambda window: None
         folder.mkdir(parents=True, exist_ok=True)
         if self._screenshot is not None:
             self._screenshot.save(folder / f"{name}.png")
@@ -53,7 +51,8 @@ class Recorder:
                               if "config" in entry.image and entry.event != "load"],
             "processes": sorted(self._line(entry) for entry in entries
                                 if entry.event in ("start", "end") and entry.image not in _OFTEN)
-                         + sorted({self._line(entry) for entry in entries if entry.image in _OFTEN}),
+                         + sorted({self._line(entry) for entry in entries
+                                   if entry.image in _OFTEN}),
             "files": sorted(line for kind, paths in vars(change).items()
                             for line in (self._plain(f"{kind} {path}") for path in paths)
                             if not _SETTINGS.fullmatch(line)),
@@ -75,7 +74,8 @@ class Recorder:
                     self._screenshot = program.windows()[0].screenshot()
 
     def _line(self, entry: Entry) -> str:
-        fields = [f"{key}={entry.text(key)}" for key in entry.fields if not _ONLY_HERE.fullmatch(key)]
+        fields = [f"{key}={entry.text(key)}" for key in entry.fields
+                  if not _ONLY_HERE.fullmatch(key)]
         return self._plain(" ".join([entry.image, entry.event, *fields]))
 
     def _plain(self, text: str) -> str:

@@ -1,7 +1,5 @@
 """Reference images: their names, and when a screenshot matches one."""
 
-from __future__ import annotations
-
 import re
 from functools import cached_property, reduce
 from pathlib import Path
@@ -15,8 +13,8 @@ FONTS = HERE / "fonts.conf"
 SCALES = ("1", "2")
 
 # Every pixel must match within this per channel, of 255. On machines of one kind the images are
-# identical: under load, for another user, without the processor's vector instructions. The tolerance
-# covers rounding by other processors and libraries when they blend.
+# identical: under load, for another user, without the processor's vector instructions. The
+# tolerance covers rounding by other processors and libraries when they blend.
 TOLERANCE = 2
 
 
@@ -54,7 +52,7 @@ class Comparison:
 
     @cached_property
     def _off(self) -> Image.Image:
-        """By how much each pixel is off, in its worst channel, where that is too much; otherwise 0."""
+        """By how much each pixel is off in its worst channel; 0 within the tolerance."""
         bands = ImageChops.difference(self._actual, self._reference).split()
         worst = reduce(ImageChops.lighter, bands)
         return worst.point([0] * (TOLERANCE + 1) + list(range(TOLERANCE + 1, 256)))

@@ -5,8 +5,6 @@ value is printed as the 64 bits that lie there, a smaller parameter being only t
 Handles and the like differ from run to run, so they are shown by names.
 """
 
-from __future__ import annotations
-
 import re
 from dataclasses import dataclass, field
 from typing import Iterator
@@ -17,8 +15,6 @@ from ktr.wine import Wine
 
 ROOT = "ROOT"
 """How the sandbox's folder is shown, with and without Windows' own separators."""
-QT = "Qt: "
-"""Prefix of calls that Qt makes."""
 CONSOLE = "conhost.exe"
 """The image of Windows' console, whose calls are traced, too."""
 
@@ -99,10 +95,8 @@ def start(sandbox: Sandbox) -> RunningProgram:
     return sandbox.start(environment={"WINEDEBUG": "+relay,+loaddll"})
 
 
-def calls(
-    sandbox: Sandbox, program: RunningProgram, image: str = Wine.program_name,
-    named: dict[tuple[str, int], str] | None = None,
-) -> list[str]:
+def calls(sandbox: Sandbox, program: RunningProgram, image: str = Wine.program_name,
+          named: dict[tuple[str, int], str] | None = None) -> list[str]:
     """The calls of an image's first thread so far, a line each.
 
     `named` are names of things that exist already, by kind and value. An image that runs more than
@@ -114,27 +108,21 @@ def calls(
 
 @dataclass
 class _Call:
-    """A call as it was traced: its name, its arguments as numbers and texts."""
+    """A call as it was traced: its arguments as numbers and texts."""
 
     name: str
     thread: int
     by_qt: bool
-    after: str
     arguments: list[tuple[int, str | None]]
-    result: int = 0
+    result: int | None = None
 
 
 @dataclass
 class _Thread:
-    """The first thread of a process."""
+    """The first thread of a process: what is loaded at which address, and its calls."""
 
     modules: dict[int, str] = field(default_factory=dict)
     calls: list[_Call] = field(default_factory=list)
-    open: list[_Call] = field(default_factory=list)
-
-    def caller(self, address: int) -> str:
-        """In which module an address lies."""
-        return self.modules[max(base for base in self.modules if base <= address)]
 
 
 def _calls(trace: str, image: str) -> Iterator[_Call]:
@@ -147,38 +135,23 @@ def _calls(trace: str, image: str) -> Iterator[_Call]:
                 # The executable comes first; the thread's number may have been another's before.
                 if module == image:
                     threads[loaded[1]] = _Thread()
-                else:
-                    yield from _finished(threads, loaded[1])
+                elif loaded[1] in threads:
+                    yield from threads.pop(loaded[1]).calls
             if loaded[1] in threads:
                 threads[loaded[1]].modules[int(loaded[3], 16)] = module
-        elif called := _CALLED.match(line):
-            thread = threads.get(called[1])
-            if thread is not None:
-                caller = thread.caller(int(called[5], 16))
-                call = _Call(
-                    called[3], int(called[1], 16), caller != image,
-                    next((one.name for one in reversed(thread.calls) if not one.by_qt), ""),
-                    [(int(number, 16), text) for number, text in _arguments(called[4])])
-                thread.calls.append(call)
-                thread.open.append(call)
-        elif returned := _RETURNED.match(line):
-            thread = threads.get(returned[1])
-            while thread is not None and thread.open:
-                call = thread.open.pop()
-                if call.name == returned[3]:
+        elif (called := _CALLED.match(line)) and called[1] in threads:
+            thread, address = threads[called[1]], int(called[5], 16)
+            caller = thread.modules[max(base for base in thread.modules if base <= address)]
+            thread.calls.append(_Call(called[3], int(called[1], 16), caller != image, [
+                (int(found[1], 16), found[2] and re.sub(r'\\([\\"])', r"\1", found[2]))
+                for found in _ARGUMENT.finditer(called[4])]))
+        elif (returned := _RETURNED.match(line)) and returned[1] in threads:
+            for call in reversed(threads[returned[1]].calls):
+                if call.name == returned[3] and call.result is None:
                     call.result = int(returned[4], 16)
                     break
     for thread in threads.values():
         yield from thread.calls
-
-
-def _finished(threads: dict[str, _Thread], number: str) -> list[_Call]:
-    return threads.pop(number).calls if number in threads else []
-
-
-def _arguments(text: str) -> Iterator[tuple[str, str | None]]:
-    for match in _ARGUMENT.finditer(text):
-        yield match[1], None if match[2] is None else re.sub(r'\\([\\"])', r"\1", match[2])
 
 
 class _Namer:
@@ -191,43 +164,41 @@ class _Namer:
         self._folders = (folder, folder.replace("\\", "/"))
         self._program = {match[2]: match for match in _SIGNATURE.finditer(_PROGRAM)}
         self._qt = {match[2]: match for match in _SIGNATURE.finditer(_QT)}
+        self._before = ""
 
     def line(self, call: _Call) -> str:
         """The call as a line; empty if it is not shown."""
-        # Calls of the program itself to functions that only Qt should call are shown, too.
         self._named["thread", call.thread] = "own-thread"
+        before = self._before
+        if not call.by_qt:
+            self._before = call.name
+        # Calls of the program itself to functions that only Qt should call are shown, too.
         signature = (None if call.by_qt else self._program.get(call.name)) \
             or self._qt.get(call.name)
-        if signature is None or _ONLY_AFTER.get(call.name, call.after) != call.after:
+        if signature is None or _ONLY_AFTER.get(call.name, before) != before:
             return ""
-        kinds = [kind for kind in signature[3].split(", ") if kind]
-        needs_name = [(kind[1:], value) for kind, (value, _) in zip(kinds, call.arguments)
-                      if kind.startswith("!")]
-        if any(thing not in self._named for thing in needs_name):
+        arguments = list(zip(filter(None, signature[3].split(", ")), call.arguments, strict=True))
+        if any(kind.startswith("!") and (kind[1:], number) not in self._named
+               for kind, (number, _) in arguments):
             return ""
-        shown = [self._shown(kind.lstrip("-!"), number, text)
-                 for kind, (number, text) in zip(kinds, call.arguments, strict=True)]
-        for kind, (number, _) in zip(kinds, call.arguments):
+        shown = [self._shown(kind.lstrip("-!"), *value) for kind, value in arguments]
+        for kind, (number, _) in arguments:
             if kind.startswith("-"):
                 self._named.pop((kind[1:], number), None)
+        result = call.result or 0
         if signature[5] == "->":
-            self._named.setdefault((signature[6], call.result), signature[7])
+            self._named.setdefault((signature[6], result), signature[7])
         elif signature[5] == "=>":
             self._expected[signature[6]] = signature[7]
-        result = f" = {call.result & 0xFFFFFFFF}" if signature[4] else ""
-        beginning = QT if call.by_qt else ""
-        return f"{beginning}{call.name}({', '.join(one for one in shown if one)}){result}"
+        given = f" = {result & 0xFFFFFFFF}" if signature[4] else ""
+        return f"{'Qt: ' if call.by_qt else ''}{call.name}({', '.join(filter(None, shown))}){given}"
 
     def _shown(self, kind: str, number: int, text: str | None) -> str:
-        if kind == "any":
-            return ""
         low = number & 0xFFFFFFFF
-        if kind == "number":
-            return str(low)
-        if kind == "mask":
-            return hex(low)
-        if kind == "signed":
-            return str(low - (1 << 32) if low >> 31 else low)
+        numeric = {"any": "", "number": str(low), "mask": hex(low),
+                   "signed": str(low - (low >> 31 << 32))}
+        if kind in numeric:
+            return numeric[kind]
         if number == 0:
             return "null"
         if kind == "pointer":

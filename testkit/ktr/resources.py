@@ -1,29 +1,16 @@
 """What a process and its display need at a moment: memory, handles, X resources."""
 
-from __future__ import annotations
-
-from dataclasses import dataclass
-
 import psutil
 from Xlib.ext import res
 
 from ktr.display import Display
 
 
-@dataclass(frozen=True)
-class Usage:
-    """Of a process: KB of memory that are its own, handles, threads."""
-
-    own: int
-    handles: int
-    threads: int
-
-    @classmethod
-    def of(cls, pid: int) -> "Usage":
-        """Now; the process has to run."""
-        process = psutil.Process(pid)
-        memory = process.memory_info()
-        return cls((memory.rss - memory.shared) // 1024, process.num_fds(), process.num_threads())
+def usage(pid: int) -> tuple[int, int, int]:
+    """KB of memory that are a process's own, its handles and threads."""
+    process = psutil.Process(pid)
+    memory = process.memory_info()
+    return (memory.rss - memory.shared) // 1024, process.num_fds(), process.num_threads()
 
 
 def peak_memory(pid: int) -> float:

@@ -1,7 +1,5 @@
 """A sandbox for one test: a fake installation of the product, and everything that runs in it."""
 
-from __future__ import annotations
-
 import shutil
 import struct
 import tempfile
@@ -15,7 +13,7 @@ from ktr.installation import assemble, configure
 from ktr.journal import Entry, parse
 from ktr.program import RunningProgram, Started
 from ktr.system import Process, RegistryValue
-from ktr.target import system_under_test
+from ktr.wine import system_under_test
 
 FOLDERS = ("Dravik", "home", "tmp", "run")
 """Folders in which the program could leave files."""
@@ -110,7 +108,6 @@ class Sandbox:
     # The program -------------------------------------------------------------------------------
 
     def environment(self) -> dict[str, str]:
-        """The whole environment of every program that is started here."""
         return self.system.environment(self.root, self.display.name, self._tools)
 
     def start(self, arguments: Iterable[str] = (),
@@ -126,7 +123,7 @@ class Sandbox:
         program = RunningProgram(
             [*under, *self.system.command(self.program_file, list(arguments))],
             {name: value for name, value in variables.items() if value is not None},
-            self.root, self._log(self.program_file.name), self.display, self.system)
+            self.root, self._log(self.program_file.name), self.display)
         self.programs.append(program)
         return program
 
@@ -164,7 +161,6 @@ class Sandbox:
                           accept=lambda seen: len(seen) == count)
 
     def shown(self, path: Path) -> str:
-        """A path as the programs in the sandbox write it."""
         return self.system.shown(path)
 
     def snapshot(self, folders: tuple[str, ...] = FOLDERS) -> tree.Tree:

@@ -1,7 +1,5 @@
 """Screenshots and colours of a display, and waiting for them."""
 
-from __future__ import annotations
-
 import time
 from collections import Counter
 from pathlib import Path
@@ -26,7 +24,6 @@ def colour(text: str) -> Colour:
 
 
 def is_close(one: Colour, other: Colour, tolerance: int = TOLERANCE) -> bool:
-    """Whether two colours look the same."""
     return all(abs(a - b) <= tolerance for a, b in zip(one, other))
 
 

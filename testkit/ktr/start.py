@@ -1,7 +1,5 @@
 """Starts the program of a sandbox for a person, with the sandbox's own folders around it."""
 
-from __future__ import annotations
-
 import argparse
 import os
 import pwd
@@ -12,12 +10,10 @@ from ktr.sandbox import reachable
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("sandbox", type=Path)
 
 
 def run(options: argparse.Namespace) -> int:
-    """Returns the status of the program."""
     root = options.sandbox.resolve()
     environment = dict(os.environ)
     environment.pop("QT_QUICK_CONTROLS_STYLE", None)

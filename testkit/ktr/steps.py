@@ -1,7 +1,5 @@
 """What several scenarios do and expect, in the words of a user."""
 
-from __future__ import annotations
-
 import json
 from pathlib import Path
 from typing import Callable
@@ -43,7 +41,6 @@ def uninstall_held(sandbox: Sandbox, window: Window, beyond: float = 0.0) -> Pat
 
 
 def wait_buttons_disabled(window: Window) -> None:
-    """Waits until both buttons are greyed."""
     window.wait_colour(layout.face(layout.CANCEL), layout.BUTTON_DISABLED)
     window.wait_colour(layout.face(layout.UNINSTALL), layout.BUTTON_DISABLED)
 
@@ -107,6 +104,9 @@ REASONS = {
 }
 """The reasons by number, as usage events name them."""
 
+_REASON = "Result_Question_Why_Unistall"
+"""The activity that reports a chosen reason."""
+
 LAST_REASON = max(REASONS)
 """Always in the last row; the others are in random order."""
 
@@ -133,26 +133,22 @@ def events(sandbox: Sandbox) -> list[tuple[str, str, str]]:
 
 def wait_event(sandbox: Sandbox, activity: str, count: int = 1) -> tuple[str, str, str]:
     """Waits for the `count`-th usage event of an activity; returns it."""
-    def of_activity() -> list[tuple[str, str, str]]:
-        return [event for event in events(sandbox) if event[1] == activity]
-
-    return wait.until(of_activity, f"{count} event(s) {activity}",
+    return wait.until(lambda: [event for event in events(sandbox) if event[1] == activity],
+                      f"{count} event(s) {activity}",
                       accept=lambda found: len(found) >= count)[count - 1]
 
 
 def reasons_given(sandbox: Sandbox) -> list[tuple[str, str, str]]:
     """The usage events so far that report a chosen reason."""
-    return [event for event in events(sandbox) if event[1] == "Result_Question_Why_Unistall"]
+    return [event for event in events(sandbox) if event[1] == _REASON]
 
 
 _known_looks: dict[bytes, int] = {}
 """The reasons by how their rows look; `learn_reasons` fills it."""
 
 
-def learn_reasons(
-    display: Display, prepare: Callable[[Sandbox], object] = lambda sandbox: None,
-    start: Callable[[Sandbox], RunningProgram] = Sandbox.start,
-) -> None:
+def learn_reasons(display: Display, prepare: Callable[[Sandbox], object] = lambda sandbox: None,
+                  start: Callable[[Sandbox], RunningProgram] = Sandbox.start) -> None:
     """Finds out how the reasons look that stand in another order at each start.
 
     Chooses them, one at each start; their usage events tell which they are. `prepare` and `start`
@@ -232,7 +228,7 @@ def choose_row(sandbox: Sandbox, window: Window, row: int) -> int:
     """
     given = len(reasons_given(sandbox))
     window.click(layout.reason(row))
-    event = wait_event(sandbox, "Result_Question_Why_Unistall", given + 1)
+    event = wait_event(sandbox, _REASON, given + 1)
     numbers = {reported(reason): reason for reason in REASONS}
     if event not in numbers:
         raise wait.Unexpected(f"no reason is reported like this: {event}")
@@ -242,14 +238,12 @@ def choose_row(sandbox: Sandbox, window: Window, row: int) -> int:
 
 def reported(reason: int) -> tuple[str, str, str]:
     """The usage event of a chosen reason."""
-    return ("UninstallPop", "Result_Question_Why_Unistall",
-            json.dumps({"answer": REASONS[reason]}, separators=(",", ":")))
+    return "UninstallPop", _REASON, json.dumps({"answer": REASONS[reason]}, separators=(",", ":"))
 
 
 def wait_page(sandbox: Sandbox, window: Window, reason: int, count: int = 1) -> None:
     """Waits until a reason, the `count`-th one here, has been reported and its page is seen."""
-    wait.expect("reported reason", wait_event(sandbox, "Result_Question_Why_Unistall", count),
-                reported(reason))
+    wait.expect("reported reason", wait_event(sandbox, _REASON, count), reported(reason))
     if reason in (1, 2):
         wait_coupon(window)
     else:
@@ -269,7 +263,6 @@ def page_screenshot(window: Window) -> bytes:
 
 
 def wait_coupon(window: Window) -> None:
-    """Waits until the coupon's image is visible."""
     wait.until(lambda: window.screen.share(window.area(layout.GIFT), layout.GIFT_COLOUR, 24),
                "the image of the gift", accept=lambda share: share > 0.05)
 

@@ -12,7 +12,7 @@ import signal
 from contextlib import contextmanager, suppress
 from dataclasses import dataclass
 from pathlib import Path
-from typing import TYPE_CHECKING, Iterator, Union
+from typing import TYPE_CHECKING, Iterator
 
 import psutil
 
@@ -39,6 +39,12 @@ class Process:
     def name(self) -> str:
         return self.executable.name
 
+    def variable(self, name: str) -> str:
+        """A variable of the environment with which it was started; empty without one."""
+        with suppress(psutil.Error, OSError):
+            return str(psutil.Process(self.pid).environ().get(name, ""))
+        return ""
+
     def __str__(self) -> str:
         return f"{self.pid} {self.executable}"
 
@@ -54,7 +60,7 @@ class Raw:
 REGISTRY_FILE = "Windows Registry Editor Version 5.00\n\n"
 """How a registry file begins."""
 
-RegistryValue = Union[str, Raw, None]
+RegistryValue = str | Raw | None
 """What a registry value holds: a text or something else; None is no value."""
 
 
@@ -112,7 +118,6 @@ class Native:
         (program / "registry.reg").write_text(REGISTRY_FILE + machine_values(values), "utf-8")
 
     def command(self, executable: Path, arguments: list[str]) -> list[str]:
-        """The command line that starts an executable."""
         return [str(executable), *arguments]
 
     def environment(self, root: Path, display: str, tools: Path | None = None) -> dict[str, str]:
@@ -133,13 +138,9 @@ class Native:
             "LC_ALL": "C.UTF-8",
         }
 
-    def owners(self, pid: int) -> set[int]:
-        """The processes whose windows belong to a program that was started with this id."""
-        return {pid}
-
     def processes(self, root: Path) -> list[Process]:
         """All processes whose executable lies below a directory, by the real path."""
-        return [process for process, _ in all_processes() if root in process.executable.parents]
+        return [process for process in all_processes() if root in process.executable.parents]
 
     def offspring(self, root: Path) -> list[Process]:
         """All processes that belong to the sandbox at `root`.
@@ -148,9 +149,9 @@ class Native:
         programs of the system that one of its programs started: the private run-time folder in
         their environment gives them away.
         """
-        return [process for process, details in all_processes()
+        return [process for process in all_processes()
                 if root in process.executable.parents
-                or variable_of(details, "XDG_RUNTIME_DIR") == f"{root}/run"]
+                or process.variable("XDG_RUNTIME_DIR") == f"{root}/run"]
 
     def end(self, process: Process) -> None:
         """Ends a process at once; one that has gone already is fine."""
@@ -166,28 +167,19 @@ class Native:
 
         The lock is tried and given back at once: do not ask while another program starts.
         """
-        try:
-            descriptor = os.open(self.lock_file(root), os.O_RDONLY | os.O_CLOEXEC)
-        except FileNotFoundError:
-            return False
-        try:
-            fcntl.flock(descriptor, fcntl.LOCK_EX | fcntl.LOCK_NB)
-        except BlockingIOError:
-            return True
-        finally:
-            os.close(descriptor)
+        with suppress(FileNotFoundError), open(self.lock_file(root), "rb") as file:
+            try:
+                fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            except BlockingIOError:
+                return True
         return False
 
     @contextmanager
     def holding_instance_lock(self, root: Path) -> Iterator[None]:
         """Holds the single-instance lock as an instance without a window would."""
-        flags = os.O_RDWR | os.O_CREAT | os.O_CLOEXEC
-        descriptor = os.open(self.lock_file(root), flags, 0o644)
-        try:
-            fcntl.flock(descriptor, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        with open(self.lock_file(root), "ab") as file:
+            fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
             yield
-        finally:
-            os.close(descriptor)
 
 
 def machine_values(values: dict[tuple[str, str], RegistryValue]) -> str:
@@ -205,21 +197,10 @@ def exported(value: RegistryValue) -> str:
     return '"' + value.replace("\\", "\\\\").replace('"', '\\"') + '"'
 
 
-def all_processes() -> Iterator[tuple[Process, psutil.Process]]:
+def all_processes() -> Iterator[Process]:
     """All live processes whose executable may be read."""
     # Not process_iter: it keeps the executable of a process that has become another program.
     for pid in psutil.pids():
-        try:
-            process = psutil.Process(pid)
-            if executable := process.exe():
-                yield Process(pid, Path(executable)), process
-        except psutil.Error:
-            continue
-
-
-def variable_of(process: psutil.Process, name: str) -> str:
-    """A variable of the environment with which a process was started; empty without one."""
-    try:
-        return str(process.environ().get(name, ""))
-    except (psutil.Error, OSError):
-        return ""
+        with suppress(psutil.Error):
+            if executable := psutil.Process(pid).exe():
+                yield Process(pid, Path(executable))

@@ -1,11 +1,10 @@
 """Takes the program through its main job on a virtual display, with real input events, and prints
 step by step what happened. Status 0 only when every step was seen."""
 
-from __future__ import annotations
-
 import argparse
 import shutil
 import sys
+from dataclasses import dataclass
 from pathlib import Path
 
 from ktr import layout, steps, wait
@@ -21,28 +20,27 @@ def say(step: str, *details: str) -> None:
     print(f"* {step}", *(f"    {detail}" for detail in details), sep="\n", flush=True)
 
 
+@dataclass
 class Tour:
     """One walk through the program."""
 
-    def __init__(self, sandbox: Sandbox, folder: Path, under: list[str]) -> None:
-        self.sandbox = sandbox
-        self.folder = folder
-        self.under = under
-        self.taken = 0
-        self.known_events: list[tuple[str, str, str]] = []
-        self.known_look_ups = 0
+    sandbox: Sandbox
+    folder: Path
+    under: list[str]
+    taken: int = 0
+    known_events: int = 0
+    known_look_ups: int = 0
 
     def screenshot(self, window: Window, name: str) -> str:
-        """Saves a screenshot of a window; returns its path."""
         self.taken += 1
         file = self.folder / f"{self.taken:02}-{name}.png"
-        window.screenshot().save(file)
-        return f"screenshot: {file}"
+        return f"screenshot: {window.screen.save(file, window.geometry)}"
 
     def events(self) -> list[str]:
         """The usage events since the last call."""
-        known, self.known_events = self.known_events, steps.events(self.sandbox)
-        return [f"usage event: {' / '.join(event)}" for event in self.known_events[len(known):]]
+        events = steps.events(self.sandbox)
+        new, self.known_events = events[self.known_events:], len(events)
+        return [f"usage event: {' / '.join(event)}" for event in new]
 
     def look_ups(self) -> list[str]:
         """The look-ups in the remote configuration since the last call."""
@@ -52,13 +50,12 @@ class Tour:
                     if entry.event == "set_filter_environment"]
         return prefixes + [
             f"configuration key: {entry.text('key')} {entry.text('suffix')}".rstrip()
-            for entry in new if entry.event == "get_string_value" and entry.text("buffer") == "given"
-        ]
+            for entry in new if entry.matches(event="get_string_value", buffer="given")]
 
     def opened(self, count: int) -> str:
         """Waits for the `count`-th opened link; says which it was."""
-        links = wait.until(lambda: self.sandbox.journal("xdg-open", "open"), f"{count} opened links",
-                           accept=lambda found: len(found) >= count)
+        links = wait.until(lambda: self.sandbox.journal("xdg-open", "open"),
+                           f"{count} opened links", accept=lambda found: len(found) >= count)
         return f"opened: {links[count - 1].items('args')[0]}"
 
     def feedback(self, window: Window) -> None:
@@ -92,7 +89,8 @@ class Tour:
         program = sandbox.start(under=self.under, environment=interpreted)
         window = program.ready()
         sandbox.wait_noted("SkyrelWrapExe.exe", "start")
-        say("The window is open", f"window {window.geometry}, handle file {sandbox.read_handle():#x}",
+        say("The window is open",
+            f"window {window.geometry}, handle file {sandbox.read_handle():#x}",
             "telemetry library loaded, its companion runs", *self.look_ups(),
             self.screenshot(window, "home"))
 
@@ -100,7 +98,8 @@ class Tour:
 
         steps.uninstall(window)
         box = program.box()
-        say("Uninstall, while the product runs: the warning", *self.events(), self.screenshot(window, "warning"))
+        say("Uninstall, while the product runs: the warning", *self.events(),
+            self.screenshot(window, "warning"))
         product.kill()
         box.click(layout.BOX_OK)
         box.wait_gone()
@@ -108,11 +107,13 @@ class Tour:
         steps.uninstall(window)
         entry = sandbox.wait_noted("uninstall.exe", "start")
         say("Uninstall, with the product closed: the uninstaller runs",
-            f"command line: uninstall.exe {' '.join(entry.items('args'))}", f"in {entry.text('cwd')}")
+            f"command line: uninstall.exe {' '.join(entry.items('args'))}",
+            f"in {entry.text('cwd')}")
         steps.wait_buttons_disabled(window)
         first = steps.wait_climbing(window)
         reached = steps.wait_climbing(window, first)
-        say("The bar climbs", f"{first:.1%}, then {reached:.1%}", self.screenshot(window, "progress"))
+        say("The bar climbs", f"{first:.1%}, then {reached:.1%}",
+            self.screenshot(window, "progress"))
         hold.unlink()
         sandbox.wait_noted("uninstall.exe", "end")
         steps.wait_complete(window)
@@ -125,34 +126,25 @@ class Tour:
             "the companion process was ended",
             f"clean-up: {entry.text('script')} \"{entry.items('args')[0]}\"",
             f"in {entry.text('cwd')}, nice {entry.text('nice')}")
-        unexpected = unexpected_lines(program.stderr)
-        if unexpected:
-            raise wait.Unexpected(f"on standard error: {unexpected}")
-
-
-def valgrind(log: Path | None) -> list[str]:
-    """valgrind's command line, if the program is to be checked; an error gives status 99."""
-    return [] if log is None else [
-        "valgrind", "--error-exitcode=99", f"--log-file={log.resolve()}", "--trace-children=no",
-        f"--suppressions={REPOSITORY}/tests/valgrind.supp"]
+        wait.expect("unexpected lines on standard error", unexpected_lines(program.stderr), [])
 
 
 def arguments(parser: argparse.ArgumentParser) -> None:
-    """The command line."""
     parser.add_argument("--sandbox", type=Path, required=True, help="the assembled sandbox")
     parser.add_argument("--screenshots", type=Path, required=True, help="where screenshots go")
-    parser.add_argument("--valgrind", type=Path, metavar="LOG", help="let valgrind check the program "
-                        "and write what it finds there; KTR_PATIENCE should be 10 or so")
+    parser.add_argument("--valgrind", type=Path, metavar="LOG", help="let valgrind check the "
+                        "program and write what it finds there; KTR_PATIENCE should be 10 or so")
 
 
 def run(options: argparse.Namespace) -> int:
-    """Takes the tour."""
     shutil.rmtree(options.screenshots, ignore_errors=True)
-    options.screenshots.mkdir(parents=True)
+    under = [] if options.valgrind is None else [
+        "valgrind", "--error-exitcode=99", f"--log-file={options.valgrind.resolve()}",
+        "--trace-children=no", f"--suppressions={REPOSITORY}/tests/valgrind.supp"]
     with Display() as display:
         sandbox = Sandbox(display, lambda root: None, root=options.sandbox)
         try:
-            Tour(sandbox, options.screenshots, valgrind(options.valgrind)).walk()
+            Tour(sandbox, options.screenshots, under).walk()
         except (AssertionError, wait.TimedOut) as missing:
             image = display.screen.save(options.screenshots / "failed.png")
             print(f"ktr tour: this step was not seen: {missing}\nscreen: {image}", file=sys.stderr)

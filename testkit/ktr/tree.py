@@ -1,7 +1,5 @@
 """Snapshots of folders, and their differences."""
 
-from __future__ import annotations
-
 import hashlib
 import stat
 from dataclasses import dataclass
@@ -33,7 +31,6 @@ def snapshot(root: Path, folders: tuple[str, ...]) -> Tree:
 
 
 def compare(before: Tree, after: Tree) -> Difference:
-    """What was added, removed and changed between two snapshots."""
     return Difference([path for path in after if path not in before],
                       [path for path in before if path not in after],
                       [path for path in after if before.get(path, after[path]) != after[path]])

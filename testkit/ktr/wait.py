@@ -1,7 +1,5 @@
 """Waits for a condition, with a deadline and a failure that says what was awaited."""
 
-from __future__ import annotations
-
 import os
 import time
 from typing import Callable, TypeVar
@@ -10,9 +8,6 @@ DEADLINE = 60.0 * float(os.environ.get("KTR_PATIENCE", "1"))
 """Seconds that anything may take by default: generous, since test machines are slow and noisy.
 
 `KTR_PATIENCE` multiplies it for a program that runs slowly on purpose."""
-
-PAUSE = 0.02
-"""Seconds between two checks of a condition."""
 
 Value = TypeVar("Value")
 
@@ -35,12 +30,8 @@ def expect(what: str, seen: object, wanted: object) -> None:
         raise Unexpected(f"{what}: {_short(seen)} instead of {_short(wanted)}")
 
 
-def until(
-    look: Callable[[], Value],
-    what: str,
-    deadline: float = DEADLINE,
-    accept: Callable[[Value], object] = bool,
-) -> Value:
+def until(look: Callable[[], Value], what: str, deadline: float = DEADLINE,
+          accept: Callable[[Value], object] = bool) -> Value:
     """Calls `look` until `accept` accepts what it returns, and returns that.
 
     `what` completes the sentence "waited for ...". After `deadline` seconds `TimedOut` is raised,
@@ -53,7 +44,7 @@ def until(
             return seen
         if time.monotonic() >= end:
             raise TimedOut(f"waited {deadline:g} s for {what}; last seen: {_short(seen)}")
-        time.sleep(PAUSE)
+        time.sleep(0.02)
 
 
 def _short(value: object) -> str:

@@ -52,7 +52,6 @@ class Window:
 
     @property
     def iconified(self) -> bool:
-        """Whether it is minimised."""
         state = self.value("WM_STATE", "WM_STATE")
         return bool(state) and state[0] == Xutil.IconicState
 
@@ -112,13 +111,12 @@ class Window:
         """
         wait.until(lambda: self._above(self.place(place)), f"{place} of {self!r} to be uncovered",
                    deadline, accept=lambda seen: not seen)
-        self._about_to_act()
+        self._display.before_act(self)
         point = self.place(place)
         self._display.input.click(point.x, point.y)
         self._display.windows.settle()
 
     def hover(self, place: Place) -> None:
-        """Moves the pointer there."""
         point = self.place(place)
         self._display.input.move(point.x, point.y)
 
@@ -160,7 +158,6 @@ class Window:
         return self.screen.bar_fraction(self.area(bar), layout.BAR_FILL, layout.BAR_TRACK)
 
     def screenshot(self) -> Image.Image:
-        """What is to be seen where the window is."""
         return self.screen.screenshot(self._geometry())
 
     def opacity(self, point: Point) -> int:
@@ -197,18 +194,14 @@ class Window:
 
     def close(self) -> None:
         """Closes it as a window manager's close button does; does not wait."""
-        self._about_to_act()
+        self._display.before_act(self)
         self._display.windows.send(self, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2])
 
     def wait_gone(self, deadline: float = wait.DEADLINE) -> None:
         """Waits until it is no longer shown or managed (the X window may live on, hidden)."""
         wait.until(lambda: not self.managed and not self.visible, f"{self!r} to go away", deadline)
 
-    def _about_to_act(self) -> None:
-        if self._display.before_act is not None:
-            self._display.before_act(self)
-
-    def _above(self, point: Point) -> list["Window"]:
+    def _above(self, point: Point) -> list[Window]:
         """The visible managed windows that lie above this one and have the point."""
         stacking = self._display.windows.stacking()
         above = stacking[stacking.index(self) + 1 :] if self in stacking else []
@@ -258,8 +251,8 @@ class Windows:
         return self._list("_NET_CLIENT_LIST_STACKING")
 
     def active(self) -> Window | None:
-        """The window that has the input focus."""
-        return next((window for window in self._list("_NET_ACTIVE_WINDOW") if window.identifier), None)
+        found = self._list("_NET_ACTIVE_WINDOW")
+        return found[0] if found and found[0].identifier else None
 
     @contextmanager
     def bystander(self, area: Rect = Rect(0, 0, 1280, 900)) -> Iterator[Window]:

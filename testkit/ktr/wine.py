@@ -4,12 +4,10 @@ Each sandbox has a Wine prefix of its own, so its registry, its named mutexes an
 its own, too. Programs see the sandbox under drive Z:, as they see every file.
 """
 
-from __future__ import annotations
-
 import os
 import shutil
 import subprocess
-from contextlib import contextmanager
+from contextlib import contextmanager, suppress
 from pathlib import Path, PureWindowsPath
 from typing import IO, Iterator, cast
 
@@ -17,7 +15,7 @@ from ktr import prefix, wait
 from ktr.installation import build_directory
 from ktr.system import (
     MUTEX, REGISTRY_FILE, Native, Process, Raw, RegistryValue, all_processes, exported,
-    machine_values, variable_of)
+    machine_values)
 
 WINE_PREFIX = "prefix"
 """The folder of a sandbox in which Wine keeps its system."""
@@ -53,9 +51,11 @@ class Wine(Native):
                          # Without a console, messages would go to the debugger.
                          "QT_FORCE_STDERR_LOGGING": "1"})
                      # A program that crashes ends, without a dialog about it.
-                     + _user_values("Software\\Wine\\WineDbg", {"ShowCrashDialog": Raw(4, bytes(4))})
+                     + _user_values("Software\\Wine\\WineDbg",
+                                    {"ShowCrashDialog": Raw(4, bytes(4))})
                      # The system's own font is not free; Wine would take one with serifs.
-                     + _user_values("Software\\Wine\\Fonts\\Replacements", {"Segoe UI": "Open Sans"}))
+                     + _user_values("Software\\Wine\\Fonts\\Replacements",
+                                    {"Segoe UI": "Open Sans"}))
         values.unlink()
 
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
@@ -162,6 +162,15 @@ class Wine(Native):
             raise RuntimeError(f"the registry could not be written: {done.stderr}")
 
 
+def is_windows() -> bool:
+    """Whether the build has made the Windows executable."""
+    return (build_directory() / "src" / "app" / Wine.program_name).exists()
+
+
+def system_under_test() -> Native:
+    return Wine() if is_windows() else Native()
+
+
 def _user_values(key: str, values: dict[str, RegistryValue]) -> str:
     """Values of a key below the current user in a registry file."""
     return f"\n[HKEY_CURRENT_USER\\{key}]\n" + "".join(
@@ -174,15 +183,13 @@ def _prefix(root: Path) -> Path:
 
 def _programs_of(root: Path) -> Iterator[tuple[int, Path]]:
     """Id and executable of every process that has the sandbox's prefix."""
-    for process, details in all_processes():
-        if variable_of(details, "WINEPREFIX") == str(_prefix(root)):
-            try:
+    for process in all_processes():
+        if process.variable("WINEPREFIX") == str(_prefix(root)):
+            with suppress(OSError):
                 # Not psutil's, which splits a single argument at spaces.
                 line = Path(f"/proc/{process.pid}/cmdline").read_bytes()
-            except OSError:
-                continue
-            if first := line.split(b"\0")[0].decode(errors="replace"):
-                yield process.pid, _native(root, first)
+                if first := line.split(b"\0")[0].decode(errors="replace"):
+                    yield process.pid, _native(root, first)
 
 
 def _native(root: Path, text: str) -> Path:

@@ -4,8 +4,6 @@ A Wine desktop stays on the display on which it was first shown, so the command 
 of its own as well.
 """
 
-from __future__ import annotations
-
 import argparse
 import ctypes
 import os
@@ -16,8 +14,7 @@ import subprocess
 import sys
 import tempfile
 from pathlib import Path
-from types import FrameType
-from typing import IO, Any, NoReturn, cast
+from typing import IO, Any, cast
 
 SIZE = (1440, 1000)
 """Holds the window with its shadow at the largest scale of the scenarios."""
@@ -25,9 +22,6 @@ SIZE = (1440, 1000)
 NO_BUS = "unix:path=/dev/null"
 """The address of a session bus that refuses every connection. The desktop's own must not be used;
 without an address, libdbus starts dbus-launch, which leaves a dbus-daemon behind."""
-
-_PATIENCE = 60.0
-"""Seconds that a server may take to start."""
 
 _LIBC = ctypes.CDLL(None)
 
@@ -63,7 +57,6 @@ class Server:
             raise
 
     def close(self) -> None:
-        """Stops both and removes the folder."""
         for process in reversed(self._processes):
             process.terminate()
             try:
@@ -75,7 +68,7 @@ class Server:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def _start(self, name: str, *options: str, **more: Any) -> str:
-        """Starts a server; returns the first line of its output, which it writes when it is ready."""
+        """Starts a server; returns the line that it writes when it is ready."""
         log = self.folder / f"{name}.log"
         with open(log, "wb") as errors:
             server = subprocess.Popen(
@@ -83,7 +76,7 @@ class Server:
                 text=True, preexec_fn=die_with_parent, **more)
         self._processes.append(server)
         output = cast(IO[str], server.stdout)
-        line = output.readline() if select.select([output], [], [], _PATIENCE)[0] else ""
+        line = output.readline() if select.select([output], [], [], 60)[0] else ""
         if not line:
             raise RuntimeError(f"{name} did not start (status {server.poll()}): "
                                f"{log.read_text(errors='replace').strip()}")
@@ -98,7 +91,7 @@ def arguments(parser: argparse.ArgumentParser) -> None:
 def run(options: argparse.Namespace) -> int:
     """Runs the command; returns its status, 128 and more for a signal as shells do."""
     for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
-        signal.signal(number, _end)
+        signal.signal(number, lambda number, frame: sys.exit(128 + number))
     server = Server(options.size)
     prefix = server.folder / "wine-prefix"
     os.environ.update(DISPLAY=server.name, DBUS_SESSION_BUS_ADDRESS=NO_BUS,
@@ -121,10 +114,6 @@ def run(options: argparse.Namespace) -> int:
         server.close()
 
 
-def _end(number: int, frame: FrameType | None) -> NoReturn:
-    sys.exit(128 + number)
-
-
 def _size(text: str) -> tuple[int, int]:
-    width, height = text.split("x")
-    return int(width), int(height)
+    width, height = map(int, text.split("x"))
+    return width, height

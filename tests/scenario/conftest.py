@@ -16,7 +16,7 @@ from ktr.output import unexpected_lines
 from ktr.program import RunningProgram
 from ktr.record import Recorder
 from ktr.sandbox import Sandbox
-from ktr.target import is_windows
+from ktr.wine import is_windows
 
 _SANDBOX = pytest.StashKey[Sandbox]()
 _FAILED = pytest.StashKey[bool]()

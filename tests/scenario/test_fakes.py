@@ -17,7 +17,7 @@ from ktr import wait
 from ktr.display import Display
 from ktr.installation import assemble, build_directory
 from ktr.sandbox import Sandbox
-from ktr.target import system_under_test
+from ktr.wine import system_under_test
 
 LIBRARY = "SkyrelWrap.DLL"
 COMPANION = "SkyrelWrapExe.exe"

@@ -3,7 +3,7 @@
 import pytest
 
 from ktr.output import unexpected_lines
-from ktr.target import is_windows
+from ktr.wine import is_windows
 from faults import TABLE
 
 # Wine is slower, and the program decides the same there.

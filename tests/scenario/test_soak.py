@@ -8,8 +8,8 @@ from pathlib import Path
 import pytest
 
 from ktr import layout, steps, wait
-from ktr.resources import Usage, clients, peak_memory, resources
-from ktr.target import is_windows
+from ktr.resources import clients, peak_memory, resources, usage
+from ktr.wine import is_windows
 from test_storm import storm
 
 # Under Wine these would measure Wine.
@@ -67,9 +67,7 @@ def test_a_long_run_needs_no_more_at_its_end(sandbox, program):
     hold = steps.uninstall_held(sandbox, window, 0.985)
     began, samples = time.monotonic(), []
     while (since := time.monotonic() - began) < TEN_MINUTES:
-        usage = Usage.of(program.pid)
-        samples.append((round(since), usage.own, usage.handles, usage.threads,
-                        resources(sandbox.display)))
+        samples.append((round(since), *usage(program.pid), resources(sandbox.display)))
         # The window can be dragged between two queries.
         window.drag(layout.TITLE_GRIP, 10 if len(samples) % 2 else -10, 0)
         assert 0.985 < window.bar_fraction() < 1.0

@@ -3,7 +3,7 @@
 import pytest
 
 from ktr import layout, steps, wait
-from ktr.target import is_windows
+from ktr.wine import is_windows
 
 STARTS, ROUNDS = (10, 1) if is_windows() else (50, 2)
 LONG = 300.0

@@ -179,7 +179,7 @@ def test_keyboard_and_window_manager_close_the_box(sandbox, program):
         lambda box: keyboard.key("Escape"),
         lambda box: keyboard.key("Return"),
         lambda box: box.close(),
-        lambda box: keyboard.alt_f4(),
+        lambda box: keyboard.key("Alt_L", "F4"),
     ):
         window.click(layout.UNINSTALL)
         box = program.box()
