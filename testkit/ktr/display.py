@@ -14,15 +14,14 @@ from ktr.window import Window, Windows
 from ktr.xserver import SIZE, Server
 
 
-class Display:
+class Display(Server):
     """A server for this process only; use it as a context manager.
 
     `input`, `windows`, `screen` and `clipboard` act on this display.
     """
 
     def __init__(self) -> None:
-        self._server = Server()
-        self.name = self._server.name
+        super().__init__()
         self.before_act: Callable[[Window], object] = lambda window: None
         """Called with a window that is about to be clicked or closed."""
         self.connection: Any = xdisplay.Display(self.name)
@@ -39,7 +38,7 @@ class Display:
 
     def __exit__(self, *_: object) -> None:
         self.connection.close()
-        self._server.close()
+        self.close()
 
     def reset(self) -> None:
         """Releases all buttons and keys and parks the pointer in the bottom right corner."""

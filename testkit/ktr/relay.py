@@ -69,7 +69,6 @@ kernel32.CopyFileW(text, text, number)
 kernel32.CreateProcessW(text, text, any, any, any, any, any, any, any, any)
 """
 
-_ALREADY_NAMED = {("key", 0xFFFFFFFF80000002): "HKEY_LOCAL_MACHINE"}
 # The run-time library calls it for itself, too: right after the other call it is the program.
 _ONLY_AFTER = {"GetLastError": "CreateMutexW"}
 
@@ -102,7 +101,7 @@ def calls(sandbox: Sandbox, program: RunningProgram, image: str = Wine.program_n
     `named` are names of things that exist already, by kind and value. An image that runs more than
     once is taken for one.
     """
-    namer = _Namer({**_ALREADY_NAMED, **(named or {})}, sandbox)
+    namer = _Namer({("key", 0xFFFFFFFF80000002): "HKEY_LOCAL_MACHINE", **(named or {})}, sandbox)
     return [line for call in _calls(program.stderr, image) if (line := namer.line(call))]
 
 

@@ -15,8 +15,6 @@ from ktr.geometry import Place, Point, Rect, point_of
 if TYPE_CHECKING:
     from ktr.display import Display
 
-_GONE = (error.BadWindow, error.BadDrawable, error.BadMatch)
-
 
 class Window:
     """A client window, known by its X identifier; equal when the identifiers are."""
@@ -232,7 +230,7 @@ class Window:
         """The answer to a request; None when the window has gone meanwhile."""
         try:
             return request()
-        except _GONE:
+        except (error.BadWindow, error.BadDrawable, error.BadMatch):
             return None
 
 

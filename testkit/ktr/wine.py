@@ -20,9 +20,6 @@ from ktr.system import (
 WINE_PREFIX = "prefix"
 """The folder of a sandbox in which Wine keeps its system."""
 
-_KEYS = ("Software\\TORVAN", "Software\\WOW6432Node\\TORVAN")
-"""What the product's setup writes below, and nothing else does."""
-
 
 class Wine(Native):
     """The Windows executable in a Wine prefix."""
@@ -75,7 +72,9 @@ class Wine(Native):
         self._import(root, _user_values(key, values))
 
     def write_registry(self, program: Path, values: dict[tuple[str, str], RegistryValue]) -> None:
-        removed = "".join(f"[-HKEY_LOCAL_MACHINE\\{key}]\n" for key in _KEYS)
+        # Only the product's setup writes below these keys.
+        removed = "".join(f"[-HKEY_LOCAL_MACHINE\\Software\\{node}TORVAN]\n"
+                          for node in ("", "WOW6432Node\\"))
         self._import(program.parents[1], removed + machine_values(values))
 
     def set_drop_shadow(self, root: Path, shown: bool) -> None:
