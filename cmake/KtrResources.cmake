@@ -9,7 +9,8 @@ function(ktr_add_resources target file name)
     add_custom_command(
         OUTPUT "${compiled}"
         # 1 January 1980, as Unix time.
-        COMMAND "${CMAKE_COMMAND}" -E env QT_RCC_SOURCE_DATE_OVERRIDE=315532800
+        COMMAND "${CMAKE_COMMAND}" -E env --unset=SOURCE_DATE_EPOCH
+            QT_RCC_SOURCE_DATE_OVERRIDE=315532800
             "$<TARGET_FILE:Qt5::rcc>" --name "${name}" --output "${compiled}" "${file}"
         DEPENDS "${file}" ${files}
         COMMENT "Compiling ${file}"

@@ -1,6 +1,7 @@
 # What every target of ours shares: ccache, warnings as errors, the source root as include path,
 # sanitizers, code coverage.
 
+set(KTR_PRODUCT_DIR "${PROJECT_SOURCE_DIR}/src")
 if(WIN32)
     set(KTR_PLATFORM windows)
 else()
@@ -50,13 +51,26 @@ function(ktr_target_defaults target)
         # The program supports Windows 7 and later, as its manifest says.
         target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0601
             _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
-        # Stack protector; no paths of the build machine.
+        # Stack protector; no paths of the build machine. The last map that fits counts;
+        # the result is the same with ccache, which makes paths relative.
+        set(maps "${PROJECT_SOURCE_DIR}/=" "../../=" "${PROJECT_BINARY_DIR}/=")
+        if(DEFINED ENV{KTR_QT_KIT})
+            list(APPEND maps "$ENV{KTR_QT_KIT}/=qt/")
+        endif()
+        list(TRANSFORM maps REPLACE "(.+)" "$<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=\\1>")
         target_compile_options(${target} PRIVATE
-            $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong>
-            "$<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>")
+            $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong> "${maps}")
         target_link_options(${target} PRIVATE -fstack-protector-strong)
-        # One file per program: no run-time DLL of the compiler beside it.
-        target_link_options(${target} PRIVATE -static)
+        # Symbols are kept of what ships only; cmake/KtrWindowsExecutable.cmake splits them off.
+        cmake_path(IS_PREFIX KTR_PRODUCT_DIR "${CMAKE_CURRENT_SOURCE_DIR}" in_product)
+        if(in_product)
+            target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-g>)
+        endif()
+        target_link_options(${target} PRIVATE
+            $<$<AND:$<CONFIG:Release>,$<NOT:$<BOOL:$<TARGET_PROPERTY:KTR_SYMBOLS>>>>:-s>)
+        # One file per program: no run-time DLL of the compiler beside it. The same sources give the
+        # same file, whenever it is linked.
+        target_link_options(${target} PRIVATE -static -Wl,--no-insert-timestamp)
     endif()
     if(KTR_SANITIZE)
         # Not Clang's check of function types: a library and its client may declare the same C
