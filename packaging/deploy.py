@@ -1,0 +1,84 @@
+#!/usr/bin/python3
+"""Puts together what the Windows executable needs of a Qt kit at run time.
+
+Nothing is copied that the interface does not import: the DLLs are those that the executable, its
+plug-ins and its QML modules need. `check-deployed` says what the kit lacked.
+"""
+
+from __future__ import annotations
+
+import argparse
+import re
+import shutil
+import subprocess
+import sys
+from pathlib import Path
+
+from pe_imports import imports_of
+
+PLUGINS = ("platforms/qwindows.dll", "imageformats/qico.dll")
+MODULES = ("QtQml", "QtQuick.2", "QtQuick/Window.2", "QtQuick/Controls", "QtQuick/Controls.2",
+           "QtQuick/Templates.2", "QtQuick/Layouts", "QtQuick/Shapes", "QtGraphicalEffects")
+# The interface uses the basic style. Only the designer of Qt Creator reads the type descriptions.
+LEFT_OUT = ("Fusion", "Imagine", "Material", "Universal", "Flat", "designer", "plugins.qmltypes",
+            "StateMachine")
+COMPILER = "x86_64-w64-mingw32-g++-posix"
+# Where tools/windows-qt-kit built a kit: the home folder of a user.
+BUILD_FOLDER = re.compile(rb"/[^\0\n]{0,300}?/dravik-uninstall(?=/windows-qt)")
+
+
+def copy(source: str | Path, target: str | Path) -> Path:
+    """Copies a file of a kit without the name of the folder in which we built it."""
+    place = Path(shutil.copyfile(source, target))
+    content = place.read_bytes()
+    place.write_bytes(BUILD_FOLDER.sub(lambda found: b"/" * len(found[0]), content))
+    return place
+
+
+def run_time_dll(name: str) -> Path | None:
+    """Where the compiler keeps a DLL of its own; None if it has none of that name."""
+    found = Path(subprocess.run([COMPILER, f"-print-file-name={name}"], capture_output=True,
+                                text=True, check=True).stdout.strip())
+    path = found if found.is_absolute() else Path("/usr/x86_64-w64-mingw32/lib") / name
+    return path if path.exists() else None
+
+
+def deploy(kit: Path, programs: list[Path], into: Path, plugins: tuple[str, ...] = PLUGINS) -> None:
+    """Fills a folder for programs that may lie elsewhere."""
+    for plugin in plugins:
+        target = into / plugin
+        target.parent.mkdir(parents=True, exist_ok=True)
+        copy(kit / "plugins" / plugin, target)
+    for module in MODULES:
+        if (kit / "qml" / module).is_dir():
+            shutil.copytree(kit / "qml" / module, into / module, copy_function=copy,
+                            ignore=shutil.ignore_patterns(*LEFT_OUT), dirs_exist_ok=True)
+    of_kit = {file.name.lower(): file for file in (kit / "bin").glob("*.dll")}
+    open_ends = [*programs, *into.rglob("*.dll")]
+    while open_ends:
+        for name in imports_of(open_ends.pop()):
+            source = of_kit.get(name) or run_time_dll(name)
+            if source is not None and not (into / source.name).exists():
+                open_ends.append(copy(source, into / source.name))
+
+
+def main() -> None:
+    """Parses the command line and deploys."""
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--kit", type=Path, required=True, help="the Qt kit")
+    parser.add_argument("--program", type=Path, required=True, help="the executable")
+    parser.add_argument("--into", type=Path, required=True, help="a folder, which is replaced")
+    parser.add_argument("--test-modules", type=Path, help="a folder with QML modules for tests")
+    options = parser.parse_args()
+    shutil.rmtree(options.into, ignore_errors=True)
+    options.into.mkdir(parents=True)
+    if options.test_modules:
+        shutil.copytree(options.test_modules, options.into, dirs_exist_ok=True)
+    deploy(options.kit, [options.program], options.into)
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except OSError as error:
+        sys.exit(f"Deploying failed: {error}")

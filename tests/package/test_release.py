@@ -1,0 +1,165 @@
+"""What ./package makes: the archives, the bill of materials, and the acceptance run under Wine."""
+
+from __future__ import annotations
+
+import hashlib
+import json
+import os
+import re
+import shutil
+import subprocess
+from pathlib import Path
+from zipfile import ZipFile
+
+import pytest
+
+REPOSITORY = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ.get("KTR_BUILD", REPOSITORY / "build" / "windows"))
+KIT = Path(os.environ["KTR_QT_KIT"])
+KTR = REPOSITORY / "tools" / "ktr"
+ENVIRONMENT = {**os.environ, "SOURCE_DATE_EPOCH": "1700000000"}
+
+
+def make(into: Path, *options: str | Path) -> "subprocess.CompletedProcess[str]":
+    """Makes the archives of this build."""
+    return subprocess.run([REPOSITORY / "packaging" / "make-archives", "--build", BUILD, "--kit", KIT,
+                           "--into", into, *options], env=ENVIRONMENT, capture_output=True,
+                          text=True, check=False)
+
+
+@pytest.fixture(scope="module")
+def release(tmp_path_factory: pytest.TempPathFactory) -> Path:
+    """The folder with the archives."""
+    into = tmp_path_factory.mktemp("made") / "release"
+    done = make(into)
+    assert done.returncode == 0, done.stderr
+    return into
+
+
+def archive(release: Path, kind: str) -> ZipFile:
+    """One of the archives."""
+    file, = release.glob(f"UninstallUI-*-{kind}.zip")
+    return ZipFile(file)
+
+
+@pytest.mark.timeout(1500)  # Without ccache, everything is compiled again.
+def test_two_runs_in_two_folders_are_identical(release, tmp_path):
+    other = tmp_path / "another f\u00f6lder"
+    files = subprocess.run(["git", "ls-files", "-z"], cwd=REPOSITORY, capture_output=True, text=True,
+                           check=True).stdout.split("\0")
+    for name in filter(None, files):
+        (other / name).parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy2(REPOSITORY / name, other / name)
+    done = subprocess.run(["./package"], cwd=other, env=ENVIRONMENT, capture_output=True, text=True,
+                          check=False)
+    assert done.returncode == 0, done.stdout + done.stderr
+    for file in release.iterdir():
+        assert (other / "build" / "release" / file.name).read_bytes() == file.read_bytes(), file.name
+
+
+def test_the_sums_are_right(release):
+    done = subprocess.run(["sha256sum", "--check", "--strict", "SHA256SUMS"], cwd=release,
+                          capture_output=True, text=True, check=False)
+    assert done.returncode == 0, done.stdout
+    assert done.stdout.count(": OK") == len(list(release.iterdir())) - 1 == 4
+
+
+def test_the_archives_do_not_tell_where_they_were_made(release):
+    for kind in ("win64", "win64-symbols", "acceptance"):
+        for name in archive(release, kind).namelist():
+            content = archive(release, kind).read(name)
+            for place in (REPOSITORY, BUILD, Path.home() / ".cache", KIT):
+                assert os.fsencode(place) not in content, f"{name}: {place}"
+
+
+def test_the_setup_finds_what_it_takes(release):
+    names = archive(release, "win64").namelist()
+    assert {name for name in names if not name.endswith(".qm")} == {
+        "Dravik/bin/UninstallUI.exe", "Dravik/bin/clearKTR.bat", "Dravik/res/install_box.ico",
+        "Dravik/licenses/GPL-3.0.txt", "Dravik/licenses/LGPL-3.0.txt",
+        "Dravik/licenses/NOTICE-Qt.txt", "QT-IS-MISSING.txt"}
+    assert names == sorted(names)
+    assert b"./package --qt KIT" in archive(release, "win64").read("QT-IS-MISSING.txt")
+
+
+def test_a_debugger_finds_the_symbols(release, tmp_path):
+    archive(release, "win64").extractall(tmp_path)
+    archive(release, "win64-symbols").extractall(tmp_path)
+    done = subprocess.run(
+        ["gdb", "-nx", "-batch", "-iex", f"set debug-file-directory {tmp_path}", "-ex",
+         "info line LaunchCleanupCommand", tmp_path / "Dravik" / "bin" / "UninstallUI.exe"],
+        capture_output=True, text=True, check=False)
+    assert '"src/app/process_utils.cpp" starts at' in done.stdout, done.stdout + done.stderr
+
+
+def test_the_bill_of_materials(release):
+    file, = release.glob("*.spdx.json")
+    bill = json.loads(file.read_text(encoding="utf-8"))
+    assert bill["spdxVersion"] == "SPDX-2.3"
+    assert bill["creationInfo"]["created"] == "2023-11-14T22:13:20Z"
+    parts = {part["name"]: part for part in bill["packages"]}
+    assert parts["Qt"]["versionInfo"] == "5.15.8"
+    assert len(parts) == 4
+    for part in parts.values():
+        assert re.fullmatch(r"\d+\.\d+\.\d+", part["versionInfo"]), part
+        assert part["supplier"].startswith("Organization: ") and part["licenseDeclared"]
+    program = archive(release, "win64").read("Dravik/bin/UninstallUI.exe")
+    digest, = parts["UninstallUI"]["checksums"]
+    assert digest["checksumValue"] == hashlib.sha256(program).hexdigest()
+
+
+def test_the_files_of_a_kit_are_added(tmp_path):
+    kit = tmp_path / "kit"
+    for folder in ("bin", "plugins"):
+        (kit / folder).parent.mkdir(exist_ok=True)
+        (kit / folder).symlink_to(KIT / folder)
+    shutil.copytree(KIT / "qml", kit / "qml")
+    shutil.copytree(REPOSITORY / "testkit" / "qml_modules", kit / "qml", dirs_exist_ok=True)
+    refused = make(tmp_path / "refused", "--qt", kit)
+    assert refused.returncode != 0 and "a test module: QtQuick/Controls" in refused.stderr
+    for file in kit.glob("qml/**/qmldir"):
+        file.write_text(file.read_text(encoding="utf-8").replace("# for tests only", "#"), encoding="utf-8")
+    done = make(tmp_path / "release", "--qt", kit)
+    assert done.returncode == 0, done.stderr
+    names = archive(tmp_path / "release", "win64").namelist()
+    assert {"Dravik/bin/Qt5Quick.dll", "Dravik/bin/platforms/qwindows.dll",
+            "Dravik/bin/QtQuick/Shapes/qmldir"} < set(names)
+    assert "QT-IS-MISSING.txt" not in names
+
+
+def accept(folder: Path) -> "subprocess.CompletedProcess[str]":
+    """Runs the checks of an unpacked acceptance archive under Wine."""
+    return subprocess.run([KTR, "display", "--", KTR, "wine", "--", "cmd", "/c", "acceptance.cmd",
+                           "/unattended"], cwd=folder, capture_output=True, text=True, errors="replace",
+                          timeout=1200, check=False)
+
+
+@pytest.mark.timeout(1200)
+def test_the_acceptance_archive_passes_under_wine(release, tmp_path):
+    folder = tmp_path / "unpacked p\u00e4th ! & \u65e5"
+    archive(release, "acceptance").extractall(folder)
+    before = {path: path.stat().st_mtime_ns for path in folder.rglob("*") if path.is_file()}
+    done = accept(folder)
+    assert done.returncode == 0, done.stdout + done.stderr
+    after = {path: path.stat().st_mtime_ns for path in folder.rglob("*") if path.is_file()}
+    assert after.pop(folder / "report.html") and after == before
+    report = (folder / "report.html").read_text(encoding="utf-8", errors="replace")
+    rows = {name: state for state, name in re.findall(
+        r'<tr><td><span class="[^"]*">([^<]*)</span></td><td>([^<]*)', report)}
+    assert set(rows.values()) == {"passed", "not shown"}
+    assert rows["CleanUp.RemovesTheProductFolderAndItself"] == rows["First start"] == "passed"
+    # Wine cannot show that a link goes, and nobody looked at the window.
+    assert rows["CleanUp.DoesNotFollowAJunction"] == rows["The window opens"] == "not shown"
+    for line in (folder / "files" / "unit-programs.txt").read_text(encoding="ascii").splitlines():
+        assert f"<b>{Path(line.split('|')[0]).stem}</b>" in report
+
+
+def test_a_failed_check_fails_the_acceptance(release, tmp_path):
+    archive(release, "acceptance").extractall(tmp_path)
+    (tmp_path / "files" / "unit-programs.txt").write_text("testkit/fakes/note.exe|\n")
+    (tmp_path / "files" / "clearKTR.bat").write_bytes(b"@exit 0\r\nset seconds=120\r\n")
+    done = accept(tmp_path)
+    assert done.returncode == 1, done.stdout + done.stderr
+    report = (tmp_path / "report.html").read_text(encoding="utf-8", errors="replace")
+    for name in ("The program itself", "CleanUp.RemovesTheProductFolderAndItself"):
+        assert f'<span class="failed">failed</span></td><td>{name}' in report
