@@ -23,7 +23,7 @@ MODULES = ("QtQml", "QtQuick.2", "QtQuick/Window.2", "QtQuick/Controls", "QtQuic
 LEFT_OUT = ("Fusion", "Imagine", "Material", "Universal", "Flat", "designer", "plugins.qmltypes",
             "StateMachine")
 COMPILER = "x86_64-w64-mingw32-g++-posix"
-# Where tools/windows-qt-kit built a kit: the home folder of a user.
+# The folder where tools/windows-qt-kit built the kit: its path would show a user's home folder.
 BUILD_FOLDER = re.compile(rb"/[^\0\n]{0,300}?/dravik-uninstall(?=/windows-qt)")
 
 
@@ -80,5 +80,5 @@ def main() -> None:
 if __name__ == "__main__":
     try:
         main()
-    except OSError as error:
+    except (OSError, subprocess.CalledProcessError) as error:
         sys.exit(f"Deploying failed: {error}")

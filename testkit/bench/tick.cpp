@@ -83,10 +83,10 @@ bool AskTaskList()
 
 } // namespace
 
-// Runs the tasklist query so many times and prints the cost: microseconds of processor time of this
-// process and of its children, and its peak memory in KB. "bare" asks in
-// the cheapest way, "query" with Qt as the program does, "tick" within a tick of the
-// progress. Status 1 when the uninstaller is not seen to run.
+// Runs the tasklist query COUNT times and prints the cost of one: microseconds of processor time of
+// this process and of its children; then its peak memory in KB. "bare" runs the query in the
+// cheapest way, "query" with Qt as the program does, "tick" within a tick of the progress timer.
+// Status 1 if the uninstaller is not listed.
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);

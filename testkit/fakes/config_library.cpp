@@ -5,8 +5,8 @@
 //   string.KEY=TEXT         the text of a key; KEY with a suffix is KEY__SUFFIX, * any key
 //   bool.KEY=1              the switch of a key
 //   length.KEY=NUMBER       what the sizing call of this key answers, whatever its text is
-//   fill.KEY=none           the fetching call of this key leaves the buffer as it is; bare: it
-//                           fills in the text without its zero; all: nothing but x, to the end
+//   fill.KEY=none           the fetching call of this key leaves the buffer unchanged; bare: it
+//                           writes the text without its NUL; all: it fills the buffer with x
 // Journal: load (pid); create_config (result); init_config (mode); set_filter_environment (prefix);
 // get_bool_value (key, suffix, before), get_string_value (key, suffix, buffer, size, result);
 // release_config (object=own|other); unexpected (position in the object's table). A null text is

@@ -77,11 +77,6 @@ void Fake::ReadSettings(const fs::path &file)
     }
 }
 
-const std::string &Fake::Name() const
-{
-    return name_;
-}
-
 const fs::path &Fake::Folder() const
 {
     return folder_;
@@ -154,7 +149,7 @@ void Fake::Note(std::string_view event, const std::vector<std::string> &fields) 
     }
     fs::path journal = Path("journal");
     if (journal.empty()) {
-        if (root_.empty() || !InstallationStands()) {
+        if (root_.empty() || !SandboxExists()) {
             return;
         }
         journal = root_ / kJournalFile;
@@ -162,14 +157,14 @@ void Fake::Note(std::string_view event, const std::vector<std::string> &fields) 
     os::AppendInOnePiece(journal, Escape(name_) + '\t' + line + '\n');
 }
 
-bool Fake::InstallationStands() const
+bool Fake::SandboxExists() const
 {
     return ReadAll(root_ / kMarkFile) == mark_;
 }
 
 void Fake::WaitWhile(const std::function<bool()> &condition) const
 {
-    while (condition() && (root_.empty() || InstallationStands())) {
+    while (condition() && (root_.empty() || SandboxExists())) {
         std::this_thread::sleep_for(kPoll);
     }
 }

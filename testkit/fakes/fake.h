@@ -47,7 +47,6 @@ public:
     /// `self` is the full path of the executable or library.
     explicit Fake(const std::filesystem::path &self);
 
-    const std::string &Name() const;
     const std::filesystem::path &Folder() const;
 
     /// The last value of `key`, or `fallback` when there is none.
@@ -61,8 +60,8 @@ public:
 
     /// Replaces all settings.
     void Tell(Settings settings);
-    /// What has been noted since the last call: the event and its fields but `pid`, with spaces.
-    /// Any thread.
+    /// The entries since the last call: each event and its fields except `pid`, separated by
+    /// spaces. Thread-safe.
     std::vector<std::string> NewNotes();
 
     /// A file of the sandbox that belongs to this fake's folder, for locks. Beside the fake when
@@ -83,7 +82,7 @@ public:
 
 private:
     /// Whether the sandbox is still the one in which this fake was started.
-    bool InstallationStands() const;
+    bool SandboxExists() const;
     void ReadSettings(const std::filesystem::path &file);
 
     std::string name_;

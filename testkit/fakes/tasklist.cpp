@@ -24,7 +24,7 @@ namespace {
 constexpr std::string_view kImageFilter = "IMAGENAME eq ";
 constexpr std::uint32_t kShownProcessId = 4242;
 
-std::string Lowered(std::string_view text)
+std::string ToLowerAscii(std::string_view text)
 {
     std::string lowered(text);
     std::transform(lowered.begin(), lowered.end(), lowered.begin(), [](char letter) {
@@ -45,15 +45,15 @@ std::optional<Query> Parse(const std::vector<std::string> &arguments)
 {
     Query query;
     for (std::size_t index = 0; index < arguments.size(); ++index) {
-        const std::string option = Lowered(arguments[index]);
+        const std::string option = ToLowerAscii(arguments[index]);
         const bool hasValue = index + 1 < arguments.size();
         if (option == "/nh") {
             query.header = false;
         } else if (option == "/fo" && hasValue) {
-            query.csv = Lowered(arguments[++index]) == "csv";
+            query.csv = ToLowerAscii(arguments[++index]) == "csv";
         } else if (option == "/fi" && hasValue) {
             const std::string &filter = arguments[++index];
-            if (Lowered(filter.substr(0, kImageFilter.size())) != Lowered(kImageFilter)) {
+            if (ToLowerAscii(filter.substr(0, kImageFilter.size())) != ToLowerAscii(kImageFilter)) {
                 return std::nullopt;
             }
             query.image = filter.substr(kImageFilter.size());
@@ -71,15 +71,15 @@ std::string ImageName(const std::string &path)
 
 bool Names(const std::vector<std::string> &list, std::string_view image)
 {
-    const std::string wanted = Lowered(image);
+    const std::string wanted = ToLowerAscii(image);
     return std::any_of(list.begin(), list.end(), [&wanted](const std::string &name) {
-        return Lowered(name) == wanted;
+        return ToLowerAscii(name) == wanted;
     });
 }
 
 std::vector<os::RunningProcess> Listed(const fake::Fake &self, const Query &query)
 {
-    const std::string wanted = Lowered(query.image.value_or(""));
+    const std::string wanted = ToLowerAscii(query.image.value_or(""));
     const auto roots = self.All("root");
     const auto hidden = self.All("hide");
     std::vector<os::RunningProcess> listed;
@@ -88,13 +88,13 @@ std::vector<os::RunningProcess> Listed(const fake::Fake &self, const Query &quer
         const auto above = [&process](const std::string &root) {
             return os::IsBelow(process.path, root);
         };
-        if ((wanted.empty() || Lowered(image) == wanted) && !Names(hidden, image) &&
+        if ((wanted.empty() || ToLowerAscii(image) == wanted) && !Names(hidden, image) &&
             (roots.empty() || std::any_of(roots.begin(), roots.end(), above))) {
             listed.push_back(process);
         }
     }
     for (const std::string &name : self.All("show")) {
-        if (wanted.empty() || Lowered(name) == wanted) {
+        if (wanted.empty() || ToLowerAscii(name) == wanted) {
             listed.push_back({kShownProcessId, name, 4212});
         }
     }

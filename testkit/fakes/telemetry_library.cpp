@@ -30,8 +30,8 @@ fake::Fake *library = nullptr;
 os::FileLock *loaders = nullptr;
 std::atomic<int> inside{0};
 
-// Whether the text is the end marker. Texts are 16 bits wide, the marker 8: comparing byte by byte
-// stops at the first difference, which no text has later than in its terminating zero.
+// Whether the text is the end marker. The marker is 8-bit text, the others may be UTF-16: comparing
+// byte by byte stops at the first difference, at the latest at a text's terminating NUL.
 bool IsEndMarker(const void *text)
 {
     const auto *bytes = static_cast<const char *>(text);

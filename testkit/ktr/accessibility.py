@@ -1,4 +1,4 @@
-"""What an assistive tool hears of the program and does with it over AT-SPI, as a screen reader."""
+"""Reads and operates the program over AT-SPI, as a screen reader does."""
 
 from __future__ import annotations
 

@@ -149,7 +149,7 @@ class Bench:
     def _start(self, contender: Contender) -> Iterator[tuple[Started, tuple[float, float, float]]]:
         """Starts a contender and waits for its first frame.
 
-        Gives the seconds to it, and the processor time and the megabytes until then.
+        Yields the process, and until that frame: seconds, processor time, peak memory in MB.
         """
         self._watch.wait_quiet(_QUIET)
         began = time.monotonic()

@@ -48,7 +48,7 @@ RECORDED_DIFFERENTLY = {
     ("test_the_bar_completes_when_tasklist_is_removed_during_the_run", "files"):
         "the command that the scenario takes away lies beside the program, where Windows looks first",
     ("test_events_are_in_english_in_every_language", "events"):
-        "which reason stands in a row is drawn by lot",
+        "the reasons are in random order",
     ("test_of_many_starts_at_once_one_has_a_window", "exit"):
         "fewer start at once under Wine",
 }

@@ -36,7 +36,7 @@ def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str,
             "KTR_GALLERY": str(into / scale), "LC_ALL": "C.UTF-8",
             "QML_DISABLE_DISK_CACHE": "1", "QT_QPA_PLATFORM": "xcb", "QT_QUICK_BACKEND": "software",
             "QT_SCALE_FACTOR": scale, "XDG_RUNTIME_DIR": private,
-            # Qt complains when the window manager knows a closed window no longer.
+            # Qt warns when the window manager no longer knows a closed window.
             "QT_LOGGING_RULES": "qt.qpa.xcb.warning=false", **variables,
         })
         done = subprocess.run(

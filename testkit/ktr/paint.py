@@ -14,8 +14,8 @@ Value = TypeVar("Value")
 class PaintWatch:
     """Follows every painting on a display.
 
-    The display reports the area after it was painted, so what is seen was really shown, and no one
-    has to be asked while nothing happens.
+    The X server reports each area after it was painted, so a colour that is found was on the
+    screen, and no polling is needed.
     """
 
     def __init__(self, name: str) -> None:

@@ -10,7 +10,7 @@ from ktr.window import Window
 from ktr.xserver import die_with_parent
 
 _PAINTED = (layout.CANCEL_NORMAL, layout.CANCEL_HOVERED)
-"""How the filled button looks, the pointer being elsewhere or just there."""
+"""The colours of the filled button, without and with the pointer over it."""
 
 
 class Started:

@@ -14,14 +14,14 @@ from ktr.sandbox import Sandbox
 from ktr.window import Window
 
 FOLDERS = ("Dravik", "home", "tmp")
-"""Where files come and go alike everywhere."""
+"""Folders in which both executables must leave the same files."""
 
 _ONLY_HERE = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..*")
-"""Particulars of an entry that tell about the system or the moment, not about the program."""
+"""Fields that depend on the system or on timing, not on the program."""
 _SETTINGS = re.compile(r"\w+ Dravik/bin/(registry\.reg|tasklist\.txt|[^/]+\.(exe|dll)\.txt)", re.I)
 """Files that a test writes for the fakes."""
 _OFTEN = ("tasklist", "SkyrelWrapExe.exe")
-"""Started as often as time allows: only that they were counts."""
+"""How often these are started depends on timing, so each different line is kept once."""
 
 
 class Recorder:

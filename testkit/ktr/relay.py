@@ -1,7 +1,7 @@
 """The system calls of the Windows executable: Wine's relay trace, made readable.
 
-Wine writes a line for each call with the values of its arguments, and one for what it returned. A
-value is printed as the 64 bits that lie there, a smaller parameter being only the lower part.
+Wine writes a line for each call with the values of its arguments, and one for its result. Each
+value is printed with 64 bits; for a smaller parameter only the lower bits are valid.
 Handles and the like differ from run to run, so they are shown by names.
 """
 
@@ -20,10 +20,10 @@ CONSOLE = "conhost.exe"
 
 # What is traced, each call with the kinds of its parameters.
 #   text, number, mask (hexadecimal), signed; pointer: null or *; any: not shown
-#   Others are kinds of things that have names. Of those: -kind has no name any more after the call,
-#   and !kind shows the call only for a thing with a name.
-# What a call gives: "= number" is shown; "-> kind name" names the thing that is returned, and
-# "=> kind name" the one that is given through a pointer, which is seen when it is used.
+#   Any other kind is a handle, which is shown by its name. -kind: the name is dropped after the
+#   call. !kind: the call is shown only if the handle has a name.
+# Results: "= number" is shown; "-> kind name" names the returned handle; "=> kind name" names a
+# handle that is returned through a pointer, when it is first used.
 _PROGRAM = """
 kernel32.LoadLibraryA(text) -> module telemetry
 kernel32.GetProcAddress(!module, text)
@@ -69,7 +69,7 @@ kernel32.CopyFileW(text, text, number)
 kernel32.CreateProcessW(text, text, any, any, any, any, any, any, any, any)
 """
 
-# The run-time library calls it for itself, too: right after the other call it is the program.
+# The run-time library also calls GetLastError; only the call after CreateMutexW is the program's.
 _ONLY_AFTER = {"GetLastError": "CreateMutexW"}
 
 _LOADED = re.compile(r'([0-9a-f]{4,}):trace:loaddll:build_module Loaded L"(.*)" at ([0-9A-F]+): ')

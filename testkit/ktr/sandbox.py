@@ -197,7 +197,7 @@ class Sandbox:
             started.kill()
 
     def leftovers(self, deadline: float = 20.0) -> list[Process]:
-        """Processes that still run here after a while to end by themselves."""
+        """The processes that have not ended by themselves after `deadline` seconds."""
         with suppress(wait.TimedOut):
             wait.until(lambda: not self.system.offspring(self.root), "no process", deadline)
         return self.system.offspring(self.root)

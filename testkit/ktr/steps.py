@@ -78,7 +78,7 @@ def questions(sandbox: Sandbox) -> int:
 
 
 def expect_end(sandbox: Sandbox, program: RunningProgram, cleanup: bool) -> None:
-    """The program ends with status 0 and, or not, with the clean-up and the companion ended."""
+    """Expects the end with status 0; `cleanup`: with the clean-up and a terminated companion."""
     wait.expect("exit status", program.wait_exit(), 0)
     events(sandbox)
     wait.expect("handle file", sandbox.read_handle(), None)
@@ -194,7 +194,7 @@ def row_of(window: Window, reason: int) -> int:
 
 
 def reasons_seen(window: Window) -> bool:
-    """Whether the first reason is visible, or would be behind a coupon.
+    """Whether the first row shows a reason and not a coupon.
 
     Checks its upper part only: a coupon's price begins below.
     """

@@ -1,7 +1,7 @@
 """Everything that depends on where the program under test runs.
 
-`Native` is the Linux executable. The Windows executable gets a class with the same members: how
-a program is started, what its environment is, which processes there are, who holds the lock.
+`Native` is for the Linux executable, `wine.Wine` for the Windows executable: how a program is
+started, its environment, its processes, and who holds the single-instance lock.
 """
 
 from __future__ import annotations

@@ -131,8 +131,8 @@ class Window:
             looks = 0
 
             def where() -> Rect | None:
-                # A move that a busy program has served late may be off by a step; the next one puts
-                # it right. A hand that sees the window beside the pointer moves on a little.
+                # A busy program may handle a move late and leave the window a step behind; the next
+                # move corrects that. So move the pointer a little, as a user would.
                 nonlocal looks
                 looks += 1
                 seen = self.geometry

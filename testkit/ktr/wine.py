@@ -31,8 +31,8 @@ class Wine(Native):
     has_lock_file = False
     has_execute_bit = False
     terminated = 0
-    # Wine asks X11 for the focus with the time of the window's last event; a bystander on X11 has
-    # taken it later, and X11 listens to the later one.
+    # Wine requests the focus with the timestamp of the window's last event. A bystander took the
+    # focus later than that, so the X server ignores the request.
     gives_focus = False
     modules_beside_program = True
     handle_bits = 32
@@ -58,8 +58,7 @@ class Wine(Native):
     def give_variables(self, root: Path, variables: dict[str, str | None]) -> None:
         """Sets variables that Wine keeps from its programs for those that start from now on.
 
-        Wine drops Qt's variables, which it takes for another system's, and has folders
-        for temporary files of its own.
+        Wine drops variables that begin with QT_, and sets TEMP and TMP itself.
         """
         kept: dict[str, RegistryValue] = {
             name: value or None for name, value in variables.items()

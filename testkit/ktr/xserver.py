@@ -34,8 +34,8 @@ def die_with_parent() -> None:
 class Server:
     """Xvfb and openbox, started for this process only.
 
-    `name` is the display, `folder` is private and goes with it. `RuntimeError` tells what a server
-    that does not start has said.
+    `name` is the display; `folder` is private and removed with it. Raises `RuntimeError` with the
+    log of a server that does not start.
     """
 
     def __init__(self, size: tuple[int, int] = SIZE) -> None:

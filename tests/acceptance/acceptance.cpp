@@ -98,7 +98,8 @@ std::string ReadAll(const fs::path &file)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// What stands between two texts, from a place on, which moves behind it. Empty at the end.
+// The text between `begin` and `end`, searched from `*at` on; moves `*at` to `end`. Empty if there
+// is none.
 std::string
 Between(const std::string &text, std::string_view begin, std::string_view end, std::size_t *at)
 {
@@ -194,7 +195,7 @@ public:
         , attended_(attended)
     {
         const auto data = os::EnvironmentVariable("ProgramData");
-        work_ = fs::u8path(data.value_or("C:")) / "KTR-acceptance";
+        work_ = fs::u8path(data.value_or("C:\\")) / "KTR-acceptance";
         sandbox_ = work_ / "files" / "sandbox";
     }
 
@@ -227,7 +228,7 @@ private:
         return sandbox_ / "Dravik" / "bin" / "UninstallUI.exe";
     }
 
-    // Unless an earlier run has done so, which the person interrupted by logging off.
+    // Copies the files, unless this run continues after the step "Logging off".
     void Copy()
     {
         resumed_ = attended_ && fs::exists(Answers());
@@ -269,8 +270,9 @@ private:
             return;
         }
         const fs::path files = work_ / "files";
-        const os::ScopedVariable path(
-            "PATH", (files / "qt").string() + ';' + os::EnvironmentVariable("PATH").value_or(""));
+        const std::string path = os::EnvironmentVariable("PATH").value_or("");
+        ::SetEnvironmentVariableW(
+            L"PATH", ((files / "qt").wstring() + L';' + fs::u8path(path).wstring()).c_str());
         const os::ScopedVariable plugins("QT_PLUGIN_PATH", (files / "qt").string());
         const os::ScopedVariable modules("QML2_IMPORT_PATH", (files / "qt").string());
         const os::ScopedVariable temp("TEMP", (work_ / "temp").string());
@@ -367,6 +369,9 @@ private:
     void MeasureStart()
     {
         Group group = {"start", {}};
+        // Kept for the step "Logging off", which continues after another login.
+        const std::string journal = ReadAll(Journal());
+        fs::remove(Journal());
         for (const char *name : {"First start", "Second start", "Third start"}) {
             const ULONGLONG began = ::GetTickCount64();
             const auto program = Start();
@@ -382,6 +387,7 @@ private:
                  "window after " + std::to_string(took) + " ms, status " + std::to_string(status)});
         }
         groups_.push_back(group);
+        std::ofstream(Journal(), std::ios::binary) << journal;
     }
 
     fs::path Journal() const

@@ -62,8 +62,8 @@ void Look(const std::wstring &folder, Tree *tree)
     ::FindClose(search);
 }
 
-// Wine makes and removes no links, but shows those of the system that it runs on: has that system
-// run a command with two paths, and waits until the first one is there or gone.
+// Wine can neither create nor remove links, but shows those of the Linux system. So this runs a
+// Linux command with two paths, and waits until `path` exists or is gone.
 void RunUnderWine(const std::string &command,
                   const fs::path &path,
                   const fs::path &other,
@@ -93,7 +93,7 @@ bool IsLink(const fs::path &path)
            (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-// Nobody else may change or remove it then.
+// No other process may change or remove it while it is open.
 HANDLE Open(const fs::path &path, DWORD access = GENERIC_READ, DWORD flags = 0)
 {
     flags |= FILE_FLAG_BACKUP_SEMANTICS;

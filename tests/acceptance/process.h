@@ -8,7 +8,7 @@
 class Process
 {
 public:
-    /// What it prints goes into the file, if there is one; then nobody sees its window.
+    /// `output`, if given, is the file for what it prints; its window is hidden then.
     Process(std::wstring line, const std::filesystem::path &folder, const std::wstring &output = {})
     {
         SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};

@@ -82,7 +82,6 @@ def one_byte(script: bytes) -> bytes:
 
 DEEP = "D:\\" + "\\".join(["level"] * 12) + "\\Dravik"
 RES = PRODUCT + "\\res"
-REAL = "C:\\windows\\system32"
 
 # Names and places of the product folder.
 NAMES = [

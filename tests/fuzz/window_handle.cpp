@@ -21,7 +21,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 
     const std::string path = HwndFilePathOf(bytes);
     const std::string name = "/hwndFile.ini";
-    Check(path.size() >= name.size(), "the path ends with the file's name");
+    Check(path.size() >= name.size(), "the path is long enough for the file's name");
     const std::string folder = path.substr(0, path.size() - name.size());
     Check(path == folder + name, "the path ends with the file's name");
     const std::string program = bytes.substr(folder.size());

@@ -22,7 +22,7 @@ class UiProbe : public QObject
     Q_OBJECT
 
 public:
-    /// The current cursor of the window of `item`.
+    /// The current cursor of a window, or of the window of an item.
     Q_INVOKABLE int cursorShape(QObject *itemOrWindow) const
     {
         const QWindow *window = WindowOf(itemOrWindow);

@@ -88,7 +88,7 @@ def _no_display(sandbox: Sandbox, fault: Fault) -> None:
     _start_again(sandbox, fault)
 
 
-def _fake_clock(sandbox: Sandbox) -> None:
+def _slow_uninstaller(sandbox: Sandbox) -> None:
     sandbox.configure("uninstall.exe", run_ms=4000)
 
 
@@ -125,7 +125,7 @@ FAULTS = [
           linux_only=ONE_DISPLAY, stderr=(r"qt\.qpa\.xcb: .*", r"This application failed .*",
                                           r"Available platform plugins .*", r"qt\.qpa\.plugin: .*",
                                           r"\s*")),
-    Fault("midnight, and a new year, during the run", UNCHANGED, _fake_clock,
+    Fault("midnight, and a new year, during the run", UNCHANGED, _slow_uninstaller,
           environment=lambda sandbox: {
               "LD_PRELOAD": FAKETIME, "FAKETIME": "@2025-12-31 23:59:57", "TZ": "UTC",
               "FAKETIME_DONT_FAKE_MONOTONIC": "1"},

@@ -132,6 +132,7 @@ def _no_task_list(sandbox: Sandbox, fault: Fault) -> None:
 
 COMPLETES = "The bar continues until the last one has ended; everything else works unchanged."
 
+
 def _ends_unseen(sandbox: Sandbox) -> None:
     sandbox.configure("uninstall.exe", mode="never")
     # A fast `tasklist` would still see it now and then.

@@ -27,14 +27,14 @@ TEST(LinkColour, IsTheLinkRoleOfThePaletteAndNothingElse)
 TEST(WindowIcon, LiesBesideTheProgramDirectoryOrIsMissing)
 {
     const QTemporaryDir product;
-    // The program directory itself need not be there for its parent to be.
+    // The program directory need not exist: only its parent is used.
     ApplyWindowIcon(product.filePath("bin"));
     EXPECT_TRUE(QGuiApplication::windowIcon().pixmap(16).isNull());
 
     ASSERT_TRUE(QDir(product.path()).mkdir("res"));
     QImage picture(16, 16, QImage::Format_RGB32);
     picture.fill(Qt::green);
-    // What is inside counts, not what the name says.
+    // Qt detects the format from the content, not from the file name.
     ASSERT_TRUE(picture.save(product.filePath("res/install_box.ico"), "PNG"));
     ApplyWindowIcon(product.filePath("bin"));
     const QImage shown = QGuiApplication::windowIcon().pixmap(16).toImage();

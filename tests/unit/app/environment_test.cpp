@@ -11,8 +11,8 @@ namespace {
 
 using Variables = QMap<QString, QString>;
 
-// What the probe found after preparing its environment in a process of its own. A variable that is
-// not set has no entry.
+// Runs the probe, which prepares its environment, and returns its report. A variable that is not
+// set has no entry.
 Variables Probe(const Variables &given, const QString &program = ENVIRONMENT_PROBE)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -60,7 +60,7 @@ TEST(Environment, WorksInADirectoryWithSpacesAndNonAsciiLetters)
     const QString dir =
         QFileInfo(folder.path()).canonicalFilePath() + QString("/my pr\303\266duct %1");
     ASSERT_TRUE(QDir().mkpath(dir));
-    // A separator of another system is a letter of the name.
+    // On Linux a backslash is an ordinary character of a file name.
     const bool windows = QDir::separator() == '\\';
     const QString program = dir + (windows ? "/probe" : "/pro\\be");
     ASSERT_TRUE(QFile::copy(ENVIRONMENT_PROBE, program));

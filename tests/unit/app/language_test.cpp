@@ -54,7 +54,7 @@ protected:
         ASSERT_TRUE(QFile::copy(file, path));
     }
 
-    // Loads the translation. What the interface then shows for a text.
+    // Loads the translation; returns what the interface then shows for a text.
     QString Shown()
     {
         LoadTranslation(&translator, &engine);
@@ -103,7 +103,7 @@ TEST_F(Language, DecidesTheFamilyOfTheFont)
                                  {"Arabic", "Segoe UI"},
                                  {"English", "Segoe UI"},
                                  {"", "Segoe UI"},
-                                 // More than this way of reading holds
+                                 // Longer than the 260 bytes that GetProductLanguage reads
                                  {std::string(300, 'x'), "Segoe UI"}}) {
         Set(expected.language);
         expect(expected);
@@ -123,8 +123,7 @@ TEST_F(Language, OnlyArabicRunsFromRightToLeft)
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
 }
 
-// Installing a translation makes the application look for a direction in it.
-// Installing a translation makes the application look for a direction in it.
+// installTranslator() applies the layout direction of the file, which must not win.
 TEST_F(Language, ArabicRunsFromRightToLeftAlsoWithItsTranslation)
 {
     Set("Arabic");
@@ -169,7 +168,7 @@ TEST_F(Language, AnEmptyValueIsAnEmptyName)
 
 TEST_F(Language, ALongNameIsReadInFull)
 {
-    // More than a buffer for a path holds, and than one file name would.
+    // Longer than MAX_PATH, and longer than one file name may be.
     const std::string name = std::string(200, 'x') + "/" + std::string(100, 'y');
     Set(name);
     Provide("ktr_" + QString::fromStdString(name) + ".qm");

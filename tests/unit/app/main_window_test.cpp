@@ -11,14 +11,14 @@ namespace {
 
 constexpr int kNothingEndedIt = 7;
 
-/// The event loop's result when it runs until what is queued now has been handled.
+/// Runs the event loop until the events that are queued now are processed; returns its exit code.
 int RunLoop()
 {
     auto *const application = QCoreApplication::instance();
     const auto soon = [application](auto action) {
         QMetaObject::invokeMethod(application, action, Qt::QueuedConnection);
     };
-    // In the round after the next one: our exit would replace one of the same round.
+    // Queued twice: an exit() in the same iteration would replace the exit code under test.
     soon([soon] { soon([] { QCoreApplication::exit(kNothingEndedIt); }); });
     const int result = QCoreApplication::exec();
     QCoreApplication::removePostedEvents(application); // our exit, when another one came first

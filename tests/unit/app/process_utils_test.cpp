@@ -39,7 +39,7 @@ protected:
         return child.Process().WaitForEnd() == contract::StatusOfTerminated(0);
     }
 
-    /// A program that a command line can name, and that runs only when the command line does.
+    /// Copies the helper program under a name of its own, for use in a command line.
     QString CommandProgram(const std::string &name) const
     {
         const auto program = Path((name + contract::ProgramExtension()).c_str());
@@ -144,8 +144,8 @@ TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
     EXPECT_TRUE(contract::IsHidden(child.Ask({"facts"})));
 }
 
-// Half a letter stands for all that a code page lacks.
-TEST_F(ProcessUtils, ACleanupCommandThatTheCodePageCannotSayIsNotRun)
+// An unpaired surrogate stands for any character that the code page lacks.
+TEST_F(ProcessUtils, ACleanupCommandWithCharactersBeyondTheCodePageIsNotRun)
 {
     const QString unsaid = CommandProgram(contract::UniqueName("unsaid"));
     const QString said = CommandProgram("said");

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Constants at the start, so that static initialisation does not put them back.
+// Constant-initialised: a dynamic initialiser would run after the load and reset them.
 int loads = 0;
 bool resourcesThereAtTheLoad = false;
 

@@ -21,7 +21,7 @@ TEST(WindowHandleFilePath, ReplacesTheNameOfTheExecutable)
     EXPECT_EQ(HwndFilePathOf(""), name);
     const char other = platform::kNativeSeparator == '/' ? '\\' : '/';
     EXPECT_EQ(HwndFilePathOf(separator + "a" + other + "b.exe"), name);
-    // Composed without a limit: only what is read has one.
+    // HwndFilePathOf has no length limit; only reading the program's path has one.
     const std::string deep = separator + std::string(255, 'd');
     EXPECT_EQ(HwndFilePathOf(deep + separator + "b"), deep + name);
 }
@@ -43,7 +43,7 @@ protected:
         RemoveWindowHandleFile();
     }
 
-    /// The handle of the window that is shown and published.
+    /// Creates a window, publishes its handle and returns the handle.
     quint64 Publish()
     {
         engine_.loadData("import QtQuick.Window 2.14\nWindow {}");

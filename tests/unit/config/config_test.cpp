@@ -39,8 +39,8 @@ void ExpectLog(QStringList expected)
               expected.replaceInStrings(QRegularExpression("^::"), "CVantorConfigInstance::"));
 }
 
-// A library that has been loaded once is the one for the whole process, whatever its path: the
-// client asks for it by its bare name.
+// The client loads the library by its bare name, so it gets the one that this process has already
+// loaded, whatever its path.
 class ConfigInstance : public testing::Test
 {
 protected:
@@ -54,7 +54,7 @@ protected:
         return *config;
     }
 
-    /// Looks `key` up, with what is logged meanwhile.
+    /// Expects this value for `key`, with these lines in the log.
     void ExpectText(const QString &key, const QString &value, const QStringList &reason = {})
     {
         EXPECT_EQ(Config().GetString(key, "fallback"), value);
@@ -299,7 +299,7 @@ TEST_F(ConfigInstance, ANullPrefixIsNotSent)
     ExpectLog({"::SetPreFix enter(pszPrefix=  )", "::SetPreFix(char*) leave"});
 }
 
-// Each of these runs in a process of its own, since it needs what a process has only once.
+// Runs a check in a child process: the library and the singletons are loaded once per process.
 template<typename Check> void InItsOwnProcess(Check check)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
@@ -400,7 +400,7 @@ TEST(ConfigProcessDeathTest, TheLibraryStaysWhenItsClientHasGone)
     });
 }
 
-// "create_config" is called as it was resolved.
+// The client calls the unresolved null pointer. Required: docs/security.md.
 TEST(ConfigProcessDeathTest, WithoutItsEntryTheProcessEnds)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";

@@ -1,11 +1,11 @@
-/* The contracts of the in-house libraries compile as C, and mean there what they mean to us. */
+/* The contract headers of the in-house libraries compile as C, with the layout used in C++. */
 
 #include "services/config/config_contract.h"
 #include "services/telemetry/telemetry_contract.h"
 
 #include <stddef.h>
 
-/* As a maker of such a library would declare them, who knows nothing of the program's compiler. */
+/* The declarations as an author of such a library would write them. */
 int32_t
 SkyrelSendInfo(uint8_t flag, uint8_t wide, const SkyrelChar *name, const SkyrelChar *value, ...);
 VantorConfig *create_config(void);
@@ -21,7 +21,7 @@ _Static_assert(0 SKYREL_EXPORTS(COUNT) == 16, "sixteen exports");
 _Static_assert(sizeof(SkyrelChar) == 2, "UTF-16");
 #define IS_WIDE_CHARACTER _Generic((SkyrelChar *)0, wchar_t * : 1, default : 0)
 _Static_assert(sizeof(wchar_t) != 2 || IS_WIDE_CHARACTER,
-               "where wide texts are UTF-16, one of them");
+               "SkyrelChar is wchar_t where that is UTF-16");
 
 #define POSITION(member) (offsetof(VantorConfigTable, member) / sizeof(void *))
 _Static_assert(POSITION(init_config) == 1, "position in the table");

@@ -10,8 +10,8 @@
 
 namespace {
 
-// 600 draws of six orders: each comes 100 times on average, and one that comes fewer than 40 or
-// more than 180 times happens once in a hundred million runs of an even shuffle.
+// 600 draws of six orders: each comes 100 times on average, and one that comes 40 times or fewer,
+// or 180 times or more, happens once in a hundred million runs of an even shuffle.
 TEST(ReasonList, HoldsEveryReasonOnceInAnyOrderAndOtherReasonsLast)
 {
     std::map<std::vector<int>, int> seen;

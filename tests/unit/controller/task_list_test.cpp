@@ -14,12 +14,12 @@
 
 namespace {
 
-// The fake for the system's query, told what to answer in each case. It stays silent about what
-// really runs on the machine, unless a test wants the form of its answers.
+// Queries a fake `tasklist` with the answer that each test sets. With `silent` it does not list
+// the processes of the machine.
 class TaskList : public testing::Test
 {
 protected:
-    // A query that hangs ends at the latest with the folder that has this file.
+    // This file makes the folder a sandbox: a hanging fake ends when the folder is removed.
     TaskList()
     {
         contract::WriteFile(folder_ / "sandbox.mark", "a test of the task list");
@@ -43,7 +43,7 @@ protected:
     FakeTaskList fake_{folder_.Path(), contract::UniqueName("query")};
 };
 
-TEST_F(TaskList, TheProgramAsksTheSystemForHalfAMinute)
+TEST_F(TaskList, AQueryMayTakeHalfAMinute)
 {
     const TaskListQuery query;
     EXPECT_EQ(query.program, "tasklist");

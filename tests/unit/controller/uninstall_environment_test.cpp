@@ -16,7 +16,7 @@
 
 namespace {
 
-// The world as the program meets it, not a test's.
+// Tests the real environment, not the fake one.
 class SystemEnvironment : public testing::Test
 {
 protected:

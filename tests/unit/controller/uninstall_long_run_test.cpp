@@ -8,8 +8,8 @@
 
 namespace {
 
-// Bytes that are allocated at the moment. A sanitizer has an allocator of its own, of which this
-// says nothing; it tells leaks itself.
+// The bytes that are allocated now. With a sanitizer this does not change, since the sanitizer has
+// its own allocator; it reports leaks itself.
 std::size_t Allocated()
 {
     return ::mallinfo2().uordblks;

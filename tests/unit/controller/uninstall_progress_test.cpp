@@ -11,7 +11,7 @@ struct Step
     int after;
 };
 
-// Running: one more, held at 99 only. Gone: 100 from wherever it stood. Nothing is clamped.
+// While the uninstaller runs: one more, except at 99. After it: 100. No value is clamped.
 TEST(ProgressStep, FollowsTheTable)
 {
     for (const Step &step : {Step{0, true, 1},

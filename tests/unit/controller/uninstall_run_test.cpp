@@ -18,8 +18,8 @@ const char *const kAsk = "ask uninstall.exe";
 class UninstallRun : public testing::Test
 {
 protected:
-    // The controller's only timer is its member, hence not a child: seen by its effect. Another
-    // timer of twice its interval has fired twice by the end: one that runs would have, too.
+    // The timer is a private member and no child object, so only its queries show that it runs. It
+    // gets the time of two ticks of a timer with twice its interval.
     bool TimerTicks()
     {
         world_.Forget();
@@ -131,7 +131,7 @@ struct Step
     int changes;
 };
 
-// No branch covers values past the end.
+// Above 100, a tick changes nothing while the uninstaller runs.
 TEST_F(UninstallRun, ATickAsksOnceAndAnnouncesTheProgressUpToTheEnd)
 {
     for (const Step &step : {Step{0, true, 1, 1},
@@ -175,7 +175,7 @@ TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
     }
 }
 
-// Seen by a run that begins when the end is announced: a timer stopped later would stop that run.
+// A new run begins inside the signal: if the timer were stopped after it, that run would stop.
 TEST_F(UninstallRun, TheTimerHasStoppedWhenTheEndIsAnnounced)
 {
     world_.PollsAnswer({true, false, true});

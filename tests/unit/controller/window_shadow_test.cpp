@@ -12,7 +12,7 @@ struct Kernel
     bool qualifies;
 };
 
-// A system that does not qualify is not even asked; one that does has the last word.
+// The system setting is read only if the kernel version qualifies; then it decides.
 TEST(WindowShadow, TheKernelDecidesAndThenTheSystem)
 {
     for (const Kernel &kernel : {Kernel{"", false},

@@ -48,7 +48,7 @@ TEST_F(LibraryContract, EachLoadCountsAndNothingElseLoads)
     EXPECT_FALSE(contract::IsLibraryLoaded(path)) << "loaded twice, given back twice";
 }
 
-TEST_F(LibraryContract, WhatIsNoLibraryIsNull)
+TEST_F(LibraryContract, LoadingAFileThatIsNoLibraryGivesNull)
 {
     contract::WriteFile(folder_ / "garbage.dll", "This is not a library.");
     contract::WriteFile(folder_ / "empty.dll", "");

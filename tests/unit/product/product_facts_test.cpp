@@ -87,7 +87,7 @@ TEST_F(ProductFacts, CanBeReadFromSeveralThreads)
 struct Data
 {
     std::string bytes;
-    int type; ///< of the registry: 1 text, to which some systems add the zero, 3 binary, 4 number
+    int type; ///< REG_SZ (1), to which some systems append the NUL, REG_BINARY (3), REG_DWORD (4)
     std::string fact;
 };
 
@@ -124,7 +124,7 @@ TEST(ConfigVersion, IsReadFromBeneathTheExecutableAndCutAt99Characters)
           {"[main]\r\nversionNo=\r\n", L""},
           {"[main]\r\nversionNo=" + std::string(99, '7') + "\r\n", std::wstring(99, L'7')},
           {"[main]\r\nversionNo=" + std::string(100, '7') + "\r\n", std::wstring(99, L'7')}}) {
-        // A folder in the place of the executable, which a real one leaves no room for.
+        // A folder replaces the executable: nothing can lie below a real executable.
         const auto executable = folder / contract::UniqueName("app.exe");
         std::filesystem::create_directory(executable);
         contract::WriteFile(executable / "config.ini", config.content);

@@ -117,7 +117,7 @@ TEST(TelemetryBinding, ConstructionLoadsFromTheProgramDirectoryAndMayRunTwice)
         EXPECT_FALSE(again->LoadTelemetryFromModuleDir());
         EXPECT_EQ(again->SendTelemetryPairs(false, u"t", u"0", u"c", u"3", u"d", u"4"), kResult);
         again->~TelemetryBinding();
-        // Loading again has only counted: it is one library that has got both calls.
+        // The second load only raised the reference count: one library received both calls.
         EXPECT_EQ(fake->NewNotes(),
                   (Notes{"SkyrelSendInfo count=9 flag=0 wide=1 pairs=[t=0][a=1][b=2]",
                          "SkyrelSendInfo count=9 flag=0 wide=1 pairs=[t=0][c=3][d=4]"}));

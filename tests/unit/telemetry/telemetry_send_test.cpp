@@ -51,7 +51,8 @@ TEST_F(TelemetrySend, EveryFormHandsItsArgumentsOverInOrderButNoNullText)
     }
 }
 
-// The library ends its list at 8-bit text; half a surrogate pair has no UTF-8 and shows as bytes.
+// The end marker is 8-bit text, so the same text in UTF-16 does not end the list. An unpaired
+// surrogate has no UTF-8 and is noted as escaped bytes.
 TEST_F(TelemetrySend, TheFlagAndTextsOfAnyContentArrive)
 {
     Texts texts = kTexts;

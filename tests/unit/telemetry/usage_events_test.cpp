@@ -71,7 +71,7 @@ TEST(UsageEvent, AnythingElseIsWrapped)
     }
 }
 
-// Half a surrogate pair has no UTF-8: JSON has a form for it.
+// UTF-8 cannot encode an unpaired surrogate, but JSON can escape it.
 TEST(UsageEvent, ALoneSurrogateIsWrapped)
 {
     EXPECT_EQ(AttributeOf(QString("before") + QChar(0xD83D) + "after"),

@@ -22,7 +22,7 @@ bool HasTelemetryLibrary()
 
 } // namespace
 
-// Says what it takes for its own, one line each.
+// Prints the paths that the program derives from its own path, one line each.
 int main()
 {
     const TelemetryBinding binding;

@@ -57,7 +57,7 @@ TEST(DeepFolder, ACutNameLeavesTheFolderAndACutFolderIsItsParent)
     for (const Row &row : {Row{"all fits", 244, true, true, "18.0"},
                            Row{"the library's path is cut", 245, false, true, "18.0"},
                            Row{"the program's path just fits", 253, false, true, "18.0"},
-                           // What stands beneath the cut name is read like beneath a whole one.
+                           // config.ini is read below the truncated path ".../pro".
                            Row{"the name is cut to three letters", 255, false, true, "21.5"},
                            Row{"the separator just fits", 258, false, true, "18.0"},
                            // The parent's files are not the program's own.

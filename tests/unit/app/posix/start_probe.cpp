@@ -1,5 +1,5 @@
-// Notes the calls of the program whose order matters, one line each. The linker leads each of them
-// here first (--wrap in CMakeLists.txt); the names are those of the compiler.
+// Prints a line for each call of the program whose order matters. The linker redirects these calls
+// to the wrappers here (--wrap in CMakeLists.txt); the names are mangled C++ names.
 
 #include <QList>
 #include <QObject>
@@ -66,7 +66,7 @@ KTR_NOTED(_ZN9QResource16registerResourceERK7QStringS2_,
           bool,
           (const QString &file, const QString &root),
           (file, root))
-// An object that cannot be copied by its bytes is passed by its address.
+// The ABI passes an object that is not trivially copyable by its address.
 KTR_NOTED_OBJECT(_ZN13CUninstallMgrC1E20UninstallEnvironment,
                  "controller",
                  (void *self, void *environment),

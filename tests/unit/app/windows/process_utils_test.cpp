@@ -35,7 +35,7 @@ DWORD WINAPI PathOfThisProgram(HMODULE, wchar_t *buffer, DWORD room)
     return Give(L"C:\\the folder/program.exe", room, buffer);
 }
 
-// Windows takes both separators; Wine itself tells paths with its own only.
+// Windows accepts both separators, but Wine reports paths with backslashes only.
 TEST(WindowsProcessUtils, AForwardSlashEndsTheProgramsFolder)
 {
     const auto path = ReplaceImport(__imp_GetModuleFileNameW, PathOfThisProgram);
@@ -98,7 +98,7 @@ bool Kill(const std::wstring &directory)
     return KillProcessInDir(L"helper.exe", directory);
 }
 
-// True also when the call fails: only that it was made counts.
+// Returns true even if TerminateProcess fails: only the attempt counts.
 TEST(WindowsProcessUtils, EachIsOpenedAndTerminatedBeforeTheNextEntryIsRead)
 {
     EXPECT_TRUE(Kill(L"C:\\THE folder"));

@@ -31,7 +31,7 @@ std::string CreateMutex(const std::string &name)
     return std::to_string(error) + (mutex ? " handle" : " empty");
 }
 
-/// All at the same moment: when the file `gate` appears.
+/// Waits for the file `gate`, so that all processes try at the same moment.
 std::string RaceForMutex(const std::string &name, const std::filesystem::path &gate)
 {
     const auto end = std::chrono::steady_clock::now() + kDeadline;

@@ -67,8 +67,8 @@ std::string Child::AwaitAnswer() const
 StartedChild::StartedChild(const std::filesystem::path &program)
 {
     const ScopedVariable mailbox(kMailboxVariable, Mailbox());
-    // Wine has been seen to start a process that never got to its own code, so there may be a
-    // second one. A later child reads the earlier questions, too.
+    // Wine sometimes starts a process that never reaches its own code, so try twice. The second
+    // child also reads the earlier commands.
     constexpr int kStarts = 2;
     for (int start = 0; start < kStarts; ++start) {
         process_.reset();
@@ -76,7 +76,7 @@ StartedChild::StartedChild(const std::filesystem::path &program)
         if (Ask({"id"}) != kNoAnswer) {
             return;
         }
-        std::cerr << "child " << process_->Id() << " of start " << start << " says nothing\n";
+        std::cerr << "child " << process_->Id() << " does not answer (start " << start << ")\n";
     }
 }
 

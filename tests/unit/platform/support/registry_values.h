@@ -16,7 +16,7 @@ public:
 
     /// Makes a key exist.
     static void Create(const std::string &key);
-    /// Gives a value its bytes as they are; `type` is the registry's number for it, 1 a text.
+    /// Sets a value to these bytes; `type` is its registry type, such as REG_SZ (1).
     static void
     Set(const std::string &key, const std::string &name, const std::string &data, int type = 1);
     /// A text value with its terminating zero.

@@ -13,7 +13,7 @@ namespace contract {
 
 using namespace os; // NOLINT(google-build-using-namespace): one vocabulary for the tests
 
-/// Something that the system holds as long as the object lives.
+/// Keeps something in effect, such as an open handle or a setting, as long as the object lives.
 using Held = std::shared_ptr<void>;
 /// Calls `action` at the end of the object's life.
 Held AtEnd(std::function<void()> action);
@@ -38,7 +38,7 @@ private:
     Held removal_;
 };
 
-/// A text that no other process and no other call has got.
+/// A name that is unique across processes and calls.
 std::string UniqueName(const std::string &beginning);
 
 /// Creates or replaces the file.

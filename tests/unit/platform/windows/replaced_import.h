@@ -7,9 +7,9 @@
 
 namespace contract {
 
-/// Lets every call of one imported Windows function in this program lead to `replacement`, as long
-/// as the object lives. The linker's name for the place of the import's address is `__imp_` and the
-/// function's name: declare it as `extern "C" decltype(&::Function) __imp_Function;`.
+/// Redirects every call of an imported Windows function in this program to `replacement`, as long
+/// as the object lives. `import` is the function's entry in the import address table: declare it as
+/// `extern "C" decltype(&::Function) __imp_Function;`.
 template<class Function> Held ReplaceImport(Function &import, Function replacement)
 {
     DWORD before = 0; // the linker may have put the table into read-only memory

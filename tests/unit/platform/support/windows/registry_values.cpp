@@ -11,7 +11,7 @@ namespace {
 // Deleted with the user's session at the latest, also when this process was killed.
 constexpr DWORD kVolatile = REG_OPTION_VOLATILE;
 
-// The key of the user that is this process's local machine.
+// The key below HKEY_CURRENT_USER that replaces HKEY_LOCAL_MACHINE in this process.
 const std::string &OwnMachine()
 {
     static const std::string key =
@@ -43,7 +43,7 @@ RegistryValues::RegistryValues()
         machine != nullptr && ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine) == ERROR_SUCCESS;
     ::RegCloseKey(machine);
     if (!replaced) {
-        throw std::runtime_error("the machine's own registry would be written to");
+        throw std::runtime_error("HKEY_LOCAL_MACHINE could not be redirected");
     }
 }
 
