@@ -23,8 +23,8 @@ rem Three rules keep the script safe:
 rem - "cd" can fail: it is followed by a look at the current folder.
 rem - No variable from outside stands in the body of a "for": there the interpreter takes a percent
 rem   sign in a name, with the letter behind it, for a loop variable.
-rem - Windows lets no program rename or replace the current folder or a folder above it. So the script
-rem   stays in the product folder from the checks to the removal.
+rem - Windows lets no program rename or replace the current folder or a folder above it. So the
+rem   script stays in the product folder from the checks to the removal.
 setlocal EnableExtensions DisableDelayedExpansion
 set "self=%~f0"
 set "name=%~nx0"

@@ -40,6 +40,7 @@ def become(program: list[str]) -> NoReturn:
     prefix = os.environ.get("KTR_WINEPREFIX") or f"{_cache()}/wine-prefix"
     try:
         make(prefix)
+        program = _by_ascii_path(program)
         os.environ.update(SETTINGS, WINEPREFIX=prefix)
         if kit := os.environ.get("KTR_QT_KIT"):
             # The DLLs of Qt and those of the compiler's run-time.
@@ -54,6 +55,24 @@ def become(program: list[str]) -> NoReturn:
     except (RuntimeError, OSError) as error:
         print(f"ktr wine: {error}", file=sys.stderr)
         sys.exit(125)
+
+
+def _by_ascii_path(program: list[str]) -> list[str]:
+    """Reaches a program below the working directory through a link if its path is not ASCII.
+
+    Unit tests call ANSI functions, whose paths would be in Wine's ANSI code page, not in UTF-8.
+    """
+    folder = os.getcwd()
+    if program[0].isascii() or not program[0].startswith(f"{folder}/"):
+        return program
+    link = f"{_cache()}/{os.stat(folder).st_dev:x}-{os.stat(folder).st_ino:x}"
+    try:
+        os.symlink(folder, link)
+    except FileExistsError:
+        pass  # made for an earlier test
+    os.chdir(link)
+    os.environ["PWD"] = link
+    return [link + program[0][len(folder):], *program[1:]]
 
 
 def start_server(environment: Mapping[str, str]) -> None:
