@@ -11,7 +11,7 @@ from ktr.display import Display
 from ktr.sandbox import Sandbox
 from ktr.window import Window
 from faults.fault import Fault
-from faults.outcomes import COMPANION, TELEMETRY, UNCHANGED, Run, Whole
+from faults.outcomes import COMPANION, UNCHANGED, Run, Whole
 
 RESTARTS = "Nothing blocks the next start, which works unchanged."
 FAKETIME = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1"
@@ -41,7 +41,8 @@ def _killed_at(stage: Callable[[Sandbox, Window], object]) -> Run:
 
 def _killed_before_its_window(sandbox: Sandbox, fault: Fault) -> None:
     program = fault.start(sandbox)
-    sandbox.wait_noted(TELEMETRY, "load")
+    # The library loads before everything else. Its companion must not appear after the kill.
+    sandbox.wait_noted(COMPANION, "start")
     program.kill()
     assert not sandbox.instance_lock_held()
     _start_again(sandbox, fault)
