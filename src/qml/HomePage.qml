@@ -74,6 +74,12 @@ Item {
         Public.sendUserInfoEx("UninstallPop", "Result_Question_What_Problem", { "answer": text })
     }
 
+    // Creates the pages that have not been shown yet: from now on the files of Qt Quick Controls that
+    // they need may be missing, since the uninstaller removes them.
+    function createHiddenPages() {
+        listPages.slice(1).forEach(function(page) { page.active = true })
+    }
+
     // Shows the coupon for the feedback page's offer type on solvedPage.
     function thank(offerType) {
         switchPage(2)
@@ -263,6 +269,7 @@ Item {
                 btnCancel.enabled = false
                 btnUninstall.enabled = false
                 home.uninstalling(true)
+                home.createHiddenPages()
                 uninstallMgr.doUninstall()
                 window.exitCode = 0
             }

@@ -1,6 +1,7 @@
 import QtQuick 2.14
 
-// A feedback page that is created when it is first shown, for a quicker start; then it stays.
+// A feedback page that is created when it is first shown, for a quicker start, or before the
+// uninstallation (HomePage.qml); then it stays.
 Loader {
     id: page
 

@@ -98,10 +98,14 @@ InterfaceTest {
             pageAt[running] = state().filter((_, i) => i !== 2).concat(texts())
         })
         var inside = null
-        insideStart = () => { inside = state().concat(main.exitCode) }
+        insideStart = () => {
+            // The uninstaller removes the files from which pages are created.
+            var created = named(part("homePage"), /^(couponImage|feedbackText)$/).length
+            inside = state().concat(main.exitCode, created)
+        }
         fake.running = ["uninstall.exe"]
         start()
-        compare(inside, [false, false, false, true, true, true, -2])
+        compare(inside, [false, false, false, true, true, true, -2, 4])
         compare(main.exitCode, 0)
         compare(announced, [true])
         compare(fake.asked.slice(0, 3), clicked.concat("note uninstalling true"))

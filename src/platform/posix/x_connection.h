@@ -23,8 +23,8 @@ struct ConnectionTraits
     using Type = xcb_connection_t *;
     static Type Empty()
     {
-        return nullptr; // xcb_connect() never returns null; a failed connection is in an error
-                        // state
+        // xcb_connect() never returns null; a failed connection is in an error state.
+        return nullptr;
     }
     static void Close(Type connection)
     {
