@@ -65,7 +65,9 @@ def _by_ascii_path(program: list[str]) -> list[str]:
     folder = os.getcwd()
     if program[0].isascii() or not program[0].startswith(f"{folder}/"):
         return program
-    link = f"{_cache()}/{os.stat(folder).st_dev:x}-{os.stat(folder).st_ino:x}"
+    import hashlib
+
+    link = f"{_cache()}/{hashlib.sha256(os.fsencode(folder)).hexdigest()[:16]}"
     try:
         os.symlink(folder, link)
     except FileExistsError:
