@@ -1,10 +1,11 @@
-# Registers files of pytest as tests, one a file, against the build that registers them:
+# Registers files of pytest as tests, one test per file, against the build that registers them:
 #
-#     ktr_add_pytests(LABEL FILE... [SUFFIX TEXT] [WORKERS N] [PROCESSORS N] [COST N] [OPTIONS ARG...])
+#     ktr_add_pytests(LABEL FILE... [SUFFIX TEXT] [WORKERS N] [PROCESSORS N] [COST N]
+#                     [OPTIONS ARG...])
 #
-# The test of test_x.py is LABEL.x followed by SUFFIX. WORKERS runs the cases of a file side by side.
-# COST moves a long file to the front. PROCESSORS is in quarters: the test presets have four jobs for
-# each processor, since a scenario mostly waits.
+# The test of test_x.py is LABEL.x followed by SUFFIX. WORKERS runs the cases of a file in parallel.
+# COST moves a long file to the front. PROCESSORS is in quarters: the test presets have four jobs
+# for each processor, since a scenario mostly waits.
 function(ktr_add_pytests label)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "SUFFIX;WORKERS;PROCESSORS;COST" "OPTIONS")
     if(arg_WORKERS)

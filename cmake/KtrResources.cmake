@@ -20,8 +20,8 @@ function(ktr_add_resources target file name)
 endfunction()
 
 # The same for QML resources, which are also compiled ahead of time, for a quicker start:
-# ktr_add_interface(TARGET QRC-FILE). The sources stay among the resources: a Qt version that rejects
-# QML compiled by another version falls back to them.
+# ktr_add_interface(TARGET QRC-FILE). The sources stay among the resources: a Qt version that
+# rejects QML compiled by another version falls back to them.
 find_program(KTR_QMLCACHEGEN NAMES qmlcachegen
     PATHS "${Qt5_DIR}/../../../bin" /usr/lib/qt5/bin NO_DEFAULT_PATH REQUIRED)
 

@@ -10,8 +10,8 @@ endif()
 
 # ccache, if it is installed. A second checkout in another folder profits, too: paths below the
 # source folder reach the compiler as relative ones, and the build folder does not count (so the
-# debug information may name the other checkout). Not for coverage: the compiler's notes are files
-# beside the object. CCACHE_DISABLE=1 in the environment of a build compiles everything.
+# debug information may name the other checkout). Not for coverage: the compiler writes .gcno files
+# beside the objects. CCACHE_DISABLE=1 in the environment of a build compiles everything.
 if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT KTR_COVERAGE)
     find_program(ccache ccache NO_CACHE)
     if(ccache)
@@ -41,12 +41,13 @@ function(ktr_target_counters target)
 endfunction()
 
 function(ktr_target_defaults target)
-    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
-    # A parameter may have the name of the member that it sets: an interface gives both names.
+    target_include_directories(${target} PRIVATE
+        "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
+    # -Wshadow=local: a parameter may have the name of the member that it sets, as in setExitCode().
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Werror
-        $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-        -Wformat=2 -Wcast-align -Wundef)
+        $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wconversion -Wnon-virtual-dtor
+        -Woverloaded-virtual -Wold-style-cast -Wformat=2 -Wcast-align -Wundef)
     if(WIN32)
         # The program supports Windows 7 and later, as its manifest says.
         target_compile_definitions(${target} PRIVATE UNICODE _UNICODE WINVER=0x0601
@@ -61,7 +62,8 @@ function(ktr_target_defaults target)
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong> "${maps}")
         target_link_options(${target} PRIVATE -fstack-protector-strong)
-        # Symbols are kept of what ships only; cmake/KtrWindowsExecutable.cmake splits them off.
+        # Only what ships has symbols; cmake/KtrWindowsExecutable.cmake moves them to a file of
+        # their own.
         cmake_path(IS_PREFIX KTR_PRODUCT_DIR "${CMAKE_CURRENT_SOURCE_DIR}" in_product)
         if(in_product)
             target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-g>)

@@ -27,7 +27,8 @@ function(ktr_windows_executable target)
     target_link_options(${target} PRIVATE -Wl,--build-id)
     add_custom_command(TARGET ${target} POST_BUILD
         COMMAND "${CMAKE_COMMAND}" -E env SOURCE_DATE_EPOCH=0
-            "${CMAKE_OBJCOPY}" --only-keep-debug "$<TARGET_FILE:${target}>" "$<TARGET_FILE:${target}>.debug"
+            "${CMAKE_OBJCOPY}" --only-keep-debug "$<TARGET_FILE:${target}>"
+            "$<TARGET_FILE:${target}>.debug"
         COMMAND "${CMAKE_COMMAND}" -E env SOURCE_DATE_EPOCH=0
             "${CMAKE_STRIP}" "$<TARGET_FILE:${target}>"
         VERBATIM)
