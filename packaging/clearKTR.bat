@@ -5,7 +5,7 @@ rem     clearKTR.bat "C:\Folder of\the product"
 rem
 rem The program copies this file to the temp directory. When the program ends, it runs that copy,
 rem hidden, with the product folder as its one argument. The folder is ours if exactly one of its
-rem direct sub-folders holds both UninstallUI.exe and a clearKTR.bat equal to this file.
+rem direct sub-folders has the mark: both UninstallUI.exe and a clearKTR.bat equal to this file.
 rem
 rem The script prints nothing, asks nothing and deletes itself at the end. It ends the command
 rem interpreter with one of these statuses:

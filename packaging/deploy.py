@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Puts together what the Windows executable needs of a Qt kit at run time.
+"""Copies what the Windows executable needs of a Qt kit at run time.
 
-Nothing is copied that the interface does not import: the DLLs are those that the executable, its
-plug-ins and its QML modules need. `check-deployed` says what the kit lacked.
+Copies only QML modules that the interface imports, and only DLLs that the executable, its plug-ins
+and its QML modules need. `check-deployed` says what the kit lacked.
 """
 
 from __future__ import annotations
@@ -36,7 +36,7 @@ def copy(source: str | Path, target: str | Path) -> Path:
 
 
 def run_time_dll(name: str) -> Path | None:
-    """Where the compiler keeps a DLL of its own; None if it has none of that name."""
+    """The path of one of the compiler's DLLs; None if it has none of that name."""
     found = Path(subprocess.run([COMPILER, f"-print-file-name={name}"], capture_output=True,
                                 text=True, check=True).stdout.strip())
     path = found if found.is_absolute() else Path("/usr/x86_64-w64-mingw32/lib") / name
