@@ -21,7 +21,7 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT KTR_COVERAGE)
 endif()
 
 # Code coverage, for tools/coverage.
-function(ktr_target_counters target)
+function(ktr_target_coverage target)
     # Threads update counters atomically; processes share one file in the build directory.
     target_compile_options(${target} PRIVATE --coverage -O0 -fprofile-update=atomic
         -fprofile-abs-path)
@@ -83,7 +83,7 @@ function(ktr_target_defaults target)
         target_link_options(${target} PRIVATE -fsanitize=${KTR_SANITIZE})
     endif()
     if(KTR_COVERAGE)
-        ktr_target_counters(${target})
+        ktr_target_coverage(${target})
     endif()
 endfunction()
 
