@@ -54,12 +54,12 @@ def deploy(kit: Path, programs: list[Path], into: Path, plugins: tuple[str, ...]
             shutil.copytree(kit / "qml" / module, into / module, copy_function=copy,
                             ignore=shutil.ignore_patterns(*LEFT_OUT), dirs_exist_ok=True)
     of_kit = {file.name.lower(): file for file in (kit / "bin").glob("*.dll")}
-    open_ends = [*programs, *into.rglob("*.dll")]
-    while open_ends:
-        for name in imports_of(open_ends.pop()):
+    pending = [*programs, *into.rglob("*.dll")]
+    while pending:
+        for name in imports_of(pending.pop()):
             source = of_kit.get(name) or run_time_dll(name)
             if source is not None and not (into / source.name).exists():
-                open_ends.append(copy(source, into / source.name))
+                pending.append(copy(source, into / source.name))
 
 
 def main() -> None:
