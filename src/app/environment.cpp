@@ -64,8 +64,8 @@ void DisableQmlDiskCache()
 }
 
 // The software renderer loads no graphics driver, so the window looks and works the same on remote
-// desktops and virtual machines, and the program starts in a third of the time. An explicit
-// QT_QUICK_BACKEND wins.
+// desktops and virtual machines, and the program starts in about half the time
+// (docs/performance.md). An explicit QT_QUICK_BACKEND wins.
 void ChooseRenderer()
 {
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {

@@ -9,7 +9,7 @@ class QQmlApplicationEngine;
 
 /// Full path (ANSI encoding) of the file through which a second start finds the running window:
 /// "hwndFile.ini" beside the executable, eight bytes, the native handle in little-endian order.
-/// Empty when the ANSI encoding cannot name the executable.
+/// Empty when the ANSI path of the executable's folder would be cut or inexact.
 std::string GetHwndFilePath();
 
 /// The same for any executable's path; a path without a separator is taken for the directory.

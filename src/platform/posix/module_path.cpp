@@ -11,7 +11,7 @@ std::string OwnExecutable()
     return ReadOwnExeLink().value_or(std::string());
 }
 
-/// What fits into `capacity` with a terminating zero.
+/// What fits into `capacity` with its NUL.
 template<class Text> Text Cut(Text text, std::size_t capacity)
 {
     if (text.size() >= capacity) {

@@ -26,8 +26,7 @@ std::string Utf8(const std::string &ansi)
     return Utf8(QString::fromLocal8Bit(ansi.c_str()));
 }
 
-// The value of a key, or the default. An implausible length counts as a failed
-// allocation.
+// The value of a key, or the default. An implausible length counts as a failed allocation.
 QString Fetch(VantorConfig *config, const QString &key, const std::string &suffix, QString value)
 {
     const std::string name = Utf8(key);

@@ -29,7 +29,7 @@ public:
     /// a double underscore.
     QString GetString(const QString &qstrKey, const QString &strDefault);
 
-    /// The switch of a key, or `bIsDefault`. The key as for `GetString`.
+    /// The boolean value of a key, or `bIsDefault`. The key as for `GetString`.
     bool GetBoolean(const QString &qstrKey, bool bIsDefault);
 
     /// Selects the audience by OEM name, the version tag given (UTF-8) and product language.

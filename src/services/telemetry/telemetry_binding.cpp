@@ -14,7 +14,7 @@ TelemetryBinding::TelemetryBinding()
 
 bool TelemetryBinding::LoadTelemetryFromModuleDir()
 {
-    // A library of another folder with a similar name is not the product's.
+    // An inexact path may name another folder: do not load from there.
     if (!platform::IsExecutableFolderExact(platform::kPathCapacity)) {
         return false;
     }

@@ -15,7 +15,7 @@ constexpr std::array<const char *, 16> kSkyrelExports = {SKYREL_EXPORTS(SKYREL_Q
 #undef SKYREL_QUOTED
 
 #define SKYREL_INDEX(name) k##name,
-/// The place of each export in that list.
+/// The index of each export in that list.
 enum SkyrelExport : std::size_t
 {
     SKYREL_EXPORTS(SKYREL_INDEX)
@@ -29,7 +29,7 @@ class TelemetryBinding
 public:
     /// Loads the library from the program directory and resolves its entry points. Must not use
     /// other static objects: the process's binding is built during static initialisation. Building
-    /// it again on the same object clears the table and loads again.
+    /// a second one in the same storage starts with an empty table and loads again.
     TelemetryBinding();
     ~TelemetryBinding() = default;
     TelemetryBinding(const TelemetryBinding &) = delete;

@@ -1,9 +1,9 @@
 #pragma once
 
 /*
- * What the telemetry library "SkyrelWrap.DLL" is to its client: the names that it exports, and how
- * the one that is called is called. Compiles as C and as C++. Wide texts are UTF-16 with a zero at
- * the end and stay the caller's; the library copies what it keeps.
+ * The interface of the telemetry library "SkyrelWrap.DLL": the names of its exports, and the type
+ * of the one function that the client calls. Compiles as C and as C++. Wide texts are
+ * NUL-terminated UTF-16; the caller owns them, and the library copies what it keeps.
  */
 
 #include <stdint.h> /* NOLINT(modernize-deprecated-headers): C too */
@@ -35,7 +35,7 @@ typedef uint_least16_t SkyrelChar;
     ENTRY(SkyrelGetKeyValue)                                                                       \
     ENTRY(SkyrelSetKeyValue)
 
-/* Closes the list of texts; 8-bit, always this text, never data. */
+/* Ends the list of texts; 8-bit, always this text, never data. */
 #define SKYREL_END_OF_LIST "SKYREL_{5E0A7C21-3B94-4D6F-8A12-C7E94B3D2F60}"
 
 /*

@@ -19,7 +19,7 @@ UsageEventPairs ComposeUsageEvent(const QString &window,
                                   const QString &attribute,
                                   const QString &source);
 
-/// Sends the pairs through `binding`; no other number of them than two to five is sent.
+/// Sends the pairs through `binding`, if there are two to five.
 void SendPairs(TelemetryBinding &binding, const UsageEventPairs &pairs);
 
 /// Composes one usage event and sends it through the process's telemetry library, before it
