@@ -41,8 +41,8 @@ Item {
 
     signal uninstalling(var running)
 
-    // The only way from page to page. A page that had the keyboard passes it on to the next one, so
-    // that Tab goes on from there.
+    // The only way from page to page. A page with the keyboard focus passes it to the next one, so
+    // that Tab continues from there.
     function switchPage(funIndex) {
         var left = listPages[currentPage]
         var hadKeyboard = left !== undefined && left.activeFocus
@@ -74,8 +74,8 @@ Item {
         Public.sendUserInfoEx("UninstallPop", "Result_Question_What_Problem", { "answer": text })
     }
 
-    // Creates the pages that have not been shown yet: from now on the files of Qt Quick Controls that
-    // they need may be missing, since the uninstaller removes them.
+    // Creates the pages that have not been shown yet: from now on the files of Qt Quick Controls
+    // that they need may be missing, since the uninstaller removes them.
     function createHiddenPages() {
         listPages.slice(1).forEach(function(page) { page.active = true })
     }
@@ -115,7 +115,7 @@ Item {
         anchors.bottom: uninstallLabel.top
         anchors.bottomMargin: 5
 
-        // After switchPage() the page's FocusScope has the focus, which is not a tab stop.
+        // After switchPage() the page's FocusScope, which is not a tab stop, has the focus.
         Keys.onTabPressed: home.leaveShownPage(true)
         Keys.onBacktabPressed: home.leaveShownPage(false)
         Component.onCompleted: {

@@ -107,10 +107,11 @@ FocusScope {
             }
             // A TextArea takes Tab as a character, so the keyboard could not leave it.
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(
+                                       Qt.BacktabFocusReason)
 
-            // Whether the paste was handled. Without a `clipboard` object, the ordinary paste and the
-            // length limit apply.
+            // Whether the paste was handled. Without a `clipboard` object, the ordinary paste and
+            // the length limit apply.
             function pasteToTheLimit() {
                 if (typeof clipboard === "undefined") {
                     return false

@@ -18,7 +18,7 @@ ZoRoundButtonLegacy {
 
     bgGradient: enabled && tableGradient ? twoStops : null
 
-    // The filled look is not for its user to choose: this wins over what was declared.
+    // Replaces a table that a page declares: this button is always filled.
     Component.onCompleted: properties = Public.drpInfo
 
     Gradient {

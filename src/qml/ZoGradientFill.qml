@@ -30,7 +30,12 @@ Shape {
         PathLine { x: root.width - root.radius; y: 0 }
         PathArc { x: root.width; y: root.radius; radiusX: root.radius; radiusY: root.radius }
         PathLine { x: root.width; y: root.height - root.radius }
-        PathArc { x: root.width - root.radius; y: root.height; radiusX: root.radius; radiusY: root.radius }
+        PathArc {
+            x: root.width - root.radius
+            y: root.height
+            radiusX: root.radius
+            radiusY: root.radius
+        }
         PathLine { x: root.radius; y: root.height }
         PathArc { x: 0; y: root.height - root.radius; radiusX: root.radius; radiusY: root.radius }
         PathLine { x: 0; y: root.radius }

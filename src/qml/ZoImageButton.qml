@@ -2,10 +2,10 @@ import QtQuick 2.6
 import QtQuick.Controls 1.4
 import QtQuick.Controls.Styles 1.4
 
-// An image button: one image per state, found by name, on an optional background.
-// Give it an Accessible.name, since it shows no text. It is no tab stop: both uses are in title bars,
-// where Tab and Space would close the window. Alt+F4 and assistive tools can close it, as in native
-// windows.
+// An image button: one image per state, found by name, on an optional background. Give it an
+// Accessible.name, since it shows no text. It is no tab stop: both uses are in title bars, where
+// Tab and Space would close the window. Alt+F4 and assistive tools can close the window, as in
+// native ones.
 ZoPushButton {
     id: root
 

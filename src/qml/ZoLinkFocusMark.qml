@@ -1,9 +1,9 @@
 import QtQuick 2.12
 import "public.js" as Public
 
-// The mark behind a link that has the keyboard focus. A link may stand at the very edge of a clipped
-// page, where a frame round it would lose a side. The line is below the text because it has the
-// same colour.
+// The mark behind a link that has the keyboard focus. A link may stand at the very edge of a
+// clipped page, where a frame round it would lose a side. The line is below the text because it has
+// the same colour.
 Rectangle {
     objectName: "focusMark"
     z: -1
