@@ -45,9 +45,9 @@ Item {
     // that Tab continues from there.
     function switchPage(funIndex) {
         var left = listPages[currentPage]
-        var hadKeyboard = left !== undefined && left.activeFocus
+        var hadFocus = left !== undefined && left.activeFocus
         completeSwitchPage(funIndex)
-        if (hadKeyboard && listPages[currentPage] !== undefined) {
+        if (hadFocus && listPages[currentPage] !== undefined) {
             listPages[currentPage].forceActiveFocus()
         }
     }
