@@ -12,7 +12,10 @@ import re
 import shutil
 import subprocess
 import sys
+from collections.abc import Callable
 from pathlib import Path
+
+import pefile
 
 from pe_imports import imports_of
 
@@ -27,12 +30,20 @@ COMPILER = "x86_64-w64-mingw32-g++-posix"
 BUILD_FOLDER = re.compile(rb"/[^\0\n]{0,300}?/dravik-uninstall(?=/windows-qt)")
 
 
-def copy(source: str | Path, target: str | Path) -> Path:
-    """Copies a file of a kit without the name of the folder in which we built it."""
-    place = Path(shutil.copyfile(source, target))
-    content = place.read_bytes()
-    place.write_bytes(BUILD_FOLDER.sub(lambda found: b"/" * len(found[0]), content))
-    return place
+def copy_anonymously(source: str | Path, target: str | Path) -> Path:
+    """Copies a file of our own kit, without the folder in which and the time at which it was built."""
+    content = BUILD_FOLDER.sub(lambda found: b"/" * len(found[0]), Path(source).read_bytes())
+    if content.startswith(b"MZ"):
+        image = pefile.PE(data=content, fast_load=True)
+        image.FILE_HEADER.TimeDateStamp = 0
+        image.OPTIONAL_HEADER.CheckSum = 0  # Means: none. Only drivers need one.
+        for table in ("EXPORT", "DEBUG"):
+            index = pefile.DIRECTORY_ENTRY[f"IMAGE_DIRECTORY_ENTRY_{table}"]
+            if address := image.OPTIONAL_HEADER.DATA_DIRECTORY[index].VirtualAddress:
+                image.set_dword_at_rva(address + 4, 0)
+        content = image.write()
+    Path(target).write_bytes(content)
+    return Path(target)
 
 
 def run_time_dll(name: str) -> Path | None:
@@ -43,7 +54,8 @@ def run_time_dll(name: str) -> Path | None:
     return path if path.exists() else None
 
 
-def deploy(kit: Path, programs: list[Path], into: Path, plugins: tuple[str, ...] = PLUGINS) -> None:
+def deploy(kit: Path, programs: list[Path], into: Path, plugins: tuple[str, ...] = PLUGINS,
+           copy: Callable[[Path, Path], Path] = copy_anonymously) -> None:
     """Fills a folder for programs that may lie elsewhere."""
     for plugin in plugins:
         target = into / plugin
