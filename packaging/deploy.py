@@ -31,7 +31,7 @@ BUILD_FOLDER = re.compile(rb"/[^\0\n]{0,300}?/dravik-uninstall(?=/windows-qt)")
 
 
 def copy_anonymously(source: str | Path, target: str | Path) -> Path:
-    """Copies a file of our own kit, without the folder in which and the time at which it was built."""
+    """Copies a file of our own kit, without the folder and the time in which it was built."""
     content = BUILD_FOLDER.sub(lambda found: b"/" * len(found[0]), Path(source).read_bytes())
     if content.startswith(b"MZ"):
         image = pefile.PE(data=content, fast_load=True)
@@ -55,7 +55,7 @@ def run_time_dll(name: str) -> Path | None:
 
 
 def deploy(kit: Path, programs: list[Path], into: Path, plugins: tuple[str, ...] = PLUGINS,
-           copy: Callable[[Path, Path], Path] = copy_anonymously) -> None:
+           copy: Callable[..., Path] = copy_anonymously) -> None:
     """Fills a folder for programs that may lie elsewhere."""
     for plugin in plugins:
         target = into / plugin

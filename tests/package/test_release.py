@@ -10,6 +10,7 @@ import re
 import shutil
 import subprocess
 from pathlib import Path
+from typing import Any
 from zipfile import ZipFile
 
 import pefile
@@ -90,13 +91,19 @@ def times(content: bytes) -> set[int]:
 
 
 def test_the_setup_finds_what_it_takes(release):
-    names = archive(release, "win64").namelist()
-    assert {name for name in names if not name.endswith(".qm")} == {
+    packed = archive(release, "win64")
+    languages = [source.stem for source in REPOSITORY.glob("src/translations/ktr_*.ts")]
+    assert len(languages) == 28
+    assert packed.namelist() == sorted([
         "Dravik/bin/UninstallUI.exe", "Dravik/bin/clearKTR.bat", "Dravik/res/install_box.ico",
-        "Dravik/licenses/GPL-3.0.txt", "Dravik/licenses/LGPL-3.0.txt",
-        "Dravik/licenses/NOTICE-Qt.txt", "QT-IS-MISSING.txt"}
-    assert names == sorted(names)
-    assert b"./package --qt KIT" in archive(release, "win64").read("QT-IS-MISSING.txt")
+        *(f"Dravik/bin/translations/{language}.qm" for language in languages),
+        *(f"Dravik/licenses/{name}.txt" for name in (
+            "GPL-3.0", "LGPL-3.0", "NOTICE-GCC-run-time", "NOTICE-MinGW-w64", "NOTICE-Qt")),
+        "QT-IS-MISSING.txt"])
+    assert b"./package --qt KIT" in packed.read("QT-IS-MISSING.txt")
+    for part, text in (("GCC-run-time", b"GCC RUNTIME LIBRARY EXCEPTION\n\nVersion 3.1"),
+                       ("MinGW-w64", b"winpthreads/*\nCopyright:")):
+        assert text in packed.read(f"Dravik/licenses/NOTICE-{part}.txt")
 
 
 def test_a_debugger_finds_the_symbols(release, tmp_path):
@@ -109,9 +116,22 @@ def test_a_debugger_finds_the_symbols(release, tmp_path):
     assert '"src/app/process_utils.cpp" starts at' in done.stdout, done.stdout + done.stderr
 
 
-def test_the_bill_of_materials(release):
+def bill_of_materials(release: Path) -> dict[str, Any]:
+    """The bill of a release."""
     file, = release.glob("*.spdx.json")
-    bill = json.loads(file.read_text(encoding="utf-8"))
+    bill: dict[str, Any] = json.loads(file.read_text(encoding="utf-8"))
+    return bill
+
+
+def relations(bill: dict[str, Any]) -> set[tuple[str, str, str]]:
+    """Which part uses which, and how."""
+    return {(relation["spdxElementId"].removeprefix("SPDXRef-"), relation["relationshipType"],
+             relation["relatedSpdxElement"].removeprefix("SPDXRef-"))
+            for relation in bill["relationships"]}
+
+
+def test_the_bill_of_materials(release):
+    bill = bill_of_materials(release)
     assert bill["spdxVersion"] == "SPDX-2.3"
     assert bill["creationInfo"]["created"] == "2023-11-14T22:13:20Z"
     parts = {part["name"]: part for part in bill["packages"]}
@@ -123,27 +143,58 @@ def test_the_bill_of_materials(release):
     program = archive(release, "win64").read("Dravik/bin/UninstallUI.exe")
     digest, = parts["UninstallUI"]["checksums"]
     assert digest["checksumValue"] == hashlib.sha256(program).hexdigest()
+    assert relations(bill) == {
+        ("DOCUMENT", "DESCRIBES", "UninstallUI"), ("UninstallUI", "DYNAMIC_LINK", "Qt"),
+        ("UninstallUI", "STATIC_LINK", "GCC-run-time-libraries"),
+        ("UninstallUI", "STATIC_LINK", "MinGW-w64-run-time-and-winpthreads")}
 
 
-def test_the_files_of_a_kit_are_added(tmp_path):
+def test_the_files_of_a_kit_are_added(release, tmp_path):
     kit = tmp_path / "kit"
     for folder in ("bin", "plugins"):
         (kit / folder).parent.mkdir(exist_ok=True)
         (kit / folder).symlink_to(KIT / folder)
     shutil.copytree(KIT / "qml", kit / "qml")
     shutil.copytree(REPOSITORY / "testkit" / "qml_modules", kit / "qml", dirs_exist_ok=True)
-    refused = make(tmp_path / "refused", "--qt", kit)
+    # A failure leaves the previous release.
+    into = tmp_path / "made" / "release"
+    shutil.copytree(release, into)
+    refused = make(into, "--qt", kit)
     assert refused.returncode != 0 and "a test module: QtQuick/Controls" in refused.stderr
+    assert f"{into} is unchanged" in refused.stderr
+    for file in release.iterdir():
+        assert (into / file.name).read_bytes() == file.read_bytes(), file.name
     for file in kit.glob("qml/**/qmldir"):
         file.write_text(file.read_text(encoding="utf-8").replace("# for tests only", "#"), encoding="utf-8")
-    done = make(tmp_path / "release", "--qt", kit)
+    done = make(into, "--qt", kit)
     assert done.returncode == 0, done.stderr
-    packed = archive(tmp_path / "release", "win64")
+    assert list(into.parent.iterdir()) == [into]
+    packed = archive(into, "win64")
     assert packed.read("Dravik/bin/Qt5Core.dll") == (KIT / "bin" / "Qt5Core.dll").read_bytes()
     names = packed.namelist()
     assert {"Dravik/bin/Qt5Quick.dll", "Dravik/bin/platforms/qwindows.dll",
             "Dravik/bin/QtQuick/Shapes/qmldir"} < set(names)
-    assert "QT-IS-MISSING.txt" not in names
+    assert [name for name in names if "MISSING" in name] == ["SOURCES-ARE-MISSING.txt"]
+    assert b"KIT/SOURCES-Qt.txt" in packed.read("SOURCES-ARE-MISSING.txt")
+    bill = bill_of_materials(into)
+    parts = {part["name"]: part for part in bill["packages"]}
+    for library in ("libgcc_s_seh-1.dll", "libstdc++-6.dll", "libwinpthread-1.dll"):
+        digest, = parts[library]["checksums"]
+        content = packed.read(f"Dravik/bin/{library}")
+        assert digest["checksumValue"] == hashlib.sha256(content).hexdigest()
+        assert ("Qt", "DYNAMIC_LINK", parts[library]["SPDXID"][8:]) in relations(bill)
+    (kit / "SOURCES-Qt.txt").write_text("Ask us.\n", encoding="ascii")
+    done = make(into, "--qt", kit)
+    assert done.returncode == 0, done.stderr
+    names = archive(into, "win64").namelist()
+    assert "Dravik/licenses/SOURCES-Qt.txt" in names
+    assert not [name for name in names if "MISSING" in name]
+
+
+def test_a_folder_that_is_no_kit_is_refused_before_the_build(tmp_path):
+    done = subprocess.run([REPOSITORY / "package", "--qt", "."], cwd=tmp_path, capture_output=True,
+                          text=True, check=False)
+    assert done.returncode == 2 and f"{tmp_path} has no bin/Qt5Core.dll" in done.stderr
 
 
 def accept(folder: Path) -> "subprocess.CompletedProcess[str]":
