@@ -11,7 +11,8 @@ function(ktr_add_resources target file name)
         # 1 January 1980, as Unix time.
         COMMAND "${CMAKE_COMMAND}" -E env --unset=SOURCE_DATE_EPOCH
             QT_RCC_SOURCE_DATE_OVERRIDE=315532800
-            "$<TARGET_FILE:Qt5::rcc>" --name "${name}" --output "${compiled}" "${file}"
+            "$<TARGET_FILE:Qt5::rcc>" --format-version 3 --name "${name}" --output "${compiled}"
+            "${file}"
         DEPENDS "${file}" ${files}
         COMMENT "Compiling ${file}"
         VERBATIM)

@@ -147,6 +147,11 @@ def test_manifest_and_version_resource_agree(image):
     assert itself.get("version") == ".".join(map(str, parts))
 
 
+def test_its_qml_resources_have_format_version_3():
+    compiled = EXECUTABLE.with_name("UninstallUI_interface_sources_qrc.cpp")
+    assert set(re.findall(r"int version = (.+);", compiled.read_text("utf-8"))) == {"3"}
+
+
 def test_it_contains_no_path_of_the_build():
     content = EXECUTABLE.read_bytes()
     for place in (REPOSITORY, BUILD, Path.home() / ".cache"):
