@@ -141,6 +141,12 @@ def test_missing_packages_count_as_one_failure(tmp_path: Path) -> None:
     assert done.stdout.splitlines()[-1] == "0 passed, 1 failed, 0 skipped"
 
 
+def test_each_set_of_tests_is_a_preset() -> None:
+    listed = json.loads((ROOT / "CMakePresets.json").read_text("utf-8"))["testPresets"]
+    sets = set(re.findall(r"^  --(\w+)", run(ROOT / "test", "--help").stdout, re.MULTILINE))
+    assert {"quick", "unit", "lint", "windows"} < sets <= {preset["name"] for preset in listed}
+
+
 def test_a_step_over_its_budget_is_listed_but_passes(tmp_path: Path) -> None:
     script = (f'. {shlex.quote(str(TOOLS))}/steps.sh; budgets=([slow]=-1 [quick]=3600); '
               'step slow true && step quick true && step other true && '
