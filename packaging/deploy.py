@@ -19,7 +19,11 @@ import pefile
 
 from pe_imports import imports_of
 
+# The second reads the window's icon.
 PLUGINS = ("platforms/qwindows.dll", "imageformats/qico.dll")
+# Qt Quick Controls 1 needs Qt5Widgets.dll. QtGraphicalEffects is imported, but unused. The program
+# draws in software, so opengl32sw.dll, libEGL.dll, libGLESv2.dll and d3dcompiler_47.dll, which Qt
+# loads by name, are left out.
 MODULES = ("QtQml", "QtQuick.2", "QtQuick/Window.2", "QtQuick/Controls", "QtQuick/Controls.2",
            "QtQuick/Templates.2", "QtQuick/Layouts", "QtQuick/Shapes", "QtGraphicalEffects")
 # The interface uses the basic style. Only the designer of Qt Creator reads the type descriptions.
