@@ -1,5 +1,6 @@
 // Linked into every program and library whose coverage is measured. gcov writes its counters in an
-// exit handler; a process that calls exec, or ends without exit handlers, would lose them.
+// exit handler; a process that calls exec, or ends without exit handlers, would lose them (a killed
+// one does).
 #include <unistd.h>
 
 extern "C" {

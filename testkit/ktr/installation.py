@@ -104,7 +104,8 @@ def _fill(tree: Path, place: Path, build: Path, program: Path | None, language: 
     fill("uninstall.exe.txt", program_directory / "uninstall.exe.txt")
     note = shlex.quote(str(place / "tools" / f"note{suffix}"))
     # Windows looks for commands and libraries beside the program first; Linux along PATH and
-    # LD_LIBRARY_PATH. Wine hands links to the system that it runs on.
+    # LD_LIBRARY_PATH. Wine's own tasklist prints nothing, so ours must be found first. Wine hands
+    # links to the system that it runs on.
     commands = program_directory if suffix else tools
     libraries = program_directory if suffix else tree / "config"
     fill("clearKTR.bat" if suffix else "clearKTR.sh", program_directory / "clearKTR.bat", NOTE=note)

@@ -8,6 +8,14 @@
 #include <string>
 #include <string_view>
 
+// The fuzz targets cover what the program reads from outside. A target that only must not crash
+// says little about code that checks its bounds: it would miss a wrong character, a wrong cut, or a
+// value under the wrong key. So each compares with a model: the same rule in its simplest form,
+// reading back what was written, or a change of the input that must make no difference. The model
+// shares no code with the program; when they differ, either can be wrong. If the program was, add
+// the input to seeds/ and a unit test of the rule. `ctest --preset sanitize -R fuzz.offers` runs
+// one target.
+
 /// libFuzzer calls this for each input; always returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 
