@@ -40,7 +40,7 @@ TestCase {
         }
     }
 
-    // Without it an endless wait would last until the time limit of the whole file.
+    // Ends a wait that would otherwise last until the time limit of the whole file.
     Timer {
         id: guard
         interval: 20000

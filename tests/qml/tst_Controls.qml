@@ -156,7 +156,9 @@ InterfaceTest {
         compare(activations(row), 0)
     }
 
-    function test_theCursorIsAHandOverButtonsAndLinks_data() { return activated.filter((row) => !row.noStop) }
+    function test_theCursorIsAHandOverButtonsAndLinks_data() {
+        return activated.filter((row) => !row.noStop)
+    }
 
     function test_theCursorIsAHandOverButtonsAndLinks(row) {
         var control = makeActivated(row)

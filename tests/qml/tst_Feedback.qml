@@ -198,7 +198,8 @@ InterfaceTest {
         verify(box.selectedText.length > 3, box.selectedText)
     }
 
-    // The system clipboard gets the same text, for Qt's own paste.
+    // Pastes `pasted` letters among `held` others. The system clipboard gets them, for Qt's own
+    // paste; a `clipboard` object must be set before.
     function paste(held, pasted, select) {
         box.forceActiveFocus()
         box.text = letters(Math.min(pasted, 700), "y")
@@ -226,7 +227,8 @@ InterfaceTest {
             { tag: "none left", held: 700, pasted: 5, result: 700 },
             { tag: "much into nothing", held: 0, pasted: 2000, result: 700 },
             { tag: "nothing at the limit", held: 700, pasted: 0, result: 700 },
-            // Qt's own paste replaces the selection; the page's paste up to the limit inserts.
+            // Below the limit, Qt's own paste replaces the selection. At the limit the page inserts
+            // what fits at the cursor, and the selected text stays.
             { tag: "over a selection, below the limit", held: 650, pasted: 49, result: 694,
               end: 10 },
             { tag: "over a selection, at the limit", held: 650, pasted: 50, result: 700, end: 10,
@@ -303,7 +305,7 @@ InterfaceTest {
     }
 
     function test_theLinkQueriesItsOfferEachTime() {
-        // The first type has an offer of its own.
+        // Type 1 has an offer of its own; the others share one.
         ;[[3, "https://a.example/"], [1, "https://a.example/%1"], [4, "https://b.example/%1?x=1&y"],
           [4, ""]].forEach((round) => {
             page.currentPage = round[0]

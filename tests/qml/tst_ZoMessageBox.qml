@@ -66,7 +66,7 @@ InterfaceTest {
         })
     }
 
-    // Only key presses: the window is destroyed before the release.
+    // A key whose press closes the box is not released: the window is destroyed by then.
     function test_everyWayToCloseEndsTheWait_data() {
         return [
             { tag: "first button", act: () => mouseClick(buttons()[0]) },

@@ -59,6 +59,7 @@ InterfaceTest {
         return named(inPopup("buttonRow"), /^button\d/).filter((button) => button.visible)
     }
 
+    // The texts of the buttons; the default button's ends in "!".
     function texts() {
         return buttons().map((button) => button.text
                              + (Qt.colorEqual(button.bgColor,
@@ -203,7 +204,7 @@ InterfaceTest {
 
     // Also when the user activates another window while the pop-up appears.
     function test_asksForActivation() {
-        // Without an owner: a window of the test's window is active whenever that one is.
+        // Without an owner: Qt calls an owned window active whenever its owner is.
         var other = stageFixture.createObject(null)
         other.requestActivate()
         tryCompare(other, "active", true)

@@ -74,7 +74,7 @@ InterfaceTest {
         compare(fake.asked, [event("W", "A", row.attribute, row.source)])
     }
 
-    // Links contain it without quotes, so no character may end the attribute.
+    // Links contain this URL without quotes, so no character may end the attribute.
     function test_homePageIsAUrl() {
         verify(/^https:\/\/[^\s>"']*[^\s>"'\/]$/.test(home), home)
     }
