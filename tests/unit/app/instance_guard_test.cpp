@@ -11,7 +11,7 @@ const std::string kName = "ktr_uninstall_version_2023_Ostrel_Torvan";
 class InstanceGuard : public testing::Test
 {
 protected:
-    // The error of another program's attempt on the same mutex.
+    // The error of one more attempt on the same mutex, which another program would get, too.
     static std::uint32_t Try()
     {
         std::uint32_t error = platform::kErrorNone;

@@ -19,7 +19,7 @@ void Plant(const QString &file, const QString &folder, const QString &name)
     ASSERT_TRUE(QFile::copy(file, folder + '/' + name));
 }
 
-/// A folder below `folder` whose path has so many characters.
+/// A folder below `folder` whose path has `length` characters.
 QString Extended(QString folder, int length)
 {
     while (folder.size() < length) {
@@ -44,9 +44,9 @@ Answer AnswerOf(const QString &program)
 struct Row
 {
     const char *name;
-    int length; ///< of the folder's path
-    bool library;
-    bool own;
+    int length;   ///< of the folder's path
+    bool library; ///< whether it is loaded
+    bool own;     ///< whether the program finds its own folder, not the parent
     const char *version;
 };
 

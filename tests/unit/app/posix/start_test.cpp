@@ -11,7 +11,7 @@
 namespace {
 
 // The program without its user interface, in a folder of its own with a handle file of an earlier
-// run. It notes calls, a line each.
+// run. Wrappers print its calls, a line each.
 TEST(ProgramStart, StepsComeInTheirOrderAndNothingIsDestroyedBeforeTheExit)
 {
     const QTemporaryDir folder;

@@ -1,6 +1,6 @@
 #include <dlfcn.h>
 
-// Tells the program that loads it, in the moment of the load.
+// Calls a function of the program while the program loads this library.
 __attribute__((constructor)) static void TellTheProgram()
 {
     if (void *const note = dlsym(RTLD_DEFAULT, "NoteTelemetryLoad")) {

@@ -104,7 +104,7 @@ TEST(WindowsProcessUtils, EachIsOpenedAndTerminatedBeforeTheNextEntryIsRead)
     EXPECT_TRUE(Kill(L"C:\\THE folder"));
     EXPECT_EQ(calls,
               (Calls{"first", "next", "open 2", "next", "open 3", "query", "terminate 0", "next"}));
-    EXPECT_FALSE(Kill(L"C:\\the folder\\")) << "another text";
+    EXPECT_FALSE(Kill(L"C:\\the folder\\")) << "compared as text";
     EXPECT_EQ(calls, (Calls{"first", "next", "open 2", "next", "open 3", "query", "next"}));
 }
 

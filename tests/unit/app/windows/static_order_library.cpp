@@ -1,6 +1,6 @@
 #include <windows.h>
 
-// Tells the program that loads it, in the moment of the load.
+// Calls a function of the program while the program loads this library.
 __attribute__((constructor)) static void TellTheProgram()
 {
     const auto note = ::GetProcAddress(::GetModuleHandleW(nullptr), "NoteTelemetryLoad");
