@@ -11,6 +11,7 @@ struct Split
     const char *suffix;
 };
 
+// The suffix is the key without every "name__", not only the leading one.
 TEST(ConfigKey, IsSplitAtItsFirstDoubleUnderscore)
 {
     for (const Split &split : {Split{"coupon_text", "coupon_text", ""},

@@ -32,7 +32,8 @@ namespace {
 
 using Notes = std::vector<std::string>;
 
-/// The log since the last check. Lines that begin with "::" get the name of the class.
+/// Expects these lines in the log since the last check. "::" at the start of a line stands for the
+/// name of the class.
 void ExpectLog(QStringList expected)
 {
     EXPECT_EQ(LogWatch::NewLines(),
@@ -312,7 +313,7 @@ template<typename Check> void InItsOwnProcess(Check check)
         "");
 }
 
-/// The number of results that eight threads get which ask at the same moment.
+/// The number of different results when eight threads call `ask` at the same moment.
 template<typename Ask> std::size_t Results(Ask ask)
 {
     constexpr std::size_t kThreads = 8;
