@@ -10,8 +10,8 @@
 
 namespace {
 
-// 600 draws of six orders: each comes 100 times on average, and one that comes 40 times or fewer,
-// or 180 times or more, happens once in a hundred million runs of an even shuffle.
+// 600 draws of six orders: each comes 100 times on average. With an even shuffle, one of them comes
+// 40 times or fewer, or 180 times or more, in fewer than one of 10^11 runs.
 TEST(ReasonList, HoldsEveryReasonOnceInAnyOrderAndOtherReasonsLast)
 {
     std::map<std::vector<int>, int> seen;
