@@ -43,9 +43,9 @@ TEST_F(LibraryContract, EachLoadCountsAndNothingElseLoads)
     ASSERT_EQ(Load(path), library);
     EXPECT_NE(FindFunction(library, "ContractSum"), nullptr);
     contract::UnloadLibrary(library);
-    EXPECT_TRUE(contract::IsLibraryLoaded(path)) << "loaded twice, given back once";
+    EXPECT_TRUE(contract::IsLibraryLoaded(path)) << "loaded twice, unloaded once";
     contract::UnloadLibrary(library);
-    EXPECT_FALSE(contract::IsLibraryLoaded(path)) << "loaded twice, given back twice";
+    EXPECT_FALSE(contract::IsLibraryLoaded(path)) << "loaded twice, unloaded twice";
 }
 
 TEST_F(LibraryContract, LoadingAFileThatIsNoLibraryGivesNull)

@@ -48,7 +48,7 @@ TEST(ProfileContract, ReadsOneValueAsWindowsDoes)
              {"what is longer", start + digits + "88\r\n", std::wstring(99, L'7')},
              {"little room", start + "12345\r\n", L"123", 4},
          }) {
-        // A file of its own for each: systems remember what they have read.
+        // A new file for each row: the system may cache what it has read.
         const auto file = folder / (contract::UniqueName("config") + ".ini");
         contract::WriteFile(file, profile.content);
         EXPECT_EQ(Read(file, profile.capacity), profile.value) << profile.name;

@@ -17,7 +17,7 @@ namespace {
 constexpr int kAbandoned = 99;
 constexpr std::size_t kLongPath = 4096;
 
-// Before `main`, where the telemetry library is loaded in the program.
+// Read before `main`, which is when the program reads it to load the telemetry library.
 const std::string kPathBeforeMain = platform::ExecutablePath(kLongPath);
 
 platform::NamedMutex mutex;

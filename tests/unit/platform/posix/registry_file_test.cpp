@@ -76,6 +76,7 @@ TEST(RegistryFile, ValuesGiveTheirRawDataAndWhatCannotBeReadIsLeftOut)
 TEST(RegistryFile, TheNextLineSurvivesABadOne)
 {
     for (const char *line : {"garbage", "\"v\"=x", "\"v\"=hex:zz", "@", "[", "]", ";", "", "\\"}) {
+        // A bad section line ends the section before it.
         EXPECT_EQ(Value(std::string(line) + "\n\"v\"=\"good\"\n"),
                   line[0] == '[' ? "(none)" : Text("good"))
             << line;

@@ -52,7 +52,7 @@ TEST(NoDisplay, HasNoWindowsAndNoShadows)
     for (const char *name : {"", "nonsense", "unix:/nowhere/socket:0"}) {
         const contract::ScopedVariable display("DISPLAY", name);
         EXPECT_FALSE(platform::WindowExists(1)) << name;
-        platform::BringToFront(1); // comes back
+        platform::BringToFront(1); // must return
         EXPECT_FALSE(platform::DropShadowEnabled()) << name;
     }
 }

@@ -27,7 +27,7 @@ std::optional<std::string> ReadMessage(const std::filesystem::path &file);
 
 /// The helper program beside the test program.
 std::filesystem::path ChildProgram();
-/// A copy of the helper program under another path.
+/// Copies the helper program to another path, whose folder it creates.
 void CopyChildProgram(const std::filesystem::path &to);
 /// The fixture library beside the test program.
 std::filesystem::path FixtureLibrary();

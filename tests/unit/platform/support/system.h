@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-/// What the contract tests need of the operating system beside the code under test.
+/// What the contract tests need of the operating system besides the code under test.
 namespace contract {
 
 using namespace os; // NOLINT(google-build-using-namespace): one vocabulary for the tests

@@ -30,7 +30,7 @@ Held DropPrivileges()
     if (::geteuid() != 0) {
         return {};
     }
-    (void)::setresuid(kNobody, kNobody, 0); // the saved one leads back
+    (void)::setresuid(kNobody, kNobody, 0); // the saved user allows the way back
     return AtEnd([] { (void)::setresuid(0, 0, 0); });
 }
 
