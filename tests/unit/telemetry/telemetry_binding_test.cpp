@@ -63,13 +63,13 @@ TEST(TelemetryBinding, WithoutALibraryNothingIsLoadedAndNothingSent)
     EXPECT_FALSE(binding.LoadTelemetryLibrary((folder / "garbage").string().c_str()));
     EXPECT_FALSE(binding.LoadTelemetryLibrary(nullptr));
     EXPECT_EQ(binding.SendTelemetryPairs(false, u"t", u"0", u"a", u"1", u"b", u"2"), 0);
-    // None of these was a load.
+    // A failed attempt does not count as the one load.
     EXPECT_TRUE(binding.LoadTelemetryLibrary(TelemetryFake().Path().c_str()));
 }
 
 TEST(TelemetryBinding, ACompleteLibraryLoadsOnceAndStaysWhenTheBindingHasGone)
 {
-    // The fixture's own load is given back, so the binding's is the only one.
+    // The fixture's own load is undone, so the binding's is the only one.
     TelemetryFake library("", "to_stay");
     {
         TelemetryBinding binding;
