@@ -63,7 +63,7 @@ TestCase {
     function cleanup() {
         boxWatch.stop()
         guard.stop()
-        languages.speakSource()
+        languages.switchBack()
         probe.popups().forEach((popup) => popup.close())
         wait(0)
         closeMain()

@@ -26,9 +26,9 @@ public:
     /// Switches to the language of a row of the table: loads the translation from the folder in
     /// KTR_TRANSLATIONS (by default the build's), sets the layout direction, and adds its font as
     /// the fallback. False when there is no such translation.
-    Q_INVOKABLE bool speak(const QVariantMap &row)
+    Q_INVOKABLE bool switchTo(const QVariantMap &row)
     {
-        speakSource();
+        switchBack();
         QString folder = qEnvironmentVariable("KTR_TRANSLATIONS");
         if (folder.isEmpty()) {
             folder = QStringLiteral(KTR_TRANSLATIONS);
@@ -50,7 +50,7 @@ public:
     }
 
     /// Switches back to the source texts.
-    Q_INVOKABLE void speakSource()
+    Q_INVOKABLE void switchBack()
     {
         QCoreApplication::removeTranslator(&translator_);
         QGuiApplication::setLayoutDirection(Qt::LeftToRight);

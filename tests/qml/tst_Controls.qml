@@ -19,7 +19,7 @@ InterfaceTest {
         { tag: "ZoLinkLabel", properties: { originalText: "Go" }, role: Accessible.Link,
           signal: "linkActivated", frame: "focusMark" },
         { tag: "ZoImageButton", properties: { resName: "ico_popup_close" }, role: Accessible.Button,
-          noStop: true }
+          noTabStop: true }
     ]
     name: "Controls"
 
@@ -83,7 +83,7 @@ InterfaceTest {
     function labelOf(button) { return findChild(button, "buttonLabel") }
 
     // The properties that no reference image shows.
-    function test_defaultProperties_data() {
+    function test_propertiesHaveTheirDefaults_data() {
         return [
             { tag: "ZoRoundButton", properties: { properties: Public.nrpInfo } },
             { tag: "ZoRoundButtonLegacy", properties: { properties: Public.rplInfo } },
@@ -96,7 +96,7 @@ InterfaceTest {
         ]
     }
 
-    function test_defaultProperties(row) {
+    function test_propertiesHaveTheirDefaults(row) {
         compareAll(make(row.tag, {}), row.properties)
     }
 
@@ -137,8 +137,8 @@ InterfaceTest {
         control.focus = false
         fake.forget()
         keyClick(Qt.Key_Tab)
-        compare(control.activeFocus, !row.noStop)
-        if (row.noStop) {
+        compare(control.activeFocus, !row.noTabStop)
+        if (row.noTabStop) {
             return
         }
         compare(frame.visible, true)
@@ -157,7 +157,7 @@ InterfaceTest {
     }
 
     function test_theCursorIsAHandOverButtonsAndLinks_data() {
-        return activated.filter((row) => !row.noStop)
+        return activated.filter((row) => !row.noTabStop)
     }
 
     function test_theCursorIsAHandOverButtonsAndLinks(row) {
@@ -168,13 +168,13 @@ InterfaceTest {
         tryCursor(control, Qt.ArrowCursor)
     }
 
-    function test_accessible_data() { return activated }
+    function test_assistiveToolsReadAndPressAControl_data() { return activated }
 
-    function test_accessible(row) {
+    function test_assistiveToolsReadAndPressAControl(row) {
         var control = makeActivated(row)
         var seen = probe.accessible(control)
-        compare([seen.role, seen.name], [row.role, row.noStop ? "" : "Go"])
-        verify(row.noStop || seen.focusable)
+        compare([seen.role, seen.name], [row.role, row.noTabStop ? "" : "Go"])
+        verify(row.noTabStop || seen.focusable)
         var button = row.role === Accessible.Button
         verify(probe.pressAccessible(control))
         // The action toggles a radio button without `clicked`. A button clicks after the action.
@@ -342,7 +342,7 @@ InterfaceTest {
         compare(behaviors[0].animation.duration, 70)
     }
 
-    function test_accessibleBar() {
+    function test_assistiveToolsReadTheProgress() {
         var bar = make("ZoProgressBar", { width: 300 })
         bar.value = 40
         tryCompare(bar, "value", 40)

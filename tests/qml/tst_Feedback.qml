@@ -57,13 +57,13 @@ InterfaceTest {
     function prepare() {
         openMain()
         part("homePage").switchPage(3)
-        look(part("noSolvedPage").item)
+        usePage(part("noSolvedPage").item)
         page.sigSubmit.connect((text) => fake.note("submit " + text))
         fake.forget()
     }
 
-    function look(from) {
-        page = from
+    function usePage(shown) {
+        page = shown
         box = findChild(page, "feedbackText")
         frame = findChild(page, "feedbackFrame")
         submit = findChild(page, "submitButton")
@@ -240,7 +240,7 @@ InterfaceTest {
 
     function test_pasteWithAClipboardObjectStopsAtTheLimit(row) {
         var stage = withClipboard.createObject(page.parent)
-        look(stage)
+        usePage(stage)
         stage.clipboardText = letters(row.pasted, "y")
         var at = Math.min(5, row.held)
         paste(row.held, row.pasted, () => { box.select(at, row.end || at) })
@@ -323,7 +323,7 @@ InterfaceTest {
         compare(fake.asked, followed(""))
     }
 
-    function test_accessible() {
+    function test_assistiveToolsReadTheBoxTheButtonAndTheLink() {
         var seen = probe.accessible(box)
         compare([seen.role, seen.name, seen.focusable],
                 [Accessible.EditableText, "you voice is important to us.", true])

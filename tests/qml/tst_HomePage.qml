@@ -52,7 +52,7 @@ InterfaceTest {
         compare(state(), [true, true, true, false, false, true])
     }
 
-    function test_uninstallButtonIsEnabledAtZeroOnlyAndHiddenAtTheEnd() {
+    function test_uninstallButtonIsDisabledDuringTheProgressAndHiddenAtTheEnd() {
         uninstallMgr.valProgress = 50
         tryCompare(bar(), "value", 50)
         compare(part("uninstallButton").enabled, false)

@@ -55,7 +55,7 @@ InterfaceTest {
         texts = 0
         panes = 0
         language = row.language.name
-        verify(languages.speak(row.language), "the translation can be loaded")
+        verify(languages.switchTo(row.language), "the translation can be loaded")
         openMain(uninstallMgr.getReasonList().sort())
         var page = part("homePage")
         visit(main, "reasons")

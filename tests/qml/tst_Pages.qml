@@ -18,7 +18,7 @@ InterfaceTest {
     readonly property var pageNames: [
         "reasonPage", "expensivePage", "solvedPage", "noSolvedPage", "otherPage"
     ]
-    readonly property var lines: [
+    readonly property var linkTexts: [
         "View exclusive discounted prices", "Enjoy discounted prices to buy other products"
     ]
     readonly property var reasons: [
@@ -76,13 +76,13 @@ InterfaceTest {
         compare(names(home.listPages), pageNames)
         compare([home.currentPage, shownNumbers(), title()], [0, [0], titles[0]])
         compare(home.listTitleTxt, titles)
-        compare(home.discountedPrices, lines)
+        compare(home.discountedPrices, linkTexts)
         compare(home.clip, true)
         home.listPages.forEach((shown, number) => {
             compareAll(shown, { x: 0, y: 0, width: part("contentArea").width,
                                 height: part("contentArea").height })
             if (number > 0) {
-                compare(shown.discountPricesTxt, lines[number === 1 ? 0 : 1])
+                compare(shown.discountPricesTxt, linkTexts[number === 1 ? 0 : 1])
             }
         })
         compare([page(1).perferentialInfo, page(2).perferentialInfo], [offer(1), offer(2)])
@@ -242,7 +242,7 @@ InterfaceTest {
         openCoupon(coupon)
         openCoupon(row.offered)
         compare(couponTexts(), [row.price || "", "Validity period: " + (row.expired || ""),
-                                lines[0]])
+                                linkTexts[0]])
         mouseClick(page(1), 300, 20)
         compare(fake.asked, followed(row.url || ""))
         compare(shownNumbers(), [1])
@@ -286,7 +286,7 @@ InterfaceTest {
         compare(inPage(1, "focusMark").visible, false, "a click shows no focus mark")
     }
 
-    function test_theCursorOfACoupon() {
+    function test_theCursorIsAHandOverACouponOnly() {
         openCoupon(coupon)
         ;[[-90, Qt.ArrowCursor], [60, Qt.PointingHandCursor],
           [-90, Qt.ArrowCursor]].forEach((step) => {
@@ -296,11 +296,11 @@ InterfaceTest {
         })
     }
 
-    function test_accessibleCoupon() {
+    function test_assistiveToolsReadACouponAsALink() {
         openCoupon(coupon)
         var seen = probe.accessible(inPage(1, "offerLink"))
         compare([seen.role, seen.name, seen.description, seen.focusable],
-                [Accessible.Link, lines[0], "$19.95 Validity period: 12/31/2026", true])
+                [Accessible.Link, linkTexts[0], "$19.95 Validity period: 12/31/2026", true])
     }
 
     // The whole window by keyboard ----------------------------------------------------------------

@@ -171,7 +171,7 @@ InterfaceTest {
         verify(notes().indexOf("notifyPopup  false") > 0)
     }
 
-    function test_accessible() {
+    function test_assistiveToolsReadTheTextsAndButtons() {
         ask({ title: "Warning", mainTitle: "Main", subTitle: "Sub", buttons: ["OK"] }, () => {
             var dialog = probe.accessible(inBox("popupBackground"))
             compare([dialog.role, dialog.name], [Accessible.Dialog, "Warning"])

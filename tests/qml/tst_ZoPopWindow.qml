@@ -66,7 +66,7 @@ InterfaceTest {
                                               Public.drpInfo.bgColor.normal) ? "!" : ""))
     }
 
-    function test_defaultProperties() {
+    function test_propertiesHaveTheirDefaults() {
         popup = stage.makePopup()
         compareAll(popup, {
             modality: Qt.ApplicationModal, flags: Qt.FramelessWindowHint | Qt.Window, title: "",
@@ -139,7 +139,7 @@ InterfaceTest {
         compare([popup.x, popup.y], [x + 7, y - 2])
     }
 
-    function test_declaredButtonsAndStates() {
+    function test_buttonsAndStatesCanBeDeclared() {
         popup = declared.createObject(stage)
         popup.open()
         compare(texts(), ["a", "b!"])
@@ -203,7 +203,7 @@ InterfaceTest {
     }
 
     // Also when the user activates another window while the pop-up appears.
-    function test_asksForActivation() {
+    function test_anOpeningPopupBecomesTheActiveWindow() {
         // Without an owner: Qt calls an owned window active whenever its owner is.
         var other = stageFixture.createObject(null)
         other.requestActivate()
@@ -218,7 +218,7 @@ InterfaceTest {
         remove(other)
     }
 
-    function test_accessible() {
+    function test_assistiveToolsReadTheTitle() {
         show({ title: "Warning" })
         var seen = probe.accessible(inPopup("popupBackground"))
         compare([seen.role, seen.name], [Accessible.Dialog, "Warning"])

@@ -79,7 +79,7 @@ InterfaceTest {
         verify(/^https:\/\/[^\s>"']*[^\s>"'\/]$/.test(home), home)
     }
 
-    function test_tablesThatNoImageShows() {
+    function test_tablesHaveTheirValuesAndUnusedFunctionsAreMissing() {
         compare([Public.winShadowColor, Public.winShadowBlur], ["#48475963", 8])
         ;["rpInfo", "nrpInfo", "drpInfo", "rplInfo"].forEach((name) => {
             for (var state in Public[name].borderColor) {
