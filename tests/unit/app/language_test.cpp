@@ -157,7 +157,7 @@ TEST_F(Language, AnAbsentKeyOrValueMeansEnglishTexts)
     EXPECT_EQ(Shown(), "translated");
 }
 
-TEST_F(Language, AnEmptyValueIsAnEmptyName)
+TEST_F(Language, AnEmptyValueSelectsTheFileWithoutALanguageName)
 {
     Set("");
     Provide("ktr_English.qm");
@@ -185,7 +185,7 @@ TEST_F(Language, ADamagedFileIsInstalledAllTheSame)
     EXPECT_EQ(text->property("asked").toInt(), 2) << "what is shown was looked up again";
 }
 
-TEST_F(Language, WhatIsShownAlreadyIsTranslatedAgain)
+TEST_F(Language, LoadingTranslatesTextsThatAreAlreadyShown)
 {
     Set("Klingon");
     Provide("ktr_Klingon.qm");

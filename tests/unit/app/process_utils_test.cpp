@@ -147,14 +147,14 @@ TEST_F(ProcessUtils, TheCleanupCommandRunsHiddenAndIdleInTheTempDirectory)
 // An unpaired surrogate stands for any character that the code page lacks.
 TEST_F(ProcessUtils, ACleanupCommandWithCharactersBeyondTheCodePageIsNotRun)
 {
-    const QString unsaid = CommandProgram(contract::UniqueName("unsaid"));
-    const QString said = CommandProgram("said");
+    const QString unconvertible = CommandProgram(contract::UniqueName("unconvertible"));
+    const QString convertible = CommandProgram("convertible");
     const contract::DetachedChild child([&](const std::string &) {
-        LaunchCleanupCommand(unsaid + " \"" + QChar(0xD800) + '"');
-        LaunchCleanupCommand(said);
+        LaunchCleanupCommand(unconvertible + " \"" + QChar(0xD800) + '"');
+        LaunchCleanupCommand(convertible);
     });
-    EXPECT_EQ(contract::ImageNameOf(child.Id()), QFileInfo(said).fileName().toStdWString());
-    EXPECT_FALSE(contract::IsImageRunning(QFileInfo(unsaid).fileName().toStdWString()));
+    EXPECT_EQ(contract::ImageNameOf(child.Id()), QFileInfo(convertible).fileName().toStdWString());
+    EXPECT_FALSE(contract::IsImageRunning(QFileInfo(unconvertible).fileName().toStdWString()));
 }
 
 TEST_F(ProcessUtils, ACommandThatCannotBeLaunchedHasNoEffect)

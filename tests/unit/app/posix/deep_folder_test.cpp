@@ -13,7 +13,7 @@ namespace {
 
 using Answer = QMap<QString, QString>;
 
-void Plant(const QString &file, const QString &folder, const QString &name)
+void CopyInto(const QString &file, const QString &folder, const QString &name)
 {
     ASSERT_TRUE(QDir().mkpath(folder));
     ASSERT_TRUE(QFile::copy(file, folder + '/' + name));
@@ -52,7 +52,7 @@ struct Row
 
 // A path is cut after 259 characters; the names of probe and library, with a separator, have six
 // and fifteen.
-TEST(DeepFolder, ACutNameLeavesTheFolderAndACutFolderIsItsParent)
+TEST(DeepFolder, ACutNameKeepsTheFolderAndACutFolderMeansItsParent)
 {
     for (const Row &row : {Row{"all fits", 244, true, true, "18.0"},
                            Row{"the library's path is cut", 245, false, true, "18.0"},
@@ -67,8 +67,8 @@ TEST(DeepFolder, ACutNameLeavesTheFolderAndACutFolderIsItsParent)
         const QString folder =
             Extended(QFileInfo(temporary.path()).canonicalFilePath(), row.length);
         const QString found = row.own ? folder : QFileInfo(folder).path();
-        Plant(TELEMETRY_LIBRARY, found, "SkyrelWrap.DLL");
-        Plant(DEEP_FOLDER_PROBE, folder, "probe");
+        CopyInto(TELEMETRY_LIBRARY, found, "SkyrelWrap.DLL");
+        CopyInto(DEEP_FOLDER_PROBE, folder, "probe");
         ASSERT_TRUE(QDir().mkpath(folder + "/pro"));
         contract::WriteFile((folder + "/pro/config.ini").toStdString(), "[main]\nversionNo=21.5\n");
 

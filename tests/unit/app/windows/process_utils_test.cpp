@@ -99,7 +99,7 @@ bool Kill(const std::wstring &directory)
 }
 
 // Returns true even if TerminateProcess fails: only the attempt counts.
-TEST(WindowsProcessUtils, EachIsOpenedAndTerminatedBeforeTheNextEntryIsRead)
+TEST(WindowsProcessUtils, EachMatchIsOpenedAndTerminatedBeforeTheNextEntryIsRead)
 {
     EXPECT_TRUE(Kill(L"C:\\THE folder"));
     EXPECT_EQ(calls,
