@@ -314,7 +314,7 @@ template<typename Check> void InItsOwnProcess(Check check)
 }
 
 /// The number of different results when eight threads call `ask` at the same moment.
-template<typename Ask> std::size_t Results(Ask ask)
+template<typename Ask> std::size_t DifferentResults(Ask ask)
 {
     constexpr std::size_t kThreads = 8;
     std::atomic<std::size_t> waiting{0};
@@ -340,8 +340,8 @@ TEST(ConfigProcessDeathTest, AllThreadsGetTheOneInstanceWhichStays)
 {
     InItsOwnProcess([] {
         contract::FakeLibrary library(CONFIG_FAKE);
-        EXPECT_EQ(Results([] { return UIUtility::instance(); }), 1U);
-        EXPECT_EQ(Results([] { return CVantorConfigInstance::Instance(); }), 1U);
+        EXPECT_EQ(DifferentResults([] { return UIUtility::instance(); }), 1U);
+        EXPECT_EQ(DifferentResults([] { return CVantorConfigInstance::Instance(); }), 1U);
         EXPECT_EQ(library.NewNotes(), (Notes{"create_config result=object", "init_config mode=0"}));
     });
 }
