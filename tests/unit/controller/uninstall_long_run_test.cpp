@@ -15,7 +15,7 @@ std::size_t Allocated()
     return ::mallinfo2().uordblks;
 }
 
-TEST(UninstallLongRun, AHundredThousandTicksKeepNothing)
+TEST(UninstallLongRun, AHundredThousandTicksKeepNoMemory)
 {
     constexpr int kTicks = 100000;
     FakeEnvironment world;

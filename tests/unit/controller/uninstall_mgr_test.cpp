@@ -49,7 +49,7 @@ TEST(UninstallMgrInterface, MethodTableIsInItsOrder)
     EXPECT_STREQ(meta.className(), "CUninstallMgr");
 }
 
-TEST(UninstallMgrInterface, ProgressPropertyIsAsDescribed)
+TEST(UninstallMgrInterface, ProgressIsAWritableIntPropertyWithANotifySignal)
 {
     const QMetaObject &meta = CUninstallMgr::staticMetaObject;
     ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), 1);
@@ -72,7 +72,7 @@ protected:
     CUninstallMgr manager_{world_.Environment()};
 };
 
-TEST_F(UninstallMgr, StartsWithItsInitialValues)
+TEST_F(UninstallMgr, StartsAtProgressZeroWithExitCodeMinusTenAndAsksNothing)
 {
     EXPECT_EQ(manager_.parent(), nullptr);
     EXPECT_EQ(manager_.getExitCode(), -10);

@@ -11,8 +11,8 @@ struct Step
     int after;
 };
 
-// While the uninstaller runs: one more, except at 99. After it: 100. No value is clamped.
-TEST(ProgressStep, FollowsTheTable)
+// No value is clamped.
+TEST(ProgressStep, AddsOneWhileTheUninstallerRunsExceptAt99AndIs100Afterwards)
 {
     for (const Step &step : {Step{0, true, 1},
                              {1, true, 2},

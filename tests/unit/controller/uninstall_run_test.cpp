@@ -103,7 +103,7 @@ TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
     EXPECT_EQ(manager_.getValProgress(), 1);
 }
 
-TEST_F(UninstallRun, ALittleLongerIntervalFallsBehind)
+TEST_F(UninstallRun, TheIntervalIsShorterThan220Milliseconds)
 {
     world_.PollsAnswer({true});
     int rounds = 0;
