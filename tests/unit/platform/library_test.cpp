@@ -34,7 +34,7 @@ TEST_F(LibraryContract, ExportedFunctionCanBeCalledAndAMissingOneIsNull)
     EXPECT_EQ(FindFunction(nullptr, "malloc"), nullptr);
 }
 
-TEST_F(LibraryContract, EachLoadCountsAndNothingElseLoads)
+TEST_F(LibraryContract, EachLoadCountsAndFindingAFunctionDoesNot)
 {
     const auto path = folder_ / "contract_counted.dll";
     std::filesystem::copy_file(contract::FixtureLibrary(), path);

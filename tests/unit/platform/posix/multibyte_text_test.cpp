@@ -42,7 +42,7 @@ TEST(MultibyteText, CharactersOfEveryPlaneAreConvertedBothWaysWhateverTheGlobalL
     EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
 }
 
-TEST(MultibyteText, BrokenBytesStayApartAndComeBack)
+TEST(MultibyteText, InvalidBytesStayDistinctAndAreConvertedBack)
 {
     std::set<std::wstring> different;
     for (int byte = 1; byte < 256; ++byte) {

@@ -46,7 +46,7 @@ TEST_F(PosixNamedMutex, LockFileIsCreatedForAllToReadAndStays)
     EXPECT_TRUE(std::filesystem::exists(file_));
 }
 
-TEST_F(PosixNamedMutex, AnExistingFileIsOpenedForReadingUntilExecAndLeftAsItIs)
+TEST_F(PosixNamedMutex, AnExistingFileIsOpenedReadOnlyAndCloseOnExecAndLeftAsItIs)
 {
     constexpr mode_t kReadOnly = 0444;
     contract::WriteFile(file_, "content");
@@ -86,7 +86,7 @@ TEST_F(PosixNamedMutex, APipeOfThatNameDoesNotBlock)
     ExpectFree();
 }
 
-TEST_F(PosixNamedMutex, ALinkThatLeadsNowhereAndAPathAreAnyOtherFailure)
+TEST_F(PosixNamedMutex, ALinkThatLeadsNowhereOrANameWithAPathIsAnotherFailure)
 {
     std::filesystem::create_symlink(lockFolder_ / "missing/file", file_);
     ExpectAnotherFailure();

@@ -76,7 +76,7 @@ TEST(PosixProcesses, EachEntryIsVisitedWhileItAndTheSnapshotAreOpen)
     EXPECT_EQ(OpenOn("/proc"), 0);
 }
 
-TEST(PosixProcesses, NamesOfBrokenBytesStayApart)
+TEST(PosixProcesses, NamesWithInvalidBytesStayDistinct)
 {
     const contract::ScratchFolder folder;
     contract::CopyChildProgram(folder / "broken\xff");

@@ -40,7 +40,7 @@ TEST(ActivationRequest, NamesAPagerAsItsSource)
     EXPECT_EQ(requests, 1);
 }
 
-TEST(XWindow, ANumberOfMoreThan32BitsIsNone)
+TEST(XWindow, ANumberOfMoreThan32BitsIsNoWindow)
 {
     const contract::TestWindow window = contract::OpenWindow();
     EXPECT_TRUE(platform::WindowExists(window.handle));

@@ -39,7 +39,7 @@ template<WINBOOL kSetting> WINBOOL WINAPI FailWith(UINT action, UINT, void *sett
     return FALSE;
 }
 
-TEST(DropShadow, IsTheSettingAlsoWhenTheSystemCallFailsAndOffWithoutOne)
+TEST(DropShadow, IsWhatTheCallWroteEvenIfItFailsAndOffIfItWroteNothing)
 {
     {
         const auto failing = ReplaceImport(__imp_SystemParametersInfoA, FailWith<FALSE>);
