@@ -72,7 +72,7 @@ TEST_F(TelemetrySend, OtherExportsAreNotedAsUnexpected)
     EXPECT_EQ(library.NewNotes(), Notes{"unexpected name=SkyrelEndCache"});
 }
 
-TEST_F(TelemetrySend, ANullTextIsSeenWithoutWaitingForAnotherSend)
+TEST_F(TelemetrySend, ANullTextIsRefusedWithoutWaitingForAnotherSend)
 {
     const contract::ScratchFolder folder;
     contract::WriteFile(folder / "hold", "");
