@@ -30,8 +30,8 @@ protected:
     }
     ~Language() override
     {
-        QCoreApplication::removeTranslator(&translator);
-        QGuiApplication::setFont(font);
+        QCoreApplication::removeTranslator(&translator_);
+        QGuiApplication::setFont(font_);
         QDir(Translations()).removeRecursively();
     }
     Language(const Language &) = delete;
@@ -57,14 +57,14 @@ protected:
     // Loads the translation; returns what the interface then shows for a text.
     QString Shown()
     {
-        LoadTranslation(&translator, &engine);
+        LoadTranslation(&translator_, &engine_);
         return QCoreApplication::translate("HomePage", "Uninstall");
     }
 
     // A text of the interface, which counts how often it was looked up.
     std::unique_ptr<QObject> MakeText()
     {
-        QQmlComponent component(&engine);
+        QQmlComponent component(&engine_);
         component.setData("import QtQml 2.14; QtObject { property var count: ({n: 0})\n"
                           "property int asked\n"
                           "property string t: { count.n += 1; asked = count.n; "
@@ -75,10 +75,10 @@ protected:
         return object;
     }
 
-    const QFont font = QGuiApplication::font();
-    contract::RegistryValues values;
-    QTranslator translator;
-    QQmlApplicationEngine engine;
+    const QFont font_ = QGuiApplication::font();
+    contract::RegistryValues values_;
+    QTranslator translator_;
+    QQmlApplicationEngine engine_;
 };
 
 struct Font
@@ -93,7 +93,7 @@ TEST_F(Language, DecidesTheFamilyOfTheFont)
         ApplyApplicationFont();
         EXPECT_EQ(QGuiApplication::font().family(), expected.family) << expected.language;
         EXPECT_EQ(QGuiApplication::font().pixelSize(), 14);
-        EXPECT_EQ(QGuiApplication::font().weight(), font.weight());
+        EXPECT_EQ(QGuiApplication::font().weight(), font_.weight());
     };
     expect({"no value", "Segoe UI"});
     for (const Font &expected : {Font{"ChineseSimp", "Microsoft YaHei"},
@@ -115,11 +115,11 @@ TEST_F(Language, OnlyArabicRunsFromRightToLeft)
     for (const char *language : {"arabic", "ARABIC", "Arabic ", "Hebrew", "English", ""}) {
         Set(language);
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-        LoadTranslation(&translator, &engine);
+        LoadTranslation(&translator_, &engine_);
         EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight) << language;
     }
     Set("Arabic"); // without a translation
-    LoadTranslation(&translator, &engine);
+    LoadTranslation(&translator_, &engine_);
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
 }
 
@@ -128,7 +128,7 @@ TEST_F(Language, ArabicRunsFromRightToLeftAlsoWithItsTranslation)
 {
     Set("Arabic");
     Provide("ktr_Arabic.qm");
-    LoadTranslation(nullptr, &engine); // does nothing
+    LoadTranslation(nullptr, &engine_); // does nothing
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
     EXPECT_EQ(QCoreApplication::translate("HomePage", "Uninstall"), "Uninstall");
     EXPECT_EQ(Shown(), "translated");
@@ -142,7 +142,7 @@ TEST_F(Language, WithoutAFileTheSourceTextsStayAndAreNotLookedUpAgain)
     for (const std::string &language : {std::string("Klingon"), std::string(5000, 'x')}) {
         Set(language);
         EXPECT_EQ(Shown(), "Uninstall");
-        EXPECT_TRUE(translator.isEmpty());
+        EXPECT_TRUE(translator_.isEmpty());
     }
     EXPECT_EQ(text->property("asked").toInt(), 1);
 }
@@ -152,7 +152,7 @@ TEST_F(Language, AnAbsentKeyOrValueMeansEnglishTexts)
     Provide("ktr_English.qm");
     EXPECT_EQ(Shown(), "translated");
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
-    QCoreApplication::removeTranslator(&translator);
+    QCoreApplication::removeTranslator(&translator_);
     contract::RegistryValues::Create(kProduct);
     EXPECT_EQ(Shown(), "translated");
 }
@@ -181,7 +181,7 @@ TEST_F(Language, ADamagedFileIsInstalledAllTheSame)
     Provide("ktr_Klingon.qm", QCoreApplication::applicationFilePath());
     const auto text = MakeText();
     EXPECT_EQ(Shown(), "Uninstall");
-    EXPECT_TRUE(QCoreApplication::removeTranslator(&translator)) << "it was installed";
+    EXPECT_TRUE(QCoreApplication::removeTranslator(&translator_)) << "it was installed";
     EXPECT_EQ(text->property("asked").toInt(), 2) << "what is shown was looked up again";
 }
 
@@ -191,7 +191,7 @@ TEST_F(Language, LoadingTranslatesTextsThatAreAlreadyShown)
     Provide("ktr_Klingon.qm");
     const auto text = MakeText();
     EXPECT_EQ(text->property("t").toString(), "Uninstall");
-    LoadTranslation(&translator, &engine);
+    LoadTranslation(&translator_, &engine_);
     EXPECT_EQ(text->property("t").toString(), "translated");
 }
 
