@@ -47,12 +47,12 @@ class ConfigInstance : public testing::Test
 protected:
     CVantorConfigInstance &Config()
     {
-        if (!config) {
-            config = std::make_unique<CVantorConfigInstance>();
-            library.NewNotes();
+        if (!config_) {
+            config_ = std::make_unique<CVantorConfigInstance>();
+            library_.NewNotes();
             LogWatch::NewLines();
         }
-        return *config;
+        return *config_;
     }
 
     /// Expects this value for `key`, with these lines in the log.
@@ -75,28 +75,29 @@ protected:
                    QString("::GetBoolean leave. bRet= %1").arg(word(value))});
     }
 
-    contract::FakeLibrary library{CONFIG_FAKE};
-    LogWatch log;
-    contract::RegistryValues values;
-    std::unique_ptr<CVantorConfigInstance> config;
+    contract::FakeLibrary library_{CONFIG_FAKE};
+    LogWatch log_;
+    contract::RegistryValues values_;
+    std::unique_ptr<CVantorConfigInstance> config_;
 };
 
 TEST_F(ConfigInstance, CreatesItsObjectAtOnceAndReleasesIt)
 {
     {
         const CVantorConfigInstance created;
-        EXPECT_EQ(library.NewNotes(), (Notes{"create_config result=object", "init_config mode=0"}));
+        EXPECT_EQ(library_.NewNotes(),
+                  (Notes{"create_config result=object", "init_config mode=0"}));
         ExpectLog({"::CVantorConfigInstance() enter",
                    "::CVantorConfigInstance() m_bInitRet= true",
                    "::CVantorConfigInstance() leave"});
     }
-    EXPECT_EQ(library.NewNotes(), Notes{"release_config object=own"});
+    EXPECT_EQ(library_.NewNotes(), Notes{"release_config object=own"});
     ExpectLog({"::~CVantorConfigInstance enter", "::~CVantorConfigInstance leave"});
 }
 
 TEST_F(ConfigInstance, UsesAnObjectWhoseInitialisationFailed)
 {
-    library.Tell({{"init", "0"}, {"string.a", "b"}});
+    library_.Tell({{"init", "0"}, {"string.a", "b"}});
     CVantorConfigInstance created;
     ExpectLog({"::CVantorConfigInstance() enter",
                "::CVantorConfigInstance() m_bInitRet= false",
@@ -107,7 +108,7 @@ TEST_F(ConfigInstance, UsesAnObjectWhoseInitialisationFailed)
 
 TEST_F(ConfigInstance, AnswersDefaultsWithoutAnObject)
 {
-    library.Tell({{"create", "null"}});
+    library_.Tell({{"create", "null"}});
     {
         CVantorConfigInstance created;
         EXPECT_EQ(created.GetString("a__b", "c"), "c");
@@ -115,7 +116,7 @@ TEST_F(ConfigInstance, AnswersDefaultsWithoutAnObject)
         created.SetPreFix(std::string("tag"));
         created.SetPreFix("prefix");
     }
-    EXPECT_EQ(library.NewNotes(), Notes{"create_config result=null"});
+    EXPECT_EQ(library_.NewNotes(), Notes{"create_config result=null"});
     ExpectLog({"::CVantorConfigInstance() enter",
                "vantoronlineconfig create  fun error!",
                "::CVantorConfigInstance() leave",
@@ -142,9 +143,9 @@ struct Key
 
 TEST_F(ConfigInstance, SplitsAKeyAndSizesAndFetchesItsText)
 {
-    library.Tell({{"string.coupon_text", "12345"},
-                  {"string.coupon_text__de", "12345"},
-                  {"string.a__b__c", "12345"}});
+    library_.Tell({{"string.coupon_text", "12345"},
+                   {"string.coupon_text__de", "12345"},
+                   {"string.a__b__c", "12345"}});
     Config();
     for (const Key &key : {Key{"coupon_text", "coupon_text", ""},
                            {"coupon_text__de", "coupon_text", "de"},
@@ -152,7 +153,7 @@ TEST_F(ConfigInstance, SplitsAKeyAndSizesAndFetchesItsText)
         ExpectText(key.key, "12345");
         const std::string call =
             std::string("get_string_value key=") + key.name + " suffix=" + key.suffix;
-        EXPECT_EQ(library.NewNotes(),
+        EXPECT_EQ(library_.NewNotes(),
                   (Notes{call + " buffer=null size=4294967295 result=5",
                          call + " buffer=given size=6 result=5"}));
     }
@@ -169,28 +170,28 @@ struct LookUp
 TEST_F(ConfigInstance, EveryLookUpLogsItsValueOrWhyItHasNone)
 {
     const QString offer = "\xE5\x84\xAA\xE6\x83\xA0";
-    library.Tell({{"length.broken__x", "0"},
-                  {"length.long", "-5"},
-                  {"length.empty", "3"},
-                  {"fill.empty", "none"},
-                  {"string.one", "https://a.example/"},
-                  {"string.two", "https://a.example//"},
-                  {"string.only", "/"},
-                  {"string.inside", "a/b"},
-                  {"string.\xC3\xA9__\xE6\x97\xA5", offer.toStdString()},
-                  {"string.big", std::string(1U << 20U, 'x')},
-                  // Lengths that are wrong
-                  {"string.short", "text"},
-                  {"length.short", "5"},
-                  {"string.cut", "text"},
-                  {"length.cut", "3"},
-                  {"fill.cut", "bare"},
-                  {"string.full", "text"},
-                  {"length.full", "4"},
-                  {"fill.full", "all"},
-                  {"string.bare", "text"},
-                  {"length.bare", "999"},
-                  {"fill.bare", "bare"}});
+    library_.Tell({{"length.broken__x", "0"},
+                   {"length.long", "-5"},
+                   {"length.empty", "3"},
+                   {"fill.empty", "none"},
+                   {"string.one", "https://a.example/"},
+                   {"string.two", "https://a.example//"},
+                   {"string.only", "/"},
+                   {"string.inside", "a/b"},
+                   {"string.\xC3\xA9__\xE6\x97\xA5", offer.toStdString()},
+                   {"string.big", std::string(1U << 20U, 'x')},
+                   // Lengths that are wrong
+                   {"string.short", "text"},
+                   {"length.short", "5"},
+                   {"string.cut", "text"},
+                   {"length.cut", "3"},
+                   {"fill.cut", "bare"},
+                   {"string.full", "text"},
+                   {"length.full", "4"},
+                   {"fill.full", "all"},
+                   {"string.bare", "text"},
+                   {"length.bare", "999"},
+                   {"fill.bare", "bare"}});
     Config();
     for (const LookUp &row : {LookUp{"__x", "fallback", 0, {}},
                               {"", "fallback", 0, {}},
@@ -216,33 +217,33 @@ TEST_F(ConfigInstance, EveryLookUpLogsItsValueOrWhyItHasNone)
             EXPECT_EQ(before->back(), 'x');
         }
         ExpectText(row.key, row.value, row.reason);
-        EXPECT_EQ(library.NewNotes().size(), row.calls);
+        EXPECT_EQ(library_.NewNotes().size(), row.calls);
     }
 }
 
 TEST_F(ConfigInstance, TwoGigabytesAreReadIfThereIsRoomForThem)
 {
-    library.Tell({{"length.huge", "2147483647"}, {"string.huge", "short"}});
+    library_.Tell({{"length.huge", "2147483647"}, {"string.huge", "short"}});
     const QString value = Config().GetString("huge", "fallback");
     if (value == "fallback") {
         EXPECT_EQ(LogWatch::NewLines().at(1), "\"huge is too long! length:2147483648\"");
     } else {
         EXPECT_EQ(value, "short");
-        EXPECT_EQ(library.NewNotes().back(),
+        EXPECT_EQ(library_.NewNotes().back(),
                   "get_string_value key=huge suffix= buffer=given size=2147483648 result=5");
     }
 }
 
 TEST_F(ConfigInstance, SwitchesKeepTheirDefaultUntilTheLibrarySaysOtherwise)
 {
-    library.Tell({{"bool.on", "1"}, {"bool.off__de", "0"}});
+    library_.Tell({{"bool.on", "1"}, {"bool.off__de", "0"}});
     Config();
     ExpectSwitch("on", "on", false, true);
     ExpectSwitch("off__de", "off", true, false);
     ExpectSwitch("unknown", "unknown", true, true);
     ExpectSwitch("unknown", "unknown", false, false);
     ExpectSwitch("__x", "", true, true); // an empty name is not asked for
-    EXPECT_EQ(library.NewNotes(),
+    EXPECT_EQ(library_.NewNotes(),
               (Notes{"get_bool_value key=on suffix= before=0",
                      "get_bool_value key=off suffix=de before=1",
                      "get_bool_value key=unknown suffix= before=1",
@@ -266,10 +267,10 @@ TEST_F(ConfigInstance, ThePrefixHasNoEmptyParts)
                                  {"abc", "x", "", "abc__x"},
                                  {"", "", "en", "en"},
                                  {"", "", "", ""}}) {
-        values.SetText("Software\\TORVAN\\KTR\\Version", "OEM", prefix.oem);
-        values.SetText("Software\\TORVAN\\KTR", "Language", prefix.language);
+        values_.SetText("Software\\TORVAN\\KTR\\Version", "OEM", prefix.oem);
+        values_.SetText("Software\\TORVAN\\KTR", "Language", prefix.language);
         Config().SetPreFix(std::string(prefix.tag));
-        EXPECT_EQ(library.NewNotes(),
+        EXPECT_EQ(library_.NewNotes(),
                   Notes{std::string("set_filter_environment prefix=") + prefix.sent});
         ExpectLog({QString("::SetPreFix enter(strVersion= %1 )").arg(prefix.tag),
                    QString("::SetPreFix enter(pszPrefix= %1 )").arg(prefix.sent),
@@ -285,18 +286,18 @@ TEST_F(ConfigInstance, ThePrefixIsUtf8)
 {
     QTextCodec *const before = QTextCodec::codecForLocale();
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
-    values.SetText("Software\\TORVAN\\KTR\\Version", "OEM", "\xA4x");
-    values.SetText("Software\\TORVAN\\KTR", "Language", "\xE9");
+    values_.SetText("Software\\TORVAN\\KTR\\Version", "OEM", "\xA4x");
+    values_.SetText("Software\\TORVAN\\KTR", "Language", "\xE9");
     Config().SetPreFix(std::string("tag"));
     QTextCodec::setCodecForLocale(before);
-    EXPECT_EQ(library.NewNotes(),
+    EXPECT_EQ(library_.NewNotes(),
               Notes{"set_filter_environment prefix=\xE2\x82\xACx__tag__\xC3\xA9"});
 }
 
 TEST_F(ConfigInstance, ANullPrefixIsNotSent)
 {
     Config().SetPreFix(static_cast<const char *>(nullptr));
-    EXPECT_EQ(library.NewNotes(), Notes{});
+    EXPECT_EQ(library_.NewNotes(), Notes{});
     ExpectLog({"::SetPreFix enter(pszPrefix=  )", "::SetPreFix(char*) leave"});
 }
 
