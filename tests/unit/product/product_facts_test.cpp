@@ -28,29 +28,29 @@ protected:
         EXPECT_EQ(GetProductLanguage(), language);
     }
 
-    contract::RegistryValues values;
+    contract::RegistryValues values_;
 };
 
 TEST_F(ProductFacts, AreReadFromTheirPlacesEachTimeAndEmptyWithoutKeyOrValue)
 {
     Expect("", "", "");
-    values.Create(kVersion);
-    values.Create(kDownload);
+    values_.Create(kVersion);
+    values_.Create(kDownload);
     Expect("", "", "");
-    values.SetText(kVersion, "OEM", "acme");
-    values.SetText(kDownload, "xurlID", "5521");
-    values.SetText(kProduct, "Language", "English");
+    values_.SetText(kVersion, "OEM", "acme");
+    values_.SetText(kDownload, "xurlID", "5521");
+    values_.SetText(kProduct, "Language", "English");
     Expect("acme", "5521", "English");
-    values.SetText(kVersion, "OEM", "two");
+    values_.SetText(kVersion, "OEM", "two");
     Expect("two", "5521", "English");
 }
 
 TEST_F(ProductFacts, TheSecondDownloadKeyIsForMachinesWithoutTheFirst)
 {
-    values.SetText(kDownload, "xurlID", "second");
-    values.Create(kDownload32);
+    values_.SetText(kDownload, "xurlID", "second");
+    values_.Create(kDownload32);
     EXPECT_EQ(GetXurlId(), "") << "the first key counts, even without the value";
-    values.SetText(kDownload32, "xurlID", "first");
+    values_.SetText(kDownload32, "xurlID", "first");
     EXPECT_EQ(GetXurlId(), "first");
 }
 
@@ -58,9 +58,9 @@ TEST_F(ProductFacts, TheSecondDownloadKeyIsForMachinesWithoutTheFirst)
 TEST_F(ProductFacts, CanBeReadFromSeveralThreads)
 {
     constexpr int kRounds = 20;
-    values.SetText(kVersion, "OEM", std::string(259, 'o'));
-    values.SetText(kDownload32, "xurlID", std::string(259, 'x'));
-    values.SetText(kProduct, "Language", std::string(259, 'l'));
+    values_.SetText(kVersion, "OEM", std::string(259, 'o'));
+    values_.SetText(kDownload32, "xurlID", std::string(259, 'x'));
+    values_.SetText(kProduct, "Language", std::string(259, 'l'));
     std::atomic<int> wrong{0};
     const auto read = [&wrong](auto fact) {
         return std::thread([&wrong, fact, expected = fact()] {
@@ -104,7 +104,7 @@ TEST_F(ProductFacts, EndAtTheFirstZeroAndFitInto260Bytes)
                              {std::string("ab\0cd\0", 6), 1, "ab"},
                              {std::string("N\0\0\0", 4), 4, "N"},
                              {std::string(1, '\0'), 1, ""}}) {
-        values.Set(kVersion, "OEM", data.bytes, data.type);
+        values_.Set(kVersion, "OEM", data.bytes, data.type);
         EXPECT_EQ(GetOemName(), data.fact) << data.bytes.size() << " bytes";
     }
 }
