@@ -26,9 +26,9 @@ class TelemetryTest : public testing::Test
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(binding.LoadTelemetryLibrary(library.Path().c_str()));
+        ASSERT_TRUE(binding_.LoadTelemetryLibrary(library_.Path().c_str()));
     }
 
-    TelemetryFake library;
-    TelemetryBinding binding;
+    TelemetryFake library_;
+    TelemetryBinding binding_;
 };

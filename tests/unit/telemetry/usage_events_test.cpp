@@ -85,13 +85,13 @@ TEST_F(UsageEventSend, OnlyTwoToFivePairsAreSent)
     UsageEventPairs pairs;
     std::string shown = "[torvanSendType=0]";
     for (int count = 0; count <= 6; ++count) {
-        SendPairs(binding, pairs);
+        SendPairs(binding_, pairs);
         Notes expected;
         if (count >= 2 && count <= 5) {
             expected = {"SkyrelSendInfo count=" + std::to_string(5 + 2 * count) +
                         " flag=0 wide=1 pairs=" + shown};
         }
-        EXPECT_EQ(library.NewNotes(), expected);
+        EXPECT_EQ(library_.NewNotes(), expected);
         const QString digit = QString::number(count);
         pairs.emplace_back((QString("n") + digit).toStdU16String(),
                            (QString("v") + digit).toStdU16String());
@@ -105,7 +105,7 @@ TEST_F(UsageEventSend, WithoutALibraryNothingHappens)
     SendUsageEvent("W", "A", "{}", "S");
     TelemetryBinding unbound;
     SendPairs(unbound, ComposeUsageEvent("W", "A", "{}", "S"));
-    EXPECT_EQ(library.NewNotes(), Notes{});
+    EXPECT_EQ(library_.NewNotes(), Notes{});
 }
 
 } // namespace
