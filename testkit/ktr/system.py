@@ -92,11 +92,11 @@ class Native:
         """A path as the programs of the system write it."""
         return str(path)
 
-    def hide_modules(self, program: Path) -> None:
-        """Keeps Qt from finding its QML modules, but not its plug-ins."""
+    def hide_modules(self, program: Path, but: Path = Path("/nowhere")) -> None:
+        """Keeps Qt from finding QML modules, except in the folder `but`; its plug-ins stay."""
         plugins = next(Path("/usr/lib").glob("*/qt5/plugins"))
         (program / "qt.conf").write_text(
-            f"[Paths]\nPlugins={plugins}\nQml2Imports=/nowhere\nImports=/nowhere\n")
+            f"[Paths]\nPlugins={plugins}\nQml2Imports={but}\nImports=/nowhere\n")
 
     def empty_from_outside(self, name: str) -> str:
         """What a program sees of a variable that is set to an empty value."""

@@ -97,7 +97,7 @@ class Wine(Native):
     def shown(self, path: Path) -> str:
         return "Z:" + str(path).replace("/", "\\")
 
-    def hide_modules(self, program: Path) -> None:
+    def hide_modules(self, program: Path, but: Path = Path()) -> None:
         shutil.rmtree(program / "QtQuick" / "Controls.2")
 
     def empty_from_outside(self, name: str) -> str:

@@ -7,7 +7,7 @@ import pytest
 
 from ktr import layout, steps, tree
 from ktr.system import MUTEX
-from ktr.steps import expect_end, uninstall, wait_complete
+from ktr.steps import expect_end, uninstall, uninstall_held, wait_complete
 
 VARIABLES = (
     "QT_PLUGIN_PATH", "QML2_IMPORT_PATH", "QT_AUTO_SCREEN_SCALE_FACTOR", "QML_DISABLE_DISK_CACHE",
@@ -124,6 +124,22 @@ def test_no_plug_in_of_another_qt_is_loaded(sandbox, variable, folder):
     maps = Path(f"/proc/{program.pid}/maps").read_text()
     assert "libqxcb.so" in maps
     assert str(foreign) not in maps
+
+
+@pytest.mark.usefixtures("reasons")
+def test_a_page_opens_after_the_uninstaller_has_removed_qts_qml_modules(sandbox):
+    modules = sandbox.root / "modules"
+    shutil.copytree(next(Path("/usr/lib").glob("*/qt5/qml")), modules)
+    sandbox.system.hide_modules(sandbox.bin, but=modules)
+    program = sandbox.start()
+    window = program.ready()
+    hold = uninstall_held(sandbox, window)
+    shutil.rmtree(modules)
+    steps.choose(sandbox, window, 3)
+    hold.unlink()
+    wait_complete(window)
+    window.click(layout.CANCEL)
+    expect_end(sandbox, program, cleanup=True)
 
 
 # The language ---------------------------------------------------------------------------------
