@@ -1,18 +1,17 @@
-// Checks UninstallUI on this machine and writes a report: packaging/acceptance.cmd calls it. It
-// runs the test programs from a copy in a folder with a short ASCII path, which tests of ANSI
-// functions need, and removes that folder at the end. With an argument of GoogleTest it is a test
-// program itself.
+// Checks UninstallUI on this machine and writes a report; packaging/acceptance.cmd starts it. It
+// works in a copy of the archive: tests of ANSI functions need a short ASCII path. With an argument
+// of GoogleTest, it is one of the test programs itself.
 
 #include "testkit/os/os.h"
-#include "tests/acceptance/process.h"
+#include "tests/acceptance/report.h"
+#include "tests/acceptance/sandbox.h"
 
-#include <algorithm>
-#include <cstdio>
+#include <cctype>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <iterator>
 #include <sstream>
+#include <stdexcept>
 
 #include <shellapi.h>
 
@@ -20,54 +19,37 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Row
-{
-    std::string name;
-    std::string state; // passed, failed, not shown
-    std::string detail;
-};
-struct Group
-{
-    std::string name;
-    std::vector<Row> rows;
-};
+constexpr const char *kRunningProduct = "The product is running";
+constexpr const char *kSecondStart = "A second start";
+constexpr const char *kLoggingOff = "Logging off";
 
-struct Step
-{
-    const char *title;
-    const char *todo;
-    const char *expected;
-    const char *image;
-};
-// The program runs at each step, and is started if it does not.
+// The program runs at the beginning of each step.
 const Step kSteps[] = {
     {"The window opens",
      "Look at the window. Drag it by its upper edge.",
-     "It looks as in the image, sharp and in Segoe UI; the reasons may have another order. It "
-     "follows "
-     "the mouse. The journal has the load of the telemetry library and the start of its companion.",
+     "It looks as in the image, sharp and in Segoe UI; the reasons may have another order. "
+     "It follows the mouse. "
+     "The journal has the load of the telemetry library and the start of its companion.",
      "reasons.png"},
     {"A reason and an answer",
      "Choose \"Other reasons\", click the link, write some words and submit them.",
-     "The browser opens a page that does not exist. Thanks and a coupon follow. The journal has "
-     "one "
-     "usage event for each click.",
+     "The browser opens a page that does not exist. Thanks and a coupon follow. "
+     "The journal has one usage event for each click.",
      "feedback-some-words.png"},
-    {"The product is running",
+    {kRunningProduct,
      "Press \"Uninstall\", then \"OK\" in the box. A fake of the product is running.",
-     "A box asks to close the product. After that the window is as before. The journal has no "
-     "start "
-     "of uninstall.exe.",
+     "A box asks to close the product. After that the window is as before. "
+     "The journal has no start of uninstall.exe.",
      "warning.png"},
-    {"A second start",
-     "Cover the window with another one, press Enter here, and look at the window.",
+    {kSecondStart,
+     "Cover the window with another one, press Enter in the console window, and look.",
      "The window comes to the front. There is no second one.",
      nullptr},
     {"The main job",
      "Press \"Uninstall\" and, when it is complete, \"OK\".",
-     "The bar climbs to its end and the buttons are grey meanwhile. The window closes. The journal "
-     "has uninstall.exe with /SP- and /VERYSILENT, and clearKTR.bat with the folder of the "
-     "product.",
+     "The bar advances to its end, and the buttons are grey meanwhile. The window closes. "
+     "The journal has uninstall.exe with /SP- and /VERYSILENT, "
+     "and clearKTR.bat with the folder of the product.",
      "complete.png"},
     {"Cancel", "Press \"Cancel\".", "The window closes. The journal has no clearKTR.bat.", nullptr},
     {"The close button",
@@ -78,112 +60,65 @@ const Step kSteps[] = {
      "Close the window from the taskbar.",
      "The window closes. The journal has no clearKTR.bat.",
      nullptr},
-    {"Logging off",
-     "Log off while the window is open. Log on and start acceptance.cmd again: it goes on here.",
+    {kLoggingOff,
+     "Log off while the window is open. Log on and start acceptance.cmd again: it resumes here.",
      "Windows logs off without asking. The journal has no clearKTR.bat.",
      nullptr}};
 
-std::string Escaped(std::string_view text)
+bool SameContent(const fs::path &first, const fs::path &second)
 {
-    std::string escaped;
-    for (const char letter : text) {
-        escaped += letter == '<' ? "&lt;" : letter == '&' ? "&amp;" : std::string(1, letter);
-    }
-    return escaped;
+    return ReadAll(first) == ReadAll(second);
 }
 
-std::string ReadAll(const fs::path &file)
+// A line that the person types, as UTF-8.
+std::string Ask(const std::string &question)
 {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-// The text between `begin` and `end`, searched from `*at` on; moves `*at` to `end`. Empty if there
-// is none.
-std::string
-Between(const std::string &text, std::string_view begin, std::string_view end, std::size_t *at)
-{
-    const std::size_t from = text.find(begin, *at);
-    const std::size_t to = from == std::string::npos ? from : text.find(end, from + begin.size());
-    *at = to;
-    return to == std::string::npos ? std::string()
-                                   : text.substr(from + begin.size(), to - from - begin.size());
-}
-
-std::string Attribute(const std::string &element, const std::string &name)
-{
-    std::size_t at = 0;
-    return Between(element, ' ' + name + "=\"", "\"", &at);
-}
-
-std::string WineVersion()
-{
-    using Version = const char *CDECL();
-    auto *const entry = ::GetProcAddress(::GetModuleHandleA("ntdll"), "wine_get_version");
-    return entry == nullptr ? std::string()
-                            : reinterpret_cast<Version *>(reinterpret_cast<void *>(entry))();
-}
-
-std::string WindowsVersion()
-{
-    OSVERSIONINFOW version = {};
-    version.dwOSVersionInfoSize = sizeof version;
-    auto *const entry = ::GetProcAddress(::GetModuleHandleA("ntdll"), "RtlGetVersion");
-    using GetVersion = LONG WINAPI(OSVERSIONINFOW *);
-    reinterpret_cast<GetVersion *>(reinterpret_cast<void *>(entry))(&version);
-    DWORD revision = 0;
-    DWORD size = sizeof revision;
-    const char *key = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
-    ::RegGetValueA(HKEY_LOCAL_MACHINE, key, "UBR", RRF_RT_REG_DWORD, nullptr, &revision, &size);
-    const std::string wine = WineVersion();
-    return std::to_string(version.dwMajorVersion) + '.' + std::to_string(version.dwMinorVersion) +
-           ", build " + std::to_string(version.dwBuildNumber) + '.' + std::to_string(revision) +
-           (wine.empty() ? "" : ", as Wine " + wine + " shows it");
-}
-
-bool HasFont(const wchar_t *name)
-{
-    bool found = false;
-    LOGFONTW font = {};
-    font.lfCharSet = DEFAULT_CHARSET;
-    std::wstring(name).copy(font.lfFaceName, LF_FACESIZE - 1);
-    HDC screen = ::GetDC(nullptr);
-    ::EnumFontFamiliesExW(
-        screen,
-        &font,
-        [](const LOGFONTW *, const TEXTMETRICW *, DWORD, LPARAM result) {
-            *reinterpret_cast<bool *>(result) = true;
-            return 0;
-        },
-        reinterpret_cast<LPARAM>(&found),
-        0);
-    ::ReleaseDC(nullptr, screen);
-    return found;
-}
-
-int Scale()
-{
-    HDC screen = ::GetDC(nullptr);
-    const int scale = ::GetDeviceCaps(screen, LOGPIXELSX) * 100 / 96;
-    ::ReleaseDC(nullptr, screen);
-    return scale;
-}
-
-// The visible window of a process, or null.
-HWND WindowOf(const Process &process)
-{
-    std::pair<DWORD, HWND> search = {process.Id(), nullptr};
-    const auto compare = [](HWND window, LPARAM data) {
-        auto *const wanted = reinterpret_cast<std::pair<DWORD, HWND> *>(data);
-        DWORD owner = 0;
-        ::GetWindowThreadProcessId(window, &owner);
-        if (owner == wanted->first && ::IsWindowVisible(window) != FALSE) {
-            wanted->second = window;
+    std::cout << question << std::flush;
+    HANDLE input = ::GetStdHandle(STD_INPUT_HANDLE);
+    DWORD mode = 0;
+    std::string line;
+    if (::GetConsoleMode(input, &mode) == FALSE) {
+        if (!std::getline(std::cin, line)) {
+            throw std::runtime_error("the input ended before the last answer");
         }
-        return TRUE;
-    };
-    ::EnumWindows(compare, reinterpret_cast<LPARAM>(&search));
-    return search.second;
+    } else {
+        std::wstring text(1000, L'\0');
+        DWORD length = 0;
+        ::ReadConsoleW(input, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
+        text.resize(length);
+        line = fs::path(text).u8string();
+    }
+    return line.substr(0, line.find_first_of("\r\n"));
+}
+
+// The first letter in lower case, or 0.
+int Letter(const std::string &answer)
+{
+    return answer.empty() ? 0 : std::tolower(static_cast<unsigned char>(answer.front()));
+}
+
+// Asks until the answer begins with y, n or s.
+Row AskForResult()
+{
+    for (;;) {
+        const std::string answer = Ask("Was all as expected? y, n or s (skip), then a remark: ");
+        const std::string remark = answer.size() > 2 ? Escaped(answer.substr(2)) : std::string();
+        switch (Letter(answer)) {
+        case 'y':
+            return {{}, kPassed, remark};
+        case 'n':
+            return {{}, kFailed, remark};
+        case 's':
+            return {{}, kNotShown, remark};
+        default:
+            break;
+        }
+    }
+}
+
+void Open(const fs::path &page)
+{
+    ::ShellExecuteW(nullptr, nullptr, page.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 
 class Acceptance
@@ -191,71 +126,82 @@ class Acceptance
 public:
     Acceptance(const fs::path &self, bool attended)
         : self_(self)
-        , report_(self.parent_path().parent_path() / "report.html")
-        , attended_(attended)
+        , archive_(self.parent_path())
+        , reportFile_(archive_.parent_path() / "report.html")
+        , work_(fs::u8path(os::EnvironmentVariable("ProgramData").value_or("C:\\")) /
+                "KTR-acceptance")
+        , files_(work_ / "files")
+        , answers_(work_ / "answers.txt")
+        , sandbox_(files_ / "sandbox")
     {
-        const auto data = os::EnvironmentVariable("ProgramData");
-        work_ = fs::u8path(data.value_or("C:\\")) / "KTR-acceptance";
-        sandbox_ = work_ / "files" / "sandbox";
+        report_.attended = attended;
+        for (const Step &step : kSteps) {
+            report_.steps.push_back({step.title, kNotShown, {}});
+        }
     }
 
-    // 0 if nothing failed, 1 if something did.
+    // 0 if all passed, 1 if not. Throws if the checks cannot run.
     int Run()
     {
-        Copy();
-        RunPrograms();
-        ReadResults();
-        MeasureStart();
-        if (attended_) {
-            AskThePerson();
+        Show("<h2>The tests run</h2><p>Do not use mouse and keyboard meanwhile.</p>");
+        const bool resumes = report_.attended && IsSameVersion();
+        if (resumes) {
+            EndPrograms();
+        } else {
+            Remove();
+            fs::create_directories(work_ / "xml");
+            fs::create_directories(work_ / "temp");
+            fs::copy(archive_, files_, fs::copy_options::recursive);
+            RunTests();
         }
-        const bool passed = Count("failed") == 0;
-        Write(nullptr, {});
-        if (attended_) {
-            ::ShellExecuteW(nullptr, nullptr, report_.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+        ReadResults();
+        if (report_.attended) {
+            GuideThroughSteps(resumes);
         }
         Remove();
-        return passed ? 0 : 1;
+        Show({});
+        if (report_.attended) {
+            Open(reportFile_);
+        }
+        return report_.Passed() ? 0 : 1;
+    }
+
+    // Leaves a report that says why the checks did not run.
+    void Fail(const std::string &reason)
+    {
+        report_.groups.push_back({"acceptance", {{"The checks", kFailed, Escaped(reason)}}, {}});
+        Remove();
+        Show({});
     }
 
 private:
-    fs::path Answers() const
+    // Whether an earlier run of these files was left in the middle of the steps.
+    bool IsSameVersion() const
     {
-        return work_ / "answers.txt";
-    }
-    fs::path Program() const
-    {
-        return sandbox_ / "Dravik" / "bin" / "UninstallUI.exe";
-    }
-
-    // Copies the files, unless this run continues after the step "Logging off".
-    void Copy()
-    {
-        resumed_ = attended_ && fs::exists(Answers());
-        if (resumed_) {
-            return;
-        }
-        Remove();
-        fs::create_directories(work_ / "xml");
-        fs::create_directories(work_ / "temp");
-        fs::copy(self_.parent_path(), work_ / "files", fs::copy_options::recursive);
-        for (const char *folder : {"state", "tmp", "run", "home"}) {
-            fs::create_directories(sandbox_ / folder);
-        }
-        std::ofstream(Program().parent_path() / "tasklist.exe.txt")
-            << "root=" << sandbox_.u8string() << '\n';
+        const Sandbox archived(archive_ / "sandbox");
+        return fs::exists(answers_) && SameContent(archived.Program(), sandbox_.Program()) &&
+               SameContent(self_, files_ / self_.filename());
     }
 
-    void Remove()
+    void EndPrograms() const
     {
-        for (int attempt = 0; attempt < 100 && fs::exists(work_); ++attempt) {
-            for (const auto &process : os::RunningProcesses("")) {
-                if (os::IsBelow(process.path, work_.u8string())) {
-                    HANDLE handle = ::OpenProcess(PROCESS_TERMINATE, FALSE, process.id);
-                    ::TerminateProcess(handle, 1);
-                    ::CloseHandle(handle);
-                }
+        for (const auto &process : os::RunningProcesses("")) {
+            if (os::IsBelow(process.path, work_.u8string())) {
+                HANDLE handle = ::OpenProcess(PROCESS_TERMINATE, FALSE, process.id);
+                ::TerminateProcess(handle, 1);
+                ::CloseHandle(handle);
             }
+        }
+    }
+
+    void Remove() const
+    {
+        constexpr int kAttempts = 100;
+        for (int attempt = 0; fs::exists(work_); ++attempt) {
+            if (attempt == kAttempts) {
+                throw std::runtime_error(work_.u8string() + " cannot be removed");
+            }
+            EndPrograms();
             std::error_code busy;
             fs::remove_all(work_, busy);
             if (busy) {
@@ -264,365 +210,133 @@ private:
         }
     }
 
-    void RunPrograms()
+    void Show(const std::string &current)
     {
-        if (resumed_) {
-            return;
-        }
-        const fs::path files = work_ / "files";
-        const std::string path = os::EnvironmentVariable("PATH").value_or("");
-        ::SetEnvironmentVariableW(
-            L"PATH", ((files / "qt").wstring() + L';' + fs::u8path(path).wstring()).c_str());
-        const os::ScopedVariable plugins("QT_PLUGIN_PATH", (files / "qt").string());
-        const os::ScopedVariable modules("QML2_IMPORT_PATH", (files / "qt").string());
-        const os::ScopedVariable temp("TEMP", (work_ / "temp").string());
-        const os::ScopedVariable tmp("TMP", (work_ / "temp").string());
-        std::ifstream list(files / "unit-programs.txt");
-        for (std::string line; std::getline(list, line);) {
-            const std::string program = line.substr(0, line.find('|'));
-            RunProgram(files / program, line.substr(program.size() + 1), files);
-        }
-        RunProgram(self_, {}, work_);
-        for (const auto &entry : fs::directory_iterator(files / "qt")) {
-            fs::rename(entry, Program().parent_path() / entry.path().filename());
-        }
+        report_.current = current;
+        Write(report_, reportFile_, archive_ / "report.css");
     }
 
-    void RunProgram(const fs::path &program, const std::string &filter, const fs::path &folder)
+    void RunTests()
+    {
+        std::cout << "The tests run for some minutes. Do not use mouse and keyboard meanwhile."
+                  << std::endl;
+        const fs::path qt = files_ / "qt";
+        const auto path = fs::u8path(os::EnvironmentVariable("PATH").value_or("")).wstring();
+        ::SetEnvironmentVariableW(L"PATH", (qt.wstring() + L';' + path).c_str());
+        const os::ScopedVariable plugins("QT_PLUGIN_PATH", qt.string());
+        const os::ScopedVariable modules("QML2_IMPORT_PATH", qt.string());
+        const os::ScopedVariable temp("TEMP", (work_ / "temp").string());
+        const os::ScopedVariable tmp("TMP", (work_ / "temp").string());
+        // Without this, a program that crashes or lacks a DLL shows a dialog and waits.
+        const UINT mode = ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
+        std::ifstream list(files_ / "unit-programs.txt");
+        int programs = 0;
+        for (std::string line; std::getline(list, line); ++programs) {
+            const std::string program = line.substr(0, line.find('|'));
+            RunTestProgram(files_ / program, line.substr(program.size() + 1), files_);
+        }
+        if (programs == 0) {
+            throw std::runtime_error("files\\unit-programs.txt names no program");
+        }
+        ::SetEnvironmentVariableW(L"PATH", path.c_str());
+        sandbox_.Prepare(qt);
+        RunTestProgram(files_ / self_.filename(), {}, work_);
+        ::SetErrorMode(mode);
+    }
+
+    // Leaves an XML file, what the program printed, and its status with its filter.
+    void RunTestProgram(fs::path program, const std::string &filter, const fs::path &folder) const
     {
         std::cout << program.stem().u8string() << std::flush;
-        const fs::path xml = work_ / "xml" / program.stem();
+        const fs::path result = work_ / "xml" / program.stem();
+        std::string line = '"' + program.make_preferred().u8string() + "\" --gtest_output=xml:\"" +
+                           result.u8string() + ".xml\"";
+        line += filter.empty() ? "" : " --gtest_filter=" + filter;
+        const Process process(fs::u8path(line).wstring(), folder, result.wstring() + L".txt");
         constexpr DWORD kDeadline = 1200000;
-        const Process process(L'"' + program.wstring() + L"\" --gtest_output=xml:\"" +
-                                  xml.wstring() + L".xml\" --gtest_filter=" +
-                                  fs::u8path(filter.empty() ? "*" : filter).wstring(),
-                              folder,
-                              xml.wstring() + L".txt");
         const int status = process.Wait(kDeadline);
         std::cout << (status == 0 ? " passed" : " FAILED") << std::endl;
-        std::ofstream(fs::path(xml).replace_extension(".status")) << status << ' ' << filter;
+        std::ofstream(result.u8string() + ".status") << status << ' ' << filter;
     }
 
     void ReadResults()
     {
         for (const auto &entry : fs::directory_iterator(work_ / "xml")) {
-            if (entry.path().extension() != ".status") {
+            fs::path file = entry.path();
+            if (file.extension() != ".status") {
                 continue;
             }
-            Group group = {entry.path().stem().u8string(), {}};
-            const std::string xml = ReadAll(fs::path(entry.path()).replace_extension(".xml"));
-            const std::string element = "<testcase ";
-            for (std::size_t at = xml.find(element), next = at; at != std::string::npos;
-                 at = next) {
-                next = xml.find(element, at + 1);
-                const std::string test = xml.substr(at, next - at);
-                // The text of GoogleTest is escaped.
-                std::size_t inside = test.find("<failure message=\"");
-                const bool failed = inside != std::string::npos;
-                inside = failed ? inside : test.find("<skipped message=\"");
-                const bool skipped = !failed && inside != std::string::npos;
-                group.rows.push_back(
-                    {Attribute(test, "classname") + '.' + Attribute(test, "name"),
-                     failed    ? "failed"
-                     : skipped ? "not shown"
-                               : "passed",
-                     failed || skipped ? Between(test, "message=\"", "\"", &inside) : ""});
-            }
-            std::string filter;
+            std::istringstream ending(ReadAll(file));
             int status = -1;
-            std::ifstream(entry.path()) >> status >> filter;
-            const auto failed = std::count_if(group.rows.begin(), group.rows.end(), IsFailed);
-            if (group.rows.empty() || (status != 0 && failed == 0)) {
-                group.rows.push_back(
-                    {"The program itself",
-                     "failed",
-                     "It ended with status " + std::to_string(status) + ".\n" +
-                         Escaped(ReadAll(fs::path(entry.path()).replace_extension(".txt")))});
-            }
-            std::istringstream left(filter.empty() ? filter : filter.substr(1));
-            for (std::string name; std::getline(left, name, ':');) {
-                group.rows.push_back({name, "not shown", "Left out on Windows."});
-            }
-            groups_.push_back(group);
+            std::string filter;
+            ending >> status >> filter;
+            const std::string name = file.stem().u8string();
+            const std::string xml = ReadAll(file.replace_extension(".xml"));
+            const std::string output = ReadAll(file.replace_extension(".txt"));
+            // The filter begins with a minus sign.
+            filter.erase(0, 1);
+            report_.groups.push_back(ReadGroup(name, xml, status, output, filter));
         }
     }
 
-    static bool IsFailed(const Row &row)
+    void GuideThroughSteps(bool resumes)
     {
-        return row.state == "failed";
-    }
-
-    std::unique_ptr<Process> Start() const
-    {
-        const os::ScopedVariable temp("TEMP", (sandbox_ / "tmp").string());
-        const os::ScopedVariable tmp("TMP", (sandbox_ / "tmp").string());
-        const os::ScopedVariable note("KTR_NOTE", (sandbox_ / "tools" / "note.exe").string());
-        auto started = std::make_unique<Process>(L'"' + Program().wstring() + L'"', sandbox_);
-        for (int wait = 0; wait < 12000 && started->Runs() && WindowOf(*started) == nullptr;
-             ++wait) {
-            ::Sleep(5);
-        }
-        return started;
-    }
-
-    // Three starts to the window, the first of them cold; closed from outside.
-    void MeasureStart()
-    {
-        Group group = {"start", {}};
-        // Kept for the step "Logging off", which continues after another login.
-        const std::string journal = ReadAll(Journal());
-        fs::remove(Journal());
-        for (const char *name : {"First start", "Second start", "Third start"}) {
-            const ULONGLONG began = ::GetTickCount64();
-            const auto program = Start();
-            const ULONGLONG took = ::GetTickCount64() - began;
-            HWND window = WindowOf(*program);
-            ::PostMessageW(window, WM_CLOSE, 0, 0);
-            const int status = program->Wait(60000);
-            const bool passed = window != nullptr && status == 0 &&
-                                ReadAll(Journal()).find("clearKTR.bat") == std::string::npos;
-            group.rows.push_back(
-                {name,
-                 passed ? "passed" : "failed",
-                 "window after " + std::to_string(took) + " ms, status " + std::to_string(status)});
-        }
-        groups_.push_back(group);
-        std::ofstream(Journal(), std::ios::binary) << journal;
-    }
-
-    fs::path Journal() const
-    {
-        return sandbox_ / "journal.log";
-    }
-
-    static std::string Ask(const std::string &question)
-    {
-        std::cout << question << std::flush;
-        std::string answer;
-        std::getline(std::cin, answer);
-        return answer;
-    }
-
-    void AskThePerson()
-    {
-        std::ifstream earlier(Answers());
-        for (std::string line; std::getline(earlier, line);) {
-            const std::size_t first = line.find('\t');
-            answers_.push_back({"", line.substr(0, first), line.substr(first + 1)});
+        std::size_t done = 0;
+        std::ifstream earlier(answers_);
+        for (std::string line; std::getline(earlier, line); ++done) {
+            const std::size_t tab = line.find('\t');
+            report_.steps[done].state = line.substr(0, tab);
+            report_.steps[done].detail = line.substr(tab + 1);
         }
         earlier.close();
-        std::ofstream(Answers(), std::ios::app);
         std::unique_ptr<Process> program;
-        bool opened = false;
-        while (answers_.size() < std::size(kSteps)) {
-            const Step &step = kSteps[answers_.size()];
-            const std::string title = step.title;
-            const bool logOff = title == "Logging off";
-            const bool back = logOff && resumed_;
-            std::unique_ptr<Process> product;
-            std::size_t known = back ? 0 : ReadAll(Journal()).size();
-            if (!back && (!program || !program->Runs())) {
-                fs::remove(Journal());
+        for (bool opened = false; done < report_.steps.size(); ++done) {
+            Row &row = report_.steps[done];
+            const bool isBack = resumes && row.name == kLoggingOff;
+            std::size_t known = isBack ? 0 : ReadAll(sandbox_.Journal()).size();
+            if (!isBack && (!program || !program->Runs())) {
+                fs::remove(sandbox_.Journal());
                 known = 0;
-                program = Start();
+                program = sandbox_.Start();
             }
-            if (title == "The product is running") {
+            std::unique_ptr<Process> product;
+            if (row.name == kRunningProduct) {
                 product = std::make_unique<Process>(
-                    L'"' + (Program().parent_path() / "KTRUI.exe").wstring() + L'"', sandbox_);
+                    (sandbox_.Program().parent_path() / "KTRUI.exe").wstring(), files_);
             }
-            Write(&step, {});
+            Show(Description(done + 1, kSteps[done], {}));
             if (!opened) {
-                ::ShellExecuteW(nullptr, nullptr, report_.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+                Open(reportFile_);
                 opened = true;
             }
-            std::cout << "\nStep " << answers_.size() + 1 << " of " << std::size(kSteps) << ": "
-                      << step.title << " (the page in the browser describes it)\n";
-            if (!back && Ask("Press Enter when you have done it, or s to skip it: ") == "s") {
-                Answer("not shown", {});
-                continue;
+            std::cout << "\nStep " << done + 1 << " of " << report_.steps.size() << ": " << row.name
+                      << " (the page in the browser describes it)\n";
+            Row answer = {{}, kNotShown, {}};
+            if (isBack ||
+                Letter(Ask("Press Enter when you have done it, or s to skip it: ")) != 's') {
+                if (row.name == kSecondStart) {
+                    sandbox_.Start();
+                }
+                product.reset();
+                const std::string journal = ReadAll(sandbox_.Journal());
+                Show(Description(done + 1, kSteps[done], journal.substr(known)));
+                answer = AskForResult();
             }
-            if (title == "A second start") {
-                Start();
-            }
-            product.reset();
-            Write(&step, ReadAll(Journal()).substr(known));
-            const std::string answer =
-                Ask("Was all as expected? y, n or s (skip), then a remark: ");
-            const char first = answer.empty() ? 's' : answer.front();
-            Answer(first == 'y'   ? "passed"
-                   : first == 'n' ? "failed"
-                                  : "not shown",
-                   answer.size() > 2 ? answer.substr(2) : std::string());
+            row.state = answer.state;
+            row.detail = answer.detail;
+            std::ofstream(answers_, std::ios::app) << row.state << '\t' << row.detail << '\n';
         }
     }
-    void Answer(const std::string &state, const std::string &remark)
-    {
-        answers_.push_back({"", state, Escaped(remark)});
-        std::ofstream(Answers(), std::ios::app) << state << '\t' << Escaped(remark) << '\n';
-    }
-
-    int Count(const std::string &state) const
-    {
-        std::ptrdiff_t count = 0;
-        const auto matches = [&state](const Row &row) {
-            return row.state == state;
-        };
-        for (const Group &group : groups_) {
-            count += std::count_if(group.rows.begin(), group.rows.end(), matches);
-        }
-        count += std::count_if(answers_.begin(), answers_.end(), matches);
-        const auto open = static_cast<std::ptrdiff_t>(std::size(kSteps) - answers_.size());
-        return static_cast<int>(count + (state == "not shown" ? open : 0));
-    }
-
-    void Write(const Step *now, const std::string &journal) const;
 
     fs::path self_;
-    fs::path report_;
+    fs::path archive_;    // the folder "files" that was unpacked
+    fs::path reportFile_; // beside that folder
     fs::path work_;
-    fs::path sandbox_;
-    bool attended_;
-    bool resumed_ = false;
-    std::vector<Group> groups_;
-    std::vector<Row> answers_;
+    fs::path files_; // the copy of that folder
+    fs::path answers_;
+    Sandbox sandbox_;
+    Report report_;
 };
-
-const char *const kHead = R"(<!DOCTYPE html>
-<html lang="en"><head><meta charset="utf-8"><title>UninstallUI on this machine</title>
-<meta name="color-scheme" content="light dark"><style>
-:root { --page: #f4f5f7; --card: #fff; --text: #1c2127; --soft: #59636e; --line: #dde1e6;
-  --good: #14713a; --bad: #b3261e; --none: #6b5900; --blue: #1f5fd8 }
-@media (prefers-color-scheme: dark) { :root { --page: #16191d; --card: #1f2429; --text: #e8eaed;
-  --soft: #a3adb8; --line: #363d45; --good: #6fd695; --bad: #ff8f86; --none: #e3c55b;
-  --blue: #8ab4ff } }
-body { margin: 0; background: var(--page); color: var(--text); font: 15px/1.5 "Segoe UI",
-  "Open Sans", sans-serif }
-main { max-width: 60rem; margin: 2rem auto; padding: 0 1.5rem }
-section { background: var(--card); border: 1px solid var(--line); border-radius: 10px;
-  padding: 1.25rem 1.5rem; margin: 1rem 0 }
-h1 { font-size: 1.7rem; margin: 0; line-height: 1.3 } h1::first-letter { text-transform: uppercase } h2 { font-size: 1.15rem; margin: 0 0 .6rem }
-p { margin: .4rem 0 } .soft { color: var(--soft) }
-table { border-collapse: collapse; width: 100% }
-td, th { text-align: left; vertical-align: top; font-weight: normal; padding: .35rem .9rem .35rem 0;
-  border-top: 1px solid var(--line); overflow-wrap: anywhere }
-tr:first-child > * { border-top: 0 } td:first-child, th { width: 7.5rem; white-space: nowrap }
-th { color: var(--soft) }
-summary { cursor: pointer; padding: .3rem 0 } details > table { margin: .3rem 0 .8rem 1rem;
-  width: calc(100% - 1rem) }
-summary b { display: inline-block; min-width: 19rem; font-weight: 600 }
-pre { margin: 0; white-space: pre-wrap; font: 13px/1.45 Consolas, monospace }
-.passed { color: var(--good) } .failed { color: var(--bad); font-weight: 600 }
-.not { color: var(--none) } .counts span { margin-right: 1.5rem; font-size: 1.05rem }
-.now { border: 2px solid var(--blue) } img { max-width: 100%; border: 1px solid var(--line) }
-</style>)";
-
-std::string Shown(const std::string &state)
-{
-    return "<span class=\"" + state + "\">" + state + "</span>";
-}
-
-std::string Line(const Row &row)
-{
-    return "<tr><td>" + Shown(row.state) + "</td><td>" + row.name +
-           (row.detail.empty() ? "" : "<pre class=\"soft\">" + row.detail + "</pre>") +
-           "</td></tr>\n";
-}
-
-std::string Fact(const std::string &name, const std::string &value)
-{
-    return "<tr><th>" + name + "</th><td>" + Escaped(value) + "</td></tr>\n";
-}
-
-std::string Facts()
-{
-    SYSTEMTIME time = {};
-    ::GetSystemTime(&time);
-    char date[64] = {};
-    std::snprintf(date,
-                  sizeof date,
-                  "%04d-%02d-%02d %02d:%02d UTC",
-                  time.wYear,
-                  time.wMonth,
-                  time.wDay,
-                  time.wHour,
-                  time.wMinute);
-    return "<section><h2>This machine</h2><table>" + Fact("Windows", WindowsVersion()) +
-           Fact("Code page",
-                std::to_string(::GetACP()) + " (ANSI), " + std::to_string(::GetOEMCP()) +
-                    " (OEM)") +
-           Fact("Scale", std::to_string(Scale()) + " %") +
-           Fact("Fonts",
-                std::string("Segoe UI ") + (HasFont(L"Segoe UI") ? "found" : "missing") +
-                    ", Microsoft YaHei " + (HasFont(L"Microsoft YaHei") ? "found" : "missing")) +
-           Fact("Date", date) + "</table></section>\n";
-}
-
-void Acceptance::Write(const Step *now, const std::string &journal) const
-{
-    const int failed = Count("failed");
-    const int hidden = Count("not shown");
-    std::ofstream page(report_, std::ios::binary);
-    page << kHead << (now != nullptr ? "<meta http-equiv=\"refresh\" content=\"2\">" : "")
-         << "</head><body><main>\n<section><h1>"
-         << (failed != 0      ? Shown("failed")
-             : now != nullptr ? "In progress"
-                              : Shown("passed"))
-         << (failed == 0 && hidden != 0 && now == nullptr ? ", as far as shown" : "")
-         << "</h1><p class=\"soft\">UninstallUI " << KTR_VERSION << " on this machine</p>"
-         << "<p class=\"counts\"><span class=\"passed\">" << Count("passed")
-         << " passed</span><span class=\"" << (failed != 0 ? "failed" : "soft") << "\">" << failed
-         << " failed</span><span class=\"not\">" << hidden << " not shown</span></p>"
-         << (WineVersion().empty() ? ""
-                                   : "<p>This run was under Wine. It does not replace a run on "
-                                     "Windows.</p>")
-         << "</section>\n";
-    if (now != nullptr) {
-        page << "<section class=\"now\"><h2>Step " << answers_.size() + 1 << ": " << now->title
-             << "</h2><table>" << Fact("Do", now->todo) << Fact("Expect", now->expected)
-             << Fact("Then", "Answer in the console window.") << "</table>";
-        if (now->image != nullptr) {
-            page << "<p><img src=\"files/images/" << now->image << "\" alt=\"\"></p>";
-        }
-        page << (journal.empty() ? "" : "<h2>Journal</h2><pre>" + Escaped(journal) + "</pre>")
-             << "</section>\n";
-    }
-    page << Facts() << "<section><h2>Tests</h2>\n";
-    for (const Group &group : groups_) {
-        const auto bad = std::count_if(group.rows.begin(), group.rows.end(), IsFailed);
-        const auto left = std::count_if(group.rows.begin(), group.rows.end(), [](const Row &row) {
-            return row.state == "not shown";
-        });
-        page << "<details" << (bad != 0 || group.name == "start" ? " open" : "") << "><summary><b>"
-             << group.name << "</b> " << static_cast<std::ptrdiff_t>(group.rows.size()) - bad - left
-             << " passed";
-        page << (bad != 0 ? ", <span class=\"failed\">" + std::to_string(bad) + " failed</span>"
-                          : "")
-             << (left != 0 ? ", <span class=\"not\">" + std::to_string(left) + " not shown</span>"
-                           : "")
-             << "</summary><table>\n";
-        for (const char *state : {"failed", "not shown", "passed"}) {
-            for (const Row &row : group.rows) {
-                page << (row.state == state ? Line(row) : std::string());
-            }
-        }
-        page << "</table></details>\n";
-    }
-    page << "</section>\n<section><h2>Seen by a person</h2><table>\n";
-    for (std::size_t step = 0; step < std::size(kSteps); ++step) {
-        const bool answered = step < answers_.size();
-        page << Line({kSteps[step].title,
-                      answered ? answers_[step].state : "not shown",
-                      answered ? answers_[step].detail : ""});
-    }
-    page << "</table></section>\n<section><h2>Results as XML</h2>\n";
-    for (const auto &file : fs::directory_iterator(work_ / "xml")) {
-        if (file.path().extension() == ".xml") {
-            page << "<details><summary>" << file.path().filename().u8string() << "</summary><pre>"
-                 << Escaped(ReadAll(file.path())) << "</pre></details>\n";
-        }
-    }
-    page << "</section></main></body></html>\n";
-}
 
 } // namespace
 
@@ -638,11 +352,18 @@ int main(int argc, char **argv)
         std::cerr << "Usage: acceptance.cmd [/unattended]" << std::endl;
         return 2;
     }
+    // Without this, Windows reports a scale of 100 %.
     ::SetProcessDPIAware();
+    Acceptance acceptance(os::ExecutablePath(), attended);
     try {
-        return Acceptance(os::ExecutablePath(), attended).Run();
+        return acceptance.Run();
     } catch (const std::exception &failure) {
         std::cerr << "The checks could not run: " << failure.what() << std::endl;
+        try {
+            acceptance.Fail(failure.what());
+        } catch (const std::exception &alsoFailed) {
+            std::cerr << alsoFailed.what() << std::endl;
+        }
         return 2;
     }
 }

@@ -1,6 +1,7 @@
 // The clean-up script as this system runs it: real calls, and everything around compared before and
 // after. The working folder of this program is the one to work in; files/clearKTR.bat lies there.
 
+#include "tests/acceptance/machine.h"
 #include "tests/acceptance/process.h"
 
 #include <fstream>
@@ -23,15 +24,23 @@ using Tree = std::map<std::wstring, std::wstring>;
 
 bool IsWine()
 {
-    static const bool wine =
-        ::GetProcAddress(::GetModuleHandleA("ntdll"), "wine_get_version") != nullptr;
+    static const bool wine = !WineVersion().empty();
     return wine;
 }
 
-// By this prefix paths may be longer than 260 characters.
+// With this prefix, paths may be longer than 260 characters. Only for functions of Windows: those
+// of the C run-time, and so std::filesystem, take the question mark for a wildcard.
 std::wstring Long(const fs::path &path)
 {
     return L"\\\\?\\" + path.wstring();
+}
+
+void CreateFolders(const fs::path &folder)
+{
+    if (folder.has_relative_path()) {
+        CreateFolders(folder.parent_path());
+        ::CreateDirectoryW(Long(folder).c_str(), nullptr);
+    }
 }
 
 // Everything below a folder: attributes, size and time of change. It enters no link.
@@ -183,10 +192,14 @@ protected:
 
     void Write(const fs::path &path) const
     {
-        const fs::path file = Long(path);
-        fs::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary)
-            << (path.extension() == ".bat" ? script_ : std::string("content"));
+        CreateFolders(path.parent_path());
+        HANDLE file =
+            ::CreateFileW(Long(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        const std::string content = path.extension() == ".bat" ? script_ : "content";
+        DWORD written = 0;
+        ::WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
+        ::CloseHandle(file);
+        ASSERT_EQ(written, content.size()) << path;
     }
 
     // The same script, but it gives up after two seconds rather than after two minutes.
@@ -237,11 +250,12 @@ protected:
         return script.Wait(kDeadline);
     }
 
-    // Calls the script: only what lies in `mayGo` may have changed, and the script's copy is gone.
-    void Expect(int status, const fs::path &mayGo, const fs::path &argument = {})
+    // Calls the script and returns its status. Only what lies in `mayGo` may have changed, and the
+    // script's copy is gone.
+    int CallAndCompare(const fs::path &mayGo, const fs::path &argument)
     {
         Tree before = Everything();
-        EXPECT_EQ(Call(argument.empty() ? product_ : argument), status);
+        const int status = Call(argument);
         Tree after = Everything();
         before.erase(Long(root_ / "temp" / "clearKTR.bat"));
         const auto forget = [&mayGo](Tree *tree) {
@@ -262,6 +276,11 @@ protected:
             ADD_FAILURE() << "new or left: " << fs::path(path).u8string();
         }
         EXPECT_EQ(status == kGone, !fs::exists(product_));
+        return status;
+    }
+    void Expect(int status, const fs::path &mayGo, const fs::path &argument = {})
+    {
+        EXPECT_EQ(CallAndCompare(mayGo, argument.empty() ? product_ : argument), status);
     }
     // The whole product goes, and nothing else.
     void ExpectGone()
@@ -421,7 +440,7 @@ TEST_F(CleanUp, HandlesDeepFolders)
     ExpectGone();
 }
 
-// The interpreter cannot look into such a folder, so the script may leave it.
+// Most versions of the interpreter cannot look into such a folder; then the script leaves it.
 TEST_F(CleanUp, HarmsNothingAroundPathsBeyond260Characters)
 {
     if (IsWine()) {
@@ -430,7 +449,8 @@ TEST_F(CleanUp, HarmsNothingAroundPathsBeyond260Characters)
     Hurry();
     const std::string name(100, 'x');
     Write(product_ / name / name / name / "leaf.txt");
-    Expect(kLeft, product_);
+    const int status = CallAndCompare(product_, product_);
+    EXPECT_TRUE(status == kGone || status == kLeft) << status;
 }
 
 TEST_F(CleanUp, LeavesAFileInUse)

@@ -8,15 +8,14 @@
 class Process
 {
 public:
-    /// `output`, if given, is the file for what it prints; its window is hidden then.
+    /// `output`, if given, is the file for what it prints.
     Process(std::wstring line, const std::filesystem::path &folder, const std::wstring &output = {})
     {
         SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
         STARTUPINFOW startup = {};
         startup.cb = sizeof startup;
         if (!output.empty()) {
-            startup.dwFlags =
-                STARTF_USESTDHANDLES | STARTF_USESHOWWINDOW; // and SW_HIDE, which is 0
+            startup.dwFlags = STARTF_USESTDHANDLES;
             startup.hStdOutput = startup.hStdError = ::CreateFileW(output.c_str(),
                                                                    GENERIC_WRITE,
                                                                    FILE_SHARE_READ,
@@ -42,7 +41,7 @@ public:
     Process(Process &&) = delete;
     Process &operator=(Process &&) = delete;
 
-    /// Its status, or -1 if it does not end in time.
+    /// Its status, or -1 if it was not started or does not end in time.
     int Wait(DWORD milliseconds) const
     {
         DWORD status = 0;

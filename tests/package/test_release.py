@@ -9,6 +9,7 @@ import os
 import re
 import shutil
 import subprocess
+import time
 from pathlib import Path
 from typing import Any
 from zipfile import ZipFile
@@ -21,6 +22,8 @@ BUILD = Path(os.environ.get("KTR_BUILD", REPOSITORY / "build" / "windows"))
 KIT = Path(os.environ["KTR_QT_KIT"])
 KTR = REPOSITORY / "tools" / "ktr"
 ENVIRONMENT = {**os.environ, "SOURCE_DATE_EPOCH": "1700000000"}
+SHORT_LIST = "tests/unit/text/convert_text_test.exe|\n"
+"""One test program for acceptance runs that are about something else."""
 
 
 def make(into: Path, *options: str | Path) -> "subprocess.CompletedProcess[str]":
@@ -197,39 +200,132 @@ def test_a_folder_that_is_no_kit_is_refused_before_the_build(tmp_path):
     assert done.returncode == 2 and f"{tmp_path} has no bin/Qt5Core.dll" in done.stderr
 
 
-def accept(folder: Path) -> "subprocess.CompletedProcess[str]":
-    """Runs the checks of an unpacked acceptance archive under Wine."""
-    return subprocess.run([KTR, "display", "--", KTR, "wine", "--", "cmd", "/c", "acceptance.cmd",
-                           "/unattended"], cwd=folder, capture_output=True, text=True, errors="replace",
-                          timeout=1200, check=False)
+@pytest.fixture
+def unpacked(release, tmp_path) -> Path:
+    """The acceptance archive, unpacked in a folder with a difficult name."""
+    folder = tmp_path / "unpacked p\u00e4th ! & \u65e5 (1)"
+    archive(release, "acceptance").extractall(folder)
+    return folder
+
+
+def start(folder: Path, *options: str, tests: str = "*") -> "subprocess.Popen[str]":
+    """Starts the checks of an unpacked acceptance archive under Wine, in a prefix of its own."""
+    tools = folder.parent / "tools"
+    if not tools.exists():
+        tools.mkdir()
+        (tools / "xdg-open").symlink_to("/bin/true")  # Wine opens pages with it.
+    environment = {**ENVIRONMENT, "GTEST_FILTER": tests, "PATH": f"{tools}:{os.environ['PATH']}"}
+    del environment["KTR_QT_KIT"]  # The archive brings its own Qt.
+    return subprocess.Popen(
+        [KTR, "display", "--", "env", f"KTR_WINEPREFIX={folder.parent / 'prefix'}",
+         KTR, "wine", "--", "cmd", "/c", "acceptance.cmd", *options],
+        cwd=folder, env=environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+        stderr=subprocess.STDOUT, text=True, errors="replace")
+
+
+def end_wine(folder: Path) -> None:
+    """Ends all programs of the prefix."""
+    subprocess.run(["wineserver", "-k"], check=True,
+                   env={**os.environ, "WINEPREFIX": str(folder.parent / "prefix")})
+
+
+def accept(folder: Path, *options: str, answers: str = "", tests: str = "*") -> tuple[int, str]:
+    """Runs the checks; returns the status and what they print."""
+    with start(folder, *options, tests=tests) as checks:
+        output, _ = checks.communicate(answers, timeout=900)
+    end_wine(folder)
+    drive = folder.parent / "prefix" / "drive_c"
+    assert (drive / "ProgramData").is_dir()
+    left = [*drive.glob("ProgramData/KTR*"), *drive.glob("users/*/Temp/*"),
+            *drive.glob("users/*/AppData/Local/Temp/*")]
+    assert not left, output
+    return checks.returncode, output
+
+
+def rows_of(folder: Path) -> dict[str, str]:
+    """The state of each row of a report."""
+    report = (folder / "report.html").read_text(encoding="utf-8")
+    return {name: state for state, name in re.findall(
+        r'<tr><td><span class="[^"]*">([^<]*)</span></td><td>([^<]*)', report)}
 
 
 @pytest.mark.timeout(1200)
-def test_the_acceptance_archive_passes_under_wine(release, tmp_path):
-    folder = tmp_path / "unpacked p\u00e4th ! & \u65e5"
-    archive(release, "acceptance").extractall(folder)
-    before = {path: path.stat().st_mtime_ns for path in folder.rglob("*") if path.is_file()}
-    done = accept(folder)
-    assert done.returncode == 0, done.stdout + done.stderr
-    after = {path: path.stat().st_mtime_ns for path in folder.rglob("*") if path.is_file()}
-    assert after.pop(folder / "report.html") and after == before
-    report = (folder / "report.html").read_text(encoding="utf-8", errors="replace")
-    rows = {name: state for state, name in re.findall(
-        r'<tr><td><span class="[^"]*">([^<]*)</span></td><td>([^<]*)', report)}
+def test_the_acceptance_archive_passes_under_wine(unpacked):
+    before = {path: path.stat().st_mtime_ns for path in unpacked.rglob("*") if path.is_file()}
+    status, output = accept(unpacked, "/unattended")
+    assert status == 0, output
+    after = {path: path.stat().st_mtime_ns for path in unpacked.rglob("*") if path.is_file()}
+    assert after.pop(unpacked / "report.html") and after == before
+    rows = rows_of(unpacked)
     assert set(rows.values()) == {"passed", "not shown"}
-    assert rows["CleanUp.RemovesTheProductFolderAndItself"] == rows["First start"] == "passed"
+    assert rows["CleanUp.RemovesTheProductFolderAndItself"] == "passed"
+    assert rows["Start.ShowsAWindowThatClosesWithoutACleanUp"] == "passed"
     # Wine cannot show that a link goes, and nobody looked at the window.
     assert rows["CleanUp.DoesNotFollowAJunction"] == rows["The window opens"] == "not shown"
-    for line in (folder / "files" / "unit-programs.txt").read_text(encoding="ascii").splitlines():
+    report = (unpacked / "report.html").read_text(encoding="utf-8")
+    for line in (unpacked / "files" / "unit-programs.txt").read_text(encoding="ascii").splitlines():
         assert f"<b>{Path(line.split('|')[0]).stem}</b>" in report
+    facts = dict(re.findall(r"<tr><th>([^<]*)</th><td>([^<]*)", report))
+    assert re.fullmatch(r"10\.0, build \d+\.\d+, reported by Wine .*", facts["Windows"])
+    assert re.fullmatch(r"\d+ \(ANSI\), \d+ \(OEM\)", facts["Code page"])
+    assert facts["Scale"] == "100 %"
+    assert re.fullmatch(r"Segoe UI \w+, Microsoft YaHei \w+", facts["Fonts"])
+    assert re.fullmatch(r"\d+, \d+, \d+ ms to the window", facts["Start-up"])
 
 
-def test_a_failed_check_fails_the_acceptance(release, tmp_path):
-    archive(release, "acceptance").extractall(tmp_path)
-    (tmp_path / "files" / "unit-programs.txt").write_text("testkit/fakes/note.exe|\n")
-    (tmp_path / "files" / "clearKTR.bat").write_bytes(b"@exit 0\r\nset seconds=120\r\n")
-    done = accept(tmp_path)
-    assert done.returncode == 1, done.stdout + done.stderr
-    report = (tmp_path / "report.html").read_text(encoding="utf-8", errors="replace")
-    for name in ("The program itself", "CleanUp.RemovesTheProductFolderAndItself"):
-        assert f'<span class="failed">failed</span></td><td>{name}' in report
+@pytest.mark.parametrize("last, status", [("y", 0), ("N no\u00ebl", 1), ("s", 1)])
+def test_a_person_decides_about_each_step(unpacked, last, status):
+    (unpacked / "files" / "unit-programs.txt").write_text(SHORT_LIST, encoding="ascii")
+    # An answer that is none of the three is asked for again.
+    answers = "\nwhat?\ny sharp & clear\n" + "\ny\n" * 7 + f"\n{last}\n\n"
+    seen, output = accept(unpacked, answers=answers, tests="Start.*:ConvertText.*")
+    assert seen == status, output
+    rows = rows_of(unpacked)
+    assert rows["The window opens"] == rows["The main job"] == "passed"
+    assert rows["Logging off"] == {"y": "passed", "N": "failed", "s": "not shown"}[last[0]]
+    report = (unpacked / "report.html").read_text(encoding="utf-8")
+    assert "sharp &amp; clear" in report and last[2:] in report
+
+
+def test_the_steps_resume_after_logging_off(unpacked):
+    (unpacked / "files" / "unit-programs.txt").write_text(SHORT_LIST, encoding="ascii")
+    with start(unpacked, tests="Start.*:ConvertText.*") as checks:
+        checks.stdin.write("\ny\n" * 7 + "\nn before\n")
+        checks.stdin.flush()
+        page = unpacked / "report.html"
+        while not (page.exists() and "<h2>Step 9" in page.read_text(encoding="utf-8")):
+            assert checks.poll() is None
+            time.sleep(0.1)
+        end_wine(unpacked)
+    # Only the last step is left. The tests are not repeated.
+    status, output = accept(unpacked, answers="y\n\n", tests="Start.*:ConvertText.*")
+    assert status == 1 and "convert_text_test" not in output, output
+    rows = rows_of(unpacked)
+    assert rows["Logging off"] == rows["Start.ShowsAWindowThatClosesWithoutACleanUp"] == "passed"
+    assert [name for name, state in rows.items() if state == "failed"] == ["Closing from outside"]
+
+
+def test_a_failed_check_fails_the_acceptance(unpacked):
+    files = unpacked / "files"
+    (files / "unit-programs.txt").write_text("testkit/fakes/note.exe|\n", encoding="ascii")
+    script = (files / "clearKTR.bat").read_bytes()
+    # Without this step, Wine's rd /s follows links.
+    planted = script.replace(b"    call :unlink\r\n", b"")
+    assert planted != script
+    (files / "clearKTR.bat").write_bytes(planted)
+    status, output = accept(unpacked, "/unattended", tests="CleanUp.*Junction:CleanUp.RemovesThe*")
+    assert status == 1, output
+    rows = rows_of(unpacked)
+    assert rows["The program itself"] == rows["CleanUp.DoesNotFollowAJunction"] == "failed"
+    assert rows["CleanUp.RemovesTheProductFolderAndItself"] == "passed"
+
+
+def test_checks_that_cannot_run_are_not_passed(unpacked):
+    shutil.rmtree(unpacked / "files" / "sandbox")
+    (unpacked / "report.html").write_text("passed", encoding="ascii")
+    status, output = accept(unpacked, "/unattended", tests="Start.*")
+    assert status == 2, output
+    assert rows_of(unpacked)["The checks"] == "failed"
+    (unpacked / "files" / "acceptance.exe").unlink()
+    status, output = accept(unpacked, "/unattended")
+    assert status == 2 and "Unpack the whole archive" in output
