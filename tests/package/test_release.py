@@ -290,6 +290,7 @@ def test_a_person_decides_about_each_step(unpacked, last, status):
 def test_the_steps_resume_after_logging_off(unpacked):
     (unpacked / "files" / "unit-programs.txt").write_text(SHORT_LIST, encoding="ascii")
     with start(unpacked, tests="Start.*:ConvertText.*") as checks:
+        assert checks.stdin is not None
         checks.stdin.write("\ny\n" * 7 + "\nn before\n")
         checks.stdin.flush()
         page = unpacked / "report.html"
