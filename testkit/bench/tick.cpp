@@ -107,7 +107,7 @@ int main(int argc, char **argv)
         QMetaObject::invokeMethod(&manager, "slotTimeOut", Qt::DirectConnection);
         return manager.getValProgress() < 100;
     };
-    if (!once()) { // which does not count
+    if (!once()) { // a warm-up
         return 1;
     }
     const double selfBefore = ProcessorTime(RUSAGE_SELF);

@@ -2,8 +2,8 @@
 // when the last process that loaded the library from its folder is gone. Settings:
 //   hold_file=FILE    when that file exists: run as long as it does, whatever the library and other
 //                     companions do
-// Journal: start (pid, args), end (pid); no end line means that it was terminated. One that finds
-// another one in its folder ends without an entry.
+// Journal: start (pid, args), end (pid); no end line means that it was terminated. A second
+// companion in the same folder ends without an entry.
 
 #include "testkit/fakes/fake.h"
 #include "testkit/os/file_lock.h"

@@ -1,6 +1,6 @@
 // Writes one line for a script: note IMAGE EVENT [key=value]... [-- argument...]
 // The line has pid and cwd of this process, the given keys, and args=[argument][argument]. The file
-// `IMAGE.txt` beside this program may tell it: run_ms, hold_file, exit.
+// `IMAGE.txt` beside this program may set run_ms, hold_file and exit.
 
 #include "testkit/fakes/fake.h"
 #include "testkit/os/os.h"

@@ -1,4 +1,4 @@
-// The system command "tasklist", as far as it is asked for one image name in CSV form. Settings:
+// The system command "tasklist", limited to CSV output and a filter for one image name. Settings:
 //   root=FOLDER       list only processes whose executable lies below (repeatable); none: all
 //   hide=NAME         claim that this image does not run (repeatable)
 //   show=NAME         claim that this image runs (repeatable)

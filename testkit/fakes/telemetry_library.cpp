@@ -6,8 +6,7 @@
 // Journal: load (pid); SkyrelSendInfo (pid, count, flag, wide, pairs=[name=value][name=value]) with
 // the number of arguments that the call had; overlap when a call comes while another has not
 // returned; unexpected (pid, name) for every other export. A null text is written as (null). A list
-// without its end marker makes the process crash: it cannot be detected, and no caller may
-// overlook it.
+// without its end marker cannot be detected: the function reads on until the process crashes.
 
 #include "services/telemetry/telemetry_contract.h"
 #include "testkit/fakes/export.h"

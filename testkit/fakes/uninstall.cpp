@@ -40,7 +40,7 @@ std::vector<std::string> StartFields(const fake::Fake &self,
     return fields;
 }
 
-// Whether `file` stays inside `folder`, neither by its name nor through a link leading elsewhere.
+// Whether `file` lies inside `folder`: neither its name nor a link in its path leads out.
 bool StaysInside(const fs::path &folder, const fs::path &file)
 {
     if (file.empty() || file.is_absolute() || file.has_root_path()) {

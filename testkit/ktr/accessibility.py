@@ -64,11 +64,11 @@ def bus(display: Display) -> Iterator[dict[str, str | None]]:
 
 
 class Reader:
-    """An assistive tool that attends to one program on the bus."""
+    """An assistive tool that reads and operates one program on the bus."""
 
     def __init__(self, program: Started) -> None:
         def look() -> Any:
-            with suppress(GLib.Error):  # An earlier program is going.
+            with suppress(GLib.Error):  # An earlier program is ending.
                 for found in _children(Atspi.get_desktop(0)):
                     if found.get_process_id() == program.pid:
                         return found
@@ -93,7 +93,7 @@ class Reader:
 
     @staticmethod
     def type(text: str) -> None:
-        """Types lower-case letters as an on-screen keyboard does: Qt Quick has no action to."""
+        """Types lower-case letters as an on-screen keyboard does: Qt Quick has no action for it."""
         Atspi.generate_keyboard_event(0, text, Atspi.KeySynthType.STRING)
 
     def _read(self) -> list[tuple[Control, Any]]:

@@ -1,5 +1,5 @@
-"""Measures the program beside floors of the same run: a window with each control of Qt's that it
-uses, the same with the program's images, icon and libraries, the program with Qt's default
+"""Measures the program beside floors of the same run: a window with each Qt control that the
+program uses, the same with the program's images, icon and libraries, the program with Qt's default
 renderer, and the bare query of a tick. Status 0 only if each ratio is within its aim.
 
 The Windows executable under Wine has no other renderer, and neither valgrind nor the tick runs
@@ -38,7 +38,7 @@ _MARK = colour(layout.CANCEL_NORMAL)  # every contender paints this colour last
 _QUIET = 0.3  # seconds without painting before the next start may begin
 _STANDS = 2.0  # seconds without painting after which a slow window is complete
 _SLOW = 300.0  # seconds for a start under valgrind, which takes fifty times as long
-_COUNTS = 3  # how often instructions are counted; the counts hardly differ
+_COUNTS = 3  # how often instructions and wake-ups are counted; the counts hardly differ
 _IDLE = 5.0  # seconds for which the idle program is watched
 _TICKS = 50
 
@@ -125,9 +125,9 @@ class Bench:
                        ("first frame to default renderer", "first", PROGRAM, DEFAULT, 0.65),
                        ("memory to default renderer", "peak", PROGRAM, DEFAULT, 0.42),
                        ("tick to its query", "ticks", "tick", "query", 1.05)]
-        # Of the same round, or of the same count.
         ratios = [("wake-ups when idle", median(self.wake_ups), 0.0)]
         for title, what, own, floor, aim in wanted:
+            # Each pair is of the same round, or of the same count.
             pairs = zip(self.figures[what, own], self.figures[what, floor])
             ratios.append((title, median(a / b for a, b in pairs), aim))
         return ratios

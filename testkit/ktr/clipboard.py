@@ -23,7 +23,7 @@ class Clipboard:
     def holding(self, text: str, selection: str = "clipboard") -> Iterator[None]:
         """Owns a selection with a text, for a `with` statement, as a running application does.
 
-        What is pasted must have arrived before the end: its owner is gone then.
+        Wait for a paste to arrive within the block: at its end the selection has no owner.
         """
         # -quiet keeps it in the foreground.
         with subprocess.Popen([*self._xclip, selection, "-in", "-quiet"],

@@ -17,7 +17,7 @@ ONLY_ON_LINUX = {
     "test_fakes.py::test_the_uninstaller_removes_itself_but_nothing_behind_a_link":
         "a running executable stays, and Wine shows a link as a folder",
     "test_fakes.py::test_the_uninstaller_outlives_the_session_that_started_it":
-        "no session of processes that ends them",
+        "Windows has no POSIX sessions",
     "test_fakes.py::test_the_companion_is_detached_and_inherits_nothing":
         "read from /proc",
     "test_fakes.py::test_a_deleted_executable_is_listed_by_its_name":
@@ -25,8 +25,8 @@ ONLY_ON_LINUX = {
     "test_fakes.py::test_the_clean_up_script_notes_its_session_priority_and_streams":
         "a batch file cannot tell its priority, session and streams",
     "test_uninstall.py::test_the_clean_up_runs_hidden_and_idle":
-        "a batch file cannot tell its priority, session and streams; the unit tests of the program's "
-        "clean-up command show idle and hidden on Windows",
+        "a batch file cannot tell its priority, session and streams; the unit tests of the "
+        "program's clean-up command show idle and hidden on Windows",
     "test_feedback.py::test_the_middle_button_pastes_to_the_limit":
         "Windows has no selection that the middle button pastes",
     "test_surroundings.py::test_no_graphics_driver_is_loaded":
@@ -44,11 +44,11 @@ ONLY_ON_LINUX = {
 # aspect, to the reason.
 RECORDED_DIFFERENTLY = {
     ("test_a_configuration_library_without_its_entry_ends_the_program", "exit"):
-        "a call to nowhere: a signal on the one system, an access violation on the other",
+        "a call through a null pointer: a signal on Linux, an access violation on Windows",
     ("test_loading_the_window_queries_the_configuration_xc9cole", "configuration"):
         "the registry is read in the ANSI code page, which has no Chinese",
     ("test_the_bar_completes_when_tasklist_is_removed_during_the_run", "files"):
-        "the command that the scenario takes away lies beside the program, where Windows looks first",
+        "the scenario removes a command that lies beside the program, where Windows looks first",
     ("test_events_are_in_english_in_every_language", "events"):
         "the reasons are in random order",
     ("test_of_many_starts_at_once_one_has_a_window", "exit"):

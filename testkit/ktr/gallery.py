@@ -27,7 +27,7 @@ QML = ROOT / "tests" / "qml"
 
 
 def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str, str]) -> None:
-    """Takes the screenshots of one scale, on a display that holds the window at the largest."""
+    """Takes the screenshots of one scale, on a display large enough for the largest scale."""
     with tempfile.TemporaryDirectory(prefix="ktr-gallery-") as private:
         # Fonts, themes, desktop and scale of the user would all be visible.
         environment = {name: os.environ[name] for name in ("PATH", "TMPDIR") if name in os.environ}
@@ -46,7 +46,7 @@ def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str,
             timeout=600, check=False)
     if done.returncode != 0:
         sys.exit(f"{done.stdout}\nktr gallery: the screenshots at scale {scale} could not be taken "
-                 f"(above is why)")
+                 f"(the reason is above)")
 
 
 def take_all(runner: Path, scales: Sequence[str], into: Path, scenes: str = "gallery.qml",

@@ -1,7 +1,7 @@
 """Makes a sandbox from a build: the program with fakes of everything delivered beside it.
 
 Several may be made at the same time, each in a folder of its own. An older one in the same place is
-replaced; a folder that is none is refused.
+replaced; a folder that is not a sandbox is refused.
 """
 
 import argparse

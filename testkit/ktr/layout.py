@@ -37,7 +37,7 @@ FRAME = Rect(PAGE.left, TITLE_LABEL.bottom + 30, PAGE.width,
 
 
 def reason(row: int) -> Rect:
-    """The reason in a row from 0; its left part, where radio button and any text are."""
+    """The reason in a row from 0: its left part, which even a short text reaches."""
     return Rect(FRAME.left, FRAME.top + row * (19 + 10), 60, 19)
 
 

@@ -12,8 +12,8 @@ HERE = REPOSITORY / "tests" / "qml" / "images"
 FONTS = HERE / "fonts.conf"
 SCALES = ("1", "2")
 
-# Every pixel must match within this per channel, of 255. On machines of one kind the images are
-# identical: under load, for another user, without the processor's vector instructions. The
+# Every pixel must match within this per channel, of 255. On the same kind of machine the images
+# are identical, even under load, for another user, or without its vector instructions. The
 # tolerance covers rounding by other processors and libraries when they blend. A tolerance by share
 # of pixels would accept a missing letter. A new version of Qt or of the font may change all images.
 TOLERANCE = 2

@@ -98,8 +98,8 @@ def calls(sandbox: Sandbox, program: RunningProgram, image: str = Wine.program_n
           named: dict[tuple[str, int], str] | None = None) -> list[str]:
     """The calls of an image's first thread so far, a line each.
 
-    `named` are names of things that exist already, by kind and value. An image that runs more than
-    once is taken for one.
+    `named` are names of things that exist already, by kind and value. If several processes run the
+    image, the calls of all are in the list.
     """
     namer = _Namer({("key", 0xFFFFFFFF80000002): "HKEY_LOCAL_MACHINE", **(named or {})}, sandbox)
     return [line for call in _calls(program.stderr, image) if (line := namer.line(call))]

@@ -7,7 +7,7 @@ from ktr.display import Display
 
 
 def usage(pid: int) -> tuple[int, int, int]:
-    """KB of memory that are a process's own, its handles and threads."""
+    """A process's private memory in KB, and how many handles and threads it has."""
     process = psutil.Process(pid)
     memory = process.memory_info()
     return (memory.rss - memory.shared) // 1024, process.num_fds(), process.num_threads()
@@ -25,7 +25,7 @@ def clients(display: Display) -> int:
 
 
 def resources(display: Display) -> int:
-    """How many X resources of all kinds all programs hold there, but for those of this process."""
+    """How many X resources of all kinds the programs on a display hold, except this process."""
     connection = display.connection
     mine = connection.display.info.resource_id_base
     return sum(kind.count

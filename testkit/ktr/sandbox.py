@@ -37,7 +37,7 @@ class Sandbox:
             lay_out(self.root)
             for folder in ("home", "tmp", "run", "logs", "hold", "elsewhere"):
                 (self.root / folder).mkdir(exist_ok=True)
-            (self.root / "run").chmod(0o700)  # as is the custom for this folder
+            (self.root / "run").chmod(0o700)  # XDG_RUNTIME_DIR must be private
             self._tools = self._end.enter_context(reachable(self.root / "tools"))
             self.system.prepare(self.root)
         except BaseException:

@@ -149,7 +149,7 @@ _known_looks: dict[bytes, int] = {}
 
 def learn_reasons(display: Display, prepare: Callable[[Sandbox], object] = lambda sandbox: None,
                   start: Callable[[Sandbox], RunningProgram] = Sandbox.start) -> None:
-    """Finds out how the reasons look that stand in another order at each start.
+    """Finds out how each reason looks, since their order differs at each start.
 
     Chooses them, one at each start; their usage events tell which they are. `prepare` and `start`
     may give the program another font.
@@ -158,7 +158,7 @@ def learn_reasons(display: Display, prepare: Callable[[Sandbox], object] = lambd
     prepare(sandbox)
     numbers: dict[bytes, int] = {}
     try:
-        # Twice as often as necessary: a font that arrives late changes a row's look.
+        # Twice as often as necessary: a font that loads late changes a row's look.
         for _ in range(2 * LAST_REASON):
             program = start(sandbox)
             window = program.ready()

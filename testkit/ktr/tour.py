@@ -59,7 +59,7 @@ class Tour:
         return f"opened: {links[count - 1].items('args')[0]}"
 
     def feedback(self, window: Window) -> None:
-        """Chooses a reason, opens the link, gives a feedback, and is thanked with a coupon."""
+        """Chooses a reason, opens the link, gives feedback, and is thanked with a coupon."""
         # The only reason whose row is fixed.
         steps.choose(self.sandbox, window, steps.LAST_REASON)
         say("A reason is chosen: the feedback box", *self.events())

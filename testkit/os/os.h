@@ -45,8 +45,8 @@ void OutliveParent();
 /// Sets standard output to binary mode.
 void BinaryOutput();
 
-/// Starts `program`, without arguments, as no child of this process; it inherits nothing. Returns
-/// when the process runs that program or could not be started. May be called while a library loads.
+/// Starts `program`, without arguments and detached: it is not a child of this process and inherits
+/// nothing. Returns when it runs or could not be started. May be called while a library loads.
 void StartUnrelated(const std::filesystem::path &program);
 
 /// Whether `path` lies below the folder `root`.

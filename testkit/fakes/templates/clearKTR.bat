@@ -1,4 +1,4 @@
 @echo off
-rem The clean-up script. It removes nothing; it writes down how it was called.
-rem The journal writer is told by a variable: a path in here would have to be in the OEM code page.
+rem The clean-up script. It removes nothing; it records how it was called.
+rem A variable has the journal writer's path: in this file it would have to be in the OEM code page.
 "%KTR_NOTE%" clearKTR.bat start "script=%~f0" -- %*

@@ -13,7 +13,7 @@ bool IsLibraryLoaded(const std::filesystem::path &path)
 {
     void *const library = ::dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
     if (library != nullptr) {
-        ::dlclose(library); // the question has counted as a load
+        ::dlclose(library); // RTLD_NOLOAD has counted as a load, too
     }
     return library != nullptr;
 }

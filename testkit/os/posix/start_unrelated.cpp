@@ -11,7 +11,7 @@ namespace os {
 namespace {
 
 // The last steps in the grandchild. The process may have other threads, so nothing here may
-// allocate memory or take a lock. exec closes every descriptor but the three.
+// allocate memory or take a lock. exec closes all but the standard descriptors.
 [[noreturn]] void Become(const char *program, char *const *arguments, char *const *environment)
 {
     const int nowhere = ::open("/dev/null", O_RDWR);
