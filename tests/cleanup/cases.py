@@ -2,6 +2,8 @@
 
 By default there is a complete product folder, and the script is in the user's temp directory. All
 files that `gone` does not name must stay unchanged.
+
+The mark of a product folder: exactly one direct sub-folder has the program and an equal script.
 """
 
 from __future__ import annotations
@@ -341,7 +343,7 @@ ENVIRONMENT = [
                  in_folder="D:\\Hijack"),
 ]
 
-# Exactly one direct sub-folder with the program and an equal script.
+# Folders without the mark.
 MARKS = [
     without_mark("no program directory", without(PROGRAM)),
     without_mark("an empty folder", without(PROGRAM, RES, PRODUCT + "\\left over.txt")),
