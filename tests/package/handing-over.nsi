@@ -1,5 +1,5 @@
-; An uninstaller that starts a copy of itself in the temp directory, so that its own file can be
-; removed, and ends at once. This program writes it beside itself.
+; Writes an uninstaller beside itself. The uninstaller starts a copy of itself in the temp
+; directory, so that its own file can be removed, and ends at once.
 Unicode true
 Target amd64-unicode
 Name "Dravik"

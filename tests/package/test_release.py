@@ -28,9 +28,9 @@ SHORT_LIST = "tests/unit/text/convert_text_test.exe|\n"
 
 def make(into: Path, *options: str | Path) -> "subprocess.CompletedProcess[str]":
     """Makes the archives of this build."""
-    return subprocess.run([REPOSITORY / "packaging" / "make-archives", "--build", BUILD, "--kit", KIT,
-                           "--into", into, *options], env=ENVIRONMENT, capture_output=True,
-                          text=True, check=False)
+    return subprocess.run(
+        [REPOSITORY / "packaging" / "make-archives", "--build", BUILD, "--kit", KIT,
+         "--into", into, *options], env=ENVIRONMENT, capture_output=True, text=True, check=False)
 
 
 @pytest.fixture(scope="module")
@@ -51,8 +51,8 @@ def archive(release: Path, kind: str) -> ZipFile:
 @pytest.mark.timeout(1500)  # Without ccache, everything is compiled again.
 def test_two_runs_in_two_folders_are_identical(release, tmp_path):
     other = tmp_path / "another f\u00f6lder"
-    files = subprocess.run(["git", "ls-files", "-z"], cwd=REPOSITORY, capture_output=True, text=True,
-                           check=True).stdout.split("\0")
+    files = subprocess.run(["git", "ls-files", "-z"], cwd=REPOSITORY, capture_output=True,
+                           text=True, check=True).stdout.split("\0")
     for name in filter(None, files):
         (other / name).parent.mkdir(parents=True, exist_ok=True)
         shutil.copy2(REPOSITORY / name, other / name)
@@ -60,7 +60,8 @@ def test_two_runs_in_two_folders_are_identical(release, tmp_path):
                           check=False)
     assert done.returncode == 0, done.stdout + done.stderr
     for file in release.iterdir():
-        assert (other / "build" / "release" / file.name).read_bytes() == file.read_bytes(), file.name
+        again = other / "build" / "release" / file.name
+        assert again.read_bytes() == file.read_bytes(), file.name
 
 
 def test_the_sums_are_right(release):
@@ -168,7 +169,8 @@ def test_the_files_of_a_kit_are_added(release, tmp_path):
     for file in release.iterdir():
         assert (into / file.name).read_bytes() == file.read_bytes(), file.name
     for file in kit.glob("qml/**/qmldir"):
-        file.write_text(file.read_text(encoding="utf-8").replace("# for tests only", "#"), encoding="utf-8")
+        text = file.read_text(encoding="utf-8")
+        file.write_text(text.replace("# for tests only", "#"), encoding="utf-8")
     done = make(into, "--qt", kit)
     assert done.returncode == 0, done.stderr
     assert list(into.parent.iterdir()) == [into]
@@ -260,7 +262,7 @@ def test_the_acceptance_archive_passes_under_wine(unpacked):
     assert set(rows.values()) == {"passed", "not shown"}
     assert rows["CleanUp.RemovesTheProductFolderAndItself"] == "passed"
     assert rows["Start.ShowsAWindowThatClosesWithoutACleanUp"] == "passed"
-    # Wine cannot show that a link goes, and nobody looked at the window.
+    # Wine cannot show that a link is removed, and nobody looked at the window.
     assert rows["CleanUp.DoesNotFollowAJunction"] == rows["The window opens"] == "not shown"
     report = (unpacked / "report.html").read_text(encoding="utf-8")
     for line in (unpacked / "files" / "unit-programs.txt").read_text(encoding="ascii").splitlines():
