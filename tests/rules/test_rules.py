@@ -20,7 +20,8 @@ OS_HEADERS = re.compile(
     r"^(windows|tlhelp32|winbase|shlobj|psapi|unistd|fcntl|dlfcn|signal|sched|spawn)\.h$"
     r"|^(sys|xcb|linux)/"
 )
-OS_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__linux__|__unix__|__APPLE__|Q_OS_\w+|_MSC_VER|__MINGW\w+)\b")
+OS_MACRO = re.compile(
+    r"\b(_WIN32|_WIN64|WIN32|__linux__|__unix__|__APPLE__|Q_OS_\w+|_MSC_VER|__MINGW\w+)\b")
 HEX_COLOUR = re.compile(r"[\"']#[0-9a-fA-F]{3,8}[\"']")
 # What each QML file imports, in this order: the version decides which properties exist, and the
 # later of two modules with a type of the same name wins.

@@ -130,8 +130,9 @@ def test_updating_follows_the_sources(copy):
     assert "ktr_English.ts: changed, 0 to translate" in said
     assert "ktr_German.ts: changed, 1 to translate" in said
     for name, translation in ("German", None), ("English", "Leave it"):
+        file = copy / "src" / "translations" / f"ktr_{name}.ts"
         found = [(context, source, target.text if target.get("type") is None else None)
-                 for context, source, target in messages(copy / "src" / "translations" / f"ktr_{name}.ts")
+                 for context, source, target in messages(file)
                  if context == "ZoCloseButton"]
         assert found == [("ZoCloseButton", "Leave it", translation)]
     after = contents(copy)
