@@ -13,7 +13,7 @@ VALID = "Validity period: */*/*"
 
 @pytest.fixture(scope="session")
 def bus(display):
-    """The variables of a program that assistive tools hear."""
+    """The variables that put a program on the accessibility bus."""
     with accessibility.bus(display) as variables:
         yield variables
 

@@ -86,13 +86,14 @@ def test_the_window_works_without_a_library(sandbox, library):
 def test_the_window_works_with_wrong_answers_of_the_configuration(sandbox, settings, line):
     sandbox.configure(CONFIG, **settings)
     log = walk_through(sandbox).stderr
-    assert any(sandbox.system.multibyte(allowed) in log for allowed in ((line,) if isinstance(line, str) else line))
+    lines = (line,) if isinstance(line, str) else line
+    assert any(sandbox.system.multibyte(allowed) in log for allowed in lines)
 
 
 # A sanitizer reports the crash.
 @pytest.mark.stderr_unchecked
 def test_a_configuration_library_without_its_entry_ends_the_program(sandbox):
-    # The program calls the unresolved address. Required: docs/security.md.
+    # The program calls the null pointer, deliberately: docs/security.md.
     remove_export(sandbox.locate(CONFIG), "create_config")
     assert sandbox.start().wait_exit() != 0
 

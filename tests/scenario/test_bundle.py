@@ -110,8 +110,9 @@ def leave(sandbox, program, window):
 
 def leaving_with(code):
     """A page that exits with a code as soon as it is loaded."""
-    return ("import QtQuick 2.14\nItem {\n    signal uninstalling(var running)\n"
-            f"    Timer {{ interval: 1; running: true; onTriggered: window.titleClose({code}) }}\n}}\n")
+    return ("import QtQuick 2.14\nItem {\n    signal uninstalling(var running)\n    Timer {\n"
+            f"        interval: 1; running: true; onTriggered: window.titleClose({code})\n"
+            "    }\n}\n")
 
 
 # What it cannot do ------------------------------------------------------------------------------

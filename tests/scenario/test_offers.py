@@ -15,7 +15,7 @@ CONFIG = "vantoronlineconfig.dll"
 def look_ups(sandbox):
     """The keys and suffixes of the queries so far."""
     return [(entry.text("key"), entry.text("suffix"))
-            for entry in sandbox.journal(CONFIG, "get_string_value") if entry.text("buffer") == "given"]
+            for entry in sandbox.journal(CONFIG, "get_string_value", buffer="given")]
 
 
 def opened(sandbox):

@@ -24,7 +24,8 @@ HOUR = 3600
 
 def languages():
     """All languages as test parameters."""
-    with open(REPOSITORY / "src" / "translations" / "languages.csv", encoding="utf-8", newline="") as file:
+    table = REPOSITORY / "src" / "translations" / "languages.csv"
+    with open(table, encoding="utf-8", newline="") as file:
         names = [row["name"] for row in csv.DictReader(file)]
     assert set(FOR_EVERY_CHANGE) < set(names)
     return [pytest.param(name, marks=() if name in FOR_EVERY_CHANGE else pytest.mark.soak)

@@ -249,7 +249,7 @@ def test_the_title_bar_drags_the_window_also_during_the_run(sandbox, program):
     assert program.running
     hold = uninstall_held(sandbox, window)
     moved = window.geometry
-    # Nor does the disabled one; after the drag by the bar its press has been processed.
+    # Nor does the disabled one: once the title bar has moved the window, its press was processed.
     window.drag(layout.TITLE_CLOSE, 70, 70, follows=False)
     window.drag(layout.TITLE_GRIP, -50, -40)
     assert window.geometry == moved.moved(-50, -40)
