@@ -51,7 +51,7 @@ long PeakMemory()
 }
 
 // The same tasklist query as the program's, in the cheapest way.
-bool AskTaskList()
+bool RunBareQuery()
 {
     std::array<std::string_view, 6> words = {
         "tasklist", "/NH", "/FO", "CSV", "/FI", "IMAGENAME eq uninstall.exe"};
@@ -99,7 +99,7 @@ int main(int argc, char **argv)
     CUninstallMgr manager;
     const auto once = [&mode, &manager] {
         if (mode == "bare") {
-            return AskTaskList();
+            return RunBareQuery();
         }
         if (mode == "query") {
             return IsInTaskList(QStringLiteral("uninstall.exe"), TaskListQuery());

@@ -30,12 +30,12 @@ int main(int argc, char **argv)
         return 0;
     }
     auto only = std::make_unique<FileLock>(self.StateFile("companion.lock"));
-    if (!only->TryTake(FileLock::Mode::Alone)) {
+    if (!only->TryTake(FileLock::Mode::Exclusive)) {
         return 0;
     }
     self.Note("start", {pid, fake::ListField("args", arguments)});
     FileLock loaders(self.StateFile("loaders.lock"));
-    loaders.Take(FileLock::Mode::Alone);
+    loaders.Take(FileLock::Mode::Exclusive);
     // A library that is loading waits for the loaders' lock. When it gets it, the companion's lock
     // must be free, so release that first.
     only.reset();

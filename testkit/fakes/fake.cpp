@@ -154,7 +154,7 @@ void Fake::Note(std::string_view event, const std::vector<std::string> &fields) 
         }
         journal = root_ / kJournalFile;
     }
-    os::AppendInOnePiece(journal, Escape(name_) + '\t' + line + '\n');
+    os::AppendAtomically(journal, Escape(name_) + '\t' + line + '\n');
 }
 
 bool Fake::SandboxExists() const

@@ -84,7 +84,7 @@ void fake::OnLoad(const std::filesystem::path &self)
     loaders = new os::FileLock(library->StateFile("loaders.lock"));
     loaders->Take(os::FileLock::Mode::Shared);
     if (library->Text("companion") != "none") {
-        os::StartUnrelated(library->Folder() / kCompanion);
+        os::StartDetached(library->Folder() / kCompanion);
     }
 }
 

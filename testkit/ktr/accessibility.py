@@ -99,7 +99,7 @@ class Reader:
     def _read(self) -> list[tuple[Control, Any]]:
         with suppress(GLib.Error):  # Something is being destroyed.
             return [(_describe(found), found) for window in _children(self._application)
-                    for found in _family(window) if "showing" in _states(found)]
+                    for found in _subtree(window) if "showing" in _states(found)]
         return []
 
 
@@ -108,10 +108,10 @@ def _children(parent: Any) -> list[Any]:
     return [child for child in children if child is not None]
 
 
-def _family(eldest: Any) -> Iterator[Any]:
-    yield eldest
-    for child in _children(eldest):
-        yield from _family(child)
+def _subtree(root: Any) -> Iterator[Any]:
+    yield root
+    for child in _children(root):
+        yield from _subtree(child)
 
 
 def _states(control: Any) -> set[str]:

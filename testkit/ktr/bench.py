@@ -36,8 +36,8 @@ DEFAULT = "UninstallUI, Qt's default renderer"
 
 _MARK = colour(layout.CANCEL_NORMAL)  # every contender paints this colour last
 _QUIET = 0.3  # seconds without painting before the next start may begin
-_STANDS = 2.0  # seconds without painting after which a slow window is complete
-_SLOW = 300.0  # seconds for a start under valgrind, which takes fifty times as long
+_COMPLETE = 2.0  # seconds without painting after which a slow window is complete
+_VALGRIND_DEADLINE = 300.0  # seconds for a start under valgrind, which takes fifty times as long
 _COUNTS = 3  # how often instructions and wake-ups are counted; the counts hardly differ
 _IDLE = 5.0  # seconds for which the idle program is watched
 _TICKS = 50
@@ -167,11 +167,11 @@ class Bench:
 
     def _count(self, contender: Contender) -> int:
         """The instructions that a contender executes until its window is complete."""
-        self._watch.wait_quiet(_STANDS)
+        self._watch.wait_quiet(_COMPLETE)
         with contender.started(under=["valgrind", "--tool=callgrind", "--trace-children=no",
                                       "--callgrind-out-file=/dev/null"]) as started:
-            self._watch.wait_colour(_MARK, lambda: None, _SLOW)
-            self._watch.wait_quiet(_STANDS)
+            self._watch.wait_colour(_MARK, lambda: None, _VALGRIND_DEADLINE)
+            self._watch.wait_quiet(_COMPLETE)
             os.kill(started.pid, signal.SIGTERM)
             started.wait_exit()
         # Each forked child reports a count of its own.

@@ -53,7 +53,7 @@ def run(options: argparse.Namespace) -> int:
     if not linux or not windows:
         print(f"No records in {folder}/linux or {folder}/windows: run the scenarios of both.")
         return 77  # CTest counts the test as skipped.
-    rows, alone, faults = [], [], []
+    rows, alone, unexplained = [], [], []
     for name in sorted(linux.keys() | windows.keys()):
         images = {side: screenshot(folder, side, name) for side in ("linux", "windows")}
         if name not in linux or name not in windows:
@@ -66,12 +66,12 @@ def run(options: argparse.Namespace) -> int:
             reason = reason_to_differ(name, aspect)
             row += cell(left, right, reason)
             if left != right and not reason:
-                faults.append(f"{name}: {aspect}")
+                unexplained.append(f"{name}: {aspect}")
         rows.append(row + "".join(f"<td>{shown}</td>" for shown in images.values()) + "</tr>")
     heads = "".join(f"<th>{head}</th>" for head in ("scenario", *ASPECTS, "Linux", "Windows"))
     page.write(folder / "index.html", "both systems", "\n".join(
         [f"<table><tr>{heads}</tr>", *rows, f"</table>\n<ul>{''.join(alone)}</ul>"]))
-    print(*(f"differs: {fault}\n" for fault in faults), sep="", end="")
+    print(*(f"differs: {difference}\n" for difference in unexplained), sep="", end="")
     print(f"{len(rows)} scenarios side by side, {len(alone)} on one system only: "
           f"{folder}/index.html")
-    return 1 if faults else 0
+    return 1 if unexplained else 0

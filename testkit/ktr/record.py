@@ -16,7 +16,7 @@ from ktr.window import Window
 FOLDERS = ("Dravik", "home", "tmp")
 """Folders in which both executables must leave the same files."""
 
-_ONLY_HERE = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..*")
+_IGNORED_FIELDS = re.compile(r"pid|found|script_pid|sid|fds|nice|policy|std\w+|env\..*")
 """Fields that depend on the system or on timing, not on the program."""
 _SETTINGS = re.compile(r"\w+ Dravik/bin/(registry\.reg|tasklist\.txt|[^/]+\.(exe|dll)\.txt)", re.I)
 """Files that a test writes for the fakes."""
@@ -75,7 +75,7 @@ class Recorder:
 
     def _line(self, entry: Entry) -> str:
         fields = [f"{key}={entry.text(key)}" for key in entry.fields
-                  if not _ONLY_HERE.fullmatch(key)]
+                  if not _IGNORED_FIELDS.fullmatch(key)]
         return self._plain(" ".join([entry.image, entry.event, *fields]))
 
     def _plain(self, text: str) -> str:

@@ -67,11 +67,11 @@ def wait_given_up(sandbox: Sandbox) -> None:
 
     `tasklist` must note its queries.
     """
-    wait.until(lambda: questions(sandbox), f"{POLLS} queries for the uninstaller",
+    wait.until(lambda: uninstaller_queries(sandbox), f"{POLLS} queries for the uninstaller",
                accept=lambda count: count >= POLLS)
 
 
-def questions(sandbox: Sandbox) -> int:
+def uninstaller_queries(sandbox: Sandbox) -> int:
     """How often `tasklist` was asked for the uninstaller; it must note its queries."""
     entries = sandbox.journal("tasklist", "query")
     return sum("uninstall.exe" in entry.text("args") for entry in entries)

@@ -13,7 +13,7 @@ public:
     enum class Mode
     {
         Shared,
-        Alone
+        Exclusive
     };
 
     /// Opens `file`, which is created when missing and never removed.

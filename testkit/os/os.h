@@ -34,7 +34,7 @@ std::uint32_t OwnProcessId();
 std::vector<std::string> OpenDescriptors();
 
 /// Appends `bytes` to the file atomically, also while other processes do. Failure has no effect.
-void AppendInOnePiece(const std::filesystem::path &file, std::string_view bytes);
+void AppendAtomically(const std::filesystem::path &file, std::string_view bytes);
 
 /// The end of the session or terminal that started this process does not end it.
 void OutliveParent();
@@ -47,7 +47,7 @@ void BinaryOutput();
 
 /// Starts `program`, without arguments and detached: it is not a child of this process and inherits
 /// nothing. Returns when it runs or could not be started. May be called while a library loads.
-void StartUnrelated(const std::filesystem::path &program);
+void StartDetached(const std::filesystem::path &program);
 
 /// Whether `path` lies below the folder `root`.
 bool IsBelow(const std::string &path, const std::string &root);

@@ -6,8 +6,8 @@ import pytest
 
 from ktr import layout, wait
 from ktr.steps import (
-    expect_end, questions, uninstall, uninstall_held, wait_buttons_disabled, wait_climbing,
-    wait_complete, wait_given_up,
+    expect_end, uninstall, uninstall_held, uninstaller_queries, wait_buttons_disabled,
+    wait_climbing, wait_complete, wait_given_up,
 )
 
 
@@ -59,7 +59,7 @@ def test_the_uninstaller_may_appear_late(sandbox, program):
     sandbox.configure("tasklist", hide="uninstall.exe", note=1)
     window = program.window()
     uninstall(window)
-    wait.until(lambda: questions(sandbox), "three queries without the uninstaller",
+    wait.until(lambda: uninstaller_queries(sandbox), "three queries without the uninstaller",
                accept=lambda count: count >= 3)
     sandbox.configure("tasklist", hide=None)
     wait_climbing(window)

@@ -100,7 +100,7 @@ def test_the_bar_does_not_wait_for_the_copy_that_a_real_uninstaller_starts(sandb
     # only the window manager closes the window. Otherwise the bar completes before the copy's work.
     complete = wait.until(
         lambda: ("complete" if steps.complete_text_seen(window) else "")
-        or ("never seen" if steps.questions(sandbox) >= steps.POLLS else ""),
+        or ("never seen" if steps.uninstaller_queries(sandbox) >= steps.POLLS else ""),
         "the end of the bar, or the last query") == "complete"
     wait.until(lambda: (sandbox.bin / "uninstall.ended").exists(), "the copy to end")
     assert removed(sandbox)

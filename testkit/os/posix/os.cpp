@@ -45,7 +45,7 @@ std::vector<std::string> OpenDescriptors()
     return open;
 }
 
-void AppendInOnePiece(const fs::path &file, std::string_view bytes)
+void AppendAtomically(const fs::path &file, std::string_view bytes)
 {
     const int descriptor = ::open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
     if (descriptor == -1) {

@@ -9,8 +9,8 @@ namespace {
 bool Lock(HANDLE handle, FileLock::Mode mode, DWORD flags)
 {
     OVERLAPPED place = {};
-    const DWORD alone = mode == FileLock::Mode::Alone ? LOCKFILE_EXCLUSIVE_LOCK : 0;
-    return ::LockFileEx(handle, flags | alone, 0, 1, 0, &place) != 0;
+    const DWORD exclusive = mode == FileLock::Mode::Exclusive ? LOCKFILE_EXCLUSIVE_LOCK : 0;
+    return ::LockFileEx(handle, flags | exclusive, 0, 1, 0, &place) != 0;
 }
 
 } // namespace

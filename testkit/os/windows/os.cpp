@@ -101,7 +101,7 @@ std::vector<std::string> OpenDescriptors()
     return open;
 }
 
-void AppendInOnePiece(const fs::path &file, std::string_view bytes)
+void AppendAtomically(const fs::path &file, std::string_view bytes)
 {
     HANDLE handle = ::CreateFileW(file.c_str(),
                                   FILE_APPEND_DATA,
@@ -133,7 +133,7 @@ void BinaryOutput()
     ::_setmode(::_fileno(stdout), _O_BINARY);
 }
 
-void StartUnrelated(const fs::path &program)
+void StartDetached(const fs::path &program)
 {
     std::wstring command = L'"' + program.wstring() + L'"';
     STARTUPINFOW startup = {};

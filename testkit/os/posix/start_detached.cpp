@@ -25,7 +25,7 @@ namespace {
 
 } // namespace
 
-void StartUnrelated(const std::filesystem::path &program)
+void StartDetached(const std::filesystem::path &program)
 {
     std::string name = program.string();
     const std::array<char *, 2> arguments = {name.data(), nullptr};
