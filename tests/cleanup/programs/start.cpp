@@ -17,7 +17,7 @@
 
 namespace {
 
-const int cannotStart = 99;
+const int kFailed = 99;
 
 std::wstring Wide(const std::string &text)
 {
@@ -53,7 +53,7 @@ int WaitForExitCode(const PROCESS_INFORMATION &process)
 {
     ::SetPriorityClass(process.hProcess, IDLE_PRIORITY_CLASS);
     ::WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD status = cannotStart;
+    DWORD status = kFailed;
     ::GetExitCodeProcess(process.hProcess, &status);
     return static_cast<int>(status);
 }
@@ -85,7 +85,7 @@ BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_I
 int Detached(const std::wstring &line, const std::wstring &folder)
 {
     PROCESS_INFORMATION process = {};
-    return Start(line, folder, nullptr, &process) != FALSE ? WaitForExitCode(process) : cannotStart;
+    return Start(line, folder, nullptr, &process) != FALSE ? WaitForExitCode(process) : kFailed;
 }
 
 // Copies a pipe to standard output, up to its end.
@@ -105,14 +105,14 @@ int WithOutput(const std::wstring &line, const std::wstring &folder)
     HANDLE reading = nullptr;
     HANDLE writing = nullptr;
     if (::CreatePipe(&reading, &writing, &inherited, 0) == FALSE) {
-        return cannotStart;
+        return kFailed;
     }
     ::SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
     PROCESS_INFORMATION process = {};
     const BOOL started = Start(line, folder, writing, &process);
     ::CloseHandle(writing);
     if (started == FALSE) {
-        return cannotStart;
+        return kFailed;
     }
     CopyToOutput(reading);
     return WaitForExitCode(process);
@@ -159,7 +159,7 @@ int wmain()
         }
         if (!done) {
             std::cerr << "failed: " << line << std::endl;
-            return cannotStart;
+            return kFailed;
         }
     }
     return 0;
