@@ -29,8 +29,7 @@ QString Tomorrow(const QDate &today)
 
 void CheckTag(const QString &versionNo)
 {
-    QString digits = versionNo;
-    const QString kept = digits.split(QLatin1Char('.')).join(QString());
+    const QString kept = versionNo.split(QLatin1Char('.')).join(QString());
     const QString tag =
         kept.isEmpty() ? QStringLiteral("uninstall") : QStringLiteral("uninstall__") + kept;
     Check(ConfigVersionTag(versionNo) == tag.toStdString(), "the tag is the version without dots");

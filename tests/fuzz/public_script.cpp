@@ -101,16 +101,16 @@ void CheckRichText(Script &script, unsigned omitted, const QStringList &texts)
                : form == 2 ? QJSValue(QJSValue::NullValue)
                            : QJSValue(texts[index]);
     };
-    const QJSValue url = argument(1);
-    const QJSValue colour = argument(2);
+    const QJSValue second = argument(1);
+    const QJSValue third = argument(2);
     const QString shown = texts[0];
-    const QString target = !url.isString()            ? QStringLiteral("https://www.torvan.example")
-                           : url.toString().isEmpty() ? shown
-                                                      : url.toString();
-    const bool hasColour = colour.isString() && !colour.toString().isEmpty();
-    Check(script.Call("makeLink", {shown, url, colour}).toString() ==
+    const QString target = !second.isString() ? QStringLiteral("https://www.torvan.example")
+                           : second.toString().isEmpty() ? shown
+                                                         : second.toString();
+    const bool hasColour = third.isString() && !third.toString().isEmpty();
+    Check(script.Call("makeLink", {shown, second, third}).toString() ==
               QStringLiteral("<style>{text-decoration: underline;color:") +
-                  (hasColour ? colour.toString() : QStringLiteral("#037dff")) +
+                  (hasColour ? third.toString() : QStringLiteral("#037dff")) +
                   QStringLiteral("} </style><a href=") + target + QLatin1Char('>') + shown +
                   QStringLiteral("</a>"),
           "makeLink gives a link");
@@ -118,9 +118,9 @@ void CheckRichText(Script &script, unsigned omitted, const QStringList &texts)
         const bool given = value.isString() && !value.toString().isEmpty();
         return given ? QString::fromLatin1(name) + value.toString() : QString();
     };
-    Check(script.Call("makeColorFont", {shown, texts[1], url, colour}).toString() ==
-              QStringLiteral("<span style=\"color:") + texts[1] + style(";font-weight:", url) +
-                  style(";font-size:", colour) + QStringLiteral("\">") + shown +
+    Check(script.Call("makeColorFont", {shown, texts[1], second, third}).toString() ==
+              QStringLiteral("<span style=\"color:") + texts[1] + style(";font-weight:", second) +
+                  style(";font-size:", third) + QStringLiteral("\">") + shown +
                   QStringLiteral("</span>"),
           "makeColorFont gives a coloured text");
 }
