@@ -1,7 +1,7 @@
 """The check of a folder before it ships, on one that was deployed with our own Qt kit.
 
 That folder contains our replacements for two QML modules, so the check never passes here: the tests
-look at which faults it finds.
+look at which problems it finds.
 """
 
 from __future__ import annotations
@@ -31,7 +31,7 @@ def folder(tmp_path: Path) -> Path:
     return deployed
 
 
-def faults(folder: Path) -> set[str]:
+def problems(folder: Path) -> set[str]:
     """The lines that the check prints; its exit code must agree with them."""
     done = subprocess.run([REPOSITORY / "packaging" / "check-deployed", folder],
                           capture_output=True, text=True, check=False)
@@ -42,31 +42,31 @@ def faults(folder: Path) -> set[str]:
 
 
 def test_only_the_test_modules_of_our_own_kit_are_found(folder):
-    assert faults(folder) == TEST_MODULES
+    assert problems(folder) == TEST_MODULES
 
 
 def test_a_missing_library_is_found_with_the_library_that_imports_it(folder):
     (folder / "Qt5QmlModels.dll").unlink()
-    found = faults(folder) - TEST_MODULES
+    found = problems(folder) - TEST_MODULES
     assert "missing: qt5qmlmodels.dll, which Qt5Quick.dll imports" in found
     assert all(line.startswith("missing: qt5qmlmodels.dll, ") for line in found)
 
 
 def test_a_missing_plug_in_is_found(folder):
     (folder / "platforms" / "qwindows.dll").unlink()
-    assert "missing: platforms/qwindows.dll" in faults(folder)
+    assert "missing: platforms/qwindows.dll" in problems(folder)
 
 
 def test_a_missing_qml_module_is_found(folder):
     shutil.rmtree(folder / "QtQuick" / "Shapes")
-    assert "missing: the QML module QtQuick.Shapes" in faults(folder)
+    assert "missing: the QML module QtQuick.Shapes" in problems(folder)
 
 
 def test_superfluous_libraries_and_modules_are_found(folder):
     shutil.copy2(KIT / "bin" / "Qt5Test.dll", folder)
     shutil.copy2(KIT / "plugins" / "platforms" / "qoffscreen.dll", folder / "platforms")
     shutil.copytree(KIT / "qml" / "QtTest", folder / "QtTest")
-    assert faults(folder) - TEST_MODULES == {
+    assert problems(folder) - TEST_MODULES == {
         "superfluous: Qt5Test.dll, which nothing needs",
         "superfluous: platforms/qoffscreen.dll, which nothing needs",
         "superfluous: the QML module QtTest, which nothing imports",
@@ -77,9 +77,9 @@ def test_superfluous_libraries_and_modules_are_found(folder):
                                   "uninstall.exe", "KTRUI.exe", "SkyrelWrapExe.exe"])
 def test_a_fake_is_found(folder, name):
     shutil.copy2(BUILD / "testkit" / "fakes" / name, folder)
-    assert f"a test module: {name}" in faults(folder)
+    assert f"a test module: {name}" in problems(folder)
 
 
 def test_a_missing_program_is_found(folder):
     (folder / "UninstallUI.exe").unlink()
-    assert faults(folder) == {f"there is no UninstallUI.exe in {folder}"}
+    assert problems(folder) == {f"there is no UninstallUI.exe in {folder}"}

@@ -94,7 +94,7 @@ def times(content: bytes) -> set[int]:
     return {image.FILE_HEADER.TimeDateStamp, *(entry.struct.TimeDateStamp for entry in entries)}
 
 
-def test_the_setup_finds_what_it_takes(release):
+def test_the_release_archive_has_exactly_the_files_for_the_setup(release):
     packed = archive(release, "win64")
     languages = [source.stem for source in REPOSITORY.glob("src/translations/ktr_*.ts")]
     assert len(languages) == 28
@@ -134,7 +134,7 @@ def relations(bill: dict[str, Any]) -> set[tuple[str, str, str]]:
             for relation in bill["relationships"]}
 
 
-def test_the_bill_of_materials(release):
+def test_the_bill_of_materials_lists_each_part_and_the_executable_s_checksum(release):
     bill = bill_of_materials(release)
     assert bill["spdxVersion"] == "SPDX-2.3"
     assert bill["creationInfo"]["created"] == "2023-11-14T22:13:20Z"
