@@ -45,7 +45,7 @@ def links(document):
     return [link or image for link, image in LINK.findall(text)]
 
 
-def fault(document, link):
+def problem(document, link):
     """What is wrong with a link of a document; an empty text if it works."""
     if ELSEWHERE.match(link):
         return ""
@@ -67,7 +67,7 @@ def test_there_are_documents():
 
 @every_document
 def test_every_link_works(document):
-    assert not [wrong for link in links(document) if (wrong := fault(document, link))]
+    assert not [wrong for link in links(document) if (wrong := problem(document, link))]
 
 
 @every_document
@@ -119,7 +119,7 @@ def test_a_broken_link_is_found(tmp_path, monkeypatch, text, expected):
     (tmp_path / "README.md").write_text("# UninstallUI\n")
     document = tmp_path / "document.md"
     document.write_text(text)
-    found = [wrong for link in links(document) if (wrong := fault(document, link))]
+    found = [wrong for link in links(document) if (wrong := problem(document, link))]
     assert found == expected
 
 
