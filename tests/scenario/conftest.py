@@ -84,13 +84,13 @@ def sandbox(
         if request.node.stash.get(_FAILED, False):
             return
         installation.end_started()
-        faults = [f"still running: {left}" for left in installation.leftovers()]
+        problems = [f"still running: {left}" for left in installation.leftovers()]
         if recorder:
             recorder.save(records, _file_name(request.node))
-        faults += _unexpected_output(request.node, installation)
-        if faults:
+        problems += _unexpected_output(request.node, installation)
+        if problems:
             kept = _keep(request.node)
-            pytest.fail("\n".join([*faults, f"kept in {kept}"]), pytrace=False)
+            pytest.fail("\n".join([*problems, f"kept in {kept}"]), pytrace=False)
     finally:
         display.reset()
         installation.cleanup()

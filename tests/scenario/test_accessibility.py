@@ -93,7 +93,7 @@ def expect(reader, wanted):
 
 
 @pytest.mark.parametrize("reason", REASONS)
-def test_each_page_is_heard_as_it_is_seen_and_can_be_closed(sandbox, program, reason):
+def test_a_screen_reader_reads_each_page_and_can_close_the_window(sandbox, program, reason):
     reader = Reader(program)
     expect(reader, PAGES[0])
     reader.act("radio button", REASONS[reason])
@@ -102,7 +102,7 @@ def test_each_page_is_heard_as_it_is_seen_and_can_be_closed(sandbox, program, re
     expect_end(sandbox, program, cleanup=False)
 
 
-def test_the_whole_job_takes_nothing_but_accessible_actions(sandbox, program):
+def test_the_whole_job_can_be_done_with_accessible_actions_only(sandbox, program):
     reader = Reader(program)
     product = sandbox.spawn("KTRUI.exe")
     sandbox.wait_noted("KTRUI.exe", "start")

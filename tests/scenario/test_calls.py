@@ -198,17 +198,17 @@ def console_shown(sandbox, program):
 
 def test_an_uninstallation_makes_these_calls(sandbox):
     sandbox.set_registry("German", oem="a channel", xurl_id="a link")
-    working = sandbox.hold("uninstall.exe")
+    hold = sandbox.hold("uninstall.exe")
     (sandbox.temp / "clearKTR.bat").write_text("an older one", encoding="utf-8")
-    elsewhere = sandbox.root / "hold" / "stranger"
-    elsewhere.touch()
-    sandbox.spawn("SkyrelWrapExe.exe", inside=False, hold_file=elsewhere)
+    stranger_hold = sandbox.root / "hold" / "stranger"
+    stranger_hold.touch()
+    sandbox.spawn("SkyrelWrapExe.exe", inside=False, hold_file=stranger_hold)
     stranger = sandbox.wait_noted("SkyrelWrapExe.exe", "start").number("pid")
     program = relay.start(sandbox)
     window = program.ready()
     uninstall(window)
     wait_climbing(window)
-    working.unlink()
+    hold.unlink()
     wait_complete(window)
     window.click(layout.CANCEL)
     assert program.wait_exit() == 0
@@ -225,7 +225,7 @@ def test_an_uninstallation_makes_these_calls(sandbox):
     # The trace has only the address of STARTUPINFO; this is its effect.
     shown = wait.until(lambda: console_shown(sandbox, program), "the script's console")
     assert shown == ["ShowWindow(unknown window, 0)"], "hidden"
-    elsewhere.unlink()
+    stranger_hold.unlink()
     sandbox.wait_noted("SkyrelWrapExe.exe", "end", pid=stranger)
 
 

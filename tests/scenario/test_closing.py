@@ -80,7 +80,7 @@ def complete(sandbox, program):
     return lambda: None, True
 
 
-def wait_seen(program, state, window):
+def wait_input_processed(program, state, window):
     """Waits until the program has processed all input so far."""
     if state is running:
         # The program processes all events between two steps of the bar.
@@ -140,7 +140,7 @@ def test_the_window_closes_as_the_table_says(sandbox, program, state, path):
     window = program.window()
     PATHS[path](window)
     if expected == STAYS:
-        wait_seen(program, state, window)
+        wait_input_processed(program, state, window)
         assert window in program.windows() and program.running
         go_on()
         expect_end(sandbox, program, cleanup=reaches_the_end)

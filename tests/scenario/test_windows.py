@@ -157,7 +157,7 @@ def run_through(sandbox, **variables):
     return program, difference.added
 
 
-def elsewhere(sandbox, folder):
+def temp_in(sandbox, folder):
     """The variables that set the temp directory."""
     return dict.fromkeys(("TEMP", "TMP"), sandbox.shown(folder))
 
@@ -173,14 +173,14 @@ def test_a_folder_name_within_the_code_page_works(sandbox_in, name):
 
 def test_a_product_folder_may_have_special_characters_of_cmd(sandbox_in, tmp_path):
     sandbox = sandbox_in("a & b (c) ^d!")
-    program, _ = run_through(sandbox, **elsewhere(sandbox, tmp_path))
+    program, _ = run_through(sandbox, **temp_in(sandbox, tmp_path))
     expect_end(sandbox, program, cleanup=True)
 
 
 def test_a_temp_folder_beyond_the_code_page_prevents_the_clean_up(sandbox):
     folder = sandbox.temp / BEYOND_THE_CODE_PAGE
     folder.mkdir()
-    _, added = run_through(sandbox, **elsewhere(sandbox, folder))
+    _, added = run_through(sandbox, **temp_in(sandbox, folder))
     assert added == [f"tmp/{BEYOND_THE_CODE_PAGE}/clearKTR.bat"]
     assert [event[1] for event in steps.events(sandbox)] == ["Click_Uninstall"]
     sandbox.wait_processes("SkyrelWrapExe.exe", 0)
@@ -197,7 +197,7 @@ def test_a_product_folder_beyond_the_code_page_prevents_events_and_clean_up(
         shutil.copytree(sandbox.root / "Dravik", decoy / "Dravik")
         (decoy / "Dravik" / "bin" / "hwndFile.ini").write_bytes(bytes(8))
         before = snapshot(decoy, ("Dravik",))
-    run_through(sandbox, **elsewhere(sandbox, tmp_path))
+    run_through(sandbox, **temp_in(sandbox, tmp_path))
     assert (tmp_path / "clearKTR.bat").exists()
     for image in ("SkyrelWrap.DLL", "SkyrelWrapExe.exe", "clearKTR.bat"):
         assert not sandbox.journal(image)

@@ -5,7 +5,7 @@ from __future__ import annotations
 from ktr.sandbox import Sandbox
 from faults.fault import Fault
 from faults.files import ROOT_READS_ALL, occupy
-from faults.outcomes import NO_CLEAN_UP, NO_HANDLE, UNCHANGED, Whole
+from faults.outcomes import NO_CLEAN_UP, NO_HANDLE, UNCHANGED, CompleteRun
 
 _MOUNT = ("/usr/bin/unshare", "--mount", "/bin/sh", "-c",
           'mount -t tmpfs -o size=4k,nr_inodes=1 full "$TMPDIR" && exec "$0" "$@"')
@@ -50,7 +50,7 @@ def _copy_is_a_dangling_link(sandbox: Sandbox) -> None:
     (sandbox.temp / "clearKTR.bat").symlink_to(sandbox.root / VICTIM)
 
 
-def _nothing_at_its_end(sandbox: Sandbox) -> None:
+def _link_target_is_not_created(sandbox: Sandbox) -> None:
     assert not (sandbox.root / VICTIM).exists()
     assert not (sandbox.temp / "clearKTR.bat").is_symlink()
 
@@ -71,9 +71,10 @@ FAULTS = [
     Fault("the script's copy: an older file", UNCHANGED,
           lambda sandbox: (sandbox.temp / "clearKTR.bat").write_text("something older")),
     Fault("the script's copy: a folder",
-          Whole(NO_CLEAN_UP.description + " The folder stays.", clean_up=False), _copy_is_a_folder),
+          CompleteRun(NO_CLEAN_UP.description + " The folder stays.", clean_up=False),
+          _copy_is_a_folder),
     Fault("the script's copy: a link to a file", UNCHANGED, _copy_is_a_link, also=_victim_is_safe,
           linux_only="Wine shows a link as its target"),
     Fault("the script's copy: a link to nothing", UNCHANGED, _copy_is_a_dangling_link,
-          also=_nothing_at_its_end, linux_only="Wine shows a link as its target"),
+          also=_link_target_is_not_created, linux_only="Wine shows a link as its target"),
 ]

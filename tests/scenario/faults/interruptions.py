@@ -11,7 +11,7 @@ from ktr.display import Display
 from ktr.sandbox import Sandbox
 from ktr.window import Window
 from faults.fault import Fault
-from faults.outcomes import COMPANION, UNCHANGED, Run, Whole
+from faults.outcomes import COMPANION, UNCHANGED, CompleteRun, Run
 
 RESTARTS = "Nothing blocks the next start, which works unchanged."
 FAKETIME = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1"
@@ -25,7 +25,7 @@ def _start_again(sandbox: Sandbox, fault: Fault) -> None:
     sandbox.wait_processes(COMPANION, 0)
     sandbox.forget_journal()
     sandbox.configure("uninstall.exe", hold_file=None)
-    Whole(UNCHANGED.description).run(sandbox, Fault(fault.what, UNCHANGED))
+    CompleteRun(UNCHANGED.description).run(sandbox, Fault(fault.what, UNCHANGED))
 
 
 def _killed_at(stage: Callable[[Sandbox, Window], object]) -> Run:
@@ -67,7 +67,7 @@ def _complete(sandbox: Sandbox, window: Window) -> None:
     steps.wait_complete(window)
 
 
-def _display_goes(sandbox: Sandbox, fault: Fault) -> None:
+def _display_ends(sandbox: Sandbox, fault: Fault) -> None:
     shared = sandbox.display
     with Display() as own:
         sandbox.display = own
@@ -119,7 +119,7 @@ FAULTS = [
     Fault("killed during the run", _killed_at(steps.uninstall_held)),
     Fault("killed after the run", _killed_at(_complete)),
     Fault("the display ends during the run",
-          Run("Qt ends the program. " + RESTARTS, _display_goes),
+          Run("Qt ends the program. " + RESTARTS, _display_ends),
           linux_only=ONE_DISPLAY, stderr=(r"The X11 connection broke.*", r"XIO: .*", r"\s.*")),
     Fault("there is no display",
           Run("Qt ends the program. " + RESTARTS, _no_display),

@@ -18,7 +18,7 @@ HANDLE, STAGED = "Dravik/bin/hwndFile.ini", "tmp/clearKTR.bat"
 
 
 @dataclass(frozen=True)
-class Whole:
+class CompleteRun:
     """A complete run: a reason, its coupon, the uninstallation to its end, "OK"."""
 
     description: str
@@ -27,8 +27,6 @@ class Whole:
     clean_up: bool = True
     handle: bool = True
     translated: bool = True
-    stays: tuple[str, ...] = ()
-    """Further files that may be added or changed."""
 
     def run(self, sandbox: Sandbox, fault: Fault) -> None:
         """See `description`."""
@@ -82,7 +80,7 @@ class Whole:
         difference = tree.compare(before, sandbox.snapshot())
         lock = f"run/{MUTEX}.lock"
         seen = {*difference.added, *difference.removed, *difference.changed}
-        assert seen <= {lock, STAGED, HANDLE, *self.stays}, difference
+        assert seen <= {lock, STAGED, HANDLE}, difference
 
 
 @dataclass(frozen=True)
@@ -141,13 +139,13 @@ def _empty_bar(sandbox: Sandbox, fault: Fault) -> None:
     steps.expect_end(sandbox, program, cleanup=False)
 
 
-UNCHANGED = Whole("Everything works unchanged.")
-SILENT = Whole("Everything works, without usage events.", events=False)
-NO_OFFERS = Whole("Everything works, with empty offers.", offers=False)
-NO_CLEAN_UP = Whole("Everything works; the clean-up script does not run, without a message.",
-                    clean_up=False)
-NO_HANDLE = Whole("Everything works; a second start ends without bringing the window to the front.",
-                  handle=False)
-UNTRANSLATED = Whole("Everything works, with the source texts.", translated=False)
+UNCHANGED = CompleteRun("Everything works unchanged.")
+SILENT = CompleteRun("Everything works, without usage events.", events=False)
+NO_OFFERS = CompleteRun("Everything works, with empty offers.", offers=False)
+NO_CLEAN_UP = CompleteRun("Everything works; the clean-up script does not run, without a message.",
+                          clean_up=False)
+NO_HANDLE = CompleteRun("Everything works; a second start ends without bringing the window to the "
+                        "front.", handle=False)
+UNTRANSLATED = CompleteRun("Everything works, with the source texts.", translated=False)
 EMPTY_BAR = Run("After 25 queries the bar stays empty. The system can close the window, and the "
                 "clean-up does not run.", _empty_bar)

@@ -11,7 +11,7 @@ from faults.fault import Fault
 from faults.files import GARBAGE
 from faults.outcomes import EMPTY_BAR, UNCHANGED, Run
 
-PATIENCE = 30.0
+QUERY_TIMEOUT = 30.0
 """Seconds that a query of the task list may take."""
 _WINE_SAYS = (r"wine: failed to open .*", r".*is not a valid Win32 application.*")
 
@@ -56,8 +56,8 @@ def _hang_in_the_product_check(sandbox: Sandbox, fault: Fault) -> None:
     sandbox.wait_noted("tasklist", "query")
     sandbox.configure("tasklist", hang=None, show=None)
     # Its output before the timeout counts: the warning appears.
-    box = program.box(wait.DEADLINE + PATIENCE)
-    assert time.monotonic() - began > PATIENCE - 1
+    box = program.box(wait.DEADLINE + QUERY_TIMEOUT)
+    assert time.monotonic() - began > QUERY_TIMEOUT - 1
     box.click(layout.BOX_OK)
     box.wait_gone()
     steps.uninstall(window)
@@ -75,8 +75,8 @@ def _hang_in_the_wait(sandbox: Sandbox, fault: Fault) -> None:
     sandbox.wait_noted("tasklist", "query")
     began = time.monotonic()
     sandbox.configure("tasklist", hang=None, silent=None, hide=None)
-    steps.wait_climbing(window, patience=PATIENCE)
-    assert time.monotonic() - began > PATIENCE - 10
+    steps.wait_climbing(window, patience=QUERY_TIMEOUT)
+    assert time.monotonic() - began > QUERY_TIMEOUT - 10
     hold.unlink()
     _finish(sandbox, program, window)
 
@@ -89,8 +89,8 @@ def _hang_in_a_tick(sandbox: Sandbox, fault: Fault) -> None:
     sandbox.wait_noted("tasklist", "query")
     began = time.monotonic()
     wait.until(lambda: steps.complete_text_seen(window), "the green text",
-               wait.DEADLINE + PATIENCE)
-    assert time.monotonic() - began > PATIENCE - 10
+               wait.DEADLINE + QUERY_TIMEOUT)
+    assert time.monotonic() - began > QUERY_TIMEOUT - 10
     _finish(sandbox, program, window)
     hold.unlink()
 
