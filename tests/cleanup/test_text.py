@@ -156,7 +156,7 @@ def test_all_labels_exist_and_are_used() -> None:
     labels = [line[1:] for line in LINES if line.startswith(":")]
     used = re.findall(r"\b(?:goto|call :)\s?(\w+)", "\n".join(COMMANDS))
     assert len(set(labels)) == len(labels)
-    assert set(used) | {"up"} == set(labels)
+    assert set(used) == set(labels)
 
 
 def test_waits_for_two_minutes_at_most() -> None:
