@@ -12,7 +12,7 @@ namespace {
 
 void Say(const char *what, const QString &value)
 {
-    std::printf("%s=%s\n", what, qPrintable(value));
+    std::printf("%s=%s\n", what, qUtf8Printable(value)); // the code page may lack its letters
 }
 
 } // namespace
@@ -24,7 +24,7 @@ int main()
     Say("library paths", ';' + QCoreApplication::libraryPaths().join(';') + ';');
     const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const QString &name : environment.keys()) {
-        Say(qPrintable(name), '[' + environment.value(name) + ']');
+        Say(qUtf8Printable(name), '[' + environment.value(name) + ']');
     }
     Say("scaling", QString::number(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling)));
     Say("high-density pixmaps",

@@ -32,7 +32,7 @@ Variables Probe(const Variables &given, const QString &program = ENVIRONMENT_PRO
     EXPECT_EQ(probe.readAllStandardError(), QByteArray());
     Variables report;
     for (const QString &line :
-         QString::fromLocal8Bit(probe.readAllStandardOutput()).remove('\r').split('\n')) {
+         QString::fromUtf8(probe.readAllStandardOutput()).remove('\r').split('\n')) {
         report.insert(line.section('=', 0, 0), line.section('=', 1));
     }
     return report;
@@ -57,8 +57,8 @@ TEST(Environment, ProgramDirectoryIsTheWorkingDirectoryAndALibraryPath)
 TEST(Environment, WorksInADirectoryWithSpacesAndNonAsciiLetters)
 {
     const QTemporaryDir folder;
-    const QString dir =
-        QFileInfo(folder.path()).canonicalFilePath() + QString("/my pr\303\266duct %1");
+    const QString dir = QFileInfo(folder.path()).canonicalFilePath() +
+                        QString("/my pr\303\266duct \346\227\245 %1");
     ASSERT_TRUE(QDir().mkpath(dir));
     // On Linux a backslash is an ordinary character of a file name.
     const bool windows = QDir::separator() == '\\';

@@ -165,8 +165,9 @@ TEST(OfferSources, TodayIsTheUsersDay)
 TEST(OfferSources, FactsAreInTheSystemsEncoding)
 {
     contract::RegistryValues values;
-    values.Set("Software\\TORVAN\\KTR\\Version", "OEM", std::string("\xA4") + '\0');
-    values.Set("Software\\TORVAN\\KTR_dd", "xurlID", std::string("\xE9") + '\0');
+    // Binary: Windows would convert text to UTF-16 and back.
+    values.Set("Software\\TORVAN\\KTR\\Version", "OEM", "\xA4", 3);
+    values.Set("Software\\TORVAN\\KTR_dd", "xurlID", "\xE9", 3);
     QTextCodec *const before = QTextCodec::codecForLocale();
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
     const OfferSources system = OfferSources::System();
