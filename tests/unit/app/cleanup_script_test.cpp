@@ -56,9 +56,11 @@ TEST_F(StagedScript, IsCopiedWithItsPermissionsAndReplacesALongerCopy)
 TEST_F(StagedScript, ReplacesALinkThatLeadsNowhere)
 {
     contract::WriteFile(source_, "new");
-    std::filesystem::create_symlink("missing/file", staged_);
+    if (!contract::CreateLink(staged_, "missing/file")) {
+        GTEST_SKIP() << "No link: Wine creates none, and Windows only for users with that right.";
+    }
     EXPECT_EQ(Stage(), "new");
-    EXPECT_FALSE(std::filesystem::is_symlink(staged_));
+    EXPECT_FALSE(QFileInfo(QString::fromStdString(staged_.string())).isSymLink());
 }
 
 TEST_F(StagedScript, AMissingScriptLeavesNoCopy)

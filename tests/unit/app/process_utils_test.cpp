@@ -100,14 +100,6 @@ TEST_F(ProcessUtils, NameAndDirectoryAreComparedAsPlainTextWithoutCase)
     EXPECT_TRUE(Terminated(target));
 }
 
-TEST_F(ProcessUtils, APathBeyondTheLimitIsPassedOver)
-{
-    const auto inside = folder_ / std::string(100, 'a') / std::string(200, 'b');
-    StartedChild target = Run(inside / "helper.exe");
-    EXPECT_FALSE(KillProcessInDir(L"helper.exe", inside.wstring()));
-    EXPECT_TRUE(Runs(target));
-}
-
 TEST_F(ProcessUtils, TelemetryHelpersOfTheProgramDirectoryAreEndedAndOthersAreNot)
 {
     const auto program = contract::ExecutablePath().parent_path() / "SKYRELwrapexe.exe";

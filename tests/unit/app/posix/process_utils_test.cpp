@@ -7,6 +7,18 @@
 
 namespace {
 
+// Windows starts no program by such a path.
+TEST(ProcessesOfTheSystem, APathBeyondTheLimitIsPassedOver)
+{
+    const contract::ScratchFolder folder;
+    const auto inside = folder / std::string(100, 'a') / std::string(200, 'b');
+    std::filesystem::create_directories(inside);
+    std::filesystem::copy_file(CONTRACT_CHILD, inside / "helper.exe");
+    contract::StartedChild helper(inside / "helper.exe");
+    EXPECT_FALSE(KillProcessInDir(L"helper.exe", inside.wstring()));
+    EXPECT_TRUE(contract::IsRunning(helper.Process().Id()));
+}
+
 TEST(ProcessesOfTheSystem, WithoutTheirListNothingIsEnded)
 {
     const contract::ScratchFolder folder;

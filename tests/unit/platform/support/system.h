@@ -46,6 +46,9 @@ void WriteFile(const std::filesystem::path &path, const std::string &content);
 /// Content of the file; empty when there is none.
 std::string ReadFile(const std::filesystem::path &path);
 
+/// Creates a symbolic link to a file that need not exist; false if the system refuses.
+bool CreateLink(const std::filesystem::path &link, const std::filesystem::path &target);
+
 /// Makes `name` a mutex that exists but that a process without privileges may not open.
 /// `lockFolder` is where lock files lie, on systems that have them.
 Held ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder);

@@ -9,6 +9,12 @@
 
 namespace contract {
 
+bool CreateLink(const std::filesystem::path &link, const std::filesystem::path &target)
+{
+    std::filesystem::create_symlink(target, link);
+    return true;
+}
+
 Held ForbidMutex(const std::string &name, const std::filesystem::path &lockFolder)
 {
     const std::filesystem::path file = lockFolder / (name + ".lock");

@@ -12,6 +12,17 @@ Held Owned(HANDLE handle)
 
 } // namespace
 
+bool CreateLink(const std::filesystem::path &link, const std::filesystem::path &target)
+{
+    const auto native = std::filesystem::path(target).make_preferred();
+    constexpr DWORD kUnprivileged = 2; // Windows before 10.0.15063 refuses this flag
+    for (const DWORD flags : {kUnprivileged, DWORD{0}}) {
+        ::CreateSymbolicLinkW(link.c_str(), native.c_str(), flags);
+    }
+    // Wine claims success.
+    return ::GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 // An empty access list denies access to all.
 Held ForbidMutex(const std::string &name, const std::filesystem::path &)
 {
