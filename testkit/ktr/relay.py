@@ -22,6 +22,7 @@ CONSOLE = "conhost.exe"
 #   text, number, mask (hexadecimal), signed; pointer: null or *; any: not shown
 #   Any other kind is a handle, which is shown by its name. -kind: the name is dropped after the
 #   call. !kind: the call is shown only if the handle has a name.
+# RegCreateKeyEx and RegSetValueEx are here so that a test fails on them: the registry is only read.
 # Results: "= number" is shown; "-> kind name" names the returned handle; "=> kind name" names a
 # handle that is returned through a pointer, when it is first used.
 _PROGRAM = """
@@ -49,6 +50,8 @@ kernel32.DeleteFileA(text)
 advapi32.RegOpenKeyExA(key, text, number, mask, pointer) = number => key opened
 advapi32.RegQueryValueExA(key, text, pointer, pointer, pointer, pointer) = number
 advapi32.RegCloseKey(-key)
+advapi32.RegCreateKeyExA(key, text, any, any, any, any, any, any, any)
+advapi32.RegSetValueExA(key, text, any, any, any, any)
 user32.SystemParametersInfoA(mask, number, pointer, number)
 user32.IsWindow(window) = number
 user32.GetForegroundWindow() -> foreground foreground
@@ -67,6 +70,8 @@ kernel32.SetCurrentDirectoryW(text)
 kernel32.DeleteFileW(text)
 kernel32.CopyFileW(text, text, number)
 kernel32.CreateProcessW(text, text, any, any, any, any, any, any, any, any)
+advapi32.RegCreateKeyExW(key, text, any, any, any, any, any, any, any)
+advapi32.RegSetValueExW(key, text, any, any, any, any)
 """
 
 # The run-time library also calls GetLastError; only the call after CreateMutexW is the program's.
