@@ -28,7 +28,14 @@ InterfaceTest {
             pageHome: 0, color: "#00000000",
             flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint
         })
-        compare(part("windowShadow").visible, row.shadow)
+        var shadow = part("windowShadow")
+        compareAll(shadow, {
+            visible: row.shadow, source: row.shadow ? "qrc:/pic_shadow.png" : "",
+            horizontalTileMode: BorderImage.Stretch, verticalTileMode: BorderImage.Stretch
+        })
+        compareAll(shadow.border, {
+            left: row.offset, top: row.offset, right: row.offset, bottom: row.offset
+        })
         compare(part("pageStack").currentIndex, 0)
         var layers = named(main.contentItem, /./).filter((item) => item.parent === main.contentItem)
         compare(names(layers), ["card", "windowShadow", "backgroundImage", "titleBar", "pageStack"])
@@ -100,6 +107,7 @@ InterfaceTest {
         openMain()
         var button = row.button || Qt.LeftButton
         var bar = part("titleBar")
+        compare(probe.below(bar, "ZoDragArea")[0].clickPos, Qt.point(0, 0))
         bar.closeBtnDisable(!row.moves)
         main.x = 40
         main.y = 50

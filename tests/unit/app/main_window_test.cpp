@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 constexpr int kNothingEndedIt = 7;
@@ -35,6 +37,12 @@ TEST(MainWindow, OnlyAFailedLoadOfItsFileEndsTheEventLoopThatStartsLater)
     EXPECT_EQ(RunLoop(), kNothingEndedIt);
     Q_EMIT engine.objectCreated(&engine, QUrl("qrc:/Main.qml"));
     EXPECT_EQ(RunLoop(), kNothingEndedIt);
+}
+
+TEST(MainWindow, AFailedLoadEndsTheEventLoopAlsoWhenTheEngineHasGone)
+{
+    LoadMainWindow(std::make_unique<QQmlApplicationEngine>().get());
+    EXPECT_EQ(RunLoop(), -1);
 }
 
 } // namespace
