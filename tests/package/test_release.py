@@ -231,16 +231,24 @@ def end_wine(folder: Path) -> None:
                    env={**os.environ, "WINEPREFIX": str(folder.parent / "prefix")})
 
 
+def traces(folder: Path) -> set[str]:
+    """All files and registry keys of the prefix."""
+    prefix = folder.parent / "prefix"
+    return {str(path) for path in (prefix / "drive_c").rglob("*")} | {
+        line.split("]")[0] for hive in ("user.reg", "system.reg")
+        for line in (prefix / hive).read_text(encoding="utf-8").splitlines() if line[:1] == "["}
+
+
 def accept(folder: Path, *options: str, answers: str = "", tests: str = "*") -> tuple[int, str]:
     """Runs the checks; returns the status and what they print."""
+    subprocess.run([KTR, "wine", "--", "cmd", "/c", "exit"], check=True,
+                   env={**os.environ, "KTR_WINEPREFIX": str(folder.parent / "prefix")})
+    end_wine(folder)
+    before = traces(folder)
     with start(folder, *options, tests=tests) as checks:
         output, _ = checks.communicate(answers, timeout=900)
     end_wine(folder)
-    drive = folder.parent / "prefix" / "drive_c"
-    assert (drive / "ProgramData").is_dir()
-    left = [*drive.glob("ProgramData/KTR*"), *drive.glob("users/*/Temp/*"),
-            *drive.glob("users/*/AppData/Local/Temp/*")]
-    assert not left, output
+    assert not traces(folder) - before, output
     return checks.returncode, output
 
 
