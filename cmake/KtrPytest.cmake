@@ -4,8 +4,8 @@
 #                     [OPTIONS ARG...])
 #
 # The test of test_x.py is LABEL.x followed by SUFFIX. WORKERS runs the cases of a file in parallel.
-# COST moves a long file to the front. PROCESSORS is in quarters: the test presets have four jobs
-# for each processor, since a scenario mostly waits.
+# COST moves a long file to the front. PROCESSORS is in quarters: `./test` runs four jobs for
+# each processor, since a scenario mostly waits.
 function(ktr_add_pytests label)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "SUFFIX;WORKERS;PROCESSORS;COST" "OPTIONS")
     if(arg_WORKERS)

@@ -106,8 +106,8 @@ for /f "tokens=3 delims=\" %%i in ("%folder%") do set "part=%%i"
 if not defined part goto end
 
 rem It is none of the folders that must stay, and neither they nor this file lie in it. These
-rem variables are not trusted: without quotation marks they cannot end a text. A missing one becomes
-rem a root, which is harmless.
+rem variables are not trusted: the script removes their quotation marks, so that none ends a quoted
+rem string. A missing one becomes a root, which is harmless.
 for %%i in (TEMP TMP PUBLIC OneDrive APPDATA LOCALAPPDATA) do if not defined %%i set "%%i=\."
 for %%i in (ProgramData ALLUSERSPROFILE ProgramW6432) do if not defined %%i set "%%i=\."
 for %%i in (CommonProgramFiles CommonProgramW6432) do if not defined %%i set "%%i=\."

@@ -26,7 +26,7 @@ PLUGINS = ("platforms/qwindows.dll", "imageformats/qico.dll")
 # loads by name, are left out.
 MODULES = ("QtQml", "QtQuick.2", "QtQuick/Window.2", "QtQuick/Controls", "QtQuick/Controls.2",
            "QtQuick/Templates.2", "QtQuick/Layouts", "QtQuick/Shapes", "QtGraphicalEffects")
-# The interface uses the basic style. Only the designer of Qt Creator reads the type descriptions.
+# The interface uses the style Default. Only the designer of Qt Creator reads the type descriptions.
 LEFT_OUT = ("Fusion", "Imagine", "Material", "Universal", "Flat", "designer", "plugins.qmltypes",
             "StateMachine")
 COMPILER = "x86_64-w64-mingw32-g++-posix"

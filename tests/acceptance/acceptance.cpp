@@ -32,7 +32,7 @@ const Step kSteps[] = {
      "The journal has the load of the telemetry library and the start of its companion.",
      "reasons.png"},
     {"A reason and an answer",
-     "Choose \"Other reasons\", click the link, write some words and submit them.",
+     "Choose \"I have other reasons\", click the link, write some words and submit them.",
      "The browser opens a page that does not exist. Thanks and a coupon follow. "
      "The journal has one usage event for each click.",
      "feedback-some-words.png"},

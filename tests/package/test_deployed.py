@@ -1,7 +1,7 @@
 """The check of a folder before it ships, on one that was deployed with our own Qt kit.
 
-That folder contains our replacements for two QML modules, so the check never passes here: the tests
-look at which problems it finds.
+That folder contains our replacements for three QML modules, so the check never passes here: the
+tests look at which problems it finds.
 """
 
 from __future__ import annotations

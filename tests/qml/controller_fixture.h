@@ -92,7 +92,7 @@ public:
         calls_.clear();
     }
 
-    /// Adds "note" and a text to the queries, to show the order of both.
+    /// Records a note of the test among the queries, to show its place among them.
     Q_INVOKABLE void note(const QString &text)
     {
         Note(text);

@@ -201,8 +201,8 @@ def test_shadow_grows_softly_towards_the_card(suffix):
         assert line[0] <= 2
         assert line == sorted(line)
         assert max(b - a for a, b in zip(line, line[1:])) <= 16 // scale
-    # No seam where a corner and a side meet. The sides are shrunk on the screen, so a step here is
-    # up to three there.
+    # No seam where a corner and a side meet. The image has the sides squeezed and the window
+    # stretches them: a pixel here becomes up to three on the screen.
     for depth in range(MARGIN * scale):
         line = [alpha.getpixel((along, depth)) for along in range(side)]
         assert max(abs(b - a) for a, b in zip(line, line[1:])) <= 18 // scale

@@ -42,7 +42,8 @@ public:
     /// fails.
     bool LoadTelemetryFromModuleDir();
 
-    /// Path of the library of the program at `executable`; empty in the first two of these cases.
+    /// Path of the library of the program at `executable`; empty if `executable` has no separator
+    /// or the result is 260 bytes or longer.
     static std::string LibraryPathOf(const std::string &executable);
 
     /// Loads the library at `path` (ANSI encoding) and resolves all entry points. True only when

@@ -405,7 +405,7 @@ TEST(ConfigProcessDeathTest, TheLibraryStaysWhenItsClientHasGone)
 }
 
 // The client calls the unresolved null pointer. Required: docs/security.md.
-TEST(ConfigProcessDeathTest, WithoutItsEntryTheProcessEnds)
+TEST(ConfigProcessDeathTest, ALibraryWithoutCreateConfigCrashesTheProcess)
 {
     if (QLibrary::resolve("ntdll", "wine_get_version") != nullptr) {
         GTEST_SKIP() << "Wine shows a dialog about the crash, which waits. A scenario covers this.";

@@ -109,7 +109,7 @@ TEST_F(TaskList, FindsTheExactNameAnywhereInTheOutputWhateverTheExit)
     EXPECT_FALSE(Shows(missing));
 }
 
-TEST_F(TaskList, FindsTheNameBehindAZeroByte)
+TEST_F(TaskList, FindsTheNameAfterANulByte)
 {
     EXPECT_TRUE(ContainsImage(QByteArray("a\0\0KTRUI.exe", 12), "KTRUI.exe"));
     EXPECT_FALSE(ContainsImage(QByteArray("a\0KTRUI\0.exe", 12), "KTRUI.exe"));

@@ -30,7 +30,7 @@ TEST_F(NamedMutexContract, IsFreeAgainWhenItsOwnerIsEnded)
     ExpectFree();
 }
 
-TEST_F(NamedMutexContract, OneThatTheSameProcessHoldsAlreadyExistsUntilTheObjectGoes)
+TEST_F(NamedMutexContract, ASecondOneInTheSameProcessAlreadyExistsUntilTheFirstIsDestroyed)
 {
     StartedChild other;
     {

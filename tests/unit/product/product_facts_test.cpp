@@ -91,7 +91,7 @@ struct Data
     std::string fact;
 };
 
-TEST_F(ProductFacts, EndAtTheFirstZeroAndFitInto260Bytes)
+TEST_F(ProductFacts, EndAtTheFirstNulAndFitInto260Bytes)
 {
     const auto text = [](std::size_t size) {
         return std::string(size, 'x');

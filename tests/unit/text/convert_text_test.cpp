@@ -32,7 +32,7 @@ TEST(ConvertText, TheNameOfTheEncodingIgnoresCaseAndAnyOtherNameMeansUtf8)
                                      {"klingon", utf8},
                                      {"", utf8}}) {
         EXPECT_EQ(ConvertText(letters, encoding.name), encoding.converted) << encoding.name;
-        // It stops at the first zero in every encoding.
+        // It stops at the first NUL in every encoding.
         EXPECT_EQ(ConvertText(QString("ab") + QChar(0) + "cd", encoding.name), "ab");
         EXPECT_EQ(ConvertText(QChar(0), encoding.name), "");
         EXPECT_EQ(ConvertText(QString(), encoding.name), "");
