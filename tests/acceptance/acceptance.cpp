@@ -10,7 +10,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <sstream>
 #include <stdexcept>
 
 #include <shellapi.h>
@@ -232,31 +231,29 @@ private:
         std::ifstream list(files_ / "unit-programs.txt");
         int programs = 0;
         for (std::string line; std::getline(list, line); ++programs) {
-            const std::string program = line.substr(0, line.find('|'));
-            RunTestProgram(files_ / program, line.substr(program.size() + 1), files_);
+            RunTestProgram(files_ / line, files_);
         }
         if (programs == 0) {
             throw std::runtime_error("files\\unit-programs.txt names no program");
         }
         ::SetEnvironmentVariableW(L"PATH", path.c_str());
         sandbox_.Prepare(qt);
-        RunTestProgram(files_ / self_.filename(), {}, work_);
+        RunTestProgram(files_ / self_.filename(), work_);
         ::SetErrorMode(mode);
     }
 
-    // Leaves an XML file, what the program printed, and its status with its filter.
-    void RunTestProgram(fs::path program, const std::string &filter, const fs::path &folder) const
+    // Leaves an XML file, what the program printed, and its status.
+    void RunTestProgram(fs::path program, const fs::path &folder) const
     {
         std::cout << program.stem().u8string() << std::flush;
         const fs::path result = work_ / "xml" / program.stem();
-        std::string line = '"' + program.make_preferred().u8string() + "\" --gtest_output=xml:\"" +
-                           result.u8string() + ".xml\"";
-        line += filter.empty() ? "" : " --gtest_filter=" + filter;
+        const std::string line = '"' + program.make_preferred().u8string() +
+                                 "\" --gtest_output=xml:\"" + result.u8string() + ".xml\"";
         const Process process(fs::u8path(line).wstring(), folder, result.wstring() + L".txt");
         constexpr DWORD kDeadline = 1200000;
         const int status = process.Wait(kDeadline);
         std::cout << (status == 0 ? " passed" : " FAILED") << std::endl;
-        std::ofstream(result.u8string() + ".status") << status << ' ' << filter;
+        std::ofstream(result.u8string() + ".status") << status;
     }
 
     void ReadResults()
@@ -266,16 +263,11 @@ private:
             if (file.extension() != ".status") {
                 continue;
             }
-            std::istringstream ending(ReadAll(file));
-            int status = -1;
-            std::string filter;
-            ending >> status >> filter;
+            const int status = std::stoi(ReadAll(file));
             const std::string name = file.stem().u8string();
             const std::string xml = ReadAll(file.replace_extension(".xml"));
             const std::string output = ReadAll(file.replace_extension(".txt"));
-            // The filter begins with a minus sign.
-            filter.erase(0, 1);
-            report_.groups.push_back(ReadGroup(name, xml, status, output, filter));
+            report_.groups.push_back(ReadGroup(name, xml, status, output));
         }
     }
 

@@ -51,13 +51,8 @@ std::string Escaped(std::string_view text);
 /// The content of a file; empty if it cannot be read.
 std::string ReadAll(const std::filesystem::path &file);
 
-/// The results of a test program that ended with `status`. `leftOut` are the names of the tests
-/// that it did not run, separated by colons.
-Group ReadGroup(const std::string &name,
-                std::string xml,
-                int status,
-                const std::string &output,
-                const std::string &leftOut);
+/// The results of a test program that ended with `status`.
+Group ReadGroup(const std::string &name, std::string xml, int status, const std::string &output);
 
 /// The description of a step, and what the fakes have written since it began.
 std::string Description(std::size_t number, const Step &step, const std::string &journal);
