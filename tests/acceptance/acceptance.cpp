@@ -101,7 +101,9 @@ Row AskForResult()
 {
     for (;;) {
         const std::string answer = Ask("Was all as expected? y, n or s (skip), then a remark: ");
-        const std::string remark = answer.size() > 2 ? Escaped(answer.substr(2)) : std::string();
+        const std::size_t space = answer.find(' ');
+        const std::string remark =
+            space == std::string::npos ? std::string() : Escaped(answer.substr(space + 1));
         switch (Letter(answer)) {
         case 'y':
             return {{}, kPassed, remark};
