@@ -99,7 +99,7 @@ InterfaceTest {
         })
         var inside = null
         insideStart = () => {
-            // The uninstaller removes the files from which pages are created.
+            // The uninstaller removes the files of Qt Quick Controls that pages need.
             var created = named(part("homePage"), /^(couponImage|feedbackText)$/).length
             inside = state().concat(main.exitCode, created)
         }

@@ -83,7 +83,7 @@ InterfaceTest {
         tryCompare(bar, "visible", false)
         visit(main, "complete")
         closeMain()
-        // Any reason but the last may be first, where the image limits its width.
+        // Sorted, only the first reason is above the image. Show it beside the image, too.
         openMain([2, 1, 3, 4])
         visit(main, "reasons in another order")
         compare(panes, 9)

@@ -37,6 +37,8 @@ InterfaceTest {
     })
 
     property var home: null
+    // The queries while the window opened, sorted: the first word of each, and the arguments of
+    // getPreferentialLink and getReasonList.
     property var loading: []
 
     name: "Pages"
@@ -105,8 +107,8 @@ InterfaceTest {
         compare(fake.asked, [])
     }
 
-    // Order: the events, the page, its title, the coupon. The thank-you coupon has the current
-    // offer of its own type.
+    // Order: the events, the page, its title, the coupon. The thank-you coupon shows the current
+    // offer of the feedback page's type.
     function test_submittingLeadsToTheThankYouCoupon_data() { return numbered([3, 4]) }
 
     function test_submittingLeadsToTheThankYouCoupon(row) {

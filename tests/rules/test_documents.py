@@ -34,7 +34,7 @@ every_document = pytest.mark.parametrize(
 
 
 def anchors(document):
-    """The anchors of a document's headings, as the web page forms them."""
+    """The anchors that the headings of a document get when it is shown as HTML."""
     headings = re.findall(r"^#+ +(.*?)\s*$", document.read_text("utf-8"), re.MULTILINE)
     return {re.sub(r"[^\w\- ]", "", text.lower()).replace(" ", "-") for text in headings}
 

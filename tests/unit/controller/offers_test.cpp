@@ -182,7 +182,7 @@ struct Version
     const char *tag;
 };
 
-TEST(ConfigVersionTag, IsTheSegmentAndTheDigits)
+TEST(ConfigVersionTag, IsTheSegmentAndTheVersionWithoutDots)
 {
     for (const Version &version : {Version{"18.0", "uninstall__180"},
                                    {"19.2.1", "uninstall__1921"},

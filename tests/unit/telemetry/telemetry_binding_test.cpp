@@ -69,7 +69,7 @@ TEST(TelemetryBinding, WithoutALibraryNothingIsLoadedAndNothingSent)
 
 TEST(TelemetryBinding, ACompleteLibraryLoadsOnceAndStaysWhenTheBindingHasGone)
 {
-    // The fixture's own load is undone, so the binding's is the only one.
+    // The fake's own load is undone, so the binding's is the only one.
     TelemetryFake library("", "to_stay");
     {
         TelemetryBinding binding;

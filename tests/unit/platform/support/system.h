@@ -18,7 +18,7 @@ using Held = std::shared_ptr<void>;
 /// Calls `action` at the end of the object's life.
 Held AtEnd(std::function<void()> action);
 
-/// A new, empty folder that goes with the object, content included.
+/// A new, empty folder; the destructor removes it with its content.
 class ScratchFolder
 {
 public:

@@ -43,7 +43,7 @@ bool CodePageHas(const wchar_t *text)
     std::array<char, 100> ansi = {};
     const int size = static_cast<int>(ansi.size());
     BOOL replaced = FALSE;
-    // UTF-8 has every letter, and the flag and the last result are errors with it.
+    // UTF-8 has every letter; with it, WideCharToMultiByte refuses the flag and the last parameter.
     return ::GetACP() == CP_UTF8 ||
            (::WideCharToMultiByte(
                 CP_ACP, WC_NO_BEST_FIT_CHARS, text, -1, ansi.data(), size, nullptr, &replaced) !=

@@ -21,7 +21,7 @@ HWND WINAPI NoForegroundWindow()
 
 HWND foreground = nullptr;
 
-// Windows would refuse the foreground, since it does have a window there.
+// Windows may refuse the real call: a window of another process is in the foreground.
 WINBOOL WINAPI NoteForegroundWindow(HWND window)
 {
     foreground = window;
