@@ -8,7 +8,7 @@ COMMANDS = {
     "start": ("start", "start the program of a sandbox for a person"),
     "tour": ("tour", "take the guided tour through a sandbox"),
     "gallery": ("gallery", "take screenshots of every state of the interface"),
-    "bench": ("bench", "measure the program beside floors"),
+    "bench": ("bench", "measure the program beside baselines"),
     "compare": ("compare", "compare what the scenarios recorded on both executables"),
     "display": ("xserver", "run a command on a virtual display"),
     "wine": ("prefix", "run a Windows program under Wine"),

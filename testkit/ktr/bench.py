@@ -1,4 +1,4 @@
-"""Measures the program beside floors of the same run: a window with each Qt control that the
+"""Measures the program beside baselines of the same run: a window with each Qt control that the
 program uses, the same with the program's images, icon and libraries, the program with Qt's default
 renderer, and the bare query of a tick. Status 0 only if each ratio is within its aim.
 
@@ -81,13 +81,13 @@ class Bench:
         sandbox.hold("KTRUI.exe")
         sandbox.spawn("KTRUI.exe")
         sandbox.wait_processes("KTRUI.exe", 1)
-        floor = sandbox.bin / ("floor_window" + sandbox.system.executable_suffix)
-        floor.write_bytes(_built(floor.name).read_bytes())
-        floor.chmod(0o755)
+        baseline = sandbox.bin / ("baseline_window" + sandbox.system.executable_suffix)
+        baseline.write_bytes(_built(baseline.name).read_bytes())
+        baseline.chmod(0o755)
         self.contenders = [
             Contender(PROGRAM, sandbox, sandbox.program_file),
-            Contender(CONTROLS, sandbox, floor, ["controls"]),
-            Contender(CONTENT, sandbox, floor, ["content"]),
+            Contender(CONTROLS, sandbox, baseline, ["controls"]),
+            Contender(CONTENT, sandbox, baseline, ["content"]),
         ]
         if not self._wine:
             # No scene graph has this name, so Qt takes its default.
@@ -126,9 +126,9 @@ class Bench:
                        ("memory to default renderer", "peak", PROGRAM, DEFAULT, 0.42),
                        ("tick to its query", "ticks", "tick", "query", 1.05)]
         ratios = [("wake-ups when idle", median(self.wake_ups), 0.0)]
-        for title, what, own, floor, aim in wanted:
+        for title, what, own, baseline, aim in wanted:
             # Each pair is of the same round, or of the same count.
-            pairs = zip(self.figures[what, own], self.figures[what, floor])
+            pairs = zip(self.figures[what, own], self.figures[what, baseline])
             ratios.append((title, median(a / b for a, b in pairs), aim))
         return ratios
 
