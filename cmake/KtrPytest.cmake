@@ -1,13 +1,12 @@
 # Registers files of pytest as tests, one test per file, against the build that registers them:
 #
-#     ktr_add_pytests(LABEL FILE... [SUFFIX TEXT] [WORKERS N] [PROCESSORS N] [COST N]
-#                     [OPTIONS ARG...])
+#     ktr_add_pytests(LABEL FILE... [WORKERS N] [PROCESSORS N] [COST N] [OPTIONS ARG...])
 #
-# The test of test_x.py is LABEL.x followed by SUFFIX. WORKERS runs the cases of a file in parallel.
-# COST moves a long file to the front. PROCESSORS is in quarters: `./test` runs four jobs for
-# each processor, since a scenario mostly waits.
+# The test of test_x.py is LABEL.x. WORKERS runs the cases of a file in parallel. COST moves a long
+# file to the front. PROCESSORS is in quarters: `./test` runs four jobs for each processor, since a
+# scenario mostly waits.
 function(ktr_add_pytests label)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "SUFFIX;WORKERS;PROCESSORS;COST" "OPTIONS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "WORKERS;PROCESSORS;COST" "OPTIONS")
     if(arg_WORKERS)
         list(APPEND arg_OPTIONS -n ${arg_WORKERS})
     endif()
@@ -16,7 +15,7 @@ function(ktr_add_pytests label)
             message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR} has no ${file}")
         endif()
         cmake_path(GET file STEM name)
-        string(REGEX REPLACE "^test_" "${label}." test "${name}${arg_SUFFIX}")
+        string(REGEX REPLACE "^test_" "${label}." test "${name}")
         add_test(NAME ${test} WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
             COMMAND /usr/bin/python3 -m pytest -q -rs ${arg_OPTIONS} ${name}.py)
         set_tests_properties(${test} PROPERTIES LABELS ${label} TIMEOUT 1800

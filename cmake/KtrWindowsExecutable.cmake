@@ -1,4 +1,5 @@
-# What only the shipped Windows executable has: manifest, icon, version, and exploit mitigations.
+# What the shipped Windows executable has beyond other targets: manifest, icon, version, and exploit
+# mitigations. The benchmark gives its window the same.
 if(WIN32)
     enable_language(RC)
 endif()

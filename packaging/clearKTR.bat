@@ -17,7 +17,7 @@ rem     4   something is left: in use, out of our reach, a link that stays, inst
 rem
 rem Five lines remove something: "del" of the program's file, "rd" of a link, "rd /s" of what is in
 rem the folder, "rd" of the empty folder, and "del" of this file. Whatever is wrong before the first
-rem of them leads to :end.
+rem of them leads to :end, or to an exit that removes nothing.
 rem
 rem Three rules keep the script safe:
 rem - "cd" can fail: it is followed by a look at the current folder.
@@ -150,11 +150,11 @@ if not "%attributes:l=%"=="%attributes%" goto end
 for %%i in ("%place%\..") do set "place=%%~fi"
 if not "%place:~3%"=="" goto above
 
-rem It does not hold what the folders that must stay hold. This needs no path, so it also sees what
-rem has another drive letter. In this order: a profile or a folder of the shell, the folder of this
-rem file, the one above it, application data, AppData, the profiles, the programs' folders, the
-rem system's folders, a whole drive. Names that a product may use itself, such as Temp or Windows,
-rem are not in the list.
+rem It contains no entry that is typical of a folder that must stay. This check uses no path, so it
+rem also recognises such a folder under another drive letter. In this order: a profile or a folder
+rem of the shell, the folder of this file, the one above it, application data, AppData, the profiles,
+rem the programs' folders, the system's folders, a whole drive. Names that a product may use itself,
+rem such as Temp or Windows, are not in the list.
 for %%i in (ntuser.dat desktop.ini) do if exist "%%i" goto end
 if exist "%name%" goto end
 if exist "Temp\%name%" goto end

@@ -17,7 +17,8 @@ void EnterProgramDirectory()
 {
     const std::wstring executable = platform::ExecutablePathWide(platform::kPathCapacity);
     const std::size_t cut = executable.rfind(platform::kNativeSeparatorWide);
-    // Deliberately has no effect: it passes the empty rest after the cut, not the path before it.
+    // Deliberately has no effect: the path is empty or null
+    // (docs/decisions/0005-oddities-that-stay.md).
     platform::ChangeDirectory(cut == std::wstring::npos ? nullptr : L"");
 
     const QString directory =

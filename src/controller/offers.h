@@ -16,7 +16,7 @@ struct OfferSources
     std::function<QString(const QString &key)> text;
     /// Tells the configuration the version tag (UTF-8) that qualifies its look-ups.
     std::function<void(const std::string &tag)> setVersionTag;
-    /// Facts about the product; empty when unknown.
+    /// Facts about the product, as product_facts.h describes them.
     std::function<QString()> oemName;
     std::function<QString()> xurlId;
     std::function<QString()> versionNo;

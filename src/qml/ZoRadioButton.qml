@@ -99,7 +99,7 @@ RadioButton {
 
         ZoFocusFrame {
             x: label.leftPadding - 4
-            // The control's padding makes the content item lower than a line of text.
+            // The control's padding makes the content item shorter than a line of text.
             y: -control.topPadding
             width: label.contentWidth + 8
             height: control.height

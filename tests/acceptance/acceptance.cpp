@@ -145,7 +145,7 @@ public:
     int Run()
     {
         Show("<h2>The tests run</h2><p>Do not use mouse and keyboard meanwhile.</p>");
-        const bool resumes = report_.attended && IsSameVersion();
+        const bool resumes = report_.attended && CanResume();
         if (resumes) {
             EndPrograms();
         } else {
@@ -177,7 +177,7 @@ public:
 
 private:
     // Whether an earlier run of these files was left in the middle of the steps.
-    bool IsSameVersion() const
+    bool CanResume() const
     {
         const Sandbox archived(archive_ / "sandbox");
         return fs::exists(answers_) && SameContent(archived.Program(), sandbox_.Program()) &&

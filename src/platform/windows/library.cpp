@@ -6,7 +6,7 @@ namespace platform {
 
 LibraryHandle LoadLibraryFile(const char *path)
 {
-    // Without it, Windows shows a message box about a damaged library.
+    // Without these flags, Windows shows a message box about a damaged library.
     DWORD modeBefore = 0;
     ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &modeBefore);
     const LibraryHandle library = ::LoadLibraryA(path);

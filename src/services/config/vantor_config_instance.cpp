@@ -19,8 +19,7 @@ std::string Utf8(const QString &text)
     return ConvertText(text, QStringLiteral("Utf8"));
 }
 
-// The product's facts are in the ANSI code page, whose bytes are not valid UTF-8; the library takes
-// UTF-8.
+// The product's facts are in the ANSI code page; the library takes UTF-8.
 std::string Utf8(const std::string &ansi)
 {
     return Utf8(QString::fromLocal8Bit(ansi.c_str()));
