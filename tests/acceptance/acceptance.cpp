@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr const char *kRunningProduct = "The product is running";
 constexpr const char *kSecondStart = "A second start";
+constexpr const char *kMainJob = "The main job";
 constexpr const char *kLoggingOff = "Logging off";
 
 // The program runs at the beginning of each step.
@@ -44,7 +45,7 @@ const Step kSteps[] = {
      "Cover the window with another one, press Enter in the console window, and look.",
      "The window comes to the front. There is no second one.",
      nullptr},
-    {"The main job",
+    {kMainJob,
      "Press \"Uninstall\" and, when it is complete, \"OK\".",
      "The bar advances to its end, and the buttons are grey meanwhile. The window closes. "
      "The journal has uninstall.exe with /SP- and /VERYSILENT, "
@@ -83,7 +84,10 @@ std::string Ask(const std::string &question)
     } else {
         std::wstring text(1000, L'\0');
         DWORD length = 0;
-        ::ReadConsoleW(input, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
+        if (::ReadConsoleW(input, text.data(), static_cast<DWORD>(text.size()), &length, nullptr) ==
+            FALSE) {
+            throw std::runtime_error("the console cannot be read");
+        }
         text.resize(length);
         line = fs::path(text).u8string();
     }
@@ -147,9 +151,13 @@ public:
         Show("<h2>The tests run</h2><p>Do not use mouse and keyboard meanwhile.</p>");
         const bool resumes = report_.attended && CanResume();
         if (resumes) {
+            std::cout << "The steps resume. To start again, remove " << work_.u8string()
+                      << std::endl;
             EndPrograms();
         } else {
-            Remove();
+            if (!Remove()) {
+                throw std::runtime_error(work_.u8string() + " is left and cannot be removed");
+            }
             fs::create_directories(work_ / "xml");
             fs::create_directories(work_ / "temp");
             fs::copy(archive_, files_, fs::copy_options::recursive);
@@ -159,7 +167,9 @@ public:
         if (report_.attended) {
             GuideThroughSteps(resumes);
         }
-        Remove();
+        const char *removal = Remove() ? kPassed : kFailed;
+        report_.groups.push_back(
+            {"the end", {{work_.u8string() + " is removed", removal, {}}}, {}});
         Show({});
         if (report_.attended) {
             Open(reportFile_);
@@ -171,8 +181,8 @@ public:
     void Fail(const std::string &reason)
     {
         report_.groups.push_back({"acceptance", {{"The checks", kFailed, Escaped(reason)}}, {}});
-        Remove();
         Show({});
+        Remove();
     }
 
 private:
@@ -180,8 +190,19 @@ private:
     bool CanResume() const
     {
         const Sandbox archived(archive_ / "sandbox");
-        return fs::exists(answers_) && SameContent(archived.Program(), sandbox_.Program()) &&
-               SameContent(self_, files_ / self_.filename());
+        if (!fs::exists(answers_) || !SameContent(archived.Program(), sandbox_.Program())) {
+            return false;
+        }
+        for (fs::recursive_directory_iterator entry(archive_), end; entry != end; ++entry) {
+            if (entry->path() == archive_ / "sandbox") {
+                entry.disable_recursion_pending(); // the steps change it
+            } else if (entry->is_regular_file() &&
+                       !SameContent(entry->path(),
+                                    files_ / entry->path().lexically_relative(archive_))) {
+                return false;
+            }
+        }
+        return true;
     }
 
     void EndPrograms() const
@@ -195,13 +216,17 @@ private:
         }
     }
 
-    void Remove() const
+    // Removes the working folder; false if something of it is left.
+    bool Remove() const
     {
+        // Any user can put a link there.
+        const DWORD attributes = ::GetFileAttributesW(work_.c_str());
+        if (attributes != INVALID_FILE_ATTRIBUTES &&
+            (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+            return false;
+        }
         constexpr int kAttempts = 100;
-        for (int attempt = 0; fs::exists(work_); ++attempt) {
-            if (attempt == kAttempts) {
-                throw std::runtime_error(work_.u8string() + " cannot be removed");
-            }
+        for (int attempt = 0; attempt < kAttempts && fs::exists(work_); ++attempt) {
             EndPrograms();
             std::error_code busy;
             fs::remove_all(work_, busy);
@@ -209,6 +234,7 @@ private:
                 ::Sleep(100);
             }
         }
+        return !fs::exists(work_);
     }
 
     void Show(const std::string &current)
@@ -230,18 +256,26 @@ private:
         const os::ScopedVariable tmp("TMP", (work_ / "temp").string());
         // Without this, a program that crashes or lacks a DLL shows a dialog and waits.
         const UINT mode = ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
-        std::ifstream list(files_ / "unit-programs.txt");
-        int programs = 0;
-        for (std::string line; std::getline(list, line); ++programs) {
-            RunTestProgram(files_ / line, files_);
-        }
-        if (programs == 0) {
-            throw std::runtime_error("files\\unit-programs.txt names no program");
+        for (const fs::path &program : UnitPrograms()) {
+            RunTestProgram(program, files_);
         }
         ::SetEnvironmentVariableW(L"PATH", path.c_str());
         sandbox_.Prepare(qt);
         RunTestProgram(files_ / self_.filename(), work_);
         ::SetErrorMode(mode);
+    }
+
+    std::vector<fs::path> UnitPrograms() const
+    {
+        std::vector<fs::path> programs;
+        std::ifstream list(files_ / "unit-programs.txt");
+        for (std::string line; std::getline(list, line);) {
+            programs.push_back(files_ / line);
+        }
+        if (programs.empty()) {
+            throw std::runtime_error("files\\unit-programs.txt names no program");
+        }
+        return programs;
     }
 
     // Leaves an XML file, what the program printed, and its status.
@@ -260,16 +294,15 @@ private:
 
     void ReadResults()
     {
-        for (const auto &entry : fs::directory_iterator(work_ / "xml")) {
-            fs::path file = entry.path();
-            if (file.extension() != ".status") {
-                continue;
-            }
-            const int status = std::stoi(ReadAll(file));
-            const std::string name = file.stem().u8string();
+        std::vector<fs::path> programs = UnitPrograms();
+        programs.insert(programs.begin(), self_);
+        for (const fs::path &program : programs) {
+            fs::path file = work_ / "xml" / program.stem();
             const std::string xml = ReadAll(file.replace_extension(".xml"));
             const std::string output = ReadAll(file.replace_extension(".txt"));
-            report_.groups.push_back(ReadGroup(name, xml, status, output));
+            const std::string status = ReadAll(file.replace_extension(".status"));
+            report_.groups.push_back(ReadGroup(
+                program.stem().u8string(), xml, status.empty() ? -1 : std::stoi(status), output));
         }
     }
 
@@ -283,10 +316,12 @@ private:
             report_.steps[done].detail = line.substr(tab + 1);
         }
         earlier.close();
+        std::ofstream record(answers_, std::ios::app);
+        ::FlushConsoleInputBuffer(::GetStdHandle(STD_INPUT_HANDLE));
         std::unique_ptr<Process> program;
         for (bool opened = false; done < report_.steps.size(); ++done) {
             Row &row = report_.steps[done];
-            const bool isBack = resumes && row.name == kLoggingOff;
+            const bool isBack = resumes && !opened && row.name == kLoggingOff;
             std::size_t known = isBack ? 0 : ReadAll(sandbox_.Journal()).size();
             if (!isBack && (!program || !program->Runs())) {
                 fs::remove(sandbox_.Journal());
@@ -312,14 +347,27 @@ private:
                     sandbox_.Start();
                 }
                 product.reset();
+                // The clean-up starts last, with the lowest priority.
+                const bool hasEnded = row.name == kMainJob && program && !program->Runs();
+                for (int wait = 0; wait < 100 && hasEnded && !HasCleanUp(); ++wait) {
+                    ::Sleep(100);
+                }
                 const std::string journal = ReadAll(sandbox_.Journal());
                 Show(Description(done + 1, kSteps[done], journal.substr(known)));
                 answer = AskForResult();
             }
             row.state = answer.state;
             row.detail = answer.detail;
-            std::ofstream(answers_, std::ios::app) << row.state << '\t' << row.detail << '\n';
+            if (!(record << row.state << '\t' << row.detail << std::endl)) {
+                throw std::runtime_error(answers_.u8string() +
+                                         " cannot be written; use the rights of the first run");
+            }
         }
+    }
+
+    bool HasCleanUp() const
+    {
+        return ReadAll(sandbox_.Journal()).find("clearKTR.bat") != std::string::npos;
     }
 
     fs::path self_;
@@ -344,6 +392,11 @@ int main(int argc, char **argv)
     const bool attended = arguments.empty();
     if (!attended && (arguments.size() != 1 || arguments.front() != "/unattended")) {
         std::cerr << "Usage: acceptance.cmd [/unattended]" << std::endl;
+        return 2;
+    }
+    ::CreateMutexW(nullptr, FALSE, L"KTR-acceptance");
+    if (::GetLastError() == ERROR_ALREADY_EXISTS) {
+        std::cerr << "The checks run already." << std::endl;
         return 2;
     }
     // Without this, Windows reports a scale of 100 %.

@@ -297,37 +297,65 @@ def test_a_person_decides_about_each_step(unpacked, last, status):
     assert "sharp &amp; clear" in report and last.partition(" ")[2] in report
 
 
-def test_the_steps_resume_after_logging_off(unpacked):
-    (unpacked / "files" / "unit-programs.txt").write_text(SHORT_LIST, encoding="ascii")
-    with start(unpacked, tests="Start.*:ConvertText.*") as checks:
-        assert checks.stdin is not None
-        checks.stdin.write("\ny\n" * 7 + "\nn before\n")
+def interrupt(folder: Path, answers: str, step: int) -> str:
+    """Answers until a step begins, and ends all programs; returns what the checks have printed."""
+    with start(folder, tests="Start.*:ConvertText.*") as checks:
+        assert checks.stdin and checks.stdout
+        checks.stdin.write(answers)
         checks.stdin.flush()
-        page = unpacked / "report.html"
-        while not (page.exists() and "<h2>Step 9" in page.read_text(encoding="utf-8")):
+        page = folder / "report.html"
+        while not (page.exists() and f"<h2>Step {step}" in page.read_text(encoding="utf-8")):
             assert checks.poll() is None
             time.sleep(0.1)
-        end_wine(unpacked)
-    # Only the last step is left. The tests are not repeated.
+        with start(folder) as second:
+            output, _ = second.communicate(timeout=900)
+            assert second.returncode == 2 and "run already" in output
+        end_wine(folder)
+        return checks.stdout.read()
+
+
+def test_the_steps_resume_after_logging_off(unpacked):
+    (unpacked / "files" / "unit-programs.txt").write_text(SHORT_LIST, encoding="ascii")
+    interrupt(unpacked, "\ny\n\nn before\n", 3)
+    output = interrupt(unpacked, "\ny\n" * 6, 9)
+    # The tests are not repeated, and each step is done, "Logging off" included.
+    assert "convert_text_test" not in output and output.count("Press Enter") == 7, output
     status, output = accept(unpacked, answers="y\n\n", tests="Start.*:ConvertText.*")
     assert status == 1 and "convert_text_test" not in output, output
     rows = rows_of(unpacked)
     assert rows["Logging off"] == rows["Start.ShowsAWindowThatClosesWithoutACleanUp"] == "passed"
-    assert [name for name, state in rows.items() if state == "failed"] == ["Closing from outside"]
+    assert [name for name, state in rows.items() if state == "failed"] == ["A reason and an answer"]
+
+
+def test_another_archive_does_not_resume(unpacked):
+    (unpacked / "files" / "unit-programs.txt").write_text(SHORT_LIST, encoding="ascii")
+    interrupt(unpacked, "\nn before\n", 2)
+    with (unpacked / "files" / "clearKTR.bat").open("ab") as script:
+        script.write(b"\r\n")
+    status, output = accept(unpacked, answers="\ny\n" * 9 + "\n", tests="Start.*:ConvertText.*")
+    assert status == 0 and "convert_text_test passed" in output, output
 
 
 def test_a_failed_check_fails_the_acceptance(unpacked):
     files = unpacked / "files"
-    (files / "unit-programs.txt").write_text("testkit/fakes/note.exe\n", encoding="ascii")
+    program = "tests/unit/app/app_test.exe"
+    (files / "unit-programs.txt").write_text(f"testkit/fakes/note.exe\n{program}\n",
+                                             encoding="ascii")
+    # OpenProcess without PROCESS_TERMINATE.
+    code, rights = (files / program).read_bytes(), b"\xb9\x01\x10\x00\x00"
+    assert code.count(rights) == 1
+    (files / program).write_bytes(code.replace(rights, b"\xb9\x00\x10\x00\x00"))
     script = (files / "clearKTR.bat").read_bytes()
     # Without this step, Wine's rd /s follows links.
     planted = script.replace(b"    call :unlink\r\n", b"")
     assert planted != script
     (files / "clearKTR.bat").write_bytes(planted)
-    status, output = accept(unpacked, "/unattended", tests="CleanUp.*Junction:CleanUp.RemovesThe*")
+    status, output = accept(unpacked, "/unattended",
+                            tests="CleanUp.*Junction:CleanUp.RemovesThe*:ProcessUtils.Telemetry*")
     assert status == 1, output
     rows = rows_of(unpacked)
     assert rows["The program itself"] == rows["CleanUp.DoesNotFollowAJunction"] == "failed"
+    assert [name for name in rows if name.startswith("ProcessUtils.") and rows[name] == "failed"]
     assert rows["CleanUp.RemovesTheProductFolderAndItself"] == "passed"
 
 
