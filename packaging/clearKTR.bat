@@ -152,9 +152,9 @@ if not "%place:~3%"=="" goto above
 
 rem It contains no entry that is typical of a folder that must stay. This check uses no path, so it
 rem also recognises such a folder under another drive letter. In this order: a profile or a folder
-rem of the shell, the folder of this file, the one above it, application data, AppData, the profiles,
-rem the programs' folders, the system's folders, a whole drive. Names that a product may use itself,
-rem such as Temp or Windows, are not in the list.
+rem of the shell, the folder of this file, the one above it, application data, AppData, the
+rem profiles, the programs' folders, the system's folders, a whole drive. Names that a product may
+rem use itself, such as Temp or Windows, are not in the list.
 for %%i in (ntuser.dat desktop.ini) do if exist "%%i" goto end
 if exist "%name%" goto end
 if exist "Temp\%name%" goto end
