@@ -15,7 +15,8 @@ ZoPopWindow {
         return uninstallMgr.popMsgBox(true)
     }
 
-    // Escape, Return and Enter close every Windows message box, also without a focused button.
+    // Escape, Return and Enter close a Windows message box that has only an OK button, also without
+    // a focused button.
     function keyPressed(event) {
         var closes = event.key === Qt.Key_Escape || event.key === Qt.Key_Return
                 || event.key === Qt.Key_Enter
