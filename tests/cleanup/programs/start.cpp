@@ -51,14 +51,13 @@ std::wstring ThroughAnsi(const std::wstring &text)
 
 int WaitForExitCode(const PROCESS_INFORMATION &process)
 {
-    ::SetPriorityClass(process.hProcess, IDLE_PRIORITY_CLASS);
     ::WaitForSingleObject(process.hProcess, INFINITE);
     DWORD status = kFailed;
     ::GetExitCodeProcess(process.hProcess, &status);
     return static_cast<int>(status);
 }
 
-// Runs a line in a folder, with its output in the pipe if there is one.
+// Starts a line in a folder, with its output in the pipe if there is one.
 BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_INFORMATION *process)
 {
     STARTUPINFOW start = {};
@@ -75,7 +74,7 @@ BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_I
                             nullptr,
                             nullptr,
                             pipe != nullptr,
-                            0,
+                            IDLE_PRIORITY_CLASS,
                             nullptr,
                             folder.c_str(),
                             &start,
