@@ -86,7 +86,7 @@ bool RunBareQuery()
 // Runs the tasklist query COUNT times and prints the cost of one: microseconds of processor time of
 // this process and of its children; then its peak memory in KB. "bare" runs the query in the
 // cheapest way, "query" with Qt as the program does, "tick" within a tick of the progress timer.
-// Status 1 if the uninstaller is not listed.
+// Status 1 if "bare" reads nothing or one of the others does not find the uninstaller.
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);

@@ -101,7 +101,7 @@ def test_checks_the_current_folder_after_every_change() -> None:
 
 def test_has_no_variable_in_the_body_of_a_loop() -> None:
     """With the loop variable p, Windows would replace "%p" in a folder called "100%pure". The
-    script's own name is safe: it has only letters and numbers."""
+    script's own name is safe: it contains no percent sign."""
     bodies = []
     inside = False
     for line in COMMANDS:
@@ -162,7 +162,7 @@ def test_all_labels_exist_and_are_used() -> None:
 def test_waits_for_two_minutes_at_most() -> None:
     assert COMMANDS.count("set seconds=120") == 1
     assert COMMANDS.count("set /a seconds-=1") == 1
-    # Every jump back first checks the counter.
+    # Every jump back that waits first checks the counter.
     assert [line for line in COMMANDS if "%seconds%" in line] == [
         f"if %seconds% gtr 0 goto {label}" for label in ("wait", "leave", "remove")]
 

@@ -34,7 +34,7 @@ VARIABLES = {
     "CommonProgramW6432": "D:\\Program Files\\Common Files",
     "CommonProgramFiles(x86)": "D:\\Program Files (x86)\\Common Files",
 }
-"""The folders of the system and of the user, all of them on drive D."""
+"""The folders of the system and of the user: all but `SystemRoot` are on drive D."""
 
 _PROFILE = ("Desktop\\note.txt", "Documents\\letter.txt", "AppData\\Roaming\\Tool\\tool.ini",
             "AppData\\Local\\Programs\\Tool\\tool.exe", "AppData\\Local\\Temp\\other.tmp",

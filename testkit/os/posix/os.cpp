@@ -64,7 +64,7 @@ void OutliveParent()
 void EndByForce()
 {
     ::raise(SIGKILL);
-    // cppcheck-suppress unreachableCode ; cppcheck does not know that raise does not return
+    // cppcheck-suppress unreachableCode ; the compiler cannot know that raise() never returns
     ::_exit(1);
 }
 

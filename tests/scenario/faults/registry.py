@@ -42,7 +42,7 @@ class Hostile:
         steps.choose(sandbox, window, 1)
         window.click(layout.COUPON)
         link = json.loads(steps.wait_event(sandbox, "Click_Gift_Url")[2])["url"]
-        # The configuration has a link without an OEM only; with this OEM just the suffix is left.
+        # There is no link for an unknown OEM, so only the appended x-url parameter is left.
         assert link == (f"?x-url=1-{sandbox.system.multibyte(self.text)}" if self.text else PLAIN)
         window.drag(layout.TITLE_GRIP, 20, 10)
         window.click(layout.CANCEL)
