@@ -1,7 +1,7 @@
-"""Scenarios that do not run on the Windows executable under Wine, and why.
+"""Scenarios that run on only one of the two executables, and why.
 
-One table for the whole suite: `file::scenario` to the reason. Every other scenario runs on both
-executables with the same expectations.
+Besides these, `test_soak.py` and the injected faults with a `linux_only` reason run on Linux only.
+All other scenarios run on both executables with the same expectations.
 """
 
 # AT-SPI; tests of the test kit with a Linux program; Linux system calls; the tour of `./run`; other
@@ -11,6 +11,7 @@ FILES_FOR_LINUX = ["test_accessibility.py", "test_driver.py", "test_machine_wide
 # The drop shadow, real uninstallers, the calls of Windows.
 FILES_FOR_WINDOWS = ["test_windows.py", "test_calls.py"]
 
+# `file::scenario` to the reason.
 ONLY_ON_LINUX = {
     "test_fakes.py::test_the_uninstaller_notes_inherited_files_and_arguments_that_are_not_utf8":
         "Windows tells what is inherited in another form, and arguments are UTF-16 there",
