@@ -103,8 +103,9 @@ std::vector<std::string> OpenDescriptors()
 
 void AppendAtomically(const fs::path &file, std::string_view bytes)
 {
+    // LockFileEx needs the right to read.
     HANDLE handle = ::CreateFileW(file.c_str(),
-                                  FILE_APPEND_DATA,
+                                  FILE_APPEND_DATA | FILE_READ_DATA,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                   nullptr,
                                   OPEN_ALWAYS,
@@ -113,8 +114,14 @@ void AppendAtomically(const fs::path &file, std::string_view bytes)
     if (handle == INVALID_HANDLE_VALUE) {
         return;
     }
+    // Wine finds the end first and then writes there: without a lock, two processes write to the
+    // same place. The locked byte is far behind the end, so that the file can still be read.
+    OVERLAPPED last = {};
+    last.OffsetHigh = MAXLONG;
+    ::LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &last);
     DWORD written = 0;
     ::WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    ::UnlockFileEx(handle, 0, 1, 0, &last);
     ::CloseHandle(handle);
 }
 
