@@ -169,7 +169,7 @@ InterfaceTest {
         compare(box.cursorPosition, row.given === row.kept ? 0 : row.limit)
     }
 
-    // Undo does not restore the letters that the limit cut, but undoes earlier input.
+    // The cut clears the undo history, so undo restores nothing beyond the limit.
     function test_typingAtTheLimitCutsTheEnd() {
         box.forceActiveFocus()
         box.text = letters(699)

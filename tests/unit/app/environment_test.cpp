@@ -78,7 +78,7 @@ TEST(Environment, ForeignQtPathsAreRemovedButEmptyOnesAreLeft)
                 {{"QT_PLUGIN_PATH", "[]"}, {"QML2_IMPORT_PATH", "[]"}});
 }
 
-TEST(Environment, OtherVariablesOfQtHaveNoEffect)
+TEST(Environment, VariablesForPluginsStyleScalingAndDiskCacheHaveNoEffect)
 {
     const Variables own = {{"QT_PLUGIN_PATH", ""},
                            {"QML2_IMPORT_PATH", ""},
