@@ -1,13 +1,12 @@
 """Soak tests, too long for every change: many starts, many runs, a long run. `./test --soak`."""
 
 import csv
-import os
 import time
-from pathlib import Path
 
 import pytest
 
 from ktr import layout, steps, wait
+from ktr.installation import REPOSITORY
 from ktr.resources import clients, peak_memory, resources, usage
 from ktr.wine import is_windows
 from test_storm import storm
@@ -19,7 +18,7 @@ ROUNDS, RUNS = 20, 200
 TEN_MINUTES = 600.0
 GROWTH_KB = 512
 """The growth in ten minutes that allocators cause without a leak."""
-FIGURES = Path(os.environ.get("KTR_SOAK_FIGURES", "build/soak"))
+FIGURES = REPOSITORY / "build" / "soak"
 """The folder for the tables of samples."""
 
 
