@@ -17,7 +17,7 @@ from pathlib import Path
 from typing import IO, Any, cast
 
 SIZE = (1440, 1000)
-"""Holds the window with its shadow at the largest scale of the scenarios."""
+"""Holds the window at scale 2.25, the largest of the scenarios, and with its shadow at scale 2."""
 
 NO_BUS = "unix:path=/dev/null"
 """The address of a session bus that refuses every connection. The desktop's own must not be used;

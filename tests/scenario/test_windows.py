@@ -114,7 +114,7 @@ def test_the_bar_does_not_wait_for_the_copy_that_a_real_uninstaller_starts(sandb
 # Folders with non-ASCII names -------------------------------------------------------------------
 
 BEYOND_THE_CODE_PAGE = "Дравик 中文"
-"""Letters that the ANSI code page lacks; the library and CreateProcessA take ANSI text."""
+"""Letters that the ANSI code page lacks; `LoadLibraryA` and `CreateProcessA` take ANSI text."""
 
 
 @pytest.fixture
