@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Copies what the Windows executable needs of a Qt kit at run time.
 
-Copies only QML modules that the interface imports, and only DLLs that the executable, its plug-ins
-and its QML modules need. `check-deployed` says what the kit lacked.
+Copies only QML modules that the interface or another such module imports, and only DLLs that the
+executable, its plug-ins and its QML modules need. `check-deployed` says what the kit lacked.
 """
 
 from __future__ import annotations
