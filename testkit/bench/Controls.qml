@@ -7,7 +7,7 @@ import QtQuick.Layouts 1.15
 import QtQuick.Shapes 1.15
 import QtGraphicalEffects 1.0 as Effects
 
-// One of each Qt type that the interface uses, and none of ours.
+// Each Qt control that the interface uses, and none of our types.
 ApplicationWindow {
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowMinMaxButtonsHint
     color: "#00000000"

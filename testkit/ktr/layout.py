@@ -1,7 +1,7 @@
 """Where everything is in the program's windows, in pixels from the window's top left corner.
 
 The numbers hold for a main window without a drop-shadow margin. With one, everything moves by
-`shadow_margin(width)`; `Window.place` adds it. Nothing else in the tests knows a position.
+`shadow_margin(width)`; `Window.place` adds it.
 """
 
 from ktr.geometry import Point, Rect

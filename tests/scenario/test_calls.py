@@ -1,8 +1,8 @@
 r"""The calls of the Windows executable to the system: which, in which order, with which arguments.
 
 The tables are the contract with Windows and with the product's setup; each line is a call. ROOT is
-the sandbox and `*` an address; Qt makes the calls that begin with "Qt: ". The names of handles and
-processes come from `testkit/ktr/relay.py`.
+the sandbox and `*` an address; Qt makes the calls that begin with "Qt: ". `testkit/ktr/relay.py`
+names the handles; each test names the processes and windows that it knows.
 """
 
 import re
