@@ -37,8 +37,9 @@ public:
     /// Stores the exit code.
     Q_INVOKABLE void setExitCode(int exitCode);
 
-    /// The offer of a type (1 to 4) with "expired", "price" and "url". Empty only if
-    /// the configuration client could not be created; without its library, price and url are empty.
+    /// The offer of a type (1 to 4) with "expired", "price" and "url". Empty only if the
+    /// configuration client could not be created; without its library, price is empty and url holds
+    /// at most the download id.
     Q_INVOKABLE QVariantMap getPreferentialLink(int type);
 
     /// Opens the link in the user's default handler; an empty text does nothing.

@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// Longest path that the program reads or composes, with its NUL (`MAX_PATH`).
+/// Capacity for the paths of executables and of the telemetry library, NUL included (`MAX_PATH`).
 inline constexpr std::size_t kPathCapacity = 260;
 
 /// Full path of the running executable in the ANSI encoding, read into a zero-filled

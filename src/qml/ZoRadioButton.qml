@@ -19,8 +19,8 @@ RadioButton {
     Accessible.onPressAction: choose()
     Accessible.onToggleAction: choose()
 
-    // Space is built in. As in native groups, Return chooses and the arrow keys move the focus; the
-    // arrow keys do not choose, since choosing leaves the page at once.
+    // Space is built in; Return chooses, too. As in native groups, the arrow keys move the focus;
+    // they do not choose, since choosing leaves the page at once.
     Keys.onReturnPressed: enterPressed(event)
     Keys.onEnterPressed: enterPressed(event)
     Keys.onUpPressed: event.accepted = focusNeighbour(false)

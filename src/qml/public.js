@@ -81,8 +81,8 @@ function activateByKey(event, action) {
     }
 }
 
-// Sends one usage event whose attribute is JSON: `param` is an object, or its JSON text. Text that
-// is not JSON is sent unchanged.
+// Sends one usage event whose attribute is JSON: `param` is an object, or its JSON text. The
+// controller wraps text that is not JSON in an object.
 function sendUserInfoEx(window, action, param, source) {
     uninstallMgr.sendUserInfo(window, action, isAbsent(param) ? "" : compactJson(param),
                               isAbsent(source) ? "" : source)

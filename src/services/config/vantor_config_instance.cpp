@@ -46,7 +46,7 @@ QString Fetch(VantorConfig *config, const QString &key, const std::string &suffi
     }
     const std::int64_t size = length + 1;
     // calloc: no exception on failure, and zero-filled in case the library writes less than it
-    // announced. The system commits only the pages that are touched.
+    // announced. Only the pages that are touched take physical memory.
     const std::unique_ptr<char, decltype(&std::free)> buffer(
         static_cast<char *>(size > 0 ? std::calloc(static_cast<std::size_t>(size), 1) : nullptr),
         std::free);
