@@ -57,8 +57,9 @@ int WaitForExitCode(const PROCESS_INFORMATION &process)
     return static_cast<int>(status);
 }
 
-// Starts a line in a folder, with its output in the pipe if there is one.
-BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_INFORMATION *process)
+// Starts a line in a folder, with its output in the pipe if there is one. The priority is set as
+// the program does it, after the start. A failure is printed where the tests see it.
+bool Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_INFORMATION *process)
 {
     STARTUPINFOW start = {};
     start.cb = sizeof start;
@@ -69,22 +70,27 @@ BOOL Start(std::wstring line, const std::wstring &folder, HANDLE pipe, PROCESS_I
         start.hStdOutput = pipe;
         start.hStdError = pipe;
     }
-    return ::CreateProcessW(nullptr,
-                            &line[0],
-                            nullptr,
-                            nullptr,
-                            pipe != nullptr,
-                            IDLE_PRIORITY_CLASS,
-                            nullptr,
-                            folder.c_str(),
-                            &start,
-                            process);
+    if (::CreateProcessW(nullptr,
+                         &line[0],
+                         nullptr,
+                         nullptr,
+                         pipe != nullptr,
+                         0,
+                         nullptr,
+                         folder.c_str(),
+                         &start,
+                         process) == FALSE) {
+        std::printf("CreateProcessW failed with error %lu", ::GetLastError());
+        return false;
+    }
+    ::SetPriorityClass(process->hProcess, IDLE_PRIORITY_CLASS);
+    return true;
 }
 
 int Detached(const std::wstring &line, const std::wstring &folder)
 {
     PROCESS_INFORMATION process = {};
-    return Start(line, folder, nullptr, &process) != FALSE ? WaitForExitCode(process) : kFailed;
+    return Start(line, folder, nullptr, &process) ? WaitForExitCode(process) : kFailed;
 }
 
 // Copies a pipe to standard output, up to its end.
@@ -108,9 +114,9 @@ int WithOutput(const std::wstring &line, const std::wstring &folder)
     }
     ::SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
     PROCESS_INFORMATION process = {};
-    const BOOL started = Start(line, folder, writing, &process);
+    const bool started = Start(line, folder, writing, &process);
     ::CloseHandle(writing);
-    if (started == FALSE) {
+    if (!started) {
         return kFailed;
     }
     CopyToOutput(reading);
@@ -157,7 +163,7 @@ int wmain()
             return WithOutput(word == "ansi" ? ThroughAnsi(Wide(rest)) : Wide(rest), folder);
         }
         if (!done) {
-            std::cerr << "failed: " << line << std::endl;
+            std::cout << "failed: " << line << std::endl;
             return kFailed;
         }
     }
