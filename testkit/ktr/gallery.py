@@ -1,8 +1,8 @@
 """Takes screenshots of every state of the interface at several scales and writes an index of them.
 
 With --translations it takes every pane in every language as well, onto a page of their own.
-With --references it takes them as the reference images of tests/qml/images/ instead: what changed
-there is named, what did not stays unchanged.
+With --reference-images it updates the reference images of tests/qml/images/ instead and names those
+that changed.
 """
 
 import argparse
@@ -17,7 +17,7 @@ from collections.abc import Sequence
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from ktr import page, references
+from ktr import page, reference_images
 from ktr.installation import REPOSITORY as ROOT
 
 BUILD = ROOT / "build" / "linux-debug"
@@ -32,7 +32,7 @@ def take(runner: Path, scale: str, into: Path, scenes: str, variables: dict[str,
         # Fonts, themes, desktop and scale of the user would all be visible.
         environment = {name: os.environ[name] for name in ("PATH", "TMPDIR") if name in os.environ}
         environment.update({
-            "FONTCONFIG_FILE": str(references.FONTS), "HOME": private,
+            "FONTCONFIG_FILE": str(reference_images.FONTS), "HOME": private,
             "KTR_GALLERY": str(into / scale), "LC_ALL": "C.UTF-8",
             "QML_DISABLE_DISK_CACHE": "1", "QT_QPA_PLATFORM": "xcb", "QT_QUICK_BACKEND": "software",
             "QT_SCALE_FACTOR": scale, "XDG_RUNTIME_DIR": private,
@@ -103,22 +103,22 @@ def write_index(into: Path, scales: Sequence[str], languages: bool) -> int:
     return count
 
 
-def update_references(runner: Path) -> None:
+def update_reference_images(runner: Path) -> None:
     """Replaces reference images by what the interface shows now; prints which changed."""
     if shutil.which("optipng") is None:
         sys.exit("ktr gallery: optipng is missing: tools/bootstrap test")
-    with tempfile.TemporaryDirectory(prefix="ktr-references-") as taken:
-        take_all(runner, references.SCALES, Path(taken))
-        for scale in references.SCALES:
-            images = references.by_reference(Path(taken) / scale)
-            folder = references.folder(scale)
+    with tempfile.TemporaryDirectory(prefix="ktr-reference-images-") as taken:
+        take_all(runner, reference_images.SCALES, Path(taken))
+        for scale in reference_images.SCALES:
+            images = reference_images.by_reference(Path(taken) / scale)
+            folder = reference_images.folder(scale)
             folder.mkdir(parents=True, exist_ok=True)
             for gone in sorted({path.name for path in folder.iterdir()} - set(images)):
                 (folder / gone).unlink()
                 print(f"removed {scale}/{gone}")
             for name, image in images.items():
                 known = (folder / name).exists()
-                if known and not references.Comparison(image, folder / name).complaint:
+                if known and not reference_images.Comparison(image, folder / name).complaint:
                     continue
                 print(f"{'changed' if known else 'new'} {scale}/{name}")
                 subprocess.run(["optipng", "-quiet", "-o2", "-strip", "all", image], check=True)
@@ -140,15 +140,15 @@ def arguments(parser: argparse.ArgumentParser) -> None:
     parser.add_argument("--scales", nargs="+", default=SCALES, metavar="SCALE")
     parser.add_argument("--translations", type=Path, metavar="FOLDER",
                         help="the compiled translations: every language as well")
-    parser.add_argument("--references", action="store_true",
+    parser.add_argument("--reference-images", action="store_true",
                         help="update tests/qml/images/reference/ instead")
 
 
 def run(options: argparse.Namespace) -> int:
     """Takes the screenshots and writes the index."""
     runner = (options.runner or built_runner()).resolve()
-    if options.references:
-        update_references(runner)
+    if options.reference_images:
+        update_reference_images(runner)
         return 0
     into = options.into.resolve()
     shutil.rmtree(into, ignore_errors=True)

@@ -9,12 +9,13 @@ from pathlib import Path
 import pytest
 from PIL import Image, ImageChops
 
-from ktr.references import SCALES, Comparison, by_reference, folder
+from ktr.reference_images import SCALES, Comparison, by_reference, folder
 
 ROOT = Path(__file__).resolve().parents[3]
 BUILD = Path(os.environ.get("KTR_BUILD") or ROOT / "build" / "linux-debug").resolve()
 FAILURES = ROOT / "build" / "image-failures"
-REFERENCES = [(scale, path.name) for scale in SCALES for path in sorted(folder(scale).iterdir())]
+REFERENCE_IMAGES = [
+    (scale, path.name) for scale in SCALES for path in sorted(folder(scale).iterdir())]
 
 pytestmark = pytest.mark.timeout(300)
 
@@ -36,7 +37,7 @@ def taken(tmp_path_factory) -> Path:
     return into
 
 
-@pytest.mark.parametrize(("scale", "name"), REFERENCES)
+@pytest.mark.parametrize(("scale", "name"), REFERENCE_IMAGES)
 def test_a_state_looks_like_its_reference_image(taken, scale, name):
     actual, reference = by_reference(taken / scale).get(name), folder(scale) / name
     assert actual, f"no screenshot for this reference image: {reference}"
@@ -48,13 +49,14 @@ def test_a_state_looks_like_its_reference_image(taken, scale, name):
         shutil.copyfile(reference, place / "reference.png")
         comparison.save_difference(place / "difference.png")
         pytest.fail(f"{comparison.complaint}; see actual, reference and difference in {place}. "
-                    f"If the change is intended: tools/ktr gallery --references")
+                    f"If the change is intended: tools/ktr gallery --reference-images")
 
 
 @pytest.mark.parametrize("scale", SCALES)
-def test_every_image_has_a_reference(taken, scale):
+def test_every_screenshot_has_a_reference_image(taken, scale):
     new = set(by_reference(taken / scale)) - {path.name for path in folder(scale).iterdir()}
-    assert not new, f"no reference: {sorted(new)}. To add them: tools/ktr gallery --references"
+    assert not new, (f"no reference image: {sorted(new)}. "
+                     f"To add them: tools/ktr gallery --reference-images")
 
 
 def recoloured(image: Image.Image) -> Image.Image:
