@@ -10,7 +10,7 @@ from __future__ import annotations
 
 from dataclasses import dataclass, field
 
-from world import (PRODUCT, PROFILE, PROGRAM, STAGED, TEMP, Step, attributes, file, files, folders,
+from drives import (PRODUCT, PROFILE, PROGRAM, STAGED, TEMP, Step, attributes, file, files, folders,
                    link, mark, without)
 
 GONE, REFUSED, STILL_RUNNING, LEFT = 0, 2, 3, 4

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import pytest
 
-from calling import wrong_after_call
+from case_runner import wrong_after_call
 from cases import CASES, Case
 from machine import Machine
 

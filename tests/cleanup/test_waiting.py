@@ -12,10 +12,10 @@ from typing import Callable, Iterator
 
 import pytest
 
-from calling import differences, instructions, lay_out, wrong
+from case_runner import differences, instructions, lay_out, wrong
 from cases import ELSEWHERE, GONE, LEFT, REFUSED, STILL_RUNNING, Case
+from drives import PRODUCT, PROGRAM, STAGED, TEMP, Drives, Step, Tree, below, files, link, without
 from machine import DEADLINE, Machine, Program, Result
-from world import PRODUCT, PROGRAM, STAGED, TEMP, Step, Tree, World, below, files, link, without
 
 EXECUTABLE = PROGRAM + "\\UninstallUI.exe"
 EARLY = PROGRAM + "\\0.dll"
@@ -70,25 +70,25 @@ def until(condition: Callable[[], bool], what: str) -> None:
         time.sleep(0.02)
 
 
-def lay_out_runnable(machine: Machine, case: Case) -> tuple[World, Tree]:
+def lay_out_runnable(machine: Machine, case: Case) -> tuple[Drives, Tree]:
     """Fills the drives, with a program that can run; returns them and their tree."""
-    world = lay_out(machine, case)
-    world.write(EXECUTABLE, machine.program("holder").read_bytes())
-    world.write(EARLY)
-    return world, world.tree()
+    drives = lay_out(machine, case)
+    drives.write(EXECUTABLE, machine.program("holder").read_bytes())
+    drives.write(EARLY)
+    return drives, drives.tree()
 
 
 def test_waits_until_the_program_has_ended(machine: Machine) -> None:
     case = Case("", GONE)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with waiting(machine, case) as finish:
-        meanwhile = world.tree()
+        meanwhile = drives.tree()
         result = finish()
     # Only the script's own copy has another name.
     own, = meanwhile.keys() - before.keys()
     assert re.fullmatch(re.escape(TEMP) + r"\\clearKTR-\d+-\d+\.bat", own)
     assert meanwhile == {own if path == STAGED else path: facts for path, facts in before.items()}
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 def names_chosen_since(start: float) -> list[tuple[str, str]]:
@@ -108,48 +108,48 @@ def names_chosen_since(start: float) -> list[tuple[str, str]]:
 
 def test_chooses_another_name_if_one_is_taken(machine: Machine) -> None:
     case = Case("", GONE)
-    world = lay_out_runnable(machine, case)[0]
+    drives = lay_out_runnable(machine, case)[0]
     names = names_chosen_since(time.time())
     for first, _ in names:
-        world.write(first, HARM)
-    before = world.tree()
+        drives.write(first, HARM)
+    before = drives.tree()
     with waiting(machine, case) as finish:
-        own = world.tree().keys() - before.keys()
+        own = drives.tree().keys() - before.keys()
         result = finish()
     assert own and own <= {second for _, second in names}
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 @pytest.mark.parametrize("taken", [False, True], ids=["free", "taken meanwhile"])
 def test_waits_until_its_copy_can_be_renamed(machine: Machine, taken: bool) -> None:
     case = Case("", REFUSED, removes_script=False) if taken else Case("", GONE)
-    world = lay_out(machine, case)
+    drives = lay_out(machine, case)
     names = names_chosen_since(time.time())
     with waiting(machine, case, HOLDER, STAGED) as finish:
         for name, _ in names if taken else []:
-            world.write(name, HARM)
-        before = world.tree()
+            drives.write(name, HARM)
+        before = drives.tree()
         result = finish()
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 def test_refuses_when_its_copy_cannot_be_renamed(machine: Machine) -> None:
     case = Case("", REFUSED, removes_script=False)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with running(machine, HOLDER, STAGED):
         result = machine.finish(machine.begin(instructions(machine, case)))
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 def test_gives_up_on_a_program_that_does_not_end(machine: Machine) -> None:
     case = Case("", STILL_RUNNING, patience=3)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with running(machine, EXECUTABLE) as program:
         began = time.monotonic()
         result = machine.finish(machine.begin(instructions(machine, case)))
         assert case.patience and time.monotonic() - began > case.patience - 0.5
         assert program.poll() is None
-        assert wrong(case, before, world, result) == []
+        assert wrong(case, before, drives, result) == []
 
 
 @pytest.mark.parametrize("status, place, instead, command", [
@@ -164,17 +164,17 @@ def test_removes_nothing_from_a_replacement(
     """A running program can be renamed. "del" follows a link of its name, and empties a folder.
     On Windows, an empty folder can be turned into a link in place; here a link replaces it."""
     case = Case("", status, patience=3, removes_script=False)
-    world = lay_out_runnable(machine, case)[0]
+    drives = lay_out_runnable(machine, case)[0]
     with waiting(machine, case, *command) as finish:
         if PRODUCT in command:
             until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
         machine.at(place).rename(machine.at(place + ".moved"))
-        instead(world)
-        before = world.tree()
+        instead(drives)
+        before = drives.tree()
         result = finish()
     before = {path: facts for path, facts in before.items() if "clearKTR-" not in path}
     assert before.keys() >= {place + ".moved", place}
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 @pytest.mark.parametrize("folder, command", [
@@ -184,13 +184,13 @@ def test_the_folder_cannot_be_renamed_while_the_script_waits(
         machine: Machine, folder: str, command: list[str]) -> None:
     """Wine locks the current folder; Windows also locks the folders above it."""
     case = Case("", GONE)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with waiting(machine, case, *command) as finish:
         machine.run(["cd D:\\", f'wide cmd /c ren "{folder}" renamed'])
         stayed = machine.at(folder).is_dir()
         result = finish()
     assert stayed
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 @pytest.mark.parametrize("content", [None, b"", HARM], ids=["same", "empty", "another version"])
@@ -203,14 +203,14 @@ def test_a_second_start_may_replace_the_copy_while_the_script_waits(
     what Windows would read.
     """
     case = Case("", GONE)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with waiting(machine, case) as finish:
         if content is None:
             machine.at(STAGED).unlink(missing_ok=True)
-        world.write(STAGED, world.script if content is None else content)
-        staged = world.tree()[STAGED]
+        drives.write(STAGED, drives.script if content is None else content)
+        staged = drives.tree()[STAGED]
         result = finish()
-    after = world.tree()
+    after = drives.tree()
     assert after.pop(STAGED) == staged
     assert differences(case, before, after) == []
     assert (result.status, result.output) == (GONE, b"")
@@ -221,29 +221,29 @@ def test_a_second_start_may_replace_the_copy_while_the_script_waits(
 ], ids=["in the folder", "in a folder in it"])
 def test_waits_until_a_file_is_free(machine: Machine, path: str) -> None:
     case = Case("", GONE, steps=(without(PRODUCT + "\\left over.txt"), files(path)))
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with waiting(machine, case, HOLDER, path) as finish:
         assert machine.at(path).exists()
         assert not machine.at(EXECUTABLE).exists()
         result = finish()
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 def test_waits_until_the_empty_folder_is_free(machine: Machine) -> None:
     case = Case("", GONE)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with waiting(machine, case, HOLDER, PRODUCT) as finish:
         until(lambda: not any(machine.at(PRODUCT).iterdir()), "the folder to be empty")
         result = finish()
-    assert wrong(case, before, world, result) == []
+    assert wrong(case, before, drives, result) == []
 
 
 def test_gives_up_on_a_file_that_stays_in_use(machine: Machine) -> None:
     case = Case("", LEFT, patience=3, gone=(PRODUCT,))
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with running(machine, HOLDER, EARLY):
         result = machine.finish(machine.begin(instructions(machine, case)))
-        after = world.tree()
+        after = drives.tree()
     assert EXECUTABLE not in after
     # What else is left depends on how far Wine came; all of it is in the product folder.
     assert f"added or left: {EARLY}" in differences(case, before, after)
@@ -254,12 +254,12 @@ def test_gives_up_on_a_file_that_stays_in_use(machine: Machine) -> None:
 
 def test_keeps_a_product_that_is_installed_while_the_script_waits(machine: Machine) -> None:
     case = Case("", LEFT)
-    world, before = lay_out_runnable(machine, case)
+    drives, before = lay_out_runnable(machine, case)
     with waiting(machine, case, HOLDER, EARLY) as finish:
-        world.install(PRODUCT)
-        installed = world.tree()
+        drives.install(PRODUCT)
+        installed = drives.tree()
         result = finish()
-    after = world.tree()
+    after = drives.tree()
     assert below(installed, PRODUCT) == below(before, PRODUCT)
     assert after == {path: facts for path, facts in installed.items() if "clearKTR-" not in path}
     assert (result.status, result.output) == (LEFT, b"")

@@ -14,10 +14,10 @@ import subprocess
 
 import pytest
 
-from calling import differences, instructions, lay_out, wrong_after_call
+from case_runner import differences, instructions, lay_out, wrong_after_call
 from cases import GONE, LEFT, ONLY_THE_PROGRAM, REFUSED, STILL_RUNNING, Case
+from drives import PRODUCT, PROGRAM, TEMP, Step, attributes, files, folders, link
 from machine import Machine, Result
-from world import PRODUCT, PROGRAM, TEMP, Step, attributes, files, folders, link
 
 PROBE = "D:\\Probe\\probe.bat"
 THERE = "D:\\Probe\\there"
@@ -53,8 +53,8 @@ def test_percent_signs_in_names_inside_are_expanded_again(machine: Machine, fold
 
 
 def lay_out_probe(machine: Machine, *steps: Step) -> None:
-    world = lay_out(machine, Case("", REFUSED, steps=steps))
-    assert world.machine is machine
+    drives = lay_out(machine, Case("", REFUSED, steps=steps))
+    assert drives.machine is machine
 
 
 def test_removing_a_link_to_a_file_removes_the_file(machine: Machine) -> None:
@@ -85,10 +85,10 @@ def test_removing_a_folder_stops_at_the_first_entry_that_stays(machine: Machine)
     """Wine does not see a dangling link, so it stays, and all later entries with it."""
     case = Case("", LEFT, steps=(link(PROGRAM + "\\nowhere", "D:\\no"),), patience=2,
                 gone=(PRODUCT,))
-    world = lay_out(machine, case)
-    before = world.tree()
+    drives = lay_out(machine, case)
+    before = drives.tree()
     result = machine.run(instructions(machine, case))
-    left = differences(case, before, world.tree())
+    left = differences(case, before, drives.tree())
     assert f"added or left: {PROGRAM}\\nowhere" in left
     assert f"added or left: {PRODUCT}\\left over.txt" in left
     assert f"added or left: {PROGRAM}\\Qt5Core.dll" not in left
@@ -131,11 +131,11 @@ def test_fc_calls_any_two_files_equal(machine: Machine) -> None:
 def test_the_interpreter_crashes(machine: Machine, case: Case) -> None:
     """Wine's allows about 25 nested calls, Windows hundreds; and it recurses without end on an
     argument that expands to itself. The script's copy stays."""
-    world = lay_out(machine, case)
-    before = world.tree()
+    drives = lay_out(machine, case)
+    before = drives.tree()
     result = machine.run(instructions(machine, case))
     assert result.status not in (GONE, REFUSED, STILL_RUNNING, LEFT)
-    after = world.tree()
+    after = drives.tree()
     staged = {path for path in after if path.startswith(TEMP + "\\clearKTR")}
     assert len(staged) == 1
     assert differences(case, before, {path: after[path] for path in after.keys() - staged}) == []

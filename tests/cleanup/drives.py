@@ -48,11 +48,11 @@ _DECOYS = (
     "D:\\Elsewhere\\keep.txt", "D:\\Elsewhere\\below\\keep.txt", "D:\\keep.txt", "E:\\keep.txt",
 )
 
-Step = Callable[["World"], object]
+Step = Callable[["Drives"], object]
 Tree = dict[str, tuple[object, ...]]
 
 
-class World:
+class Drives:
     """The drives of a machine, emptied and filled again."""
 
     def __init__(self, machine: Machine) -> None:
@@ -84,8 +84,8 @@ class World:
                      "res\\install_box.ico", "left over.txt"):
             self.write(f"{folder}\\{name}")
 
-    def settle(self) -> None:
-        """Carries out what only Windows calls can do."""
+    def set_attributes(self) -> None:
+        """Sets the attributes that the steps collected: only Windows calls can."""
         if self.instructions:
             assert self.machine.run(self.instructions).status == 0
 
@@ -130,38 +130,38 @@ def below(tree: Tree, folder: str) -> set[str]:
 
 def files(*paths: str) -> Step:
     """Adds files."""
-    def step(world: World) -> None:
+    def step(drives: Drives) -> None:
         for path in paths:
-            world.write(path)
+            drives.write(path)
     return step
 
 
 def file(path: str, content: bytes) -> Step:
     """Adds a file with this content."""
-    return lambda world: world.write(path, content)
+    return lambda drives: drives.write(path, content)
 
 
 def folders(*paths: str) -> Step:
     """Adds empty folders."""
-    def step(world: World) -> None:
+    def step(drives: Drives) -> None:
         for path in paths:
-            world.machine.at(path).mkdir(parents=True, exist_ok=True)
+            drives.machine.at(path).mkdir(parents=True, exist_ok=True)
     return step
 
 
 def mark(*paths: str, change: Callable[[bytes], bytes] = bytes) -> Step:
     """Adds folders with the mark, or with a changed script in it."""
-    def step(world: World) -> None:
+    def step(drives: Drives) -> None:
         for path in paths:
-            world.mark(path, change(world.script))
+            drives.mark(path, change(drives.script))
     return step
 
 
 def without(*paths: str) -> Step:
     """Removes files or folders."""
-    def step(world: World) -> None:
+    def step(drives: Drives) -> None:
         for path in paths:
-            target = world.machine.at(path)
+            target = drives.machine.at(path)
             if target.is_dir():
                 shutil.rmtree(target)
             else:
@@ -171,16 +171,16 @@ def without(*paths: str) -> Step:
 
 def link(path: str, target: str) -> Step:
     """Adds a link, in place of a file or folder of this path."""
-    def step(world: World) -> None:
-        place = world.machine.at(path)
+    def step(drives: Drives) -> None:
+        place = drives.machine.at(path)
         place.parent.mkdir(parents=True, exist_ok=True)
         if place.exists():
-            without(path)(world)
-        place.symlink_to(world.machine.at(target))
+            without(path)(drives)
+        place.symlink_to(drives.machine.at(target))
     return step
 
 
 def attributes(letters: str, *paths: str) -> Step:
     """Makes files or folders hidden (h), read-only (r) or system files (s)."""
-    return lambda world: world.instructions.extend(
+    return lambda drives: drives.instructions.extend(
         f"attributes {letters} {path}" for path in paths)

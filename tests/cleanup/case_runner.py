@@ -3,8 +3,8 @@
 from __future__ import annotations
 
 from cases import Case, Variables
+from drives import VARIABLES, Drives, Tree, below
 from machine import Machine, Result
-from world import VARIABLES, Tree, World, below
 
 _BOUND = b"set seconds=120\r\n"
 _SET_BY_WINE = ("SystemRoot", "ProgramFiles", "ProgramW6432", "CommonProgramFiles",
@@ -12,25 +12,25 @@ _SET_BY_WINE = ("SystemRoot", "ProgramFiles", "ProgramW6432", "CommonProgramFile
 """Variables that Wine sets in every new process: only a batch file in it can change them."""
 
 
-def lay_out(machine: Machine, case: Case) -> World:
+def lay_out(machine: Machine, case: Case) -> Drives:
     """Creates the files on the drives before the script is called."""
-    world = World(machine)
+    drives = Drives(machine)
     if case.patience is not None:
-        assert world.script.count(_BOUND) == 1
-        world.script = world.script.replace(_BOUND, b"set seconds=%d\r\n" % case.patience)
-    world.install(case.folder, case.program)
-    world.write(case.script, world.script)
+        assert drives.script.count(_BOUND) == 1
+        drives.script = drives.script.replace(_BOUND, b"set seconds=%d\r\n" % case.patience)
+    drives.install(case.folder, case.program)
+    drives.write(case.script, drives.script)
     for step in case.steps:
-        step(world)
-    world.settle()
-    return world
+        step(drives)
+    drives.set_attributes()
+    return drives
 
 
 def wrong_after_call(machine: Machine, case: Case) -> list[str]:
     """Creates the files of a case, calls the script, and returns what differs from the case."""
-    world = lay_out(machine, case)
-    before = world.tree()
-    return wrong(case, before, world, machine.run(instructions(machine, case)))
+    drives = lay_out(machine, case)
+    before = drives.tree()
+    return wrong(case, before, drives, machine.run(instructions(machine, case)))
 
 
 def instructions(machine: Machine, case: Case) -> list[str]:
@@ -60,9 +60,9 @@ def _after_setting(machine: Machine, variables: Variables, line: str) -> str:
     return "C:\\ktr\\call.bat"
 
 
-def wrong(case: Case, before: Tree, world: World, result: Result) -> list[str]:
+def wrong(case: Case, before: Tree, drives: Drives, result: Result) -> list[str]:
     """What differs from the case, including the exit code and the output."""
-    return differences(case, before, world.tree()) + [
+    return differences(case, before, drives.tree()) + [
         f"{what} is {seen!r}" for what, seen, expected in (
             ("status", result.status, case.status), ("output", result.output, b""))
         if seen != expected]
