@@ -34,7 +34,7 @@ CONTROLS = "window with each control"
 CONTENT = "the same with images, icon, libraries"
 DEFAULT = "UninstallUI, Qt's default renderer"
 
-_MARK = colour(layout.CANCEL_NORMAL)  # every contender paints this colour last
+_MARK = colour(layout.CANCEL_NORMAL)  # each executable paints this colour last
 _QUIET = 0.3  # seconds without painting before the next start may begin
 _COMPLETE = 2.0  # seconds without painting after which a slow window is complete
 _VALGRIND_DEADLINE = 300.0  # seconds for a start under valgrind, which takes fifty times as long
@@ -44,12 +44,12 @@ _TICKS = 50
 
 
 @dataclass
-class Contender:
-    """An executable in a sandbox."""
+class Executable:
+    """An executable to measure, in a sandbox."""
 
     title: str
     sandbox: Sandbox
-    executable: Path
+    file: Path
     arguments: list[str] = field(default_factory=list)
     variables: dict[str, str] = field(default_factory=dict)
 
@@ -57,9 +57,9 @@ class Contender:
     def started(self, under: Sequence[str] = ()) -> Iterator[Started]:
         """Runs it, under the command `under` if given, and ends it after the block."""
         system = self.sandbox.system
-        one = Started([*under, *system.command(self.executable, self.arguments)],
+        one = Started([*under, *system.command(self.file, self.arguments)],
                       {**self.sandbox.environment(), **self.variables}, self.sandbox.root,
-                      self.sandbox.root / "logs" / self.executable.name)
+                      self.sandbox.root / "logs" / self.file.name)
         try:
             yield one
         finally:
@@ -84,36 +84,36 @@ class Bench:
         baseline = sandbox.bin / ("baseline_window" + sandbox.system.executable_suffix)
         baseline.write_bytes(_built(baseline.name).read_bytes())
         baseline.chmod(0o755)
-        self.contenders = [
-            Contender(PROGRAM, sandbox, sandbox.program_file),
-            Contender(CONTROLS, sandbox, baseline, ["controls"]),
-            Contender(CONTENT, sandbox, baseline, ["content"]),
+        self.executables = [
+            Executable(PROGRAM, sandbox, sandbox.program_file),
+            Executable(CONTROLS, sandbox, baseline, ["controls"]),
+            Executable(CONTENT, sandbox, baseline, ["content"]),
         ]
         if not self._wine:
             # No scene graph has this name, so Qt takes its default.
-            self.contenders.append(Contender(DEFAULT, sandbox, sandbox.program_file,
+            self.executables.append(Executable(DEFAULT, sandbox, sandbox.program_file,
                                              variables={"QT_QUICK_BACKEND": "opengl"}))
         self.figures: dict[tuple[str, str], list[float]] = defaultdict(list)
         """By what was measured and the title."""
         self.wake_ups: list[int] = []
 
     def run(self, rounds: int) -> None:
-        """Measures each contender in each round; the first round is a warm-up."""
+        """Measures each executable in each round; the first round is a warm-up."""
         for number in range(rounds + 1):
             _say(f"starts: round {number} of {rounds}")
-            for contender in self.contenders:
-                with self._start(contender) as (_, figures):
+            for executable in self.executables:
+                with self._start(executable) as (_, figures):
                     for what, value in zip(("first", "cpu", "peak"), figures):
                         if number:
-                            self.figures[what, contender.title].append(value)
+                            self.figures[what, executable.title].append(value)
         _say("idle")
         self.wake_ups = [self._idle() for _ in range(_COUNTS)]
         if self._wine:
             return
-        for contender in self.contenders[:3]:
-            _say(f"instructions: {contender.title}")
-            self.figures["instructions", contender.title] = [
-                self._count(contender) for _ in range(_COUNTS)]
+        for executable in self.executables[:3]:
+            _say(f"instructions: {executable.title}")
+            self.figures["instructions", executable.title] = [
+                self._count(executable) for _ in range(_COUNTS)]
         self._run_ticks(rounds)
 
     def ratios(self) -> list[tuple[str, float, float]]:
@@ -137,7 +137,7 @@ class Bench:
         columns = (("first frame, ms", "first", 1000, 0), ("processor, ms", "cpu", 1000, 0),
                    ("memory, MB", "peak", 1, 1), ("million instructions", "instructions", 1e-6, 0))
         lines = [f"{'':40}" + "".join(f"{head:>24}" for head, *_ in columns)]
-        for title in (contender.title for contender in self.contenders):
+        for title in (executable.title for executable in self.executables):
             spreads = [_spread([factor * value for value in self.figures[what, title]], digits)
                        for _, what, factor, digits in columns]
             lines.append(f"{title:40}" + "".join(f"{spread:>24}" for spread in spreads))
@@ -146,14 +146,14 @@ class Bench:
         return "\n".join(lines)
 
     @contextmanager
-    def _start(self, contender: Contender) -> Iterator[tuple[Started, tuple[float, float, float]]]:
-        """Starts a contender and waits for its first frame.
+    def _start(self, executable: Executable) -> Iterator[tuple[Started, tuple[float, float, float]]]:
+        """Starts an executable and waits for its first frame.
 
         Yields the process, and until that frame: seconds, processor time, peak memory in MB.
         """
         self._watch.wait_quiet(_QUIET)
         began = time.monotonic()
-        with contender.started() as started:
+        with executable.started() as started:
             # What clock_getcpuclockid(3) gives: all threads, exact to less than a microsecond.
             clock = (~started.pid << 3) | 2
             try:
@@ -162,13 +162,13 @@ class Bench:
                     wait.DEADLINE)
             except (TimeoutError, OSError, StopIteration):
                 raise RuntimeError(
-                    f"{contender.title} has shown nothing: {started!r}\n{started.stderr}") from None
+                    f"{executable.title} has shown nothing: {started!r}\n{started.stderr}") from None
             yield started, (painted - began, cpu, peak)
 
-    def _count(self, contender: Contender) -> int:
-        """The instructions that a contender executes until its window is complete."""
+    def _count(self, executable: Executable) -> int:
+        """The instructions that an executable executes until its window is complete."""
         self._watch.wait_quiet(_COMPLETE)
-        with contender.started(under=["valgrind", "--tool=callgrind", "--trace-children=no",
+        with executable.started(under=["valgrind", "--tool=callgrind", "--trace-children=no",
                                       "--callgrind-out-file=/dev/null"]) as started:
             self._watch.wait_colour(_MARK, lambda: None, _VALGRIND_DEADLINE)
             self._watch.wait_quiet(_COMPLETE)
@@ -182,7 +182,7 @@ class Bench:
 
     def _idle(self) -> int:
         """How often the idle program wakes up."""
-        with self._start(self.contenders[0]) as (started, _):
+        with self._start(self.executables[0]) as (started, _):
             self._watch.wait_quiet(1.0)
             before = _switches(started.pid)
             time.sleep(_IDLE)
