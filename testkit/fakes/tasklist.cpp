@@ -26,11 +26,11 @@ constexpr std::uint32_t kShownProcessId = 4242;
 
 std::string ToLowerAscii(std::string_view text)
 {
-    std::string lowered(text);
-    std::transform(lowered.begin(), lowered.end(), lowered.begin(), [](char letter) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](char letter) {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
-    return lowered;
+    return lower;
 }
 
 struct Query

@@ -14,7 +14,7 @@ from faults.outcomes import CONFIG
 from offer_keys import CART
 
 PLAIN = "https://shop.torvan.example/cart?product=dravik"
-ROOM = 260
+MAX_SIZE = 260
 """The largest size of a value, in bytes with its terminating NUL."""
 NOT_TEXT = "the Windows registry has types and returns such values differently"
 
@@ -69,8 +69,8 @@ def _raw(name: str, kind: int, data: bytes, text: str, stderr: tuple[str, ...] =
 
 FAULTS = [
     *(Fault(f"registry: values of {size} bytes",
-            Hostile(TAKEN if size <= ROOM else LEFT_OUT, "x" * (size - 1),
-                    "x" * (size - 1) if size <= ROOM else "")) for size in (259, 260, 261)),
+            Hostile(TAKEN if size <= MAX_SIZE else LEFT_OUT, "x" * (size - 1),
+                    "x" * (size - 1) if size <= MAX_SIZE else "")) for size in (259, 260, 261)),
     Fault("registry: values of 64 KiB", Hostile(LEFT_OUT, "x" * 65535, "")),
     _text("quotation marks", "a\"b\"'c'"),
     _text("percent signs", "%1%2%n%s%99%PATH%%41"),
@@ -85,7 +85,7 @@ FAULTS = [
     _raw("line breaks", 1, b"one\r\ntwo\tthree\0", "one\r\ntwo\tthree",
          stderr=(r"two\tthree.*",)),  # the log does not escape the prefix
     _raw("no terminating NUL", 1, b"acme", "acme"),
-    _raw("no terminating NUL in the largest size", 1, b"x" * ROOM, "x" * ROOM),
+    _raw("no terminating NUL in the largest size", 1, b"x" * MAX_SIZE, "x" * MAX_SIZE),
     _raw("a NUL in the middle", 1, b"acme\0harm\0", "acme"),
     _raw("a number in place of a text", 4, b"acme", "acme"),
     _raw("bytes in place of a text", 3, b"acme\0", "acme"),

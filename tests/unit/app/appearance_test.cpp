@@ -32,13 +32,13 @@ TEST(WindowIcon, LiesBesideTheProgramDirectoryOrIsMissing)
     EXPECT_TRUE(QGuiApplication::windowIcon().pixmap(16).isNull());
 
     ASSERT_TRUE(QDir(product.path()).mkdir("res"));
-    QImage picture(16, 16, QImage::Format_RGB32);
-    picture.fill(Qt::green);
+    QImage icon(16, 16, QImage::Format_RGB32);
+    icon.fill(Qt::green);
     // Qt detects the format from the content, not from the file name.
-    ASSERT_TRUE(picture.save(product.filePath("res/install_box.ico"), "PNG"));
+    ASSERT_TRUE(icon.save(product.filePath("res/install_box.ico"), "PNG"));
     ApplyWindowIcon(product.filePath("bin"));
     const QImage shown = QGuiApplication::windowIcon().pixmap(16).toImage();
-    ASSERT_EQ(shown.size(), picture.size());
+    ASSERT_EQ(shown.size(), icon.size());
     EXPECT_EQ(shown.pixelColor(8, 8), QColor(Qt::green));
     QGuiApplication::setWindowIcon(QIcon());
 }

@@ -39,7 +39,7 @@ TEST(ModulePathContract, TheFolderIsExactAsLongAsItsSeparatorFits)
 {
     const std::string path = platform::ExecutablePath(kLongPath);
     const std::size_t separator = path.rfind(platform::kNativeSeparator);
-    // The separator and the terminating zero
+    // The separator and the terminating NUL
     for (const std::size_t capacity : {kLongPath, path.size(), separator + 2}) {
         EXPECT_TRUE(platform::IsExecutableFolderExact(capacity)) << capacity;
     }

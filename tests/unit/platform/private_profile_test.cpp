@@ -46,7 +46,7 @@ TEST(ProfileContract, ReadsOneValueAsWindowsDoes)
              {"an equals sign", start + "19=2\r\n", L"19=2"},
              {"what just fits", start + digits + "\r\n", std::wstring(99, L'7')},
              {"what is longer", start + digits + "88\r\n", std::wstring(99, L'7')},
-             {"little room", start + "12345\r\n", L"123", 4},
+             {"small capacity", start + "12345\r\n", L"123", 4},
          }) {
         // A new file for each row: the system may cache what it has read.
         const auto file = folder / (contract::UniqueName("config") + ".ini");

@@ -53,7 +53,7 @@ TEST(ProcessesContract, OpenFindsNoImpossibleProcess)
     EXPECT_FALSE(OpenedProcess::Open(0xFFFFFFF0U));
 }
 
-TEST(ProcessesContract, ImagePathMustFitWithItsTerminatingZero)
+TEST(ProcessesContract, ImagePathMustFitWithItsTerminatingNul)
 {
     StartedChild child;
     const OpenedProcess process = OpenedProcess::Open(child.Process().Id());

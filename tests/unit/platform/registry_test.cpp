@@ -66,7 +66,7 @@ TEST(RegistryContract, DataIsReadWhateverItsTypeIfThereIsRoomForAllOfIt)
              Value{"fits", nine + '\0', 1, 10, nine, nine},
              {"too long", nine + '\0', 1, 9, "(refused)", nine},
              {"text has no limit", tooLong + '\0', 1, 300, "(refused)", tooLong},
-             {"no terminating zero", "abcd", 1, 5, "abcd", "abcd"},
+             {"no terminating NUL", "abcd", 1, 5, "abcd", "abcd"},
              {"expandable, not expanded", std::string("%PATH%\0", 7), 2, 10, "%PATH%", "%PATH%"},
              {"binary", std::string("ab\0", 3), 3, 10, "ab", "ab"},
              {"number", std::string("EN\0\0", 4), 4, 10, "EN", "EN"},

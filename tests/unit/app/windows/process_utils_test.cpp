@@ -22,17 +22,17 @@ namespace {
 using contract::ReplaceImport;
 using Calls = std::vector<std::string>;
 
-DWORD Give(const std::wstring &path, DWORD room, wchar_t *buffer)
+DWORD CopyPath(const std::wstring &path, DWORD capacity, wchar_t *buffer)
 {
-    constexpr DWORD kRoomForAPath = 260;
-    EXPECT_EQ(room, kRoomForAPath);
+    constexpr DWORD kPathCapacity = 260;
+    EXPECT_EQ(capacity, kPathCapacity);
     std::wcscpy(buffer, path.c_str());
     return static_cast<DWORD>(path.size());
 }
 
-DWORD WINAPI PathOfThisProgram(HMODULE, wchar_t *buffer, DWORD room)
+DWORD WINAPI PathOfThisProgram(HMODULE, wchar_t *buffer, DWORD capacity)
 {
-    return Give(L"C:\\the folder/program.exe", room, buffer);
+    return CopyPath(L"C:\\the folder/program.exe", capacity, buffer);
 }
 
 // Windows accepts both separators, but Wine reports paths with backslashes only.
@@ -74,10 +74,10 @@ HANDLE WINAPI Open(DWORD rights, WINBOOL inherit, DWORD id)
     return id == 2 ? nullptr : ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
 }
 
-WINBOOL WINAPI Query(HANDLE, DWORD, wchar_t *buffer, DWORD *room)
+WINBOOL WINAPI Query(HANDLE, DWORD, wchar_t *buffer, DWORD *capacity)
 {
     calls.emplace_back("query");
-    *room = Give(L"C:\\the folder/helper.exe", *room, buffer);
+    *capacity = CopyPath(L"C:\\the folder/helper.exe", *capacity, buffer);
     return TRUE;
 }
 

@@ -19,7 +19,7 @@ public:
     /// Sets a value to these bytes; `type` is its registry type, such as REG_SZ (1).
     static void
     Set(const std::string &key, const std::string &name, const std::string &data, int type = 1);
-    /// A text value with its terminating zero.
+    /// A text value with its terminating NUL.
     static void SetText(const std::string &key, const std::string &name, const std::string &text)
     {
         Set(key, name, text + '\0');
