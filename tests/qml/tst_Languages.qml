@@ -29,15 +29,15 @@ InterfaceTest {
             return
         }
         var shown = Fitting.texts(window.contentItem)
-        var faults = Fitting.complaints(window.contentItem)
+        var problems = Fitting.complaints(window.contentItem)
         shown.forEach((text) => {
             var missing = languages.withoutGlyph(text.text, text.font)
             if (missing !== "") {
-                faults.push(text.text + " -- no installed font has " + missing)
+                problems.push(text.text + " -- no installed font has " + missing)
             }
         })
         texts += shown.length
-        complaints = complaints.concat(faults.map((fault) => pane + ": " + fault))
+        complaints = complaints.concat(problems.map((problem) => pane + ": " + problem))
     }
 
     function prepare() {
