@@ -55,7 +55,7 @@ FocusScope {
 
             anchors.centerIn: parent
             //: Small badge under the price of a coupon; %1 is the coupon's last day, such as
-            //: 12/31/2026. One line, left of a picture: about 30 letters and the date.
+            //: 12/31/2026. One line, left of an image: about 30 letters and the date.
             text: qsTr("Validity period: %1").arg(Public.textOf(root.perferentialInfo, "expired"))
             textFormat: Text.PlainText
             color: "#4F545C"

@@ -30,10 +30,10 @@ Item {
     ]
     property var discountedPrices: [
         //: Underlined line under a coupon; a click opens its page in the browser. One line, left
-        //: of a picture: about 50 letters.
+        //: of an image: about 50 letters.
         qsTr("View exclusive discounted prices"),
         //: Link under the box for feedback, and line under a coupon; a click opens the offer in
-        //: the browser. One line, left of a picture: about 50 letters.
+        //: the browser. One line, left of an image: about 50 letters.
         qsTr("Enjoy discounted prices to buy other products")
     ]
     property var listPages: []

@@ -9,16 +9,16 @@ FocusScope {
     // A reason's number, from 1 on, is also the number of the page that answers it.
     property var listReson: [
         "",
-        //: Reason to choose from a list: the product costs too much. One line, left of a picture:
+        //: Reason to choose from a list: the product costs too much. One line, left of an image:
         //: about 55 letters.
         qsTr("The price is too expensive"),
-        //: Reason to choose from a list: the product is needed no longer. One line, left of a
-        //: picture: about 55 letters.
+        //: Reason to choose from a list: the product is needed no longer. One line, left of an
+        //: image: about 55 letters.
         qsTr("The product has solved my problem"),
-        //: Reason to choose from a list: the product does not help. One line, left of a picture:
+        //: Reason to choose from a list: the product does not help. One line, left of an image:
         //: about 55 letters.
         qsTr("The product doesn't solve my problem"),
-        //: Reason to choose from a list, always the last one. One line, left of a picture: about
+        //: Reason to choose from a list, always the last one. One line, left of an image: about
         //: 55 letters.
         qsTr("I have other reasons")
     ]

@@ -5,7 +5,7 @@
     <name>DiscountComponent</name>
     <message>
         <source>Validity period: %1</source>
-        <extracomment>Small badge under the price of a coupon; %1 is the coupon&apos;s last day, such as 12/31/2026. One line, left of a picture: about 30 letters and the date.</extracomment>
+        <extracomment>Small badge under the price of a coupon; %1 is the coupon&apos;s last day, such as 12/31/2026. One line, left of an image: about 30 letters and the date.</extracomment>
         <translation>Ισχύει έως: %1</translation>
     </message>
 </context>
@@ -38,12 +38,12 @@
     </message>
     <message>
         <source>View exclusive discounted prices</source>
-        <extracomment>Underlined line under a coupon; a click opens its page in the browser. One line, left of a picture: about 50 letters.</extracomment>
+        <extracomment>Underlined line under a coupon; a click opens its page in the browser. One line, left of an image: about 50 letters.</extracomment>
         <translation>Δείτε τις αποκλειστικές τιμές με έκπτωση</translation>
     </message>
     <message>
         <source>Enjoy discounted prices to buy other products</source>
-        <extracomment>Link under the box for feedback, and line under a coupon; a click opens the offer in the browser. One line, left of a picture: about 50 letters.</extracomment>
+        <extracomment>Link under the box for feedback, and line under a coupon; a click opens the offer in the browser. One line, left of an image: about 50 letters.</extracomment>
         <translation>Αγοράστε άλλα προϊόντα με έκπτωση</translation>
     </message>
     <message>
@@ -91,22 +91,22 @@
     <name>ReasonComponent</name>
     <message>
         <source>The price is too expensive</source>
-        <extracomment>Reason to choose from a list: the product costs too much. One line, left of a picture: about 55 letters.</extracomment>
+        <extracomment>Reason to choose from a list: the product costs too much. One line, left of an image: about 55 letters.</extracomment>
         <translation>Η τιμή είναι πολύ υψηλή</translation>
     </message>
     <message>
         <source>The product has solved my problem</source>
-        <extracomment>Reason to choose from a list: the product is needed no longer. One line, left of a picture: about 55 letters.</extracomment>
+        <extracomment>Reason to choose from a list: the product is needed no longer. One line, left of an image: about 55 letters.</extracomment>
         <translation>Το προϊόν έλυσε το πρόβλημά μου</translation>
     </message>
     <message>
         <source>The product doesn&apos;t solve my problem</source>
-        <extracomment>Reason to choose from a list: the product does not help. One line, left of a picture: about 55 letters.</extracomment>
+        <extracomment>Reason to choose from a list: the product does not help. One line, left of an image: about 55 letters.</extracomment>
         <translation>Το προϊόν δεν λύνει το πρόβλημά μου</translation>
     </message>
     <message>
         <source>I have other reasons</source>
-        <extracomment>Reason to choose from a list, always the last one. One line, left of a picture: about 55 letters.</extracomment>
+        <extracomment>Reason to choose from a list, always the last one. One line, left of an image: about 55 letters.</extracomment>
         <translation>Έχω άλλους λόγους</translation>
     </message>
 </context>
