@@ -56,8 +56,8 @@ void ConfigureScaling()
     qputenv("QT_AUTO_SCREEN_SCALE_FACTOR", "");
 }
 
-// The program leaves nothing in the user's cache folder. QML_FORCE_DISK_CACHE would win over
-// QML_DISABLE_DISK_CACHE. Programs that ours starts inherit this; none of them uses QML.
+// Leave nothing in the user's cache folder (docs/decisions/0003). QML_FORCE_DISK_CACHE would win
+// over QML_DISABLE_DISK_CACHE. Programs that ours starts inherit this; none of them uses QML.
 void DisableQmlDiskCache()
 {
     qputenv("QML_DISABLE_DISK_CACHE", "1");
