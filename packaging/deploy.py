@@ -23,8 +23,8 @@ from pe_imports import imports_of
 PLUGINS = ("platforms/qwindows.dll", "imageformats/qico.dll")
 # Qt Quick Controls 1 needs Qt5Widgets.dll. QtGraphicalEffects is imported, but unused. The program
 # draws in software, so opengl32sw.dll, libEGL.dll, libGLESv2.dll and d3dcompiler_47.dll, which Qt
-# loads by name, are left out. So is QtQuick/Extras, which only styles of controls that the interface
-# does not use import.
+# loads by name, are left out. QtQuick/Extras is left out too: only styles of unused controls import
+# it.
 MODULES = ("QtQml", "QtQuick.2", "QtQuick/Window.2", "QtQuick/Controls", "QtQuick/Controls.2",
            "QtQuick/Templates.2", "QtQuick/Layouts", "QtQuick/Shapes", "QtGraphicalEffects")
 # The interface uses the style Default. Only the designer of Qt Creator reads the type descriptions.
