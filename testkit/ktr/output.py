@@ -16,6 +16,9 @@ _ALLOWED = (
     r'"?.* is too long! length:-?\d+"?',
     # Wine lacks this function; Qt works without it.
     r"EnableNonClientDpiScaling\(\) failed .*\(Call not implemented\.\)",
+    # A process that exits closes Wine's socket to its server first; a thread that starts meanwhile
+    # cannot pass its pipes over it.
+    r"wine client error:[0-9a-f]+: sendmsg: (Bad file descriptor|Socket operation on non-socket)",
     # On Windows, Qt reports a link that no program can open.
     r"ShellExecute '.*' failed \(error \d+\)\.",
     # Qt asks for the frame of a closing pop-up while the window manager destroys it: a race on

@@ -149,6 +149,7 @@ def test_changes_on_disk_are_found(sandbox: Sandbox) -> None:
 
 COMPLAINS = "def test_it(sandbox):\n    sandbox.start(['-c', 'echo oh dear >&2']).wait_exit()\n"
 FAILS = COMPLAINS + "    assert False, 'on purpose'\n"
+WINE_AT_EXIT = "wine client error:14c: sendmsg: Socket operation on non-socket"
 LEAVES = ("def test_it(sandbox):\n"
           "    sandbox.start(['-c', 'Dravik/bin/KTRUI.exe &']).wait_exit()\n"
           "    (process,) = sandbox.wait_processes('KTRUI.exe', 1)\n"
@@ -161,8 +162,10 @@ LEAVES = ("def test_it(sandbox):\n"
     ("@pytest.mark.stderr_allowed('oh')\n" + COMPLAINS, "on standard error of .*: oh dear"),
     ("@pytest.mark.stderr_allowed('oh .*')\n" + COMPLAINS, None),
     (COMPLAINS.replace("oh dear", "load vantoronlineconfig.dll error!"), None),
+    (COMPLAINS.replace("oh dear", WINE_AT_EXIT), None),
     (LEAVES, "still running: .*/Dravik/bin/KTRUI.exe"),
-], ids=["fails", "complains", "another line allowed", "allowed", "program log", "leaves a process"])
+], ids=["fails", "complains", "another line allowed", "allowed", "program log", "Wine at exit",
+        "leaves a process"])
 def test_a_failed_scenario_keeps_evidence(tmp_path: Path, body: str, said: str | None) -> None:
     (tmp_path / "test_inner.py").write_text(SHELL + body, encoding="utf-8")
     kept = tmp_path / "kept" / "test_inner.py_test_it"
