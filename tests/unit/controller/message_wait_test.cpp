@@ -21,8 +21,8 @@ protected:
         QTimer::singleShot(0, std::move(action));
     }
 
-    FakeEnvironment world_;
-    CUninstallMgr manager_{world_.Environment()};
+    FakeEnvironment fake_;
+    CUninstallMgr manager_{fake_.Environment()};
 };
 
 TEST_F(MessageWait, ReturnsTheCodeThatEndsItAndMinusOneWithoutOne)

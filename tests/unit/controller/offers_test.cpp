@@ -25,21 +25,21 @@ protected:
         return Offer(type).value(key).toString();
     }
 
-    FakeEnvironment world_;
-    CUninstallMgr manager_{world_.Environment()};
+    FakeEnvironment fake_;
+    CUninstallMgr manager_{fake_.Environment()};
 };
 
 TEST_F(Offers, AreEmptyWithoutAConfiguration)
 {
-    world_.configured = false;
+    fake_.configured = false;
     for (int type = 0; type <= 5; ++type) {
         EXPECT_EQ(Offer(type), QVariantMap());
     }
-    EXPECT_EQ(world_.Asked(), QStringList());
+    EXPECT_EQ(fake_.Asked(), QStringList());
     // The prefix waits for a configuration.
-    world_.configured = true;
+    fake_.configured = true;
     Offer(0);
-    EXPECT_EQ(world_.Asked().first(), "tag uninstall__180");
+    EXPECT_EQ(fake_.Asked().first(), "tag uninstall__180");
 }
 
 TEST_F(Offers, OfOtherTypesOnlyExpire)
@@ -47,12 +47,12 @@ TEST_F(Offers, OfOtherTypesOnlyExpire)
     for (const int type : {-1, 0, 5, 100}) {
         EXPECT_EQ(Offer(type).keys(), QStringList{"expired"}) << type;
     }
-    EXPECT_EQ(world_.Asked(), QStringList{"tag uninstall__180"});
+    EXPECT_EQ(fake_.Asked(), QStringList{"tag uninstall__180"});
 }
 
 TEST_F(Offers, HaveTheKeysOfTheirType)
 {
-    world_.texts = {
+    fake_.texts = {
         {"uninstall_coupon_4_ktr", "$1"},
         {"url_cart_with_ktr_uninstall_coupon", "https://one.example"},
         {"uninstall_coupon_4_others", "$2"},
@@ -71,7 +71,7 @@ TEST_F(Offers, AskForPriceAndThenUrlAfterThePrefix)
 {
     Offer(1);
     Offer(2);
-    EXPECT_EQ(world_.Asked(),
+    EXPECT_EQ(fake_.Asked(),
               (QStringList{"tag uninstall__180",
                            "text uninstall_coupon_4_ktr",
                            "text url_cart_with_ktr_uninstall_coupon",
@@ -81,9 +81,9 @@ TEST_F(Offers, AskForPriceAndThenUrlAfterThePrefix)
 
 TEST_F(Offers, OnlyTheUrlKeyCarriesTheOemNameInLowerCase)
 {
-    world_.oemName = "ACME %1%2";
+    fake_.oemName = "ACME %1%2";
     Offer(3);
-    EXPECT_EQ(world_.Asked().mid(1),
+    EXPECT_EQ(fake_.Asked().mid(1),
               (QStringList{"text uninstall_coupon_4_others",
                            "text url_landing_with_others_uninstall_coupon__acme %1%2"}));
 }
@@ -105,8 +105,8 @@ TEST_F(Offers, TheIdentifierIsAppendedToTheUrl)
           {"https://a.example", "", "https://a.example"},
           {"", "", ""},
           {"https://a.example", "%1&x", "https://a.example?x-url=1-%1&x"}}) {
-        world_.texts["url_cart_with_ktr_uninstall_coupon"] = tail.url;
-        world_.xurlId = tail.xurlId;
+        fake_.texts["url_cart_with_ktr_uninstall_coupon"] = tail.url;
+        fake_.xurlId = tail.xurlId;
         EXPECT_EQ(Entry(1, "url"), tail.result);
     }
 }
@@ -125,14 +125,14 @@ TEST_F(Offers, ExpireTomorrow)
                            {2025, 2, 28, "03/01/2025"},
                            {2024, 2, 28, "02/29/2024"},
                            {2026, 11, 21, "11/22/2026"}}) {
-        world_.today = QDate(day.year, day.month, day.day);
+        fake_.today = QDate(day.year, day.month, day.day);
         EXPECT_EQ(Entry(1, "expired"), day.next);
     }
 }
 
 TEST_F(Offers, ExpireInLatinDigitsUnderEveryLocale)
 {
-    world_.today = QDate(2025, 12, 31);
+    fake_.today = QDate(2025, 12, 31);
     const QLocale before;
     for (const char *locale : {"ar_EG", "fa_IR", "th_TH", "tr_TR", "hi_IN", "C"}) {
         QLocale::setDefault(QLocale(locale));
@@ -146,9 +146,9 @@ TEST_F(Offers, EachControllerAppliesThePrefixOnce)
     Offer(1);
     Offer(2);
     Offer(7);
-    EXPECT_EQ(world_.Asked().filter("tag ").size(), 1);
-    CUninstallMgr(world_.Environment()).getPreferentialLink(1);
-    EXPECT_EQ(world_.Asked().filter("tag ").size(), 2);
+    EXPECT_EQ(fake_.Asked().filter("tag ").size(), 1);
+    CUninstallMgr(fake_.Environment()).getPreferentialLink(1);
+    EXPECT_EQ(fake_.Asked().filter("tag ").size(), 2);
 }
 
 TEST(OfferSources, TodayIsTheUsersDay)

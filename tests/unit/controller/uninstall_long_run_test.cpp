@@ -18,8 +18,8 @@ std::size_t Allocated()
 TEST(UninstallLongRun, AHundredThousandTicksKeepNoMemory)
 {
     constexpr int kTicks = 100000;
-    FakeEnvironment world;
-    UninstallEnvironment environment = world.Environment();
+    FakeEnvironment fakeEnvironment;
+    UninstallEnvironment environment = fakeEnvironment.Environment();
     environment.isProcessRunning = [](const QString &) {
         return true;
     };

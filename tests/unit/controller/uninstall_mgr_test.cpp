@@ -68,8 +68,8 @@ TEST(UninstallMgrInterface, ProgressIsAWritableIntPropertyWithANotifySignal)
 class UninstallMgr : public testing::Test
 {
 protected:
-    FakeEnvironment world_;
-    CUninstallMgr manager_{world_.Environment()};
+    FakeEnvironment fake_;
+    CUninstallMgr manager_{fake_.Environment()};
 };
 
 TEST_F(UninstallMgr, StartsAtProgressZeroWithExitCodeMinusTenAndAsksNothing)
@@ -77,7 +77,7 @@ TEST_F(UninstallMgr, StartsAtProgressZeroWithExitCodeMinusTenAndAsksNothing)
     EXPECT_EQ(manager_.parent(), nullptr);
     EXPECT_EQ(manager_.getExitCode(), -10);
     EXPECT_EQ(manager_.getValProgress(), 0);
-    EXPECT_TRUE(world_.Asked().isEmpty());
+    EXPECT_TRUE(fake_.Asked().isEmpty());
 }
 
 TEST_F(UninstallMgr, KeepsAnyExitCodeAsItIs)
@@ -106,7 +106,7 @@ TEST_F(UninstallMgr, OpensLinksButNotAnEmptyOne)
         manager_.openLink(link);
     }
     manager_.openLink(QString());
-    EXPECT_EQ(world_.Asked(),
+    EXPECT_EQ(fake_.Asked(),
               (QStringList{"open https://shop.example/cart?x=1",
                            "open https://shop.example/a%20b%25zz",
                            "open "}));
@@ -117,7 +117,7 @@ TEST_F(UninstallMgr, HandsUsageEventsOverInOrder)
     manager_.sendUserInfo("noSolvedPage", "Click_Submit", "text");
     manager_.sendUserInfo("A", "B");
     manager_.sendUserInfo("w", "a", "attr", "src");
-    EXPECT_EQ(world_.Asked(),
+    EXPECT_EQ(fake_.Asked(),
               (QStringList{"event [noSolvedPage][Click_Submit][text][]",
                            "event [A][B][][]",
                            "event [w][a][attr][src]"}));
@@ -125,10 +125,10 @@ TEST_F(UninstallMgr, HandsUsageEventsOverInOrder)
 
 TEST_F(UninstallMgr, AsksForTheProductByItsExactName)
 {
-    world_.PollsAnswer({true, false});
+    fake_.PollsAnswer({true, false});
     EXPECT_TRUE(manager_.isKTRRunning());
     EXPECT_FALSE(manager_.isKTRRunning());
-    EXPECT_EQ(world_.Asked(), (QStringList{"ask KTRUI.exe", "ask KTRUI.exe"}));
+    EXPECT_EQ(fake_.Asked(), (QStringList{"ask KTRUI.exe", "ask KTRUI.exe"}));
 }
 
 TEST(UiUtility, IsOneObjectWithoutAnInterfaceOfItsOwn)

@@ -22,14 +22,14 @@ protected:
     // gets the time of two ticks of a timer with twice its interval.
     bool TimerTicks()
     {
-        world_.Forget();
+        fake_.Forget();
         int rounds = 0;
         QTimer slower;
         QObject::connect(&slower, &QTimer::timeout, [&rounds] { ++rounds; });
         slower.start(400);
         EXPECT_TRUE(
-            QTest::qWaitFor([&] { return rounds == 2 || !world_.Asked().isEmpty(); }, 60000));
-        return !world_.Asked().isEmpty();
+            QTest::qWaitFor([&] { return rounds == 2 || !fake_.Asked().isEmpty(); }, 60000));
+        return !fake_.Asked().isEmpty();
     }
 
     static QString Start()
@@ -38,16 +38,16 @@ protected:
         return QString("start %1 [/SP-|/VERYSILENT]").arg(program);
     }
 
-    FakeEnvironment world_;
-    CUninstallMgr manager_{world_.Environment()};
+    FakeEnvironment fake_;
+    CUninstallMgr manager_{fake_.Environment()};
     QSignalSpy changed_{&manager_, &CUninstallMgr::sigValProgressChanged};
 };
 
 TEST_F(UninstallRun, SeenAtOnceStartsTheTimerWithoutAPause)
 {
-    world_.PollsAnswer({true});
+    fake_.PollsAnswer({true});
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked(), (QStringList{Start(), kAsk}));
+    EXPECT_EQ(fake_.Asked(), (QStringList{Start(), kAsk}));
     EXPECT_EQ(changed_.count(), 0);
     EXPECT_TRUE(TimerTicks());
 }
@@ -61,18 +61,18 @@ TEST_F(UninstallRun, PollsTwentyFiveTimesWithASleepAndEventsBetween)
         expected += poll;
         answers << false;
     }
-    world_.PollsAnswer(answers << true);
+    fake_.PollsAnswer(answers << true);
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked(), expected + QStringList{kAsk});
+    EXPECT_EQ(fake_.Asked(), expected + QStringList{kAsk});
     EXPECT_TRUE(TimerTicks()) << "seen at the last poll";
 }
 
 TEST_F(UninstallRun, NeverSeenGivesUpAfterTwentyFivePollsWithoutASignal)
 {
-    world_.PollsAnswer({false});
+    fake_.PollsAnswer({false});
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked().filter(kAsk).size(), 25);
-    EXPECT_EQ(world_.Asked().size(), 1 + 25 * 3);
+    EXPECT_EQ(fake_.Asked().filter(kAsk).size(), 25);
+    EXPECT_EQ(fake_.Asked().size(), 1 + 25 * 3);
     EXPECT_EQ(manager_.getValProgress(), 0);
     EXPECT_EQ(changed_.count(), 0);
     EXPECT_FALSE(TimerTicks());
@@ -82,19 +82,19 @@ TEST_F(UninstallRun, TheUninstallerLiesInTheWorkingDirectory)
 {
     const QString before = QDir::currentPath();
     const QTemporaryDir elsewhere;
-    world_.PollsAnswer({true});
+    fake_.PollsAnswer({true});
     for (const QString &folder : {elsewhere.path(), QDir::rootPath()}) {
         ASSERT_TRUE(QDir::setCurrent(folder));
-        world_.Forget();
+        fake_.Forget();
         manager_.doUninstall();
-        EXPECT_EQ(world_.Asked().first(), Start());
+        EXPECT_EQ(fake_.Asked().first(), Start());
     }
     QDir::setCurrent(before);
 }
 
 TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
 {
-    world_.PollsAnswer({true});
+    fake_.PollsAnswer({true});
     manager_.doUninstall();
     QElapsedTimer sinceStart;
     sinceStart.start();
@@ -105,7 +105,7 @@ TEST_F(UninstallRun, TheFirstTickComesAfterTheInterval)
 
 TEST_F(UninstallRun, TheIntervalIsShorterThan220Milliseconds)
 {
-    world_.PollsAnswer({true});
+    fake_.PollsAnswer({true});
     int rounds = 0;
     QTimer longer;
     longer.setTimerType(Qt::PreciseTimer);
@@ -117,10 +117,10 @@ TEST_F(UninstallRun, TheIntervalIsShorterThan220Milliseconds)
 
 TEST_F(UninstallRun, IsNotGuardedAgainstASecondCall)
 {
-    world_.PollsAnswer({true});
+    fake_.PollsAnswer({true});
     manager_.doUninstall();
     manager_.doUninstall();
-    EXPECT_EQ(world_.Asked(), (QStringList{Start(), kAsk, Start(), kAsk}));
+    EXPECT_EQ(fake_.Asked(), (QStringList{Start(), kAsk, Start(), kAsk}));
 }
 
 struct Step
@@ -143,19 +143,19 @@ TEST_F(UninstallRun, ATickAsksOnceAndAnnouncesTheProgressUpToTheEnd)
                              {150, false, 100, 1}}) {
         manager_.setValProgress(step.before);
         changed_.clear();
-        world_.PollsAnswer({step.running});
-        world_.Forget();
+        fake_.PollsAnswer({step.running});
+        fake_.Forget();
         QMetaObject::invokeMethod(&manager_, "slotTimeOut", Qt::DirectConnection);
         EXPECT_EQ(manager_.getValProgress(), step.after) << step.before;
         EXPECT_EQ(changed_.count(), step.changes) << step.before;
-        EXPECT_EQ(world_.Asked(), QStringList{kAsk});
+        EXPECT_EQ(fake_.Asked(), QStringList{kAsk});
     }
 }
 
 TEST_F(UninstallRun, ATickReadsTheProgressBeforeItAsks)
 {
-    world_.PollsAnswer({true});
-    world_.onAsked = [this](const QString &) {
+    fake_.PollsAnswer({true});
+    fake_.onAsked = [this](const QString &) {
         manager_.setValProgress(50);
     };
     QMetaObject::invokeMethod(&manager_, "slotTimeOut", Qt::DirectConnection);
@@ -165,7 +165,7 @@ TEST_F(UninstallRun, ATickReadsTheProgressBeforeItAsks)
 TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
 {
     for (const int before : {0, 150}) {
-        world_.PollsAnswer({true, false});
+        fake_.PollsAnswer({true, false});
         manager_.setValProgress(before);
         changed_.clear();
         manager_.doUninstall();
@@ -178,7 +178,7 @@ TEST_F(UninstallRun, GoneAtTheFirstTickEndsAtOnceAndForGood)
 // A new run begins inside the signal: if the timer were stopped after it, that run would stop.
 TEST_F(UninstallRun, TheTimerHasStoppedWhenTheEndIsAnnounced)
 {
-    world_.PollsAnswer({true, false, true});
+    fake_.PollsAnswer({true, false, true});
     bool restarted = false;
     QObject::connect(&manager_, &CUninstallMgr::sigValProgressChanged, [&] {
         if (!restarted) {

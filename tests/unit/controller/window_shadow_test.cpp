@@ -32,12 +32,12 @@ TEST(WindowShadow, TheKernelDecidesAndThenTheSystem)
         SCOPED_TRACE(kernel.version);
         EXPECT_EQ(KernelQualifiesForShadow(kernel.version), kernel.qualifies);
         for (const bool dropShadow : {false, true}) {
-            FakeEnvironment world;
-            world.kernelVersion = kernel.version;
-            world.dropShadow = dropShadow;
-            EXPECT_EQ(CUninstallMgr(world.Environment()).showWindowShadow(),
+            FakeEnvironment fakeEnvironment;
+            fakeEnvironment.kernelVersion = kernel.version;
+            fakeEnvironment.dropShadow = dropShadow;
+            EXPECT_EQ(CUninstallMgr(fakeEnvironment.Environment()).showWindowShadow(),
                       kernel.qualifies && dropShadow);
-            EXPECT_EQ(world.Asked().size(), kernel.qualifies ? 1 : 0);
+            EXPECT_EQ(fakeEnvironment.Asked().size(), kernel.qualifies ? 1 : 0);
         }
     }
 }
