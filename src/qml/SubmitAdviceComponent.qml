@@ -116,12 +116,12 @@ FocusScope {
                 if (typeof clipboard === "undefined") {
                     return false
                 }
-                var room = root.maxLength - length
-                if (clipboard.text.length < room) {
+                var remaining = root.maxLength - length
+                if (clipboard.text.length < remaining) {
                     return false
                 }
-                if (room > 0) {
-                    insert(cursorPosition, clipboard.text.substring(0, room))
+                if (remaining > 0) {
+                    insert(cursorPosition, clipboard.text.substring(0, remaining))
                 }
                 return true
             }

@@ -29,7 +29,7 @@ class Display(Server):
         self.connection.set_error_handler(lambda error, request: X.NONE)
         self.root = self.connection.screen().root
         self.windows = Windows(self)
-        self.input = Input(self.connection, self.windows.settle)
+        self.input = Input(self.connection, self.windows.wait_for_window_manager)
         self.screen = Screen(self.root)
         self.clipboard = Clipboard(self.name)
 

@@ -14,9 +14,9 @@ _KEYS_OF_CHARACTERS = {"\n": "Return", "\t": "Tab", "\b": "BackSpace", "\x1b": "
 class Input:
     """The pointer and the keyboard of one display; positions are root coordinates."""
 
-    def __init__(self, connection: Any, settle: Callable[[], None]) -> None:
+    def __init__(self, connection: Any, wait_for_window_manager: Callable[[], None]) -> None:
         self._connection = connection
-        self._settle = settle
+        self._wait_for_window_manager = wait_for_window_manager
         self._down: set[tuple[int, int]] = set()
         """The events that release what is pressed."""
 
@@ -52,7 +52,7 @@ class Input:
         self.move(start.x, start.y)
         self.press()
         try:
-            self._settle()
+            self._wait_for_window_manager()
             for step in range(1, steps + 1):
                 point = start.moved((end.x - start.x) * step // steps,
                                     (end.y - start.y) * step // steps)
@@ -60,7 +60,7 @@ class Input:
                 after_step(point)
         finally:
             self.release()
-        self._settle()
+        self._wait_for_window_manager()
 
     def key(self, *names: str) -> None:
         """Presses keys by their keysym names in turn, releases them in reverse.

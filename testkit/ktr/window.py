@@ -112,7 +112,7 @@ class Window:
         self._display.before_act(self)
         point = self.place(place)
         self._display.input.click(point.x, point.y)
-        self._display.windows.settle()
+        self._display.windows.wait_for_window_manager()
 
     def hover(self, place: Place) -> None:
         point = self.place(place)
@@ -282,7 +282,7 @@ class Windows:
             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self._display.connection.sync()
 
-    def settle(self) -> None:
+    def wait_for_window_manager(self) -> None:
         """Waits until the window manager has dealt with all that happened before this call.
 
         It serves its events in turn, so the answer to a question comes after their effects.

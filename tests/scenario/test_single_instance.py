@@ -122,6 +122,6 @@ def test_a_second_start_uses_the_handle_file(sandbox, program, content, activate
             wait_in_front(sandbox, window)
         else:
             # The second start has ended, so all its requests to the window manager came before.
-            sandbox.display.windows.settle()
+            sandbox.display.windows.wait_for_window_manager()
             assert bystander.active and bystander.topmost
             assert not window.active

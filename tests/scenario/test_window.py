@@ -20,7 +20,7 @@ def test_the_window_has_a_fixed_size(sandbox, program):
     window = program.window()
     place = window.geometry
     window.maximise()
-    sandbox.display.windows.settle()
+    sandbox.display.windows.wait_for_window_manager()
     window.drag(layout.TITLE_GRIP, 20, 10)
     assert window.geometry == place.moved(20, 10)
     grip = window.place(layout.TITLE_GRIP)
