@@ -146,7 +146,8 @@ class Bench:
         return "\n".join(lines)
 
     @contextmanager
-    def _start(self, executable: Executable) -> Iterator[tuple[Started, tuple[float, float, float]]]:
+    def _start(self, executable: Executable
+               ) -> Iterator[tuple[Started, tuple[float, float, float]]]:
         """Starts an executable and waits for its first frame.
 
         Yields the process, and until that frame: seconds, processor time, peak memory in MB.
@@ -161,8 +162,8 @@ class Bench:
                     _MARK, lambda: (time.clock_gettime(clock), peak_memory(started.pid)),
                     wait.DEADLINE)
             except (TimeoutError, OSError, StopIteration):
-                raise RuntimeError(
-                    f"{executable.title} has shown nothing: {started!r}\n{started.stderr}") from None
+                raise RuntimeError(f"{executable.title} has shown nothing: {started!r}\n"
+                                   f"{started.stderr}") from None
             yield started, (painted - began, cpu, peak)
 
     def _count(self, executable: Executable) -> int:
