@@ -233,7 +233,7 @@ InterfaceTest {
               end: 10 },
             { tag: "over a selection, at the limit", held: 650, pasted: 50, result: 700, end: 10,
               keeps: true },
-            { tag: "over a selection, no room", held: 700, pasted: 50, result: 700, end: 10,
+            { tag: "over a selection, none left", held: 700, pasted: 50, result: 700, end: 10,
               keeps: true }
         ]
     }

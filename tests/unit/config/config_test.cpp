@@ -222,7 +222,7 @@ TEST_F(ConfigInstance, EveryLookUpLogsItsValueOrWhyItHasNone)
     }
 }
 
-TEST_F(ConfigInstance, TwoGigabytesAreReadIfThereIsRoomForThem)
+TEST_F(ConfigInstance, TwoGigabytesAreReadIfThereIsEnoughMemory)
 {
     library_.Tell({{"length.huge", "2147483647"}, {"string.huge", "short"}});
     const QString value = Config().GetString("huge", "fallback");

@@ -14,7 +14,7 @@ using platform::RegistryKey;
 
 constexpr const char *kKey = "Software\\TORVAN\\Contract";
 
-// What a query gives with room for `capacity` bytes, or "(refused)".
+// What a query gives with a buffer of `capacity` bytes, or "(refused)".
 std::string Query(const char *name, std::size_t capacity)
 {
     std::array<char, 300> buffer = {};
@@ -57,7 +57,7 @@ struct Value
     std::string text;
 };
 
-TEST(RegistryContract, DataIsReadWhateverItsTypeIfThereIsRoomForAllOfIt)
+TEST(RegistryContract, DataIsReadWhateverItsTypeIfTheBufferHoldsAllOfIt)
 {
     const RegistryValues values;
     const std::string nine(9, 'x');
