@@ -77,16 +77,31 @@ def _by_ascii_path(program: list[str]) -> list[str]:
     return [link + program[0][len(folder):], *program[1:]]
 
 
+def fix_addresses() -> None:
+    """Turns off address randomization for the programs that this process starts.
+
+    Debian's wine64 has a fixed address, and Linux may put the heap behind it over the page at
+    0x7ffe0000, which every Windows process needs: the program then ends at once with status 1. A
+    system that does not allow this keeps that rare failure.
+    """
+    import ctypes
+
+    libc = ctypes.CDLL(None)
+    libc.personality(libc.personality(0xFFFFFFFF) | 0x40000)  # ADDR_NO_RANDOMIZE
+
+
 def start_server(environment: Mapping[str, str]) -> None:
     """Starts Wine's own processes for a prefix, unless they run.
 
-    The first program would start them, and they would keep its output open for its reader.
+    The first program would start them, and they would keep its output open for its reader. Wine's
+    desktop appears on their display.
     """
     def quiet(*command: str) -> int:
         null = [(os.POSIX_SPAWN_OPEN, number, os.devnull, os.O_RDWR, 0) for number in range(3)]
         child = os.posix_spawnp(command[0], command, environment, file_actions=null)
         return os.waitpid(child, 0)[1]
 
+    fix_addresses()
     if quiet("wineserver", "-k0") != 0:
         # The server stays for a while after its last program: if it ended just as the next program
         # starts, it would end that one, too.
@@ -124,6 +139,7 @@ def _make_template(template: Path) -> None:
     import shutil
     import subprocess
 
+    fix_addresses()
     new, log = template.with_suffix(".new"), template.with_suffix(".log")
     shutil.rmtree(new, ignore_errors=True)
     environment = {**os.environ, **SETTINGS, "WINEPREFIX": str(new)}

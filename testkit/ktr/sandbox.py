@@ -39,7 +39,7 @@ class Sandbox:
                 (self.root / folder).mkdir(exist_ok=True)
             (self.root / "run").chmod(0o700)  # XDG_RUNTIME_DIR must be private
             self._tools = self._end.enter_context(reachable(self.root / "tools"))
-            self.system.prepare(self.root)
+            self.system.prepare(self.root, display.name)
         except BaseException:
             self.cleanup()
             raise

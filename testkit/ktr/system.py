@@ -82,7 +82,7 @@ class Native:
         ("/usr/bin/setpriv", "--bounding-set=-dac_override,-dac_read_search")
         if os.geteuid() == 0 else ())
 
-    def prepare(self, root: Path) -> None:
+    def prepare(self, root: Path, display: str) -> None:
         """Prepares a new sandbox beyond its files: nothing to do."""
 
     def finish(self, root: Path) -> None:

@@ -36,9 +36,11 @@ class Wine(Native):
     gives_focus = False
     modules_beside_program = True
     handle_bits = 32
+    _display = ""
 
-    def prepare(self, root: Path) -> None:
+    def prepare(self, root: Path, display: str) -> None:
         """Makes the prefix of a sandbox that has just been laid out."""
+        self._display = display
         values = root / "Dravik" / "bin" / "registry.reg"
         temporary = self.shown(root / "tmp")
         self._import(root, values.read_text(encoding="utf-8").removeprefix(REGISTRY_FILE)
@@ -142,7 +144,7 @@ class Wine(Native):
     def _mutex(self, root: Path, what: str) -> subprocess.Popen[bytes]:
         tool = build_directory() / "tests" / "package" / "mutex.exe"
         return subprocess.Popen(
-            self.command(tool, [what, MUTEX]), env=self.environment(root, ""), cwd=root,
+            self.command(tool, [what, MUTEX]), env=self.environment(root, self._display), cwd=root,
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
     def _import(self, root: Path, text: str) -> None:
@@ -151,7 +153,9 @@ class Wine(Native):
         file.write_text(REGISTRY_FILE + text, encoding="utf-16")
         prefix.make(str(_prefix(root)))
         environment = {**os.environ, **prefix.SETTINGS, "WINEPREFIX": str(_prefix(root))}
-        environment.pop("DISPLAY", None)
+        # The first program that needs Wine's desktop starts it, for all others too: without a
+        # display it would have no driver, and no window could be created.
+        environment["DISPLAY"] = self._display
         prefix.start_server(environment)
         done = subprocess.run(self.command(Path("regedit"), ["/S", self.shown(file)]),
                               env=environment, capture_output=True, text=True, timeout=120)

@@ -15,6 +15,8 @@ from dataclasses import dataclass
 from pathlib import Path
 from typing import IO
 
+from ktr import prefix
+
 REPOSITORY = Path(__file__).resolve().parents[2]
 SCRIPT = REPOSITORY / "packaging" / "clearKTR.bat"
 
@@ -46,6 +48,7 @@ class Machine:
     """Drive C is Wine's, D and E are empty at first, and F is another letter for D:\\Users."""
 
     def __init__(self) -> None:
+        prefix.fix_addresses()
         self.root = Path(tempfile.mkdtemp(prefix="ktr-cleanup-")).resolve()
         try:
             self._prefix = self.root / "prefix"
