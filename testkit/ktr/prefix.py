@@ -93,8 +93,8 @@ def fix_addresses() -> None:
 def start_server(environment: Mapping[str, str]) -> None:
     """Starts Wine's own processes for a prefix, unless they run.
 
-    The first program would start them, and they would keep its output open for its reader. Wine's
-    desktop appears on their display.
+    The first program would start them, and they would keep its output open for its reader. They
+    keep the DISPLAY of `environment`.
     """
     def quiet(*command: str) -> int:
         null = [(os.POSIX_SPAWN_OPEN, number, os.devnull, os.O_RDWR, 0) for number in range(3)]

@@ -35,7 +35,8 @@ def test_a_second_start_restores_a_minimised_window(sandbox, program):
         wait.until(lambda: not window.iconified and window.visible, "the window to be restored")
         wait.until(lambda: window.active, "the window to be active")
         wait.until(lambda: window.topmost, "the window to be on top")
-        wait.until(lambda: "_NET_WM_STATE_ABOVE" not in window.states, "the window not to stay there")
+        wait.until(lambda: "_NET_WM_STATE_ABOVE" not in window.states,
+                   "the window not to stay there")
     # The first instance still has its handle file and its lock.
     assert sandbox.read_handle() == handle
     assert sandbox.instance_lock_held()
